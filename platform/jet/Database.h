@@ -1,0 +1,47 @@
+#pragma once
+
+#include "platform/jet/Recordset.h"
+#include "platform/jet/TableDef.h"
+
+#include <QString>
+
+#include <memory>
+#include <vector>
+
+namespace jet {
+
+/// One open database file. Each statement and each Update() is a commit of its own, but between BeginTrans and
+/// CommitTrans; an action statement is done as a whole or not at all.
+class Database {
+public:
+    ~Database(); ///< Closes, and keeps what was written: rows booked before an error stay booked.
+    Q_DISABLE_COPY_MOVE(Database)
+
+    /// Executes one action statement (everything but SELECT without INTO). \returns the number of rows affected.
+    /// \throws Error with the number and text of the refusal; nothing is then changed.
+    qint64 Execute(const QString& sql);
+    /// Opens the rows of a table or SELECT statement.
+    std::unique_ptr<Recordset> OpenRecordset(const QString& source, Kind kind = Kind::Default);
+
+    /// Tables and links of the file, in no promised order. System tables are not among them.
+    std::vector<TableDef> TableDefs() const;
+    /// Creates a link named `name` to a table of another file, which is opened once to see that it is there.
+    /// \throws Error FileNotFound, WrongPassword, ObjectNotFound, TableExists.
+    void CreateTableDef(const QString& name, const QString& connect, const QString& sourceTable);
+
+    /// Gathers the writes up to CommitTrans or Close in one commit. \throws Error Locked when another program writes.
+    void BeginTrans();
+    void CommitTrans(); ///< Durable when it returns. \throws Error DiskFull, Locked; the transaction stays open.
+    /// Commits what BeginTrans gathered, closes the recordsets. A second call does nothing.
+    void Close();
+
+    QString Name() const; ///< The local path of the file.
+
+private:
+    friend class Engine;
+    struct Session;
+    explicit Database(std::shared_ptr<Session> session);
+    std::shared_ptr<Session> m_session; // shared with the recordsets, which must notice that it was closed
+};
+
+} // namespace jet

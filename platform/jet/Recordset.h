@@ -1,0 +1,90 @@
+#pragma once
+
+#include "platform/jet/TableDef.h"
+#include "platform/jet/Value.h"
+
+#include <QString>
+
+#include <memory>
+#include <vector>
+
+namespace jet {
+
+/// How a recordset sees its rows.
+///
+/// Default: a table name opens a Table, a statement a Dynaset where its rows can be changed, else a Snapshot.
+enum class Kind { Default, Table, Dynaset, Snapshot };
+
+/// Marks a row of one recordset; useless for any other.
+class Bookmark {
+public:
+    Bookmark() = default; ///< Marks no row.
+    bool operator==(const Bookmark&) const = default;
+
+private:
+    friend class Recordset;
+    quint64 m_recordset = 0;
+    qint64 m_row = 0;
+};
+
+/// The rows of one statement, one of them current:   Bof | row 1 | ... | row n | Eof
+///
+/// A dynaset keeps the keys of its rows in the order they were found and reads a row when it becomes current; rows it
+/// added stand at its end, rows that others add do not appear, a row that others delete keeps its place. A table
+/// recordset walks the living table in the order of its key. A snapshot keeps values and refuses changes; so does a
+/// dynaset over grouped, joined or linked rows. None leaves a statement open between two calls: a recordset that
+/// somebody forgets never locks out another program.
+///
+/// Opened with rows, the first one is current. Every call throws ObjectClosed once the database is closed.
+class Recordset {
+public:
+    ~Recordset();
+    Q_DISABLE_COPY_MOVE(Recordset)
+
+    bool Bof() const; ///< Before the first row. Bof and Eof together: there are no rows.
+    bool Eof() const; ///< After the last row.
+    void MoveFirst(); ///< \throws Error NoCurrentRecord on an empty recordset; so do all moves.
+    void MoveLast();
+    void MoveNext();     ///< \throws Error NoCurrentRecord when already at Eof.
+    void MovePrevious(); ///< \throws Error NoCurrentRecord when already at Bof.
+    /// Makes the first row that meets the criterion (the text after a WHERE) current. Its names are this recordset's
+    /// columns, aliases included. Without a match NoMatch() is true and the current row stays where it was.
+    /// \throws Error CriterionSyntax, UnknownNameInCriterion, TypeMismatch; NotSupported for a table recordset.
+    void FindFirst(const QString& criterion);
+    bool NoMatch() const;
+
+    qsizetype RecordCount() const;      ///< All rows, known at once.
+    qsizetype AbsolutePosition() const; ///< From 0; -1 without a current row and for a table recordset.
+    Bookmark GetBookmark() const;       ///< \throws Error NoCurrentRecord.
+    void SetBookmark(const Bookmark& bookmark); ///< \throws Error InvalidBookmark.
+    Bookmark LastModified() const; ///< The row of the last Update(); marks no row before it.
+
+    const std::vector<Field>& Fields() const; ///< The columns, in written order.
+    /// Field of the current row by name, in any case; between AddNew or Edit and Update that of the pending row.
+    /// \throws Error NoSuchField, NoCurrentRecord, RecordDeleted.
+    Value operator[](QStringView field) const;
+    Value operator[](qsizetype column) const; ///< By position in Fields().
+
+    bool Updatable() const;
+    void AddNew(); ///< Begins a row after the last one; nothing is written before Update(). \throws Error ReadOnly.
+    void Edit();   ///< Begins a change of the current row. \throws Error ReadOnly, NoCurrentRecord.
+    /// Sets a field of the pending row, converted to the column's type by German rules.
+    /// \throws Error UpdateWithoutEdit, NoSuchField, FieldNotUpdatable, ConversionFailed.
+    void Set(QStringView field, const Value& value);
+    /// Writes the pending row; one that changes nothing is not written. After AddNew the row that was current before is
+    /// current again. \throws Error UpdateWithoutEdit, FieldTooLong, ValueRequired, DuplicateKey, Locked,
+    /// ChangedByAnotherUser, RecordDeleted, DiskFull. The edit stays pending, so it can be tried again.
+    void Update();
+    void CancelUpdate(); ///< Drops the pending row. \throws Error UpdateWithoutEdit.
+    bool Editing() const; ///< A row is pending. Any move or find drops it.
+    /// Deletes the current row, which then cannot be read until a move; MoveNext goes to the row after it.
+    void Delete();
+
+private:
+    friend class Database;
+    class Rows;
+    explicit Recordset(std::unique_ptr<Rows> rows);
+    std::unique_ptr<Rows> m_rows;
+};
+
+} // namespace jet

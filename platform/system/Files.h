@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <cstdint>
+#include <functional>
+
+namespace sys {
+
+/// -1 (all bits set) when a file or directory of that path exists, else 0. No other value ever: callers test both
+/// the value and its bitwise complement.
+std::int16_t Exist(const QString& path);
+
+/// Names, without their path, of the files that a pattern such as "D:\Daten\B1\Lager.????" matches, in ascending order.
+///
+/// The classic wildcard rule holds: case does not count, "*" is any run of characters, "?" is one character or, at a
+/// dot or at the end of the name, none; so "Lager.????" matches Lager.2024, Lager.ldb and Lager.1, also Lager itself,
+/// but not Lager.20245. Wildcards stand in the last component only. A missing directory has no files.
+QStringList Dir(const QString& pattern);
+
+/// Copies a file, replacing an existing target. The target is written under another name and takes its own name in one
+/// step, so that an interrupted copy leaves no half file.
+/// \throws FileError FileNotFound, PathNotFound, AccessDenied, PathAccess, DiskFull.
+void FileCopy(const QString& source, const QString& target);
+
+/// Deletes one file. \throws FileError FileNotFound, AccessDenied, PathAccess.
+void Kill(const QString& path);
+
+/// Hands a function the local path of each file before FileCopy overwrites it or Kill deletes it: whoever keeps files
+/// open between two calls lets go of them there.
+void beforeFileChange(std::function<void(const QString& path)> letGo);
+
+} // namespace sys

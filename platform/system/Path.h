@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QString>
+
+namespace sys {
+
+/// The local form of a path that domain code joined with backslashes ("D:\Daten" + "\B4711" + "\Lager.2024").
+///
+/// Backslashes become the local separator, and each component is found whatever its case: "Lager.Vorlage" finds
+/// "Lager.vorlage". A component that does not exist stays as it is written, and so does everything after it. An
+/// exact spelling wins over another one; among several other spellings the first in alphabetical order counts.
+QString localPath(const QString& path);
+
+} // namespace sys
