@@ -27,8 +27,8 @@ void FileCopy(const QString& source, const QString& target);
 /// Deletes one file. \throws FileError FileNotFound, AccessDenied, PathAccess.
 void Kill(const QString& path);
 
-/// Hands a function the local path of each file before FileCopy overwrites it or Kill deletes it: whoever keeps files
-/// open between two calls lets go of them there.
+/// Hands a function the local path of each file before FileCopy reads or overwrites it or Kill deletes it: whoever
+/// keeps files open between two calls lets go of them there. It may be called for a target that does not exist yet.
 void beforeFileChange(std::function<void(const QString& path)> letGo);
 
 } // namespace sys

@@ -11,4 +11,7 @@ namespace sys {
 /// exact spelling wins over another one; among several other spellings the first in alphabetical order counts.
 QString localPath(const QString& path);
 
+/// Backslashes become the local separator; nothing is looked up.
+QString withLocalSeparators(const QString& path);
+
 } // namespace sys

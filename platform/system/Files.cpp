@@ -1,0 +1,126 @@
+#include "platform/system/Files.h"
+
+#include "platform/system/FileFault.h"
+#include "platform/system/Path.h"
+#include "platform/system/Surroundings.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QSaveFile>
+
+#include <algorithm>
+#include <cerrno>
+
+namespace sys {
+
+namespace {
+
+bool isWildcard(QChar c)
+{
+    return c == u'*' || c == u'?';
+}
+
+/// Whether a name fits a pattern; both are taken character by character, the pattern's first one decides.
+bool fits(QStringView pattern, QStringView name)
+{
+    if (pattern.isEmpty()) return name.isEmpty();
+    const QStringView rest = pattern.mid(1);
+    if (pattern[0] == u'*') return fits(rest, name) || (!name.isEmpty() && fits(pattern, name.mid(1)));
+    const bool atEnd = name.isEmpty();
+    if (pattern[0] == u'?') return fits(rest, atEnd || name[0] == u'.' ? name : name.mid(1));
+    // the dot before wildcards may be missing with all that follows: "*.*" is every name, "Lager.????" also "Lager"
+    if (atEnd) return pattern[0] == u'.' && !rest.isEmpty() && isWildcard(rest[0]) && fits(rest, name);
+    return pattern[0].toCaseFolded() == name[0].toCaseFolded() && fits(rest, name.mid(1));
+}
+
+/// "lager.2023" stands before "Lager.2024": years are carried forward in this order.
+bool before(const QString& a, const QString& b)
+{
+    const int order = a.compare(b, Qt::CaseInsensitive);
+    return order != 0 ? order < 0 : a < b;
+}
+
+void letGoOf(const QString& path)
+{
+    for (const auto& letGo : surroundings().letGo)
+        letGo(path);
+}
+
+void copyBytes(QFile& from, QSaveFile& to)
+{
+    constexpr qint64 BlockSize = 1 << 20;
+    for (;;) {
+        const QByteArray block = from.read(BlockSize);
+        if (from.error() != QFile::NoError) throw fileFault(errno, from.fileName());
+        if (block.isEmpty()) return;
+        // Qt leaves errno as the failed system call set it; its own codes do not know quotas and size limits
+        if (to.write(block) != block.size()) throw fileFault(errno, to.fileName());
+    }
+}
+
+void refuseSource(const QFileInfo& source)
+{
+    if (!QFileInfo::exists(source.path())) throw fileFault(FileErrorNumber::PathNotFound, source.filePath());
+    if (!source.exists()) throw fileFault(FileErrorNumber::FileNotFound, source.filePath());
+    if (source.isDir()) throw fileFault(FileErrorNumber::PathAccess, source.filePath());
+}
+
+void refuseTarget(const QFileInfo& target)
+{
+    if (!QFileInfo(target.path()).isDir()) throw fileFault(FileErrorNumber::PathNotFound, target.filePath());
+    if (!target.exists()) return;
+    if (target.isDir() || !target.isWritable()) throw fileFault(FileErrorNumber::PathAccess, target.filePath());
+}
+
+} // namespace
+
+std::int16_t Exist(const QString& path)
+{
+    if (QFileInfo::exists(withLocalSeparators(path))) return -1; // one system call for the usual answer
+    return QFileInfo::exists(localPath(path)) ? -1 : 0;
+}
+
+QStringList Dir(const QString& pattern)
+{
+    const QString local = withLocalSeparators(pattern);
+    const qsizetype nameBegin = local.lastIndexOf(u'/') + 1;
+    const QString directory = nameBegin == 0 ? QStringLiteral(".") : localPath(local.left(nameBegin));
+    const QStringView wanted = QStringView(local).mid(nameBegin);
+
+    QStringList names = QDir(directory).entryList(QDir::Files, QDir::Unsorted);
+    names.removeIf([wanted](const QString& name) { return !fits(wanted, name); });
+    std::sort(names.begin(), names.end(), before);
+    return names;
+}
+
+void FileCopy(const QString& source, const QString& target)
+{
+    QFile from(localPath(source));
+    QSaveFile to(localPath(target));
+    refuseSource(QFileInfo(from.fileName()));
+    refuseTarget(QFileInfo(to.fileName()));
+    letGoOf(from.fileName());
+    letGoOf(to.fileName());
+
+    if (!from.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) throw fileFault(errno, from.fileName());
+    if (!to.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) throw fileFault(errno, to.fileName());
+    copyBytes(from, to);
+    if (!to.commit()) throw fileFault(errno, to.fileName());
+}
+
+void Kill(const QString& path)
+{
+    QFile file(localPath(path));
+    const QFileInfo info(file.fileName());
+    if (!info.exists()) throw fileFault(FileErrorNumber::FileNotFound, file.fileName());
+    if (info.isDir()) throw fileFault(FileErrorNumber::PathAccess, file.fileName());
+    letGoOf(file.fileName());
+    if (!file.remove()) throw fileFault(errno, file.fileName());
+}
+
+void beforeFileChange(std::function<void(const QString& path)> letGo)
+{
+    surroundings().letGo.push_back(std::move(letGo));
+}
+
+} // namespace sys

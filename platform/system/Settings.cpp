@@ -1,0 +1,93 @@
+#include "platform/system/Settings.h"
+
+#include "platform/system/FileFault.h"
+#include "platform/system/Surroundings.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QLockFile>
+#include <QSaveFile>
+#include <QStandardPaths>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <chrono>
+
+namespace sys {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr std::chrono::milliseconds LockPatience{5000}; // a writer holds the lock for the time of one small write
+
+/// Looked up at every call: a host may set the variable that names the configuration home after it loaded us.
+QString settingsPath()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + u"/ZAB - Programme.ini"_s;
+}
+
+/// What the file holds; no value when it is missing or cannot be read.
+///
+/// Bare system calls, not QFile, since each stock question reads the file: 3 us instead of 5.
+std::optional<QByteArray> bytesOf(const QString& path)
+{
+    const int file = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
+    if (file < 0) return {};
+    QByteArray bytes;
+    char block[4096];
+    ssize_t count = 0;
+    do {
+        count = ::read(file, block, sizeof block);
+        if (count > 0) bytes.append(block, count);
+    } while (count > 0 || (count < 0 && errno == EINTR));
+    ::close(file);
+    if (count < 0) return {};
+    return bytes;
+}
+
+void lock(QLockFile& lockFile, const QString& path)
+{
+    if (lockFile.tryLock(LockPatience)) return;
+    switch (lockFile.error()) {
+    case QLockFile::UnknownError: throw fileFault(FileErrorNumber::DiskFull, path); // Qt's word for it
+    case QLockFile::PermissionError: throw fileFault(FileErrorNumber::PathAccess, path);
+    case QLockFile::LockFailedError:
+    case QLockFile::NoError: break;
+    }
+    throw fileFault(FileErrorNumber::AccessDenied, path);
+}
+
+void replace(const QString& path, const QByteArray& bytes)
+{
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) throw fileFault(FileErrorNumber::PathAccess, path);
+    if (file.write(bytes) != bytes.size() || !file.commit()) throw fileFault(errno, path);
+}
+
+} // namespace
+
+QString GetSetting(const QString& section, const QString& key, const QString& preset)
+{
+    return surroundings().settings.value(bytesOf(settingsPath()).value_or(QByteArray()), section, key).value_or(preset);
+}
+
+void SaveSetting(const QString& section, const QString& key, const QString& value)
+{
+    const QString path = settingsPath();
+    if (!QDir().mkpath(QFileInfo(path).path())) throw fileFault(FileErrorNumber::PathAccess, path);
+    QLockFile lockFile(path + u".lock"_s); // two programs that write at once lose neither value
+    lock(lockFile, path);
+
+    QString line = value;
+    line.replace(u"\r\n"_s, u" "_s).replace(u'\r', u' ').replace(u'\n', u' ');
+    const auto before = bytesOf(path);
+    if (!before && QFileInfo::exists(path)) throw fileFault(FileErrorNumber::PathAccess, path); // not to lose the rest
+    const QByteArray after = SettingsFile::withValue(before.value_or(QByteArray()), section, key, line);
+    if (after != before) replace(path, after);
+}
+
+} // namespace sys
