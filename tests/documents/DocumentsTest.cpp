@@ -1,0 +1,83 @@
+#include "tests/support/Print.h"
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QRegularExpression>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QStringList Documents = {u"README.md"_s, u"docs/architecture.md"_s, u"docs/contributing.md"_s};
+
+QDir tree()
+{
+    return QDir(QStringLiteral(SOURCE_TREE));
+}
+
+QString textOf(const QString& name)
+{
+    QFile file(tree().filePath(name));
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << name.toStdString();
+    return QString::fromUtf8(file.readAll());
+}
+
+/// The texts that the first group of a pattern takes, in ascending order, each once.
+QStringList captured(const QString& text, const QString& pattern)
+{
+    const QRegularExpression expression(pattern, QRegularExpression::MultilineOption);
+    QStringList found;
+    for (auto match = expression.globalMatch(text); match.hasNext();)
+        found.append(match.next().captured(1));
+    found.sort();
+    found.removeDuplicates();
+    return found;
+}
+
+QString help()
+{
+    QProcess program;
+    program.start(QStringLiteral(PROGRAM), {u"--help"_s});
+    EXPECT_TRUE(program.waitForFinished()) << program.errorString().toStdString();
+    EXPECT_EQ(program.exitCode(), 0);
+    return QString::fromUtf8(program.readAllStandardOutput());
+}
+
+} // namespace
+
+TEST(Documents, NameTheCommandsAndOptionsThatTheProgramHas)
+{
+    const QString known = help();
+    for (const QString& document : Documents) {
+        const QString calls = captured(textOf(document), u"`(zablager [^`]+)`"_s).join(u'\n');
+        for (const QString& word : captured(calls, u"zablager ([a-z]+)"_s) + captured(calls, u"(--[a-z]+)"_s)) {
+            EXPECT_TRUE(captured(known, u"(?<![\\w-])("_s + word + u")\\b"_s).contains(word))
+                << document.toStdString() << " names " << word.toStdString();
+        }
+    }
+}
+
+TEST(Documents, NamePathsAndPresetsThatExist)
+{
+    const QString presets = textOf(u"CMakePresets.json"_s);
+    for (const QString& document : Documents) {
+        const QString text = textOf(document);
+        for (const QString& path :
+             captured(text, u"`((?:bench|cmake|component|core|docs|host|include|install|platform|tests)/[^` ]*)`"_s)) {
+            EXPECT_TRUE(tree().exists(path)) << document.toStdString() << " names " << path.toStdString();
+        }
+        for (const QString& preset : captured(text, u"--preset (\\w+)"_s)) {
+            EXPECT_TRUE(presets.contains(u"\"name\": \""_s + preset + u'"')) << preset.toStdString();
+        }
+    }
+}
+
+TEST(Documents, GiveAReasonForEachPackageThatIsInstalled)
+{
+    const QString rows = captured(textOf(u"README.md"_s), u"^## What it rests on$([^#]*)^## "_s).value(0);
+    const QString names = captured(rows, u"^\\| (`[^|]+) \\|"_s).join(u' ');
+    EXPECT_EQ(captured(names, u"`([^`]+)`"_s), captured(textOf(u"install/packages.txt"_s), u"^([^#\\s]\\S*)\\s"_s));
+}
