@@ -37,9 +37,10 @@ public:
 
     QString Name() const; ///< The local path of the file.
 
+    struct Session; ///< Known to this room only.
+
 private:
     friend class Engine;
-    struct Session;
     explicit Database(std::shared_ptr<Session> session);
     std::shared_ptr<Session> m_session; // shared with the recordsets, which must notice that it was closed
 };

@@ -10,6 +10,10 @@
 
 namespace jet {
 
+namespace sqlite {
+class Connection;
+}
+
 /// Opens and creates database files. Connections stay open after the last Close of a Database, one per file and
 /// connect text, until the file is found to have changed behind our back or is about to be copied or deleted.
 class Engine {
@@ -38,8 +42,8 @@ public:
     void release(const QString& path = {});
 
 private:
-    friend class Database;
     class Pool;
+    std::unique_ptr<Database> database(std::shared_ptr<sqlite::Connection> connection);
     std::unique_ptr<Pool> m_pool;
 };
 

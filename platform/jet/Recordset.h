@@ -53,11 +53,11 @@ public:
     void FindFirst(const QString& criterion);
     bool NoMatch() const;
 
-    qsizetype RecordCount() const;      ///< All rows, known at once.
-    qsizetype AbsolutePosition() const; ///< From 0; -1 without a current row and for a table recordset.
-    Bookmark GetBookmark() const;       ///< \throws Error NoCurrentRecord.
+    qsizetype RecordCount() const;              ///< All rows, known at once.
+    qsizetype AbsolutePosition() const;         ///< From 0; -1 without a current row and for a table recordset.
+    Bookmark GetBookmark() const;               ///< \throws Error NoCurrentRecord.
     void SetBookmark(const Bookmark& bookmark); ///< \throws Error InvalidBookmark.
-    Bookmark LastModified() const; ///< The row of the last Update(); marks no row before it.
+    Bookmark LastModified() const;              ///< The row of the last Update(); marks no row before it.
 
     const std::vector<Field>& Fields() const; ///< The columns, in written order.
     /// Field of the current row by name, in any case; between AddNew or Edit and Update that of the pending row.
@@ -75,14 +75,15 @@ public:
     /// current again. \throws Error UpdateWithoutEdit, FieldTooLong, ValueRequired, DuplicateKey, Locked,
     /// ChangedByAnotherUser, RecordDeleted, DiskFull. The edit stays pending, so it can be tried again.
     void Update();
-    void CancelUpdate(); ///< Drops the pending row. \throws Error UpdateWithoutEdit.
+    void CancelUpdate();  ///< Drops the pending row. \throws Error UpdateWithoutEdit.
     bool Editing() const; ///< A row is pending. Any move or find drops it.
     /// Deletes the current row, which then cannot be read until a move; MoveNext goes to the row after it.
     void Delete();
 
+    class Rows; ///< How a kind of recordset keeps its rows; known to this room only.
+
 private:
     friend class Database;
-    class Rows;
     explicit Recordset(std::unique_ptr<Rows> rows);
     std::unique_ptr<Rows> m_rows;
 };

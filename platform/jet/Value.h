@@ -18,13 +18,13 @@ bool isText(Type type);   ///< Text or Memo.
 class Value {
 public:
     Value() = default; ///< NULL
-    Value(bool value) : m_value(value) { }
-    Value(int value) : m_value(qint64{value}) { }
-    Value(qint64 value) : m_value(value) { }
-    Value(double value) : m_value(value) { }
-    Value(const QDate& value) : m_value(QDateTime(value, QTime(0, 0), Qt::UTC)) { }
-    Value(const QDateTime& value) : m_value(value) { }
-    Value(const QString& value) : m_value(value) { }
+    Value(bool value) : m_value(value) {}
+    Value(int value) : m_value(qint64{value}) {}
+    Value(qint64 value) : m_value(value) {}
+    Value(double value) : m_value(value) {}
+    Value(const QDate& value) : m_value(QDateTime(value, QTime(0, 0), Qt::UTC)) {}
+    Value(const QDateTime& value) : m_value(value) {}
+    Value(const QString& value) : m_value(value) {}
     Value(const char*) = delete; // would become a truth value
 
     bool isNull() const { return std::holds_alternative<std::monostate>(m_value); }
@@ -34,8 +34,8 @@ public:
     /// The conversions of the German runtime. NULL is 0, false, "" or no date.
     /// \throws Error ConversionFailed when a text is no number or no date.
     double toDouble() const;
-    qint64 toLong() const; ///< Half to even: 2.5 is 2, 3.5 is 4. \throws Error Overflow beyond 4 bytes.
-    bool toBool() const;   ///< Any number but 0 is true; so are "Wahr", "True", "-1".
+    qint64 toLong() const;  ///< Half to even: 2.5 is 2, 3.5 is 4. \throws Error Overflow beyond 4 bytes.
+    bool toBool() const;    ///< Any number but 0 is true; so are "Wahr", "True", "-1".
     QString toText() const; ///< 0.25 is "0,25"; a date is "05.03.2024", with its time only when that is not midnight.
     QDateTime toDateTime() const;
     QDate toDate() const { return toDateTime().date(); }

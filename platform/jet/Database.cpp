@@ -1,0 +1,150 @@
+#include "platform/jet/Database.h"
+
+#include "platform/jet/ConnectText.h"
+#include "platform/jet/Errors.h"
+#include "platform/jet/Rows.h"
+#include "platform/jet/Session.h"
+#include "platform/jet/sql/Lexer.h"
+#include "platform/jet/sqlite/Plan.h"
+
+using namespace Qt::StringLiterals;
+
+namespace jet {
+
+namespace {
+
+using sqlite::Plan;
+using sqlite::Statement;
+
+/// A statement begins with a word and goes on; a table's name may have blanks in it, but no statement is named so.
+bool isTableName(const QString& source, const sqlite::Catalogue& catalogue)
+{
+    if (source.trimmed().startsWith(u"SELECT ", Qt::CaseInsensitive)) return false;
+    return catalogue.table(source) || catalogue.link(source);
+}
+
+qint64 runAction(sqlite::Connection& connection, const Plan& plan, const sql::Shape& shape)
+{
+    if (!plan.definition.isEmpty()) connection.execute(plan.definition);
+    if (plan.action.isEmpty()) return 0;
+    std::unique_ptr<Statement> own; // over other files: not kept, since they are let go
+    if (plan.attachments) own = std::make_unique<Statement>(connection, plan.action);
+    Statement::Run run(own ? *own : connection.prepared(plan.action));
+    bindParameters(run, shape.parameters);
+    run.step();
+    return connection.changes();
+}
+
+qint64 execute(Database::Session& session, const sql::Shape& shape)
+{
+    auto& connection = session.use();
+    const auto plan = planOf(connection, shape, session.openFile);
+    if (plan->select) raise(ErrorNumber::CannotExecuteSelect);
+    if (!plan->changesSchema) return runAction(connection, *plan, shape);
+    qint64 affected = 0;
+    {
+        sqlite::WriteScope scope(connection);
+        if (!plan->droppedLink.isEmpty()) connection.catalogue().removeLink(plan->droppedLink);
+        affected = runAction(connection, *plan, shape);
+        scope.commit();
+    }
+    connection.forgetIfChanged();
+    return affected;
+}
+
+} // namespace
+
+sqlite::Connection& Database::Session::use() const
+{
+    if (!connection) raise(ErrorNumber::ObjectClosed);
+    return *connection;
+}
+
+Database::Database(std::shared_ptr<Session> session) : m_session(std::move(session)) {}
+
+Database::~Database()
+{
+    try {
+        Close();
+    } catch (const Error&) {
+        // Whoever must know whether a transaction was kept calls CommitTrans or Close; here an error is being told
+        // already, or nothing was gathered that could be lost.
+    }
+}
+
+qint64 Database::Execute(const QString& sql)
+{
+    const auto shape = sql::shapeOf(sql);
+    return m_session->withPresentSchema([&] { return execute(*m_session, shape); });
+}
+
+std::unique_ptr<Recordset> Database::OpenRecordset(const QString& source, Kind kind)
+{
+    return m_session->withPresentSchema([&] {
+        auto& connection = m_session->use();
+        const bool isTable = isTableName(source, connection.catalogue());
+        if (kind == Kind::Table && !isTable) raise(ErrorNumber::UnknownTable, {source});
+        if (kind == Kind::Default) kind = isTable ? Kind::Table : Kind::Dynaset;
+        auto shape = sql::shapeOf(isTable ? u"SELECT * FROM ["_s + source + u"]"_s : source);
+        auto plan = planOf(connection, shape, m_session->openFile);
+        if (!plan->select) raise(ErrorNumber::UnknownStatement);
+        return std::unique_ptr<Recordset>(new Recordset(openRows(m_session, std::move(plan), std::move(shape), kind)));
+    });
+}
+
+std::vector<TableDef> Database::TableDefs() const
+{
+    const auto& catalogue = m_session->use().catalogue();
+    std::vector<TableDef> tables;
+    for (const QString& name : catalogue.tables())
+        tables.push_back({name, catalogue.table(name)->columns, {}, {}});
+    for (const auto& link : catalogue.links())
+        tables.push_back({link.name, {}, link.connect, link.sourceTable});
+    return tables;
+}
+
+void Database::CreateTableDef(const QString& name, const QString& connect, const QString& sourceTable)
+{
+    auto& connection = m_session->use();
+    auto& catalogue = connection.catalogue();
+    if (catalogue.table(name) || catalogue.link(name)) raise(ErrorNumber::TableExists, {name});
+    const auto file = m_session->openFile(readConnect(connect).database, connect);
+    if (!file->catalogue().table(sourceTable)) raise(ErrorNumber::ObjectNotFound, {sourceTable});
+    catalogue.addLink({name, connect, sourceTable});
+    connection.forgetIfChanged();
+}
+
+void Database::BeginTrans()
+{
+    auto& connection = m_session->use();
+    if (m_session->transaction) return;
+    connection.execute("BEGIN IMMEDIATE");
+    m_session->transaction = true;
+}
+
+void Database::CommitTrans()
+{
+    auto& connection = m_session->use();
+    if (!m_session->transaction) return;
+    connection.execute("COMMIT");
+    m_session->transaction = false;
+}
+
+void Database::Close()
+{
+    if (!m_session->connection) return;
+    // A commit that fails leaves the rows to a later try; the file is let go all the same.
+    auto session = m_session;
+    struct LetGo {
+        Session& session;
+        ~LetGo() { session.giveBack(std::exchange(session.connection, nullptr)); }
+    } letGo{*session};
+    CommitTrans();
+}
+
+QString Database::Name() const
+{
+    return m_session->path;
+}
+
+} // namespace jet

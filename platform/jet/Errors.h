@@ -1,0 +1,19 @@
+#pragma once
+
+#include <zablager/DatabaseError.h>
+
+#include <QString>
+#include <QStringList>
+
+namespace jet {
+
+/// The German text of a refusal, each "|" of it replaced by the next of `names`.
+QString errorText(ErrorNumber number, const QStringList& names = {});
+
+/// Throws the refusal. `position`: character of the statement, -1 without a place.
+[[noreturn]] void raise(ErrorNumber number, const QStringList& names = {}, qsizetype position = -1);
+
+/// Refuses something that the dialect knows elsewhere but not here, naming it: "'UNION' wird ... nicht unterstützt."
+[[noreturn]] void refuse(const QString& feature, qsizetype position = -1);
+
+} // namespace jet

@@ -1,0 +1,124 @@
+#include "platform/jet/KeysetRows.h"
+
+#include "platform/jet/Criterion.h"
+#include "platform/jet/Errors.h"
+
+#include <algorithm>
+
+namespace jet {
+
+KeysetRows::KeysetRows(std::shared_ptr<Database::Session> session, std::shared_ptr<sqlite::Plan> plan, sql::Shape shape)
+    : KeyedRows(std::move(session), std::move(plan), std::move(shape))
+{
+    sqlite::Statement::Run run(connection().prepared(m_plan->keys));
+    bindParameters(run, m_shape.parameters);
+    while (run.step())
+        m_keys.push_back(run.whole(0));
+    m_keys.shrink_to_fit();
+    m_ascending = std::is_sorted(m_keys.begin(), m_keys.end());
+}
+
+void KeysetRows::requireRows() const
+{
+    if (m_keys.empty()) raise(ErrorNumber::NoCurrentRecord);
+}
+
+void KeysetRows::moveTo(qsizetype position)
+{
+    leaveRow();
+    m_deleted = false;
+    m_position = position;
+}
+
+void KeysetRows::moveFirst()
+{
+    requireRows();
+    moveTo(0);
+}
+
+void KeysetRows::moveLast()
+{
+    requireRows();
+    moveTo(count() - 1);
+}
+
+void KeysetRows::moveNext()
+{
+    if (m_deleted) return moveTo(m_position); // the row after the deleted one has taken its place
+    if (isEof()) raise(ErrorNumber::NoCurrentRecord);
+    moveTo(m_position + 1);
+}
+
+void KeysetRows::movePrevious()
+{
+    if (isBof() && !m_deleted) raise(ErrorNumber::NoCurrentRecord);
+    moveTo(m_position - 1);
+}
+
+void KeysetRows::findFirst(const QString& criterion)
+{
+    const auto shape = sql::shapeOf(criterion);
+    std::vector<qint64> found;
+    {
+        sqlite::Statement::Run run(connection().prepared(criterionKeys(*m_plan, shape)));
+        bindParameters(run, m_shape.parameters);
+        bindParameters(run, shape.parameters, m_plan->parameters);
+        while (run.step())
+            found.push_back(run.whole(0));
+    }
+    std::sort(found.begin(), found.end());
+    const qsizetype position = firstOf(found);
+    noMatch = position < 0;
+    if (noMatch)
+        leaveRow(); // a pending edit is dropped by every find; the row stays current
+    else
+        moveTo(position);
+}
+
+qsizetype KeysetRows::firstOf(const std::vector<qint64>& keys) const
+{
+    if (keys.empty()) return -1;
+    if (m_ascending) {
+        for (const qint64 key : keys) {
+            const auto place = std::lower_bound(m_keys.begin(), m_keys.end(), key);
+            if (place != m_keys.end() && *place == key) return place - m_keys.begin();
+        }
+        return -1;
+    }
+    const auto place = keys.size() == 1 ? std::find(m_keys.begin(), m_keys.end(), keys.front())
+                                        : std::find_if(m_keys.begin(), m_keys.end(), [&](qint64 key) {
+                                              return std::binary_search(keys.begin(), keys.end(), key);
+                                          });
+    return place == m_keys.end() ? -1 : place - m_keys.begin();
+}
+
+bool KeysetRows::moveToMark(qint64 mark)
+{
+    const qsizetype position = firstOf({mark});
+    if (position < 0) return false;
+    moveTo(position);
+    return true;
+}
+
+qint64 KeysetRows::currentKey() const
+{
+    if (m_deleted) raise(ErrorNumber::RecordDeleted);
+    if (isBof() || isEof()) raise(ErrorNumber::NoCurrentRecord);
+    return m_keys[static_cast<std::size_t>(m_position)];
+}
+
+void KeysetRows::added(qint64 key)
+{
+    // An empty recordset has no current row to return to: its first row becomes current by a move only.
+    if (m_keys.empty()) m_position = -1;
+    m_ascending = m_ascending && (m_keys.empty() || m_keys.back() < key);
+    m_keys.push_back(key);
+}
+
+void KeysetRows::removed()
+{
+    m_keys.erase(m_keys.begin() + m_position);
+    m_deleted = true;
+}
+
+} // namespace jet

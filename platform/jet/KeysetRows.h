@@ -1,0 +1,44 @@
+#pragma once
+
+#include "platform/jet/KeyedRows.h"
+
+#include <vector>
+
+namespace jet {
+
+/// A dynaset: the keys of its rows in the order they were found when it was opened, its own new rows at the end. Eight
+/// bytes a row.
+class KeysetRows : public KeyedRows {
+public:
+    KeysetRows(std::shared_ptr<Database::Session> session, std::shared_ptr<sqlite::Plan> plan, sql::Shape shape);
+
+    bool isBof() const override { return m_position < 0 || m_keys.empty(); }
+    bool isEof() const override { return m_position >= count(); }
+    void moveFirst() override;
+    void moveLast() override;
+    void moveNext() override;
+    void movePrevious() override;
+    void findFirst(const QString& criterion) override;
+    qsizetype count() const override { return static_cast<qsizetype>(m_keys.size()); }
+    qsizetype position() const override { return isBof() || isEof() || m_deleted ? -1 : m_position; }
+    qint64 mark() const override { return currentKey(); }
+    bool moveToMark(qint64 mark) override;
+
+protected:
+    qint64 currentKey() const override;
+    void added(qint64 key) override;
+    void removed() override;
+
+private:
+    void moveTo(qsizetype position);
+    void requireRows() const;
+    /// Position of the first row whose key is among these, which are in ascending order; -1: none is.
+    qsizetype firstOf(const std::vector<qint64>& keys) const;
+
+    std::vector<qint64> m_keys;
+    bool m_ascending = true; // the keys themselves are in order, so that one can be looked up
+    bool m_deleted = false;  // the current row was; m_position is that of the row after it
+    qsizetype m_position = 0;
+};
+
+} // namespace jet

@@ -1,0 +1,140 @@
+#include "platform/jet/Pool.h"
+
+#include "platform/jet/ConnectText.h"
+#include "platform/jet/Errors.h"
+#include "platform/system/Path.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace jet {
+
+namespace {
+
+constexpr std::size_t MostUnused = 16; // files; each keeps a descriptor and some pages
+
+/// "ZABL": tells the file apart from databases of other programs.
+constexpr char MarkFile[] = "PRAGMA application_id=1514226252";
+
+void requireDirectory(const QString& path)
+{
+    const QString directory = QFileInfo(path).path();
+    const auto found = sys::identify(directory);
+    if (!found || !found->isDirectory) raise(ErrorNumber::PathNotFound, {path});
+}
+
+[[noreturn]] void raiseFormat(const QString& path)
+{
+    const QByteArray start = sys::readStart(path, 20);
+    const bool isJet = start.startsWith(QByteArray("\0\1\0\0", 4)) &&
+                       (start.mid(4, 15) == "Standard Jet DB" || start.mid(4, 15) == "Standard ACE DB" ||
+                        start.mid(4, 13) == "Jet System DB");
+    const QString text = errorText(ErrorNumber::UnknownFormat, {path});
+    if (!isJet) throw Error(ErrorNumber::UnknownFormat, text);
+    throw Error(ErrorNumber::UnknownFormat,
+                text + u" Die Datei ist eine Jet-Datenbank und muss vor dem Öffnen umgewandelt werden."_s);
+}
+
+} // namespace
+
+std::shared_ptr<sqlite::Connection> Engine::Pool::open(const QString& path, const QString& connect)
+{
+    const QString local = sys::localPath(path);
+    const auto now = sys::identify(local);
+    if (now && !now->isDirectory)
+        if (auto connection = known(local, connect, *now)) return connection;
+    const QString password = readConnect(connect).password;
+    if (!now) {
+        requireDirectory(local);
+        raise(ErrorNumber::FileNotFound, {local});
+    }
+    if (now->isDirectory) raise(ErrorNumber::CannotOpenFile, {local});
+    if (now->size == 0) raise(ErrorNumber::UnknownFormat, {local});
+    auto connection = connected(local);
+    if (!connection->catalogue().accepts(password)) raise(ErrorNumber::WrongPassword);
+    dropOldest();
+    m_entries.push_front({connect, connection, *now});
+    return connection;
+}
+
+std::shared_ptr<sqlite::Connection> Engine::Pool::known(const QString& path, const QString& connect,
+                                                        const sys::FileIdentity& now)
+{
+    const auto entry = std::find_if(m_entries.begin(), m_entries.end(), [&](const Entry& candidate) {
+        return candidate.connection->path() == path && candidate.connect == connect;
+    });
+    if (entry == m_entries.end()) return nullptr;
+    const bool same = entry->isUsed() ? entry->left.sameFile(now) : entry->left == now;
+    if (!same) {
+        m_entries.erase(entry); // its users, if any, keep what they opened
+        return nullptr;
+    }
+    m_entries.splice(m_entries.begin(), m_entries, entry);
+    return m_entries.front().connection;
+}
+
+std::shared_ptr<sqlite::Connection> Engine::Pool::connected(const QString& path) const
+{
+    try {
+        return std::make_shared<sqlite::Connection>(path, sqlite::Connection::Mode::Existing, m_lockTimeout);
+    } catch (const Error& error) {
+        if (error.number() == ErrorNumber::UnknownFormat) raiseFormat(path);
+        if (error.number() == ErrorNumber::Locked) raise(ErrorNumber::CannotOpenFile, {path});
+        throw;
+    }
+}
+
+std::shared_ptr<sqlite::Connection> Engine::Pool::create(const QString& path, const QString& locale)
+{
+    const QString local = sys::localPath(path);
+    if (sys::identify(local)) raise(ErrorNumber::DatabaseExists);
+    requireDirectory(local);
+    const QString password = readConnect(locale).password;
+    try {
+        auto connection = std::make_shared<sqlite::Connection>(local, sqlite::Connection::Mode::New, m_lockTimeout);
+        connection->execute(MarkFile);
+        if (!password.isEmpty()) connection->catalogue().setPassword(password);
+        return connection;
+    } catch (const Error&) {
+        QFile::remove(local); // a half-made file would be taken for a damaged one
+        throw;
+    }
+}
+
+void Engine::Pool::giveBack(std::shared_ptr<sqlite::Connection> connection)
+{
+    const auto entry = std::find_if(m_entries.begin(), m_entries.end(),
+                                    [&](const Entry& candidate) { return candidate.connection == connection; });
+    if (entry == m_entries.end()) return;
+    if (const auto now = sys::identify(connection->path())) entry->left = *now;
+}
+
+void Engine::Pool::release(const QString& path)
+{
+    const QString local = sys::localPath(path);
+    m_entries.remove_if(
+        [&](const Entry& entry) { return !entry.isUsed() && (path.isEmpty() || entry.connection->path() == local); });
+}
+
+void Engine::Pool::dropOldest()
+{
+    const auto unused =
+        std::count_if(m_entries.begin(), m_entries.end(), [](const Entry& entry) { return !entry.isUsed(); });
+    if (static_cast<std::size_t>(unused) < MostUnused) return;
+    const auto oldest =
+        std::find_if(m_entries.rbegin(), m_entries.rend(), [](const Entry& entry) { return !entry.isUsed(); });
+    m_entries.erase(std::next(oldest).base());
+}
+
+void Engine::Pool::setLockTimeout(int milliseconds)
+{
+    m_lockTimeout = milliseconds;
+    for (const Entry& entry : m_entries)
+        entry.connection->setLockTimeout(milliseconds);
+}
+
+} // namespace jet

@@ -1,0 +1,157 @@
+#include "platform/jet/Recordset.h"
+
+#include "platform/jet/Errors.h"
+#include "platform/jet/Rows.h"
+
+namespace jet {
+
+Recordset::Recordset(std::unique_ptr<Rows> rows) : m_rows(std::move(rows)) {}
+
+Recordset::~Recordset() = default;
+
+bool Recordset::Bof() const
+{
+    m_rows->connection();
+    return m_rows->isBof();
+}
+
+bool Recordset::Eof() const
+{
+    m_rows->connection();
+    return m_rows->isEof();
+}
+
+void Recordset::MoveFirst()
+{
+    m_rows->connection();
+    m_rows->moveFirst();
+}
+
+void Recordset::MoveLast()
+{
+    m_rows->connection();
+    m_rows->moveLast();
+}
+
+void Recordset::MoveNext()
+{
+    m_rows->connection();
+    m_rows->moveNext();
+}
+
+void Recordset::MovePrevious()
+{
+    m_rows->connection();
+    m_rows->movePrevious();
+}
+
+void Recordset::FindFirst(const QString& criterion)
+{
+    m_rows->connection();
+    m_rows->findFirst(criterion);
+}
+
+bool Recordset::NoMatch() const
+{
+    return m_rows->noMatch;
+}
+
+qsizetype Recordset::RecordCount() const
+{
+    m_rows->connection();
+    return m_rows->count();
+}
+
+qsizetype Recordset::AbsolutePosition() const
+{
+    return m_rows->position();
+}
+
+Bookmark Recordset::GetBookmark() const
+{
+    Bookmark bookmark;
+    bookmark.m_recordset = m_rows->number;
+    bookmark.m_row = m_rows->mark();
+    return bookmark;
+}
+
+void Recordset::SetBookmark(const Bookmark& bookmark)
+{
+    m_rows->connection();
+    if (bookmark.m_recordset != m_rows->number || !m_rows->moveToMark(bookmark.m_row))
+        raise(ErrorNumber::InvalidBookmark);
+}
+
+Bookmark Recordset::LastModified() const
+{
+    Bookmark bookmark;
+    if (const auto row = m_rows->lastModified()) {
+        bookmark.m_recordset = m_rows->number;
+        bookmark.m_row = *row;
+    }
+    return bookmark;
+}
+
+const std::vector<Field>& Recordset::Fields() const
+{
+    return m_rows->fields();
+}
+
+Value Recordset::operator[](QStringView field) const
+{
+    m_rows->connection();
+    return m_rows->value(m_rows->column(field));
+}
+
+Value Recordset::operator[](qsizetype column) const
+{
+    m_rows->connection();
+    if (column < 0 || column >= static_cast<qsizetype>(Fields().size())) raise(ErrorNumber::NoSuchField);
+    return m_rows->value(static_cast<int>(column));
+}
+
+bool Recordset::Updatable() const
+{
+    return m_rows->isUpdatable();
+}
+
+void Recordset::AddNew()
+{
+    m_rows->connection();
+    m_rows->addNew();
+}
+
+void Recordset::Edit()
+{
+    m_rows->connection();
+    m_rows->edit();
+}
+
+void Recordset::Set(QStringView field, const Value& value)
+{
+    m_rows->set(m_rows->column(field), value);
+}
+
+void Recordset::Update()
+{
+    m_rows->connection();
+    m_rows->update();
+}
+
+void Recordset::CancelUpdate()
+{
+    m_rows->cancelUpdate();
+}
+
+bool Recordset::Editing() const
+{
+    return m_rows->isEditing();
+}
+
+void Recordset::Delete()
+{
+    m_rows->connection();
+    m_rows->remove();
+}
+
+} // namespace jet

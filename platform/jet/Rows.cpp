@@ -1,0 +1,76 @@
+#include "platform/jet/Rows.h"
+
+#include "platform/jet/Errors.h"
+#include "platform/jet/KeysetRows.h"
+#include "platform/jet/SnapshotRows.h"
+#include "platform/jet/TableRows.h"
+#include "platform/jet/bind/Table.h"
+
+#include <algorithm>
+
+namespace jet {
+
+namespace {
+
+quint64 nextNumber()
+{
+    static quint64 number = 0; // bookmarks only compare it
+    return ++number;
+}
+
+} // namespace
+
+Recordset::Rows::Rows(std::shared_ptr<Database::Session> session, std::shared_ptr<sqlite::Plan> plan, sql::Shape shape)
+    : number(nextNumber()), m_session(std::move(session)), m_plan(std::move(plan)), m_shape(std::move(shape))
+{}
+
+int Recordset::Rows::column(QStringView name) const
+{
+    const auto found = std::find_if(fields().begin(), fields().end(),
+                                    [name](const Field& field) { return bind::sameName(field.name, name); });
+    if (found == fields().end()) raise(ErrorNumber::NoSuchField);
+    return static_cast<int>(found - fields().begin());
+}
+
+void Recordset::Rows::addNew()
+{
+    raise(ErrorNumber::ReadOnly);
+}
+
+void Recordset::Rows::edit()
+{
+    raise(ErrorNumber::ReadOnly);
+}
+
+void Recordset::Rows::set(int, const Value&)
+{
+    raise(ErrorNumber::UpdateWithoutEdit);
+}
+
+void Recordset::Rows::update()
+{
+    raise(ErrorNumber::UpdateWithoutEdit);
+}
+
+void Recordset::Rows::cancelUpdate()
+{
+    raise(ErrorNumber::UpdateWithoutEdit);
+}
+
+void Recordset::Rows::remove()
+{
+    raise(ErrorNumber::ReadOnly);
+}
+
+std::unique_ptr<Recordset::Rows> openRows(std::shared_ptr<Database::Session> session,
+                                          std::shared_ptr<sqlite::Plan> plan, sql::Shape shape, Kind kind)
+{
+    const bool keyed = !plan->keys.isEmpty();
+    if (keyed && kind == Kind::Table)
+        return std::make_unique<TableRows>(std::move(session), std::move(plan), std::move(shape));
+    if (keyed && kind == Kind::Dynaset)
+        return std::make_unique<KeysetRows>(std::move(session), std::move(plan), std::move(shape));
+    return std::make_unique<SnapshotRows>(std::move(session), std::move(plan), std::move(shape));
+}
+
+} // namespace jet

@@ -1,0 +1,96 @@
+#include "platform/jet/SnapshotRows.h"
+
+#include "platform/jet/Criterion.h"
+#include "platform/jet/Errors.h"
+
+namespace jet {
+
+SnapshotRows::SnapshotRows(std::shared_ptr<Database::Session> session, std::shared_ptr<sqlite::Plan> plan,
+                           sql::Shape shape)
+    : Rows(std::move(session), std::move(plan), std::move(shape))
+{
+    read();
+}
+
+void SnapshotRows::read()
+{
+    std::unique_ptr<sqlite::Statement> own; // over other files: not kept, since they are let go
+    if (m_plan->attachments) own = std::make_unique<sqlite::Statement>(connection(), m_plan->rows);
+    {
+        sqlite::Statement::Run run(own ? *own : connection().prepared(m_plan->rows));
+        bindParameters(run, m_shape.parameters);
+        for (; run.step(); ++m_count)
+            for (std::size_t i = 0; i < fields().size(); ++i)
+                m_values.push_back(run.value(static_cast<int>(i), fields()[i].type));
+    }
+    own.reset();
+    m_plan->attachments.reset();
+}
+
+void SnapshotRows::requireRow() const
+{
+    if (isBof() || isEof()) raise(ErrorNumber::NoCurrentRecord);
+}
+
+void SnapshotRows::moveFirst()
+{
+    if (m_count == 0) raise(ErrorNumber::NoCurrentRecord);
+    m_position = 0;
+}
+
+void SnapshotRows::moveLast()
+{
+    if (m_count == 0) raise(ErrorNumber::NoCurrentRecord);
+    m_position = m_count - 1;
+}
+
+void SnapshotRows::moveNext()
+{
+    if (isEof()) raise(ErrorNumber::NoCurrentRecord);
+    ++m_position;
+}
+
+void SnapshotRows::movePrevious()
+{
+    if (isBof()) raise(ErrorNumber::NoCurrentRecord);
+    --m_position;
+}
+
+void SnapshotRows::findFirst(const QString& criterion)
+{
+    const auto shape = sql::shapeOf(criterion);
+    const QByteArray test = criterionTest(*m_plan, shape);
+    auto& statement = connection().prepared(test);
+    const int valuesFrom = static_cast<int>(shape.parameters.size());
+    noMatch = true;
+    for (qsizetype row = 0; noMatch && row < m_count; ++row) {
+        sqlite::Statement::Run run(statement);
+        bindParameters(run, shape.parameters);
+        for (std::size_t i = 0; i < fields().size(); ++i)
+            run.bind(valuesFrom + static_cast<int>(i), at(row, i));
+        if (!run.step() || !run.value(0, Type::Boolean).toBool()) continue;
+        noMatch = false;
+        m_position = row;
+    }
+}
+
+qint64 SnapshotRows::mark() const
+{
+    requireRow();
+    return m_position;
+}
+
+bool SnapshotRows::moveToMark(qint64 mark)
+{
+    if (mark < 0 || mark >= m_count) return false;
+    m_position = static_cast<qsizetype>(mark);
+    return true;
+}
+
+Value SnapshotRows::value(int column) const
+{
+    requireRow();
+    return at(m_position, static_cast<std::size_t>(column));
+}
+
+} // namespace jet

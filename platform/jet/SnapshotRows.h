@@ -1,0 +1,38 @@
+#pragma once
+
+#include "platform/jet/Rows.h"
+
+namespace jet {
+
+/// Rows kept as values, as they were when the recordset was opened.
+class SnapshotRows : public Recordset::Rows {
+public:
+    SnapshotRows(std::shared_ptr<Database::Session> session, std::shared_ptr<sqlite::Plan> plan, sql::Shape shape);
+
+    bool isBof() const override { return m_position < 0 || count() == 0; }
+    bool isEof() const override { return m_position >= count(); }
+    void moveFirst() override;
+    void moveLast() override;
+    void moveNext() override;
+    void movePrevious() override;
+    void findFirst(const QString& criterion) override;
+    qsizetype count() const override { return m_count; }
+    qsizetype position() const override { return isBof() || isEof() ? -1 : m_position; }
+    qint64 mark() const override;
+    bool moveToMark(qint64 mark) override;
+    Value value(int column) const override;
+
+private:
+    void read();
+    void requireRow() const;
+    const Value& at(qsizetype row, std::size_t column) const
+    {
+        return m_values[static_cast<std::size_t>(row) * fields().size() + column];
+    }
+
+    std::vector<Value> m_values; // row by row
+    qsizetype m_count = 0;
+    qsizetype m_position = 0;
+};
+
+} // namespace jet

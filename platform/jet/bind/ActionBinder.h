@@ -1,0 +1,34 @@
+#pragma once
+
+#include "platform/jet/bind/SelectBinder.h"
+
+namespace jet::bind {
+
+/// An INSERT, UPDATE or DELETE whose names have found their table.
+struct BoundInsert {
+    TablePtr table;
+    std::vector<int> columns; ///< Of the table, in the order of the values.
+    std::vector<sql::ExpressionPtr> values;
+    std::optional<BoundSelect> select; ///< Instead of values.
+};
+
+struct BoundUpdate {
+    TablePtr table;
+    std::vector<int> columns;
+    std::vector<sql::ExpressionPtr> values; ///< Right sides; they see the row as it was.
+    sql::ExpressionPtr where;
+};
+
+struct BoundDelete {
+    TablePtr table;
+    sql::ExpressionPtr where;
+};
+
+/// \throws Error UnknownTable, UnknownInsertColumn, WrongColumnCount.
+BoundInsert bindInsert(sql::Insert insert, const TableLookup& lookup);
+/// \throws Error UnknownTable, TooFewParameters, FieldNotUpdatable for a counter.
+BoundUpdate bindUpdate(sql::Update update, const TableLookup& lookup);
+/// \throws Error UnknownTable, TooFewParameters.
+BoundDelete bindDelete(sql::Delete statement, const TableLookup& lookup);
+
+} // namespace jet::bind

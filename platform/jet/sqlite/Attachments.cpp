@@ -1,0 +1,41 @@
+#include "platform/jet/sqlite/Attachments.h"
+
+#include "platform/jet/ConnectText.h"
+#include "platform/jet/Errors.h"
+
+#include <sqlite3.h>
+
+namespace jet::sqlite {
+
+Attachments::~Attachments()
+{
+    for (int i = 0; i < m_count; ++i)
+        sqlite3_exec(m_connection.handle(), ("DETACH file" + QByteArray::number(i)).constData(), nullptr, nullptr,
+                     nullptr);
+}
+
+QByteArray Attachments::attach(const QString& path, const QString& connect)
+{
+    const auto file = m_open(path, connect);
+    if (file->path() == m_connection.path()) return "main";
+    const QByteArray name = "file" + QByteArray::number(m_count);
+    Statement statement(m_connection, "ATTACH ? AS " + name);
+    Statement::Run run(statement);
+    run.bindText(0, file->path().toUtf8());
+    run.step();
+    ++m_count;
+    m_connection.execute("PRAGMA " + name + ".synchronous=EXTRA");
+    return name;
+}
+
+bind::TablePtr Attachments::attach(const Link& link)
+{
+    auto table = std::make_shared<bind::Table>();
+    table->schema = attach(readConnect(link.connect).database, link.connect);
+    table->name = Catalogue::storedName(m_connection, table->schema, link.sourceTable);
+    if (table->name.isEmpty()) raise(ErrorNumber::ObjectNotFound, {link.sourceTable});
+    table->columns = Catalogue::readColumns(m_connection, table->schema, table->name);
+    return table;
+}
+
+} // namespace jet::sqlite

@@ -1,0 +1,183 @@
+#include "platform/jet/sqlite/Connection.h"
+
+#include "platform/jet/Errors.h"
+#include "platform/jet/sqlite/Collation.h"
+#include "platform/jet/sqlite/Functions.h"
+#include "platform/jet/sqlite/Names.h"
+#include "platform/jet/sqlite/Plan.h"
+#include "platform/jet/sqlite/SqliteError.h"
+
+#include <QRegularExpression>
+
+#include <sqlite3.h>
+
+using namespace Qt::StringLiterals;
+
+namespace jet::sqlite {
+
+namespace {
+
+constexpr qsizetype MostStatements = 100;
+
+} // namespace
+
+Connection::Connection(const QString& path, Mode mode, int lockTimeout)
+    : m_path(path), m_catalogue(*this), m_statements(MostStatements), m_plans(MostStatements)
+{
+    const int flags = SQLITE_OPEN_READWRITE | (mode == Mode::New ? SQLITE_OPEN_CREATE : 0) | SQLITE_OPEN_NOMUTEX |
+                      SQLITE_OPEN_PRIVATECACHE | SQLITE_OPEN_EXRESCODE;
+    sqlite3* opened = nullptr;
+    const int code = sqlite3_open_v2(path.toUtf8().constData(), &opened, flags, nullptr);
+    m_handle.reset(opened);
+    if (code != SQLITE_OK) raiseFailure(handle(), path);
+    setLockTimeout(lockTimeout);
+    registerCollation(handle());
+    registerFunctions(handle());
+    configure(mode);
+}
+
+Connection::~Connection()
+{
+    if (inTransaction()) sqlite3_exec(handle(), "COMMIT", nullptr, nullptr, nullptr);
+}
+
+void Connection::Closer::operator()(sqlite3* handle) const
+{
+    sqlite3_close_v2(handle); // the statements go after it where a constructor failed
+}
+
+void Connection::configure(Mode mode)
+{
+    sqlite3_db_config(handle(), SQLITE_DBCONFIG_DQS_DML, 0, nullptr); // "x" is a name, never a text
+    sqlite3_db_config(handle(), SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
+    sqlite3_db_config(handle(), SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+    // EXTRA also syncs the directory after the rollback journal is gone: only then does a booking survive a power cut
+    // right after its commit.
+    execute("PRAGMA synchronous=EXTRA");
+    execute("PRAGMA cache_size=-16384");
+    execute("PRAGMA temp_store=MEMORY");
+    if (mode == Mode::New) return;
+    m_schemaVersion = schemaVersion();
+    rebuildIndices();
+}
+
+bool Connection::isWritable() const
+{
+    return sqlite3_db_readonly(handle(), "main") == 0;
+}
+
+void Connection::setLockTimeout(int milliseconds)
+{
+    sqlite3_busy_timeout(handle(), milliseconds);
+}
+
+Statement& Connection::prepared(const QByteArray& sql)
+{
+    if (auto* known = m_statements.find(sql)) return **known;
+    return *m_statements.insert(sql, std::make_unique<Statement>(*this, sql));
+}
+
+void Connection::execute(const QByteArray& sql)
+{
+    if (sqlite3_exec(handle(), sql.constData(), nullptr, nullptr, nullptr) != SQLITE_OK) raiseFailure(handle(), m_path);
+}
+
+void Connection::forget()
+{
+    m_plans.clear();
+    m_statements.clear();
+    m_catalogue.forget();
+}
+
+bool Connection::forgetIfChanged()
+{
+    const qint64 version = schemaVersion();
+    if (version == m_schemaVersion) return false;
+    m_schemaVersion = version;
+    forget();
+    return true;
+}
+
+qint64 Connection::schemaVersion()
+{
+    Statement statement(*this, "PRAGMA schema_version");
+    Statement::Run run(statement);
+    return run.step() ? run.whole(0) : 0;
+}
+
+bool Connection::inTransaction() const
+{
+    return sqlite3_get_autocommit(handle()) == 0;
+}
+
+qint64 Connection::changes() const
+{
+    return sqlite3_changes64(handle());
+}
+
+qint64 Connection::lastRow() const
+{
+    return sqlite3_last_insert_rowid(handle());
+}
+
+/// Indices whose collation or fold function is of another version are made anew. A file that cannot be written keeps
+/// them: no statement uses them then, since it names the present collation.
+void Connection::rebuildIndices()
+{
+    if (!isWritable()) return;
+    static const QRegularExpression versioned(u"\\b(de_\\d+_[0-9a-f]+|jet_fold_\\d+)\\b"_s);
+    std::vector<std::pair<QByteArray, QByteArray>> outdated; // name, statement for today
+    {
+        Statement statement(*this, "SELECT name,sql FROM sqlite_master WHERE type='index' AND sql IS NOT NULL");
+        Statement::Run run(statement);
+        while (run.step()) {
+            const QString sql = QString::fromUtf8(run.text(1));
+            QString today = sql;
+            auto matches = versioned.globalMatch(sql);
+            while (matches.hasNext()) {
+                const QString name = matches.next().captured();
+                today.replace(name, name.startsWith(u"de_") ? QString::fromLatin1(collationName())
+                                                            : QString::fromLatin1(FoldFunction));
+            }
+            if (today != sql) outdated.emplace_back(run.text(0), today.toUtf8());
+        }
+    }
+    if (outdated.empty()) return;
+    WriteScope scope(*this);
+    for (const auto& [name, sql] : outdated) {
+        execute("DROP INDEX " + quoted(QString::fromUtf8(name)));
+        execute(sql);
+    }
+    scope.commit();
+    m_schemaVersion = schemaVersion();
+}
+
+WriteScope::WriteScope(Connection& connection) : m_connection(connection), m_own(!connection.inTransaction())
+{
+    if (m_own) connection.execute("BEGIN IMMEDIATE");
+}
+
+WriteScope::~WriteScope()
+{
+    if (m_own && m_connection.inTransaction())
+        sqlite3_exec(m_connection.handle(), "ROLLBACK", nullptr, nullptr, nullptr);
+}
+
+void WriteScope::commit()
+{
+    if (m_own) m_connection.execute("COMMIT");
+}
+
+QByteArray quoted(const QString& name)
+{
+    QByteArray text = name.toUtf8();
+    text.replace('"', "\"\"");
+    return '"' + text + '"';
+}
+
+QString indexName(const QString& table, const QString& index)
+{
+    return table + u"."_s + index;
+}
+
+} // namespace jet::sqlite

@@ -1,0 +1,300 @@
+#include "platform/jet/sqlite/Functions.h"
+
+#include "platform/jet/Conversion.h"
+#include "platform/jet/Errors.h"
+#include "platform/jet/Rounding.h"
+#include "platform/jet/sqlite/Binding.h"
+#include "platform/jet/sqlite/Names.h"
+#include "platform/jet/sqlite/Pattern.h"
+#include "platform/jet/sqlite/SqliteError.h"
+
+#include <sqlite3.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+namespace jet::sqlite {
+
+namespace {
+
+/// The arguments of one call. All but IIF and the tests for NULL give NULL when one of them is NULL.
+class Arguments {
+public:
+    Arguments(int count, sqlite3_value** values) : m_count(count), m_values(values) {}
+
+    int count() const { return m_count; }
+    bool anyNull() const
+    {
+        return std::any_of(m_values, m_values + m_count,
+                           [](sqlite3_value* value) { return sqlite3_value_type(value) == SQLITE_NULL; });
+    }
+    double number(int index) const { return sqlite3_value_double(m_values[index]); }
+    QString text(int index) const
+    {
+        const auto* bytes = reinterpret_cast<const char*>(sqlite3_value_text(m_values[index]));
+        return QString::fromUtf8(bytes, sqlite3_value_bytes(m_values[index]));
+    }
+    QDateTime date(int index) const { return argumentValue(m_values[index], Type::Date).toDateTime(); }
+    /// A count of characters or a place among them.
+    int place(int index, int least) const
+    {
+        const double value = Round(number(index), 0);
+        if (!(value >= least)) raise(ErrorNumber::InvalidArgument);
+        return static_cast<int>(std::min(value, 1e9));
+    }
+    Value value(int index, Type type) const { return argumentValue(m_values[index], type); }
+    int whole(int index) const { return sqlite3_value_int(m_values[index]); }
+
+private:
+    int m_count;
+    sqlite3_value** m_values;
+};
+
+using Function = Value (*)(const Arguments&);
+
+/// Calls a function of ours; what it throws becomes the failure of the statement.
+template <Function function>
+void call(sqlite3_context* context, int count, sqlite3_value** values)
+{
+    try {
+        const Arguments arguments(count, values);
+        if (arguments.anyNull()) return sqlite3_result_null(context);
+        resultValue(context, function(arguments));
+    } catch (const Error& error) {
+        resultError(context, error);
+    }
+}
+
+Value lowerCase(const Arguments& a)
+{
+    return Value(a.text(0).toLower());
+}
+
+/// ß has no capital here.
+Value upperCase(const Arguments& a)
+{
+    QString text = a.text(0);
+    for (QChar& c : text)
+        c = c.toUpper();
+    return Value(text);
+}
+
+QString trimmedBlanks(const QString& text)
+{
+    qsizetype from = 0;
+    qsizetype to = text.size();
+    while (from < to && text[from] == u' ')
+        ++from;
+    while (to > from && text[to - 1] == u' ')
+        --to;
+    return text.mid(from, to - from);
+}
+
+Value fold(const Arguments& a)
+{
+    return Value(trimmedBlanks(a.text(0).toLower()));
+}
+
+Value left(const Arguments& a)
+{
+    return Value(a.text(0).left(a.place(1, 0)));
+}
+
+Value right(const Arguments& a)
+{
+    return Value(a.text(0).right(a.place(1, 0)));
+}
+
+Value mid(const Arguments& a)
+{
+    const int from = a.place(1, 1) - 1;
+    return Value(a.count() == 3 ? a.text(0).mid(from, a.place(2, 0)) : a.text(0).mid(from));
+}
+
+/// Counts from 1; 0: not found. Case does not count.
+Value inStr(const Arguments& a)
+{
+    const int first = a.count() == 3 ? 1 : 0;
+    const int from = first == 1 ? a.place(0, 1) - 1 : 0;
+    const QString text = a.text(first);
+    if (from >= text.size()) return Value(0);
+    return Value(qint64{text.indexOf(a.text(first + 1), from, Qt::CaseInsensitive) + 1});
+}
+
+Value like(const Arguments& a)
+{
+    return Value(qint64{matches(a.text(0), a.text(1)) ? 1 : 0});
+}
+
+Value rounded(const Arguments& a)
+{
+    return Value(Round(a.number(0), a.count() == 2 ? a.place(1, 0) : 0));
+}
+
+Value floored(const Arguments& a)
+{
+    return Value(std::floor(a.number(0)));
+}
+
+Value truncated(const Arguments& a)
+{
+    return Value(std::trunc(a.number(0)));
+}
+
+double wholeWithin(double value, double least, double greatest)
+{
+    const double whole = Round(value, 0);
+    if (!(whole >= least && whole <= greatest)) raise(ErrorNumber::Overflow);
+    return whole;
+}
+
+double fourBytes(double value)
+{
+    return wholeWithin(value, std::numeric_limits<qint32>::min(), std::numeric_limits<qint32>::max());
+}
+
+Value toShort(const Arguments& a)
+{
+    return Value(static_cast<qint64>(wholeWithin(a.number(0), -32768, 32767)));
+}
+
+Value toLong(const Arguments& a)
+{
+    return Value(static_cast<qint64>(fourBytes(a.number(0))));
+}
+
+Value divide(const Arguments& a)
+{
+    if (a.number(1) == 0.0) raise(ErrorNumber::DivisionByZero);
+    const double quotient = a.number(0) / a.number(1);
+    if (!std::isfinite(quotient)) raise(ErrorNumber::Overflow);
+    return Value(quotient);
+}
+
+/// Both operands become whole numbers first.
+Value wholeQuotient(const Arguments& a)
+{
+    const double divisor = fourBytes(a.number(1));
+    if (divisor == 0.0) raise(ErrorNumber::DivisionByZero);
+    return Value(static_cast<qint64>(std::trunc(fourBytes(a.number(0)) / divisor)));
+}
+
+Value modulo(const Arguments& a)
+{
+    const double divisor = fourBytes(a.number(1));
+    if (divisor == 0.0) raise(ErrorNumber::DivisionByZero);
+    return Value(static_cast<qint64>(std::fmod(fourBytes(a.number(0)), divisor)));
+}
+
+Value power(const Arguments& a)
+{
+    if (a.number(0) == 0.0 && a.number(1) < 0.0) raise(ErrorNumber::DivisionByZero);
+    const double result = std::pow(a.number(0), a.number(1));
+    if (std::isnan(result)) raise(ErrorNumber::InvalidArgument);
+    if (!std::isfinite(result)) raise(ErrorNumber::Overflow);
+    return Value(result);
+}
+
+Value dayNumberOf(const Arguments& a)
+{
+    return Value(dayNumber(a.date(0)));
+}
+
+Value dateOf(const Arguments& a)
+{
+    return Value(fromDayNumber(a.number(0)));
+}
+
+Value yearOf(const Arguments& a)
+{
+    return Value(a.date(0).date().year());
+}
+
+Value monthOf(const Arguments& a)
+{
+    return Value(a.date(0).date().month());
+}
+
+Value dayOf(const Arguments& a)
+{
+    return Value(a.date(0).date().day());
+}
+
+/// value, type it has, type it gets: NULL too has an answer, since a truth value is never NULL.
+void convertValue(sqlite3_context* context, int count, sqlite3_value** values)
+{
+    try {
+        const Arguments a(count, values);
+        resultValue(context, convert(a.value(0, static_cast<Type>(a.whole(1))), static_cast<Type>(a.whole(2))));
+    } catch (const Error& error) {
+        resultError(context, error);
+    }
+}
+
+/// The value in the row with the lowest or highest key of a group; NULL is a value like any other.
+struct Keyed {
+    sqlite3_value* value;
+    qint64 key;
+};
+
+template <bool lowest>
+void keepKeyed(sqlite3_context* context, int, sqlite3_value** values)
+{
+    auto* kept = static_cast<Keyed*>(sqlite3_aggregate_context(context, sizeof(Keyed)));
+    if (!kept) return sqlite3_result_error_nomem(context);
+    const qint64 key = sqlite3_value_int64(values[1]);
+    if (kept->value && (lowest ? key >= kept->key : key <= kept->key)) return;
+    sqlite3_value_free(kept->value);
+    kept->value = sqlite3_value_dup(values[0]);
+    kept->key = key;
+}
+
+void finishKeyed(sqlite3_context* context)
+{
+    auto* kept = static_cast<Keyed*>(sqlite3_aggregate_context(context, 0));
+    if (!kept || !kept->value) return sqlite3_result_null(context);
+    sqlite3_result_value(context, kept->value);
+    sqlite3_value_free(kept->value);
+}
+
+struct Row {
+    const char* name;
+    int arguments;
+    void (*function)(sqlite3_context*, int, sqlite3_value**);
+};
+
+// clang-format off
+constexpr Row Rows[] = {
+    {"jet_lcase", 1, call<lowerCase>},     {"jet_ucase", 1, call<upperCase>},   {FoldFunction, 1, call<fold>},
+    {"jet_left", 2, call<left>},           {"jet_right", 2, call<right>},
+    {"jet_mid", 2, call<mid>},             {"jet_mid", 3, call<mid>},
+    {"jet_instr", 2, call<inStr>},         {"jet_instr", 3, call<inStr>},       {"jet_like", 2, call<like>},
+    {"jet_round", 1, call<rounded>},       {"jet_round", 2, call<rounded>},
+    {"jet_int", 1, call<floored>},         {"jet_fix", 1, call<truncated>},
+    {"jet_cint", 1, call<toShort>},        {"jet_clng", 1, call<toLong>},
+    {"jet_div", 2, call<divide>},          {"jet_idiv", 2, call<wholeQuotient>},
+    {"jet_mod", 2, call<modulo>},          {"jet_pow", 2, call<power>},
+    {"jet_daynumber", 1, call<dayNumberOf>}, {"jet_date", 1, call<dateOf>},
+    {"jet_year", 1, call<yearOf>},         {"jet_month", 1, call<monthOf>},     {"jet_day", 1, call<dayOf>},
+    {"jet_convert", 3, convertValue},
+};
+// clang-format on
+
+} // namespace
+
+void registerFunctions(sqlite3* connection)
+{
+    constexpr int flags = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS;
+    for (const Row& row : Rows)
+        sqlite3_create_function_v2(connection, row.name, row.arguments, flags, nullptr, row.function, nullptr, nullptr,
+                                   nullptr);
+    sqlite3_create_function_v2(connection, "jet_first", 2, flags, nullptr, nullptr, keepKeyed<true>, finishKeyed,
+                               nullptr);
+    sqlite3_create_function_v2(connection, "jet_last", 2, flags, nullptr, nullptr, keepKeyed<false>, finishKeyed,
+                               nullptr);
+}
+
+} // namespace jet::sqlite

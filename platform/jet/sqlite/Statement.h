@@ -1,0 +1,50 @@
+#pragma once
+
+#include "platform/jet/Value.h"
+
+#include <QByteArray>
+
+#include <vector>
+
+struct sqlite3_stmt;
+
+namespace jet::sqlite {
+
+class Connection;
+
+/// A prepared statement of SQLite. Between two runs it is not open, so it holds no lock.
+class Statement {
+public:
+    Statement(const Connection& connection, const QByteArray& sql); ///< \throws Error
+    ~Statement();
+    Q_DISABLE_COPY_MOVE(Statement)
+
+    /// One run: ends, also by an exception, with the statement closed.
+    class Run {
+    public:
+        explicit Run(Statement& statement) : m_statement(statement) {}
+        ~Run();
+        Q_DISABLE_COPY_MOVE(Run)
+
+        void bind(int parameter,
+                  const Value& value); ///< Parameters count from 0; one that does not stand in the text is ignored.
+        void bindText(int parameter, const QByteArray& text);
+        bool step(); ///< Whether there is a row. \throws Error
+        Value value(int column, Type type) const;
+        qint64 whole(int column) const; ///< A column that is known to hold whole numbers.
+        QByteArray text(int column) const;
+
+    private:
+        Statement& m_statement;
+    };
+
+private:
+    const Connection& m_connection;
+    sqlite3_stmt* m_statement = nullptr;
+    int m_parameters = 0;
+};
+
+/// The parameters of a statement's shape, in their order: a list becomes one text that SQLite reads as a list.
+void bindParameters(Statement::Run& run, const std::vector<std::vector<Value>>& parameters, int from = 0);
+
+} // namespace jet::sqlite

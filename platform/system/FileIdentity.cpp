@@ -1,0 +1,29 @@
+#include "platform/system/FileIdentity.h"
+
+#include <QFile>
+
+#include <sys/stat.h>
+
+namespace sys {
+
+std::optional<FileIdentity> identify(const QString& path)
+{
+    struct stat status {};
+    if (::stat(QFile::encodeName(path).constData(), &status) != 0) return {};
+    FileIdentity identity;
+    identity.device = status.st_dev;
+    identity.inode = status.st_ino;
+    identity.size = status.st_size;
+    identity.changed = std::int64_t{status.st_mtim.tv_sec} * 1'000'000'000 + status.st_mtim.tv_nsec;
+    identity.isDirectory = S_ISDIR(status.st_mode);
+    return identity;
+}
+
+QByteArray readStart(const QString& path, qsizetype count)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) return {};
+    return file.read(count);
+}
+
+} // namespace sys
