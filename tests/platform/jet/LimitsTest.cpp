@@ -1,0 +1,77 @@
+#include "Scratch.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const char* const TooComplex = "3360 Abfrage ist zu komplex.";
+
+class Limits : public testing::Test {
+protected:
+    std::string ask(const QString& condition) const
+    {
+        return refusal([&] { m_database->OpenRecordset(u"SELECT N FROM Eins WHERE "_s + condition); });
+    }
+
+    Scratch m_scratch;
+    std::unique_ptr<jet::Database> m_database = m_scratch.create(
+        u"Lager.2024"_s, {u"CREATE TABLE Eins (N Long, T Text(20))"_s, u"INSERT INTO Eins VALUES (1, 'a')"_s});
+};
+
+} // namespace
+
+TEST_F(Limits, WhatIsTooDeepIsRefused)
+{
+    const int deep = 10000;
+    EXPECT_EQ(ask(QString(deep, u'(') + u"N = 1"_s + QString(deep, u')')), TooComplex);
+    EXPECT_EQ(ask(QString(deep, u'(')), TooComplex);
+    EXPECT_EQ(ask(u"N = "_s + QString(deep, u'-') + u'1'), TooComplex);
+    EXPECT_EQ(ask(u"NOT "_s.repeated(deep) + u"N = 1"_s), TooComplex);
+    EXPECT_EQ(ask(u"IIF(N = 1, N, "_s.repeated(deep) + u'N' + QString(deep, u')') + u" = 1"_s), TooComplex);
+    EXPECT_EQ(ask(u"N = 1"_s + u" + 1"_s.repeated(deep)), TooComplex);
+    EXPECT_EQ(ask(u"N = 1"_s + u" AND N = 1"_s.repeated(deep)), TooComplex);
+    EXPECT_EQ(ask(QString(1000001, u' ') + u"N = 1"_s), TooComplex);
+    EXPECT_EQ(ask(u"T = '"_s + QString(10'000'000, u'x') + u'\''), TooComplex);
+}
+
+TEST_F(Limits, WhatAFarmMayNeedIsNot)
+{
+    EXPECT_EQ(ask(QString(20, u'(') + u"N = 1"_s + QString(20, u')')), "");
+    EXPECT_EQ(ask(u"N = 1"_s + u" OR N = 1"_s.repeated(60)), "");
+    QString articles = u"'Artikel 0'"_s; // the list of a kind that has been booked for years
+    for (int i = 1; i < 5000; ++i)
+        articles += u",'Artikel "_s + QString::number(i) + u'\'';
+    EXPECT_EQ(ask(u"T IN ("_s + articles + u')'), "");
+}
+
+TEST_F(Limits, ANulCharacterEndsNothing)
+{
+    EXPECT_NE(ask(u"N = 1"_s + QChar(0) + u" AND N = 2"_s), "");
+    EXPECT_NE(refusal([&] { m_database->Execute(u"DELETE FROM Eins"_s + QChar(0) + u" WHERE N = 2"_s); }), "");
+    EXPECT_EQ(rowsOf(*m_database, u"SELECT Count(*) AS N FROM Eins"_s), "1");
+}
+
+TEST_F(Limits, EachCallHasItsStatement)
+{
+    EXPECT_EQ(refusal([&] { m_database->Execute(u"SELECT N FROM Eins"_s); }),
+              "3065 Eine Auswahlabfrage kann nicht ausgeführt werden.");
+    EXPECT_NE(refusal([&] { m_database->OpenRecordset(u"DELETE FROM Eins"_s); }), "");
+    EXPECT_EQ(refusal([&] { m_database->OpenRecordset(u"Zwei"_s); }).substr(0, 5), "3078 ");
+    for (const QString& nothing : {u""_s, u"  \r\n"_s, u";"_s}) {
+        EXPECT_NE(refusal([&] { m_database->Execute(nothing); }), "");
+        EXPECT_NE(refusal([&] { m_database->OpenRecordset(nothing); }), "");
+    }
+    EXPECT_EQ(rowsOf(*m_database, u"SELECT Count(*) AS N FROM Eins"_s), "1");
+}
+
+TEST_F(Limits, ARefusalTellsItsPlace)
+{
+    try {
+        m_database->OpenRecordset(u"SELECT N FROM Eins WHERE N AND AND T"_s);
+        ADD_FAILURE() << "no refusal";
+    } catch (const jet::Error& error) {
+        EXPECT_EQ(error.position(), 31); // of the second AND
+    }
+}

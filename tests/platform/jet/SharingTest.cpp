@@ -1,0 +1,169 @@
+#include "Program.h"
+#include "Scratch.h"
+
+#include <QFile>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const char* const Locked = "3218 Aktualisieren nicht möglich; momentan gesperrt.";
+
+/// A year file that several programs use. What the other program does stands before the test opens the file.
+class Sharing : public testing::Test {
+protected:
+    Sharing()
+    {
+        m_scratch.create(u"Lager.2024"_s, {u"CREATE TABLE J (ID Counter PRIMARY KEY, Artikel Text(10), Menge Double)"_s,
+                                           u"INSERT INTO J (Artikel, Menge) VALUES ('Weizen', 1)"_s,
+                                           u"INSERT INTO J (Artikel, Menge) VALUES ('Hafer', 2)"_s});
+        jet::engine().release();
+        jet::engine().setLockTimeout(50);
+    }
+
+    ~Sharing() override { jet::engine().setLockTimeout(5000); }
+
+    std::unique_ptr<jet::Database> open() const { return m_scratch.open(u"Lager.2024"_s); }
+
+    /// Another program that writes one row in a transaction and then, in its second step, commits it.
+    std::function<void(int)> writer() const
+    {
+        return [this, database = std::shared_ptr<jet::Database>()](int step) mutable {
+            if (step == 2) return database->Close();
+            database = open();
+            database->BeginTrans();
+            database->Execute(u"INSERT INTO J (Artikel) VALUES ('fremd')"_s);
+        };
+    }
+
+    Scratch m_scratch;
+};
+
+} // namespace
+
+TEST_F(Sharing, WaitsForALockAndThenRefuses)
+{
+    Program other(writer());
+    const auto database = open();
+    ASSERT_TRUE(other.next());
+    EXPECT_EQ(refusal([&] { database->BeginTrans(); }), Locked);
+    EXPECT_EQ(refusal([&] { database->Execute(u"DELETE FROM J"_s); }), Locked);
+    EXPECT_EQ(refusal([&] { database->Execute(u"CREATE TABLE K (A Long)"_s); }), Locked);
+    ASSERT_TRUE(other.next());
+    EXPECT_EQ(database->Execute(u"DELETE FROM J WHERE ID < 3"_s), 2);
+    EXPECT_EQ(rowsOf(*database, u"SELECT Artikel FROM J"_s), "fremd");
+}
+
+TEST_F(Sharing, LockedEditIsWrittenLater)
+{
+    Program other(writer());
+    const auto database = open();
+    const auto rows = database->OpenRecordset(u"SELECT * FROM J ORDER BY ID"_s);
+    ASSERT_TRUE(other.next());
+    rows->AddNew();
+    rows->Set(u"Artikel", u"neu"_s);
+    EXPECT_EQ(refusal([&] { rows->Update(); }), Locked);
+    EXPECT_TRUE(rows->Editing());
+    EXPECT_EQ((*rows)[u"Artikel"].toText(), u"neu"_s);
+    ASSERT_TRUE(other.next());
+    rows->Update();
+    EXPECT_FALSE(rows->Editing());
+
+    rows->Edit(); // an edit that changes nothing needs no lock
+    rows->Update();
+    EXPECT_EQ(rowsOf(*database, u"SELECT ID, Artikel FROM J"_s), "1 | Weizen\n2 | Hafer\n3 | fremd\n4 | neu");
+}
+
+TEST_F(Sharing, AForgottenRecordsetLocksNobodyOut)
+{
+    Program other([this](int) { open()->Execute(u"UPDATE J SET Menge = Menge + 1"_s); });
+    const auto database = open();
+    const auto dynaset = database->OpenRecordset(u"SELECT * FROM J"_s);
+    const auto snapshot = database->OpenRecordset(u"SELECT Sum(Menge) AS S FROM J"_s, jet::Kind::Snapshot);
+    const auto table = database->OpenRecordset(u"J"_s);
+    table->MoveNext();
+    dynaset->FindFirst(u"Menge = 2"_s);
+    dynaset->Edit();
+    EXPECT_TRUE(other.next());
+    dynaset->CancelUpdate();
+    EXPECT_EQ((*dynaset)[u"Menge"].toDouble(), 3);
+}
+
+TEST_F(Sharing, OfAKilledProgramNothingHalfIsLeft)
+{
+    Program other([this, database = std::shared_ptr<jet::Database>()](int) mutable {
+        database = open();
+        database->BeginTrans();
+        for (int i = 0; i < 5000; ++i)
+            database->Execute(u"INSERT INTO J (Artikel, Menge) VALUES ('halb', 1)"_s);
+        database->Execute(u"UPDATE J SET Menge = 99"_s);
+    });
+    ASSERT_TRUE(other.next());
+    other.kill();
+    const auto database = open();
+    EXPECT_EQ(rowsOf(*database, u"SELECT ID, Artikel, Menge FROM J"_s), "1 | Weizen | 1\n2 | Hafer | 2");
+    database->Execute(u"INSERT INTO J (Artikel) VALUES ('danach')"_s);
+    EXPECT_EQ(m_scratch.files(), QStringList{u"Lager.2024"_s});
+}
+
+TEST_F(Sharing, SeesWhatOthersDefine)
+{
+    jet::Engine engine;
+    const auto other = engine.OpenDatabase(m_scratch.path(u"Lager.2024"_s));
+    const auto database = open();
+    EXPECT_EQ(rowsOf(*database, u"SELECT * FROM J WHERE ID = 1"_s), "1 | Weizen | 1");
+    other->Execute(u"ALTER TABLE J ADD COLUMN Ort Text(5)"_s);
+    EXPECT_EQ(rowsOf(*database, u"SELECT * FROM J WHERE ID = 1"_s), "1 | Weizen | 1 | NULL");
+    EXPECT_EQ(database->TableDefs().front().fields.size(), 4U);
+    other->Execute(u"DROP TABLE J"_s);
+    other->Execute(u"CREATE TABLE J (Anders Text(5))"_s);
+    EXPECT_EQ(rowsOf(*database, u"SELECT * FROM J"_s), "");
+    EXPECT_EQ(refusal([&] { database->OpenRecordset(u"SELECT ID FROM J"_s); }).substr(0, 5), "3061 ");
+}
+
+TEST_F(Sharing, NoticesAnExchangedFile)
+{
+    EXPECT_EQ(rowsOf(*open(), u"SELECT Count(*) AS N FROM J"_s), "2"); // the connection stays
+    m_scratch.create(u"anders"_s, {u"CREATE TABLE J (ID Long)"_s})->Close();
+    jet::engine().release(m_scratch.path(u"anders"_s));
+    ASSERT_TRUE(QFile::remove(m_scratch.path(u"Lager.2024"_s)));
+    EXPECT_EQ(refusal([&] { open(); }).substr(0, 5), "3024 ");
+    ASSERT_TRUE(QFile::rename(m_scratch.path(u"anders"_s), m_scratch.path(u"Lager.2024"_s)));
+    EXPECT_EQ(rowsOf(*open(), u"SELECT Count(*) AS N FROM J"_s), "0");
+}
+
+TEST_F(Sharing, KeepsWhatWasWrittenBeforeAnError)
+{
+    EXPECT_NE(refusal([&] {
+                  const auto database = open();
+                  database->BeginTrans();
+                  database->Execute(u"INSERT INTO J (Artikel) VALUES ('vorher')"_s);
+                  database->Execute(u"INSERT INTO J (Artikel) SELECT Artikel & '1234567' FROM J"_s); // too long
+              }),
+              "");
+    jet::Engine other;
+    EXPECT_EQ(rowsOf(*other.OpenDatabase(m_scratch.path(u"Lager.2024"_s)), u"SELECT Artikel FROM J"_s),
+              "Weizen\nHafer\nvorher");
+}
+
+TEST_F(Sharing, ShowsATransactionWhenItIsCommitted)
+{
+    jet::Engine other;
+    const auto database = open();
+    const auto reader = other.OpenDatabase(m_scratch.path(u"Lager.2024"_s));
+    const auto rows = database->OpenRecordset(u"J"_s);
+    database->BeginTrans();
+    rows->AddNew();
+    rows->Set(u"Artikel", u"neu"_s);
+    rows->Update();
+    EXPECT_EQ(rowsOf(*database, u"SELECT Count(*) AS N FROM J"_s), "3");
+    EXPECT_EQ(rowsOf(*reader, u"SELECT Count(*) AS N FROM J"_s), "2");
+    database->CommitTrans();
+    EXPECT_EQ(rowsOf(*reader, u"SELECT Count(*) AS N FROM J"_s), "3");
+    database->BeginTrans(); // the next one begins anew
+    database->Execute(u"DELETE FROM J"_s);
+    database->Close();
+    EXPECT_EQ(rowsOf(*reader, u"SELECT Count(*) AS N FROM J"_s), "0");
+}
