@@ -18,9 +18,9 @@ ConnectText readConnect(const QString& text)
         raise(ErrorNumber::UnknownDatabaseType);
     for (const QString& part : parts) {
         const QString key = part.section(u'=', 0, 0).trimmed();
-        const QString value = part.section(u'=', 1);
+        const QString value = part.section(u'=', 1).trimmed();
         if (key.compare(u"pwd", Qt::CaseInsensitive) == 0) connect.password = value;
-        if (key.compare(u"database", Qt::CaseInsensitive) == 0) connect.database = value.trimmed();
+        if (key.compare(u"database", Qt::CaseInsensitive) == 0) connect.database = value;
     }
     return connect;
 }

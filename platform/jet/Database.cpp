@@ -16,10 +16,11 @@ namespace {
 using sqlite::Plan;
 using sqlite::Statement;
 
-/// A statement begins with a word and goes on; a table's name may have blanks in it, but no statement is named so.
-bool isTableName(const QString& source, const sqlite::Catalogue& catalogue)
+/// A single word is the name of a table, and so is a text with blanks that a table of the file is called by.
+bool isTableName(const QString& source, const sql::Shape& shape, const sqlite::Catalogue& catalogue)
 {
-    if (source.trimmed().startsWith(u"SELECT ", Qt::CaseInsensitive)) return false;
+    if (shape.tokens.size() == 2 && shape.tokens.front().kind == sql::TokenKind::Name) return true;
+    if (source.startsWith(u"SELECT", Qt::CaseInsensitive)) return false;
     return catalogue.table(source) || catalogue.link(source);
 }
 
@@ -80,20 +81,24 @@ qint64 Database::Execute(const QString& sql)
 
 std::unique_ptr<Recordset> Database::OpenRecordset(const QString& source, Kind kind)
 {
-    return m_session->withPresentSchema([&] {
-        auto& connection = m_session->use();
-        const bool isTable = isTableName(source, connection.catalogue());
-        if (kind == Kind::Table && !isTable) raise(ErrorNumber::UnknownTable, {source});
-        if (kind == Kind::Default) kind = isTable ? Kind::Table : Kind::Dynaset;
-        auto shape = sql::shapeOf(isTable ? u"SELECT * FROM ["_s + source + u"]"_s : source);
-        auto plan = planOf(connection, shape, m_session->openFile);
+    auto shape = sql::shapeOf(source);
+    const bool isTable = isTableName(source, shape, m_session->use().catalogue());
+    if (kind == Kind::Table && !isTable) raise(ErrorNumber::UnknownTable, {source});
+    if (kind == Kind::Default) kind = isTable ? Kind::Table : Kind::Dynaset;
+    if (isTable) shape = sql::shapeOf(u"SELECT * FROM ["_s + source + u"]"_s);
+    const auto open = [&] {
+        auto plan = planOf(m_session->use(), shape, m_session->openFile);
         if (!plan->select) raise(ErrorNumber::UnknownStatement);
-        return std::unique_ptr<Recordset>(new Recordset(openRows(m_session, std::move(plan), std::move(shape), kind)));
-    });
+        return openRows(m_session, std::move(plan), shape, kind);
+    };
+    auto rows = m_session->withPresentSchema(open);
+    if (m_session->use().forgetIfNoticed()) rows = open(); // what was read may lack a column that is there now
+    return std::unique_ptr<Recordset>(new Recordset(std::move(rows)));
 }
 
 std::vector<TableDef> Database::TableDefs() const
 {
+    m_session->use().forgetIfChanged();
     const auto& catalogue = m_session->use().catalogue();
     std::vector<TableDef> tables;
     for (const QString& name : catalogue.tables())

@@ -152,7 +152,7 @@ void KeyedRows::change()
 void KeyedRows::cancelUpdate()
 {
     requireEditing();
-    m_mode = Mode::None;
+    leaveRow();
 }
 
 void KeyedRows::remove()

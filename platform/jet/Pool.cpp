@@ -30,9 +30,10 @@ void requireDirectory(const QString& path)
 [[noreturn]] void raiseFormat(const QString& path)
 {
     const QByteArray start = sys::readStart(path, 20);
-    const bool isJet = start.startsWith(QByteArray("\0\1\0\0", 4)) &&
-                       (start.mid(4, 15) == "Standard Jet DB" || start.mid(4, 15) == "Standard ACE DB" ||
-                        start.mid(4, 13) == "Jet System DB");
+    constexpr qint64 SmallestPage = 2048;
+    const bool isWhole = sys::identify(path).value_or(sys::FileIdentity()).size >= SmallestPage;
+    const bool isJet = isWhole && start.startsWith(QByteArray("\0\1\0\0", 4)) &&
+                       (start.mid(4, 15) == "Standard Jet DB" || start.mid(4, 15) == "Standard ACE DB");
     const QString text = errorText(ErrorNumber::UnknownFormat, {path});
     if (!isJet) throw Error(ErrorNumber::UnknownFormat, text);
     throw Error(ErrorNumber::UnknownFormat,

@@ -25,7 +25,8 @@ struct Database::Session {
     /// \throws Error ObjectClosed.
     sqlite::Connection& use() const;
 
-    /// Does the work, and does it once more when it failed because another program has changed the file's tables.
+    /// Does the work, and does it once more when it failed because another program has changed the file's tables. Work
+    /// that has failed has changed nothing.
     template <typename Work>
     auto withPresentSchema(Work work)
     {

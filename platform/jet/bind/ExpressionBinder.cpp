@@ -34,6 +34,14 @@ void requireCondition(const sql::Expression& condition)
     if (isText(condition.type) || condition.type == Type::Date) mismatch(condition);
 }
 
+/// Whether + joins two texts; one with NULL is NULL.
+bool joinsTexts(const sql::Expression& sum)
+{
+    const Type left = sum.arguments[0]->type;
+    const Type right = sum.arguments[1]->type;
+    return (isText(left) && (isText(right) || right == Type::Null)) || (isText(right) && left == Type::Null);
+}
+
 /// The type that holds the values of both.
 Type commonType(Type left, Type right)
 {
@@ -89,7 +97,7 @@ void ExpressionBinder::bindArguments(sql::Expression& expression)
     auto& arguments = expression.arguments;
     switch (expression.op) {
     case Op::Add:
-        if (isText(arguments[0]->type) && isText(arguments[1]->type)) break; // joins texts, NULL stays NULL
+        if (joinsTexts(expression)) break;
         [[fallthrough]];
     case Op::Negate:
     case Op::Power:

@@ -110,7 +110,7 @@ private:
         for (std::size_t i = 0; i < columns.size(); ++i)
             for (std::size_t j = 0; j < i; ++j)
                 if (sameName(columns[i].field.name, columns[j].field.name))
-                    raise(ErrorNumber::DuplicateAlias, {columns[i].field.name});
+                    raise(ErrorNumber::DuplicateAlias, {columns[j].field.name});
     }
 
     void bindOrderKey(sql::OrderKey& key, ColumnBinder& binder)

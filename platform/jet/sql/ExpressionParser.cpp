@@ -383,8 +383,8 @@ void ExpressionParser::raiseLeftover()
     refuseUnsupportedOperator();
     const Token& token = m_cursor.peek();
     if (token.kind == TokenKind::Invalid) raiseFault(token.fault);
-    const bool bracket = token.symbol == Symbol::RightParen || token.kind == TokenKind::End ||
-                         token.symbol == Symbol::Comma || token.symbol == Symbol::Semicolon;
+    const bool bracket =
+        token.symbol == Symbol::RightParen || token.symbol == Symbol::Semicolon || token.kind == TokenKind::End;
     raiseFault(bracket ? SyntaxFault::General : SyntaxFault::MissingOperator);
 }
 

@@ -93,7 +93,7 @@ private:
                     ++end;
             }
         }
-        if (at(end) == u'.') return invalid(SyntaxFault::Number, end + 1);
+        if (at(end) == u'.' || startsName(at(end))) return invalid(SyntaxFault::Number, end + 1);
         add(whole ? TokenKind::Integer : TokenKind::Float, end);
     }
 
@@ -162,7 +162,7 @@ private:
         case u'=': return add(Symbol::Equal, 1);
         case u'<': return add(Symbol::Less, 1);
         case u'>': return add(Symbol::Greater, 1);
-        default: return invalid(SyntaxFault::General, m_at + 1);
+        default: return invalid(SyntaxFault::MissingOperator, m_at + 1);
         }
     }
 

@@ -104,6 +104,8 @@ private:
     /// A table or joins in brackets, joined to further tables from left to right.
     void parseJoins()
     {
+        if (m_cursor.at(Symbol::LeftParen) && m_cursor.isWord(1, u"SELECT"))
+            refuse(u"Unterabfrage"_s, m_cursor.peek(1).start);
         if (m_cursor.accept(Symbol::LeftParen)) {
             if (++m_brackets > 20) raise(ErrorNumber::TooComplex, {}, m_cursor.peek().start);
             parseJoins();
@@ -128,8 +130,6 @@ private:
 
     Source parseSource()
     {
-        if (m_cursor.at(Symbol::LeftParen) && m_cursor.isWord(1, u"SELECT"))
-            refuse(u"Unterabfrage"_s, m_cursor.peek(1).start);
         Source source;
         source.position = m_cursor.peek().start;
         source.table = m_cursor.takeName(ErrorNumber::FromSyntax);

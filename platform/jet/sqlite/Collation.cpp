@@ -28,8 +28,8 @@ class Collator {
 public:
     Collator()
     {
-        // Hyphen and apostrophe become as ignorable as the soft hyphen is already.
-        constexpr char16_t rules[] = u"&[last tertiary ignorable]='-'='\u0027\u0027'";
+        // Hyphen and apostrophe become as ignorable as the soft hyphen is already; both forms of ß become ss.
+        constexpr char16_t rules[] = u"&[last tertiary ignorable]='-'='\u0027\u0027' &ss=\u00DF=\u1E9E";
         UErrorCode status = U_ZERO_ERROR;
         m_collator = ucol_openRules(rules, -1, UCOL_DEFAULT, UCOL_SECONDARY, nullptr, &status);
         if (U_FAILURE(status)) throw std::runtime_error(u_errorName(status));

@@ -34,7 +34,6 @@ QByteArray writeColumn(const sql::ColumnDefinition& column)
         const QByteArray size = QByteArray::number(column.size);
         text += '(' + size + ") CHECK(length(" + quoted(column.name) + ")<=" + size + ')';
     }
-    if (column.primaryKey) text += " PRIMARY KEY";
     if (column.type == Type::Boolean)
         text += " NOT NULL DEFAULT 0";
     else if (column.required || column.primaryKey)

@@ -11,6 +11,8 @@
 
 #include <sqlite3.h>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace jet::sqlite {
@@ -56,6 +58,8 @@ void Connection::configure(Mode mode)
     execute("PRAGMA synchronous=EXTRA");
     execute("PRAGMA cache_size=-16384");
     execute("PRAGMA temp_store=MEMORY");
+    // An index that SQLite makes for one join comes with a filter that takes texts of unequal bytes for unequal.
+    execute("PRAGMA automatic_index=OFF");
     if (mode == Mode::New) return;
     m_schemaVersion = schemaVersion();
     rebuildIndices();
@@ -96,6 +100,11 @@ bool Connection::forgetIfChanged()
     m_schemaVersion = version;
     forget();
     return true;
+}
+
+bool Connection::forgetIfNoticed()
+{
+    return std::exchange(m_reprepared, false) && forgetIfChanged();
 }
 
 qint64 Connection::schemaVersion()

@@ -44,6 +44,9 @@ public:
     void forget();
     /// Forgets it when another program has changed the schema since. \returns whether that is so.
     bool forgetIfChanged();
+    /// The same, but only looked into when SQLite has had to prepare a statement anew since the last call: nearly free.
+    bool forgetIfNoticed();
+    void noteReprepared() { m_reprepared = true; }
 
     bool inTransaction() const;
     qint64 changes() const;
@@ -65,6 +68,7 @@ private:
     // Shared: a recordset keeps its plan while newer ones push it out of the cache.
     LruCache<QString, std::shared_ptr<Plan>> m_plans;
     qint64 m_schemaVersion = 0;
+    bool m_reprepared = false;
 };
 
 /// A write of several statements that is done as a whole: undone when it ends without commit(). Inside a transaction

@@ -6,6 +6,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace jet::sqlite {
 
 namespace {
@@ -22,6 +24,19 @@ bind::TablePtr requireTable(const Catalogue& catalogue, const QString& name)
     auto table = catalogue.table(name);
     if (!table) raise(ErrorNumber::NoSuchTable);
     return table;
+}
+
+/// The key as an index, which can name the collation of a text: a constraint of the table could not be made anew when
+/// the collation changes.
+QByteArray primaryKey(const sql::CreateTable& create, const QByteArray& schema)
+{
+    for (const auto& column : create.columns) {
+        if (!column.primaryKey || column.type == Type::Counter) continue;
+        return ";CREATE UNIQUE INDEX " + schema + '.' + quoted(indexName(create.table, u"PrimaryKey"_s)) + " ON " +
+               quoted(create.table) + '(' + quoted(column.name) +
+               (isText(column.type) ? " COLLATE " + collationName() : QByteArray()) + ')';
+    }
+    return {};
 }
 
 QByteArray indexColumn(const sql::IndexColumn& column, const bind::Table& table)
@@ -60,14 +75,14 @@ QByteArray writeCreateTable(const sql::CreateTable& create, const QByteArray& sc
         }
         text += (i > 0 ? "," : "") + writeColumn(column);
     }
-    return text + ')';
+    return text + ')' + primaryKey(create, schema);
 }
 
 QByteArray writeDefinition(const sql::AddColumn& add, const Catalogue& catalogue)
 {
     const auto table = requireTable(catalogue, add.table);
     requireName(add.column.name);
-    if (table->find(add.column.name) >= 0) raise(ErrorNumber::ColumnExists, {add.column.name, add.table});
+    if (table->find(add.column.name) >= 0) raise(ErrorNumber::ColumnExists, {add.column.name, table->name});
     // Rows that are there already have neither a number nor a value.
     if (add.column.type == Type::Counter || add.column.required || add.column.primaryKey)
         raise(ErrorNumber::AlterTableSyntax);
@@ -78,7 +93,7 @@ QByteArray writeDefinition(const sql::CreateIndex& create, const Catalogue& cata
 {
     const auto table = requireTable(catalogue, create.table);
     requireName(create.name);
-    if (catalogue.hasIndex(table->name, create.name)) raise(ErrorNumber::IndexExists, {create.table, create.name});
+    if (catalogue.hasIndex(table->name, create.name)) raise(ErrorNumber::IndexExists, {table->name, create.name});
     QByteArray text = create.unique ? "CREATE UNIQUE INDEX " : "CREATE INDEX ";
     text += quoted(indexName(table->name, create.name)) + " ON " + quoted(table->name) + '(';
     for (std::size_t i = 0; i < create.columns.size(); ++i)

@@ -81,11 +81,31 @@ private:
         return columns;
     }
 
-    void plan(sql::Insert& insert) { m_plan->action = writeInsert(bind::bindInsert(std::move(insert), m_lookup)); }
-    void plan(sql::Update& update) { m_plan->action = writeUpdate(bind::bindUpdate(std::move(update), m_lookup)); }
+    void plan(sql::Insert& insert)
+    {
+        const auto bound = bind::bindInsert(std::move(insert), m_lookup);
+        requireOwn(*bound.table);
+        m_plan->action = writeInsert(bound);
+    }
+
+    void plan(sql::Update& update)
+    {
+        const auto bound = bind::bindUpdate(std::move(update), m_lookup);
+        requireOwn(*bound.table);
+        m_plan->action = writeUpdate(bound);
+    }
+
     void plan(sql::Delete& statement)
     {
-        m_plan->action = writeDelete(bind::bindDelete(std::move(statement), m_lookup));
+        const auto bound = bind::bindDelete(std::move(statement), m_lookup);
+        requireOwn(*bound.table);
+        m_plan->action = writeDelete(bound);
+    }
+
+    /// Rows of a linked table are changed in their own file only.
+    static void requireOwn(const bind::Table& table)
+    {
+        if (table.schema != "main") raise(ErrorNumber::ReadOnly);
     }
 
     void plan(sql::DropTable& drop)

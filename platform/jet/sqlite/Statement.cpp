@@ -9,6 +9,8 @@
 
 #include <sqlite3.h>
 
+#include <utility>
+
 namespace jet::sqlite {
 
 namespace {
@@ -29,7 +31,7 @@ QByteArray listText(const std::vector<Value>& values)
 
 } // namespace
 
-Statement::Statement(const Connection& connection, const QByteArray& sql) : m_connection(connection)
+Statement::Statement(Connection& connection, const QByteArray& sql) : m_connection(connection)
 {
     const int code = sqlite3_prepare_v3(connection.handle(), sql.constData(), static_cast<int>(sql.size()) + 1,
                                         SQLITE_PREPARE_PERSISTENT, &m_statement, nullptr);
@@ -62,6 +64,9 @@ void Statement::Run::bindText(int parameter, const QByteArray& text)
 bool Statement::Run::step()
 {
     const int code = sqlite3_step(m_statement.m_statement);
+    if (!std::exchange(m_began, true) &&
+        sqlite3_stmt_status(m_statement.m_statement, SQLITE_STMTSTATUS_REPREPARE, 1) > 0)
+        m_statement.m_connection.noteReprepared();
     if (code == SQLITE_ROW) return true;
     if (code != SQLITE_DONE) raiseFailure(m_statement.m_connection.handle(), m_statement.m_connection.path());
     return false;

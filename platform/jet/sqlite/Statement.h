@@ -15,7 +15,7 @@ class Connection;
 /// A prepared statement of SQLite. Between two runs it is not open, so it holds no lock.
 class Statement {
 public:
-    Statement(const Connection& connection, const QByteArray& sql); ///< \throws Error
+    Statement(Connection& connection, const QByteArray& sql); ///< \throws Error
     ~Statement();
     Q_DISABLE_COPY_MOVE(Statement)
 
@@ -36,10 +36,11 @@ public:
 
     private:
         Statement& m_statement;
+        bool m_began = false;
     };
 
 private:
-    const Connection& m_connection;
+    Connection& m_connection;
     sqlite3_stmt* m_statement = nullptr;
     int m_parameters = 0;
 };
