@@ -111,7 +111,7 @@ TEST_F(Edit, ConvertsByGermanRules)
     const struct {
         const char16_t* field;
         jet::Value value;
-        const char* wanted;
+        std::string wanted;
     } cases[] = {
         {u"Text3", 100, "'100'"},
         {u"Text3", 1.5, "1,5"},
@@ -121,7 +121,7 @@ TEST_F(Edit, ConvertsByGermanRules)
         {u"Text5", u"äöüß€x"_s, FieldTooLong},
         {u"Text5", u""_s, "''"},
         {u"Text5", {}, "NULL"},
-        {u"Notiz", QString(70000, u'x'), QByteArray(70000, 'x').constData()},
+        {u"Notiz", QString(70000, u'x'), std::string(70000, 'x')},
         {u"Zahl", u"1,5"_s, "1.5"},
         {u"Zahl", u"1.5"_s, "15"}, // the dot groups
         {u"Zahl", u"1.234,5"_s, "1234.5"},

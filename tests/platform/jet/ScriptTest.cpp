@@ -60,16 +60,19 @@ private:
 
     void setUp(const Block& block)
     {
+        m_database->BeginTrans(); // one commit: a disk is slow
         for (const QString& statement : block.body) {
             const std::string refused = refusal([&] { m_database->Execute(filled(statement)); });
             if (!refused.empty()) fail(block, statement, refused, "no refusal");
         }
+        m_database->CommitTrans();
     }
 
     void addRows(const Block& block)
     {
         const QStringList names = block.title.split(u" | "_s);
         const auto table = m_database->OpenRecordset(block.argument, jet::Kind::Dynaset);
+        m_database->BeginTrans();
         for (const QString& line : block.body) {
             const QStringList cells = line.split(u" | "_s);
             if (cells.size() != names.size()) {
@@ -81,6 +84,7 @@ private:
                 table->Set(names[i].trimmed(), read(cells[i]));
             table->Update();
         }
+        m_database->CommitTrans();
     }
 
     void query(const Block& block)
@@ -200,29 +204,33 @@ private:
     jet::Database* m_database = nullptr;
 };
 
-QStringList scripts()
+/// As std::string, which a failed test prints readably.
+std::vector<std::string> scripts()
 {
     QStringList files;
     QDirIterator search(QStringLiteral(JET_TEST_SCRIPTS), {u"*.test"_s}, QDir::Files, QDirIterator::Subdirectories);
     while (search.hasNext())
         files += search.next();
     files.sort();
-    return files;
+    std::vector<std::string> paths;
+    for (const QString& file : files)
+        paths.push_back(file.toStdString());
+    return paths;
 }
 
-std::string nameOf(const testing::TestParamInfo<QString>& info)
+std::string nameOf(const testing::TestParamInfo<std::string>& info)
 {
-    const QFileInfo file(info.param);
+    const QFileInfo file(QString::fromStdString(info.param));
     return (file.dir().dirName() + u'_' + file.completeBaseName()).toStdString();
 }
 
 } // namespace
 
-class Script : public testing::TestWithParam<QString> {};
+class Script : public testing::TestWithParam<std::string> {};
 
 TEST_P(Script, ComesBackAsWritten)
 {
-    ScriptRun(GetParam()).run();
+    ScriptRun(QString::fromStdString(GetParam())).run();
 }
 
 INSTANTIATE_TEST_SUITE_P(Jet, Script, testing::ValuesIn(scripts()), nameOf);
