@@ -61,6 +61,16 @@ sqlite::Connection& Database::Session::use() const
     return *connection;
 }
 
+void Database::Session::undo()
+{
+    if (std::exchange(transaction, false)) connection->execute("ROLLBACK");
+}
+
+void Database::Session::letGo()
+{
+    giveBack(std::exchange(connection, nullptr));
+}
+
 Database::Database(std::shared_ptr<Session> session) : m_session(std::move(session)) {}
 
 Database::~Database()
@@ -68,8 +78,9 @@ Database::~Database()
     try {
         Close();
     } catch (const Error&) {
-        // Whoever must know whether a transaction was kept calls CommitTrans or Close; here an error is being told
-        // already, or nothing was gathered that could be lost.
+        // Whoever must know whether a transaction was kept calls Close; here nobody can be told any more.
+        m_session->undo();
+        m_session->letGo();
     }
 }
 
@@ -138,13 +149,8 @@ void Database::CommitTrans()
 void Database::Close()
 {
     if (!m_session->connection) return;
-    // A commit that fails leaves the rows to a later try; the file is let go all the same.
-    auto session = m_session;
-    struct LetGo {
-        Session& session;
-        ~LetGo() { session.giveBack(std::exchange(session.connection, nullptr)); }
-    } letGo{*session};
     CommitTrans();
+    m_session->letGo();
 }
 
 QString Database::Name() const

@@ -33,6 +33,7 @@ public:
     void BeginTrans();
     void CommitTrans(); ///< Durable when it returns. \throws Error DiskFull, Locked; the transaction stays open.
     /// Commits what BeginTrans gathered, closes the recordsets. A second call does nothing.
+    /// \throws Error as CommitTrans; the database then stays open, so that it can be tried again.
     void Close();
 
     QString Name() const; ///< The local path of the file.

@@ -25,6 +25,9 @@ struct Database::Session {
     /// \throws Error ObjectClosed.
     sqlite::Connection& use() const;
 
+    void undo();  ///< Drops what BeginTrans gathered.
+    void letGo(); ///< Gives the connection back; the database is closed then.
+
     /// Does the work, and does it once more when it failed because another program has changed the file's tables. Work
     /// that has failed has changed nothing.
     template <typename Work>

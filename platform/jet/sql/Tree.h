@@ -89,8 +89,8 @@ struct OrderKey {
 
 struct Into {
     QString table;
-    QString file;    ///< Empty: the same file.
-    QString connect; ///< ";pwd=..."
+    QString file;    ///< Empty: the one that `connect` names, or the same file.
+    QString connect; ///< ";PWD=...", also with ";DATABASE=..."
 };
 
 struct Select {

@@ -38,10 +38,7 @@ Connection::Connection(const QString& path, Mode mode, int lockTimeout)
     configure(mode);
 }
 
-Connection::~Connection()
-{
-    if (inTransaction()) sqlite3_exec(handle(), "COMMIT", nullptr, nullptr, nullptr);
-}
+Connection::~Connection() = default;
 
 void Connection::Closer::operator()(sqlite3* handle) const
 {

@@ -146,6 +146,12 @@ void ExpressionWriter::key(const Expression& expression)
 
 void ExpressionWriter::assigned(const Expression& expression, Type to)
 {
+    if (to == Type::Boolean && expression.type == Type::Boolean) { // the one type whose columns hold no NULL
+        m_out += "ifnull(";
+        value(expression);
+        m_out += ",0)";
+        return;
+    }
     if (!needsConversion(expression.type, to)) return value(expression);
     m_out += "jet_convert(";
     value(expression);

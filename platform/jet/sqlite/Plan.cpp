@@ -1,5 +1,6 @@
 #include "platform/jet/sqlite/Plan.h"
 
+#include "platform/jet/ConnectText.h"
 #include "platform/jet/Errors.h"
 #include "platform/jet/bind/ActionBinder.h"
 #include "platform/jet/sql/Parser.h"
@@ -51,8 +52,8 @@ private:
 
     void planInto(const sql::Into& into, const bind::BoundSelect& select)
     {
-        const QByteArray schema =
-            into.file.isEmpty() ? QByteArray("main") : m_plan->attachments->attach(into.file, into.connect);
+        const QString file = into.file.isEmpty() ? readConnect(into.connect).database : into.file;
+        const QByteArray schema = file.isEmpty() ? "main" : m_plan->attachments->attach(file, into.connect);
         if (!Catalogue::storedName(m_connection, schema, into.table).isEmpty())
             raise(ErrorNumber::TableExists, {into.table});
         sql::CreateTable create{into.table, intoColumns(select)};
