@@ -88,7 +88,10 @@ private:
     {
         m_shape.parameters.emplace_back();
         take(token);
-        copyUpTo(token, mark(token.kind));
+        // A whole number too large for four bytes is a floating one.
+        const auto& values = m_shape.parameters.back();
+        const bool isFloat = !values.empty() && values.front().type() == Type::Double;
+        copyUpTo(token, mark(isFloat ? TokenKind::Float : token.kind));
     }
 
     void takeList(std::size_t first, std::size_t last)
