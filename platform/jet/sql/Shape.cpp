@@ -2,9 +2,13 @@
 
 #include "platform/jet/sql/Lexer.h"
 
+#include <algorithm>
+
 namespace jet::sql {
 
 namespace {
+
+constexpr qsizetype MostCompared = 64; // parameters; a text of a million characters may have very many
 
 bool isLiteral(const Token& token)
 {
@@ -37,11 +41,13 @@ public:
             Token& token = m_shape.tokens[i];
             if (token.kind == TokenKind::Invalid) m_keep = false;
             if (token.kind == TokenKind::Name) noteWord(wordAt(i));
+            if (token.symbol == Symbol::LeftParen) ++m_brackets;
+            if (token.symbol == Symbol::RightParen) --m_brackets;
             if (!isLiteral(token)) continue;
             if (const std::size_t last = listEnd(i); last > i) {
                 takeList(i, last);
                 i = last;
-            } else if (!isFixed(token)) {
+            } else if (!isFixed(i)) {
                 takeSingle(token);
             }
         }
@@ -65,11 +71,19 @@ private:
         if (m_isSelect && isWord(word, u"INTO")) m_keep = false;
     }
 
-    bool isFixed(const Token& token)
+    bool isFixed(std::size_t index)
     {
         const bool wasAfterTop = m_afterTop;
         m_afterTop = false;
-        return token.kind == TokenKind::Integer && (wasAfterTop || m_inOrder || token.length == 1);
+        const Token& token = m_shape.tokens[index];
+        return token.kind == TokenKind::Integer && (wasAfterTop || isOrdinal(index) || token.length == 1);
+    }
+
+    /// A sort key that is nothing but a number.
+    bool isOrdinal(std::size_t index) const
+    {
+        if (!m_inOrder || m_brackets != 0) return false;
+        return m_shape.tokens[index - 1].symbol == Symbol::Comma || isWord(wordAt(index - 1), u"BY");
     }
 
     /// The index of the last literal when an IN ( of literals of one kind begins at `first`, else `first`.
@@ -92,6 +106,20 @@ private:
         const auto& values = m_shape.parameters.back();
         const bool isFloat = !values.empty() && values.front().type() == Type::Double;
         copyUpTo(token, mark(isFloat ? TokenKind::Float : token.kind));
+        shareParameter(token);
+    }
+
+    /// A value that stands twice is one parameter: an expression of the list must be found again in GROUP BY.
+    void shareParameter(Token& token)
+    {
+        auto& parameters = m_shape.parameters;
+        const auto compared = parameters.begin() + std::min<qsizetype>(MostCompared, std::ssize(parameters) - 1);
+        const auto same = std::find(parameters.begin(), compared, parameters.back());
+        if (token.parameter < 0 || same == compared) return;
+        token.parameter = static_cast<int>(same - parameters.begin());
+        parameters.pop_back();
+        m_shape.key += u'\x1e'; // the place of the first one tells two shapes apart
+        m_shape.key += QChar(static_cast<char16_t>(token.parameter));
     }
 
     void takeList(std::size_t first, std::size_t last)
@@ -133,6 +161,7 @@ private:
     bool m_isSelect = false;
     bool m_afterTop = false;
     bool m_inOrder = false;
+    int m_brackets = 0;
 };
 
 } // namespace
