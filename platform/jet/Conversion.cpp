@@ -36,7 +36,12 @@ Value truth(const Value& value)
 
 Value date(const Value& value)
 {
-    if (value.type() == Type::Date) return value;
+    if (value.type() == Type::Date) {
+        const QDateTime date = value.toDateTime();
+        const int year = date.date().year();
+        if (!date.isValid() || year < 100 || year > 9999) raise(ErrorNumber::ConversionFailed);
+        return value;
+    }
     if (value.type() != Type::Text) return Value(fromDayNumber(value.toDouble()));
     const auto read = readDate(value.toText());
     if (!read) raise(ErrorNumber::ConversionFailed);

@@ -60,7 +60,7 @@ qint64 Value::toLong() const
 {
     if (const auto* whole = std::get_if<qint64>(&m_value)) return *whole;
     const double number = Round(toDouble(), 0);
-    if (!(std::fabs(number) <= 2147483648.0)) raise(ErrorNumber::Overflow);
+    if (!(number >= -2147483648.0 && number <= 2147483647.0)) raise(ErrorNumber::Overflow);
     return static_cast<qint64>(number);
 }
 

@@ -23,7 +23,8 @@ public:
     Value(qint64 value) : m_value(value) {}
     Value(double value) : m_value(value) {}
     Value(const QDate& value) : m_value(QDateTime(value, QTime(0, 0), Qt::UTC)) {}
-    Value(const QDateTime& value) : m_value(value) {}
+    /// What calendar and clock show counts, in whatever time zone.
+    Value(const QDateTime& value) : m_value(QDateTime(value.date(), value.time(), Qt::UTC)) {}
     Value(const QString& value) : m_value(value) {}
     Value(const char*) = delete; // would become a truth value
 

@@ -138,6 +138,11 @@ TEST_F(Edit, ConvertsByGermanRules)
         {u"Geld", 1.23456, "1.2346"},
         {u"Tag", u"31.12.2024"_s, "31.12.2024"},
         {u"Tag", QDate(2024, 2, 29), "29.02.2024"},
+        {u"Tag", QDateTime(QDate(2024, 3, 5), QTime(13, 45), Qt::OffsetFromUTC, 3600), "05.03.2024 13:45:00"},
+        {u"Tag", QDateTime(QDate(2024, 3, 5), QTime(12, 45), Qt::UTC), "05.03.2024 12:45:00"}, // the same moment
+        {u"Tag", QDate(), ConversionFailed},
+        {u"Tag", QDate(12024, 3, 5), ConversionFailed},
+        {u"Tag", QDate(99, 3, 5), ConversionFailed},
         {u"Tag", u""_s, ConversionFailed},
         {u"Tag", u"32.1.2024"_s, ConversionFailed},
         {u"Tag", {}, "NULL"},
