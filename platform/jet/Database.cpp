@@ -134,6 +134,7 @@ void Database::BeginTrans()
 {
     auto& connection = m_session->use();
     if (m_session->transaction) return;
+    if (connection.inTransaction()) raise(ErrorNumber::Locked); // of another Database on the same connection
     connection.execute("BEGIN IMMEDIATE");
     m_session->transaction = true;
 }

@@ -64,11 +64,13 @@ qsizetype Recordset::RecordCount() const
 
 qsizetype Recordset::AbsolutePosition() const
 {
+    m_rows->connection();
     return m_rows->position();
 }
 
 Bookmark Recordset::GetBookmark() const
 {
+    m_rows->connection();
     Bookmark bookmark;
     bookmark.m_recordset = m_rows->number;
     bookmark.m_row = m_rows->mark();
@@ -129,6 +131,7 @@ void Recordset::Edit()
 
 void Recordset::Set(QStringView field, const Value& value)
 {
+    m_rows->connection();
     m_rows->set(m_rows->column(field), value);
 }
 
@@ -140,6 +143,7 @@ void Recordset::Update()
 
 void Recordset::CancelUpdate()
 {
+    m_rows->connection();
     m_rows->cancelUpdate();
 }
 

@@ -303,7 +303,10 @@ TEST_F(Recordset, ClosedWithItsDatabase)
         EXPECT_EQ(refusal([&] { (void)closed->Eof(); }), ObjectClosed);
         EXPECT_EQ(refusal([&] { closed->MoveFirst(); }), ObjectClosed);
         EXPECT_EQ(refusal([&] { (*closed)[u"ID"]; }), ObjectClosed);
+        EXPECT_EQ(refusal([&] { closed->Set(u"ID", 1); }), ObjectClosed);
         EXPECT_EQ(refusal([&] { closed->Update(); }), ObjectClosed);
+        EXPECT_EQ(refusal([&] { closed->CancelUpdate(); }), ObjectClosed);
+        EXPECT_EQ(refusal([&] { closed->GetBookmark(); }), ObjectClosed);
         EXPECT_EQ(refusal([&] { closed->FindFirst(u"ID = 1"_s); }), ObjectClosed);
     }
     EXPECT_EQ(refusal([&] { m_database->Execute(u"DELETE FROM J"_s); }), ObjectClosed);

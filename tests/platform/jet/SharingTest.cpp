@@ -140,12 +140,13 @@ TEST_F(Sharing, KeepsWhatWasWrittenBeforeAnError)
                   const auto database = open();
                   database->BeginTrans();
                   database->Execute(u"INSERT INTO J (Artikel) VALUES ('vorher')"_s);
+                  EXPECT_NE(refusal([&] { database->Execute(u"UPDATE J SET Menge = 1 / (ID - 2)"_s); }), "");
                   database->Execute(u"INSERT INTO J (Artikel) SELECT Artikel & '1234567' FROM J"_s); // too long
               }),
               "");
     jet::Engine other;
-    EXPECT_EQ(rowsOf(*other.OpenDatabase(m_scratch.path(u"Lager.2024"_s)), u"SELECT Artikel FROM J"_s),
-              "Weizen\nHafer\nvorher");
+    EXPECT_EQ(rowsOf(*other.OpenDatabase(m_scratch.path(u"Lager.2024"_s)), u"SELECT Artikel, Menge FROM J"_s),
+              "Weizen | 1\nHafer | 2\nvorher | NULL");
 }
 
 TEST_F(Sharing, ShowsATransactionWhenItIsCommitted)
@@ -162,7 +163,9 @@ TEST_F(Sharing, ShowsATransactionWhenItIsCommitted)
     EXPECT_EQ(rowsOf(*reader, u"SELECT Count(*) AS N FROM J"_s), "2");
     database->CommitTrans();
     EXPECT_EQ(rowsOf(*reader, u"SELECT Count(*) AS N FROM J"_s), "3");
-    database->BeginTrans(); // the next one begins anew
+    const auto twin = open(); // on the same connection
+    database->BeginTrans();   // the next one begins anew
+    EXPECT_EQ(refusal([&] { twin->BeginTrans(); }), Locked);
     database->Execute(u"DELETE FROM J"_s);
     database->Close();
     EXPECT_EQ(rowsOf(*reader, u"SELECT Count(*) AS N FROM J"_s), "0");
