@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstdlib>
 
 using namespace Qt::StringLiterals;
 
@@ -12,8 +13,8 @@ void find(jet::Recordset& rows, const QString& criterion)
     try {
         rows.FindFirst(criterion);
         if (!rows.NoMatch()) rows[0].toText();
-    } catch (const jet::Error&) { // the only way out but a row
-        return;
+    } catch (const jet::Error& error) {                                      // the only way out but a row
+        if (error.number() == jet::ErrorNumber::ReservedError) std::abort(); // a fault of the translation
     }
 }
 

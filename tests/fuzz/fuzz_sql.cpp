@@ -2,15 +2,23 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstdlib>
 
 namespace {
+
+/// A refusal must name a fault of the statement, not one of its translation.
+void judge(const jet::Error& error)
+{
+    if (error.number() == jet::ErrorNumber::ReservedError) std::abort();
+}
 
 bool execute(jet::Database& database, const QString& sql)
 {
     try {
         database.Execute(sql);
         return true;
-    } catch (const jet::Error&) {
+    } catch (const jet::Error& error) { // the only way out but rows
+        judge(error);
         return false;
     }
 }
@@ -19,8 +27,8 @@ void select(jet::Database& database, const QString& sql)
 {
     try {
         readAll(*database.OpenRecordset(sql));
-    } catch (const jet::Error&) { // the only way out but rows
-        return;
+    } catch (const jet::Error& error) {
+        judge(error);
     }
 }
 
