@@ -133,8 +133,10 @@ private:
     {
         const qsizetype end = m_text.indexOf(closing, m_at + 1);
         if (end < 0 || end == m_at + 1) return invalid(SyntaxFault::General, end < 0 ? m_text.size() : end + 1);
+        // Behind a text, as in IN '' [;DATABASE=D:\Lager.mdb], it is no name but a connect text with a path in it.
+        const bool isName = m_tokens.empty() || m_tokens.back().kind != TokenKind::Text;
         for (qsizetype i = m_at + 1; i < end; ++i)
-            if (m_text[i] < u' ' || QStringView(u"[.!`").contains(m_text[i]))
+            if (m_text[i] < u' ' || (isName && QStringView(u"[.!`").contains(m_text[i])))
                 return invalid(SyntaxFault::General, end + 1);
         add(TokenKind::BracketName, end + 1);
     }

@@ -91,6 +91,18 @@ TEST_F(Link, IsCheckedWhenItIsMade)
     EXPECT_EQ(m_print->TableDefs().size(), 1U);
 }
 
+TEST_F(Link, ACopyIntoAFileNeedsItsPasswordToo)
+{
+    const QString path = m_scratch.path(u"Grundstamm.mdb"_s);
+    const auto copy = [&](const QString& target) {
+        return refusal([&] { m_print->Execute(u"SELECT * INTO Kopie IN "_s + target + u" FROM Uberschrift"_s); });
+    };
+    EXPECT_EQ(copy(u'\'' + path + u'\''), "3031 Kein zulässiges Kennwort.");
+    EXPECT_EQ(copy(u"'' [;DATABASE="_s + path + u";PWD=falsch]"_s), "3031 Kein zulässiges Kennwort.");
+    EXPECT_EQ(copy(u"'' [;DATABASE="_s + path + u";PWD=RT-58KX]"_s), "");
+    EXPECT_EQ(rowsOf(*m_master, u"SELECT * FROM Kopie"_s), "adl");
+}
+
 TEST_F(Link, OutlivesNoFile)
 {
     ASSERT_EQ(link(u"HANDLER"_s, connectText()), "");
