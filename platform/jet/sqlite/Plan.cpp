@@ -54,7 +54,8 @@ private:
     {
         const QString file = into.file.isEmpty() ? readConnect(into.connect).database : into.file;
         const QByteArray schema = file.isEmpty() ? "main" : m_plan->attachments->attach(file, into.connect);
-        if (!Catalogue::storedName(m_connection, schema, into.table).isEmpty())
+        const bool isLink = schema == "main" && m_connection.catalogue().link(into.table);
+        if (isLink || !Catalogue::storedName(m_connection, schema, into.table).isEmpty())
             raise(ErrorNumber::TableExists, {into.table});
         sql::CreateTable create{into.table, intoColumns(select)};
         std::vector<Type> types;
