@@ -5,6 +5,8 @@
 
 #include <sqlite3.h>
 
+using namespace Qt::StringLiterals;
+
 namespace jet::sqlite {
 
 Attachments::~Attachments()
@@ -18,6 +20,10 @@ QByteArray Attachments::attach(const QString& path, const QString& connect)
 {
     const auto file = m_open(path, connect);
     if (file->path() == m_connection.path()) return "main";
+    // SQLite could not let go of the file again before the transaction ends.
+    if (m_connection.inTransaction())
+        throw Error(ErrorNumber::NotSupported,
+                    u"Auf andere Dateien kann in einer Transaktion nicht zugegriffen werden."_s);
     const QByteArray name = "file" + QByteArray::number(m_count);
     Statement statement(m_connection, "ATTACH ? AS " + name);
     Statement::Run run(statement);

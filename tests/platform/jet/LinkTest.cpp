@@ -79,6 +79,16 @@ TEST_F(Link, IsOnlyRead)
     EXPECT_EQ(rowsOf(*m_master, u"SELECT KurzKu FROM HANDLER"_s), "ADL");
 }
 
+TEST_F(Link, DoesNotReachIntoATransaction)
+{
+    ASSERT_EQ(link(u"HANDLER"_s, connectText()), "");
+    m_print->BeginTrans();
+    EXPECT_EQ(refusal([&] { m_print->OpenRecordset(u"HANDLER"_s); }),
+              "3251 Auf andere Dateien kann in einer Transaktion nicht zugegriffen werden.");
+    m_print->CommitTrans();
+    EXPECT_EQ(rowsOf(*m_print, u"HANDLER"_s), "ADL | Adler");
+}
+
 TEST_F(Link, IsCheckedWhenItIsMade)
 {
     const QString missing = m_scratch.path(u"Fehlt.mdb"_s);
