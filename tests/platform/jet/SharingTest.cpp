@@ -1,9 +1,15 @@
+#include "Notation.h"
 #include "Program.h"
 #include "Scratch.h"
 
 #include <QFile>
 
 #include <gtest/gtest.h>
+
+#include <csignal>
+#include <stdexcept>
+
+#include <sys/resource.h>
 
 using namespace Qt::StringLiterals;
 
@@ -108,6 +114,30 @@ TEST_F(Sharing, OfAKilledProgramNothingHalfIsLeft)
     EXPECT_EQ(m_scratch.files(), QStringList{u"Lager.2024"_s});
 }
 
+TEST_F(Sharing, OfWhatFindsNoRoomNothingHalfIsLeft)
+{
+    Program other([this](int) {
+        const rlimit smallDisk{65536, RLIM_INFINITY};
+        setrlimit(RLIMIT_FSIZE, &smallDisk);
+        std::signal(SIGXFSZ, SIG_IGN);
+        const auto database = open();
+        const auto insert = u"INSERT INTO J (Artikel, Menge) SELECT 'neu', Menge FROM J"_s; // doubles the rows
+        std::string refused;
+        for (int i = 0; i < 20 && refused.empty(); ++i)
+            refused = refusal([&] { database->Execute(insert); });
+        if (refused.find(m_scratch.path(u"Lager.2024"_s).toStdString()) == std::string::npos)
+            throw std::runtime_error(refused);
+    });
+    ASSERT_TRUE(other.next()); // refused, naming the file
+    const auto database = open();
+    const auto rows = database->OpenRecordset(u"SELECT Count(*) AS N, Sum(Menge) AS S FROM J"_s);
+    const auto count = (*rows)[u"N"].toLong();
+    EXPECT_GT(count, 256);
+    EXPECT_EQ(count & (count - 1), 0) << count; // whole statements only
+    EXPECT_EQ((*rows)[u"S"].toDouble(), 1.5 * static_cast<double>(count));
+    EXPECT_EQ(database->Execute(u"INSERT INTO J (Artikel, Menge) SELECT 'neu', Menge FROM J"_s), count);
+}
+
 TEST_F(Sharing, SeesWhatOthersDefine)
 {
     jet::Engine engine;
@@ -116,7 +146,8 @@ TEST_F(Sharing, SeesWhatOthersDefine)
     EXPECT_EQ(rowsOf(*database, u"SELECT * FROM J WHERE ID = 1"_s), "1 | Weizen | 1");
     other->Execute(u"ALTER TABLE J ADD COLUMN Ort Text(5)"_s);
     EXPECT_EQ(rowsOf(*database, u"SELECT * FROM J WHERE ID = 1"_s), "1 | Weizen | 1 | NULL");
-    EXPECT_EQ(database->TableDefs().front().fields.size(), 4U);
+    EXPECT_EQ(database->TableDefs().front().fields.back().name, u"Ort"_s);
+    EXPECT_EQ(writtenType(database->TableDefs().front().fields.back()), u"Text(5)"_s);
     other->Execute(u"DROP TABLE J"_s);
     other->Execute(u"CREATE TABLE J (Anders Text(5))"_s);
     EXPECT_EQ(rowsOf(*database, u"SELECT * FROM J"_s), "");
