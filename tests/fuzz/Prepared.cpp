@@ -1,4 +1,4 @@
-#include "Prepared.h"
+#include "tests/fuzz/Prepared.h"
 
 #include <QFile>
 

@@ -1,4 +1,4 @@
-#include "Scratch.h"
+#include "tests/platform/jet/Scratch.h"
 
 #include <QFile>
 #include <QRegularExpression>

@@ -1,5 +1,5 @@
-#include "Notation.h"
-#include "Scratch.h"
+#include "tests/platform/jet/Notation.h"
+#include "tests/platform/jet/Scratch.h"
 
 #include <gtest/gtest.h>
 

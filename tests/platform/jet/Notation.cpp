@@ -1,4 +1,4 @@
-#include "Notation.h"
+#include "tests/platform/jet/Notation.h"
 
 #include <QRegularExpression>
 #include <QStringList>

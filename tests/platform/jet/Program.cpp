@@ -1,4 +1,4 @@
-#include "Program.h"
+#include "tests/platform/jet/Program.h"
 
 #include <array>
 #include <csignal>

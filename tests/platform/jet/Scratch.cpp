@@ -1,6 +1,6 @@
-#include "Scratch.h"
+#include "tests/platform/jet/Scratch.h"
 
-#include "Notation.h"
+#include "tests/platform/jet/Notation.h"
 
 #include <QDir>
 

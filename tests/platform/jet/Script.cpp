@@ -1,4 +1,4 @@
-#include "Script.h"
+#include "tests/platform/jet/Script.h"
 
 #include <QFile>
 

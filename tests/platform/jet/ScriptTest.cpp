@@ -1,6 +1,6 @@
-#include "Script.h"
-#include "Notation.h"
-#include "Scratch.h"
+#include "tests/platform/jet/Script.h"
+#include "tests/platform/jet/Notation.h"
+#include "tests/platform/jet/Scratch.h"
 
 #include <QDirIterator>
 #include <QFileInfo>

@@ -1,6 +1,6 @@
-#include "Notation.h"
-#include "Program.h"
-#include "Scratch.h"
+#include "tests/platform/jet/Notation.h"
+#include "tests/platform/jet/Program.h"
+#include "tests/platform/jet/Scratch.h"
 
 #include <QFile>
 
