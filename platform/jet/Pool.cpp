@@ -17,9 +17,6 @@ namespace {
 
 constexpr std::size_t MostUnused = 16; // files; each keeps a descriptor and some pages
 
-/// "ZABL": tells the file apart from databases of other programs.
-constexpr char MarkFile[] = "PRAGMA application_id=1514226252";
-
 void requireDirectory(const QString& path)
 {
     const QString directory = QFileInfo(path).path();
@@ -97,7 +94,6 @@ std::shared_ptr<sqlite::Connection> Engine::Pool::create(const QString& path, co
     const QString password = readConnect(locale).password;
     try {
         auto connection = std::make_shared<sqlite::Connection>(local, sqlite::Connection::Mode::New, m_lockTimeout);
-        connection->execute(MarkFile);
         if (!password.isEmpty()) connection->catalogue().setPassword(password);
         return connection;
     } catch (const Error&) {

@@ -57,7 +57,10 @@ void Connection::configure(Mode mode)
     execute("PRAGMA temp_store=MEMORY");
     // An index that SQLite makes for one join comes with a filter that takes texts of unequal bytes for unequal.
     execute("PRAGMA automatic_index=OFF");
-    if (mode == Mode::New) return;
+    if (mode == Mode::New) {
+        execute("PRAGMA application_id=1514226252"); // "ZABL": tells the file apart from databases of other programs
+        return;
+    }
     m_schemaVersion = schemaVersion();
     rebuildIndices();
 }
