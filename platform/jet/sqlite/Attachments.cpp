@@ -24,7 +24,7 @@ QByteArray Attachments::attach(const QString& path, const QString& connect)
     if (m_connection.inTransaction())
         throw Error(ErrorNumber::NotSupported,
                     u"Auf andere Dateien kann in einer Transaktion nicht zugegriffen werden."_s);
-    const QByteArray name = "file" + QByteArray::number(m_count);
+    QByteArray name = "file" + QByteArray::number(m_count);
     Statement statement(m_connection, "ATTACH ? AS " + name);
     Statement::Run run(statement);
     run.bindText(0, file->path().toUtf8());
