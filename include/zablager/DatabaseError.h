@@ -89,8 +89,7 @@ class Error : public std::runtime_error {
 public:
     Error(ErrorNumber number, const QString& text, qsizetype position = -1)
         : std::runtime_error(text.toStdString()), m_number(number), m_text(text), m_position(position)
-    {
-    }
+    {}
 
     ErrorNumber number() const noexcept { return m_number; }
     const QString& text() const noexcept { return m_text; } ///< what() holds the same in UTF-8.

@@ -20,8 +20,7 @@ class FileError : public std::runtime_error {
 public:
     FileError(FileErrorNumber number, const QString& text)
         : std::runtime_error(text.toStdString()), m_number(number), m_text(text)
-    {
-    }
+    {}
 
     FileErrorNumber number() const noexcept { return m_number; }
     const QString& text() const noexcept { return m_text; } ///< what() holds the same in UTF-8.

@@ -52,7 +52,7 @@ Engine& engine()
 {
     static Engine instance;
     static const bool listening = [] {
-        sys::beforeFileChange([](const QString& path) { instance.release(path); });
+        sys::beforeFileChange([](const QString& path) { instance.m_pool->prepareForChange(path); });
         return true;
     }();
     Q_UNUSED(listening)

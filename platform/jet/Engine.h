@@ -42,6 +42,7 @@ public:
     void release(const QString& path = {});
 
 private:
+    friend Engine& engine();
     class Pool;
     std::unique_ptr<Database> database(std::shared_ptr<sqlite::Connection> connection);
     std::unique_ptr<Pool> m_pool;

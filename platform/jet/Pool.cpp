@@ -117,6 +117,21 @@ void Engine::Pool::release(const QString& path)
         [&](const Entry& entry) { return !entry.isUsed() && (path.isEmpty() || entry.connection->path() == local); });
 }
 
+void Engine::Pool::prepareForChange(const QString& path)
+{
+    release(path);
+    const QString journal = path + u"-journal"_s;
+    if (!QFile::exists(journal)) return;
+    // Left by a program that was killed while it wrote. It belongs to the file as it is now: opening rolls it back, so
+    // that neither a copy of the file is half a booking nor the journal is rolled back into the next file of that name.
+    try {
+        connected(path);
+    } catch (const Error& error) {
+        if (error.number() != ErrorNumber::UnknownFormat) throw;
+        QFile::remove(journal); // of no database, so it means nothing
+    }
+}
+
 void Engine::Pool::dropOldest()
 {
     const auto unused =

@@ -18,6 +18,8 @@ public:
     void giveBack(std::shared_ptr<sqlite::Connection> connection);
     /// Closes the unused connections to a file; an empty path: all unused ones.
     void release(const QString& path);
+    /// Makes a file ready to be copied, replaced or deleted. `path` in the local form.
+    void prepareForChange(const QString& path);
 
     int lockTimeout() const { return m_lockTimeout; }
     void setLockTimeout(int milliseconds);

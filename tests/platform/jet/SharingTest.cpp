@@ -1,3 +1,4 @@
+#include "platform/system/Files.h"
 #include "tests/platform/jet/Notation.h"
 #include "tests/platform/jet/Program.h"
 #include "tests/platform/jet/Scratch.h"
@@ -136,6 +137,32 @@ TEST_F(Sharing, OfWhatFindsNoRoomNothingHalfIsLeft)
     EXPECT_EQ(count & (count - 1), 0) << count; // whole statements only
     EXPECT_EQ((*rows)[u"S"].toDouble(), 1.5 * static_cast<double>(count));
     EXPECT_EQ(database->Execute(u"INSERT INTO J (Artikel, Menge) SELECT 'neu', Menge FROM J"_s), count);
+}
+
+TEST_F(Sharing, AKilledProgramsJournalGoesWithItsFile)
+{
+    const QString year = m_scratch.path(u"Lager.2024"_s);
+    const QString copy = m_scratch.path(u"Kopie.2024"_s);
+    const QString other = m_scratch.path(u"Lager.vorlage"_s);
+    m_scratch.create(u"Lager.vorlage"_s, {u"CREATE TABLE Neu (A Long)"_s});
+    Program killed([&, database = std::shared_ptr<jet::Database>()](int) mutable {
+        database = open();
+        database->Execute(u"ALTER TABLE J ADD COLUMN Notiz Memo"_s);
+        database->Execute(u"UPDATE J SET Notiz = '"_s + QString(700'000, u'x') + u"'"_s);
+        database->BeginTrans();
+        for (int i = 0; i < 40; ++i) // more than is kept in memory, so that the file itself has changed
+            database->Execute(u"INSERT INTO J (Artikel, Notiz) VALUES ('halb', '"_s + QString(700'000, u'y') + u"')"_s);
+        database->Execute(u"UPDATE J SET Menge = 99"_s);
+    });
+    ASSERT_TRUE(killed.next());
+    killed.kill();
+    ASSERT_TRUE(QFile::exists(year + u"-journal"_s)); // or this tests nothing
+
+    sys::FileCopy(year, copy);
+    EXPECT_EQ(rowsOf(*jet::engine().OpenDatabase(copy), u"SELECT ID, Artikel, Menge FROM J"_s),
+              "1 | Weizen | 1\n2 | Hafer | 2");
+    sys::FileCopy(other, year);
+    EXPECT_EQ(rowsOf(*open(), u"SELECT Count(*) AS N FROM Neu"_s), "0");
 }
 
 TEST_F(Sharing, SeesWhatOthersDefine)
