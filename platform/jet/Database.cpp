@@ -63,7 +63,8 @@ sqlite::Connection& Database::Session::use() const
 
 void Database::Session::undo()
 {
-    if (std::exchange(transaction, false)) connection->execute("ROLLBACK");
+    const bool open = std::exchange(transaction, false) && connection->inTransaction(); // a full disk ends it by itself
+    if (open) connection->execute("ROLLBACK");
 }
 
 void Database::Session::letGo()

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <zablager/Lagerverwaltungsdaten.h>
+
+#include <QObject>
+#include <QString>
+
+#include <memory>
+
+/// The root object of the loadable library: makes the objects that hosts ask for, by class name or early-bound.
+class Zablager final : public QObject, public IZablager {
+    Q_OBJECT
+    Q_PLUGIN_METADATA(IID "ZABLAGER.Zablager/1.0")
+    Q_INTERFACES(IZablager)
+    Q_PROPERTY(QString LetzterFehler READ LetzterFehler)
+
+public:
+    /// A new object of the class "ZABLAGER.Lagerverwaltungsdaten", owned by the caller; null for any other class, with
+    /// the reason in LetzterFehler.
+    Q_INVOKABLE QObject* CreateObject(const QString& klasse);
+    QString LetzterFehler() const { return m_fehler; }
+
+    std::unique_ptr<_Lagerverwaltungsdaten> erzeuge() override;
+    void setzeMeldungen(sys::Messages* meldungen) override { *m_meldungen = meldungen; }
+
+private:
+    // Shared with the objects, which a host may keep after it has unloaded the library and thereby deleted us.
+    std::shared_ptr<sys::Messages*> m_meldungen = std::make_shared<sys::Messages*>(nullptr);
+    QString m_fehler;
+};

@@ -1,0 +1,105 @@
+"""The stock-keeping component for Python hosts (PyQt6): properties by name, failures as exceptions.
+
+    from zablager import Zablager
+
+    lager = Zablager("/opt/zablager/lib/zablager.so").CreateObject("ZABLAGER.Lagerverwaltungsdaten")
+    lager.Betriebsnummer = "4711"
+    lager.Stichdatum = datetime.date(2024, 1, 1)
+    lager.Kontrolle_LagerbestandLaden()
+    print(lager.Get_Bestand("Weizen", "H1", datetime.date(2024, 12, 31)))
+
+A message for the user, such as that of a missing year file, is no failure: its text stands in `LetzterFehler`.
+"""
+
+import datetime
+import os
+
+from PyQt6 import sip
+from PyQt6.QtCore import QDate, QMetaObject, QPluginLoader, Qt, Q_ARG, Q_RETURN_ARG
+
+
+class ZablagerError(Exception):
+    """A refusal of the database engine or the file system, or a missing library or class (number 429)."""
+
+    def __init__(self, number, text):
+        super().__init__(f"{text} ({number})")
+        self.number = number
+        self.text = text
+
+
+class Zablager:
+    """The loaded library."""
+
+    def __init__(self, path):
+        self._loader = QPluginLoader(os.path.abspath(path))
+        self._root = self._loader.instance()
+        if self._root is None:
+            raise ZablagerError(429, self._loader.errorString())
+
+    def CreateObject(self, klasse):
+        """A new object of the class, deleted with its last reference."""
+        created = QMetaObject.invokeMethod(
+            self._root, "CreateObject", Qt.ConnectionType.DirectConnection, Q_RETURN_ARG("QObject*"),
+            Q_ARG("QString", klasse))
+        if created is None:
+            raise ZablagerError(429, self._root.property("LetzterFehler"))
+        sip.transferback(created)
+        return Lagerverwaltungsdaten(created)
+
+
+class Lagerverwaltungsdaten:
+    """One object of the component; its attributes are the component's properties under their own names."""
+
+    def __init__(self, created):
+        object.__setattr__(self, "_object", created)
+
+    def __getattr__(self, name):
+        _index(self._object, name)
+        value = self._object.property(name.encode())
+        return value.toPyDate() if isinstance(value, QDate) else value
+
+    def __setattr__(self, name, value):
+        if not self._object.metaObject().property(_index(self._object, name)).isWritable():
+            raise AttributeError(f"{name} kann nur gelesen werden")
+        if isinstance(value, datetime.date):
+            value = _day(value)
+        if not self._object.setProperty(name.encode(), value):
+            raise TypeError(f"{name} nimmt keinen Wert der Art {type(value).__name__}")
+        if name == "Stichdatum":  # the only property that looks at its value
+            self._check()
+
+    def Get_Bestand(self, Artikel, Lagerort, Stichtag):
+        """Stock of an article at a storage place at the end of a day (date or datetime), not rounded."""
+        return self._invoke("Get_Bestand", Q_RETURN_ARG("double"), Q_ARG("QString", Artikel),
+                            Q_ARG("QString", Lagerort), Q_ARG("QDate", _day(Stichtag)))
+
+    def LagerbestandRechnen(self):
+        return self._invoke("LagerbestandRechnen", Q_RETURN_ARG("double"))
+
+    def LagerbestandLaden(self):
+        self._invoke("LagerbestandLaden")
+
+    def Kontrolle_LagerbestandLaden(self):
+        """Carries the stocks of the key date's year and the later ones forward."""
+        self._invoke("Kontrolle_LagerbestandLaden")
+
+    def _invoke(self, method, *args):
+        result = QMetaObject.invokeMethod(self._object, method, Qt.ConnectionType.DirectConnection, *args)
+        self._check()
+        return result
+
+    def _check(self):
+        number = self._object.property("LetzteFehlernummer")
+        if number:
+            raise ZablagerError(number, self._object.property("LetzterFehler"))
+
+
+def _day(value):
+    return QDate(value.year, value.month, value.day)
+
+
+def _index(qobject, name):
+    index = qobject.metaObject().indexOfProperty(name.encode())
+    if index < 0:
+        raise AttributeError(name)
+    return index

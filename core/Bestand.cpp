@@ -1,0 +1,33 @@
+#include "core/Bestand.h"
+
+#include "core/Datumstext.h"
+#include "core/Journaldatei.h"
+#include "core/SQLTexte.h"
+#include "platform/jet/Engine.h"
+#include "platform/system/Files.h"
+#include "platform/system/Messages.h"
+#include "platform/system/Path.h"
+
+using namespace Qt::StringLiterals;
+
+double BestandErmitteln(const QString& Artikel, const QString& Lagerort, QDate Stichtag)
+{
+    if (!Stichtag.isValid())
+        throw jet::Error(jet::ErrorNumber::InvalidArgument, u"Der Stichtag ist kein gültiges Datum."_s);
+    const QString datei = Journaldatei(Stichtag.year()); // earlier years enter through its opening rows
+    if (!sys::Exist(datei)) {
+        sys::critical(u"Der Dateiname "_s + sys::localPath(datei) + u" existiert nicht!"_s);
+        return 0;
+    }
+    // No connect text here, unlike the carry-forward: a template with a password would end this call.
+    const auto journal = jet::engine().OpenDatabase(datei);
+    // Names go in as they are, an apostrophe breaks the statement: an error is better than another article's stock.
+    const auto summe = journal->OpenRecordset(
+        u"SELECT Lagerjournal.Artikel, Lagerjournal.LagerortKurzKu, Sum(Lagerjournal.Menge) AS SumMenge"
+        u" From Lagerjournal WHERE (((Lagerjournal.Datum)<="_s +
+            SQLDatum(datumText(Stichtag)) + u") And Artikel = '"_s + Artikel + u"' And LagerortKurzKu ='"_s + Lagerort +
+            u"') GROUP BY Lagerjournal.Artikel, Lagerjournal.LagerortKurzKu"_s,
+        jet::Kind::Snapshot);
+    if (summe->Eof()) return 0;
+    return (*summe)[u"SumMenge"].toDouble(); // NULL, a journal of empty quantities, counts as 0
+}

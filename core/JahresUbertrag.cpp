@@ -1,0 +1,112 @@
+#include "core/JahresUbertrag.h"
+
+#include "core/Bestand.h"
+#include "core/FeldVorhanden.h"
+#include "core/Journaldatei.h"
+#include "core/Modulzustand.h"
+#include "core/Verzeichnisse.h"
+#include "platform/jet/Rounding.h"
+#include "platform/system/Messages.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The farm's years from `ab` on. Each file is opened and its journal counted before the first row is written, so that
+/// a damaged one ends the run with nothing changed.
+std::vector<int> jahreAb(int ab)
+{
+    std::vector<int> jahre;
+    for (const int jahr : journaljahre()) {
+        if (jahr < ab) continue;
+        oeffneJournal(jahr)->OpenRecordset(u"Lagerjournal"_s, jet::Kind::Table)->RecordCount();
+        jahre.push_back(jahr);
+    }
+    return jahre;
+}
+
+/// Every pair of article and storage place that has any row in the file, whatever its stock.
+std::unique_ptr<jet::Recordset> paare(jet::Database& journal)
+{
+    return journal.OpenRecordset(
+        u"SELECT Lagerjournal.Artikel, Lagerjournal.LagerortKurzKu, First(Artikelart) AS FirstArtikelart,"
+        u" avg(Preis) AS FirstPreis, First(Preisfaktor) AS FirstPreisfaktor, First(Einheit) AS FirstEinheit"
+        u" FROM Lagerjournal GROUP BY Lagerjournal.Artikel, Lagerjournal.LagerortKurzKu"_s,
+        jet::Kind::Snapshot);
+}
+
+/// Whether a year file wants the stocks of the year before; files from before this setting do.
+bool uebernimmtVorjahr(jet::Database& journal)
+{
+    if (!FeldVorhanden(journal, u"Einstellungen"_s, u"Ohnevorjahr"_s)) return true;
+    const auto einstellungen = journal.OpenRecordset(u"SELECT * FROM EINSTELLUNGEN"_s, jet::Kind::Snapshot);
+    return einstellungen->Eof() || !(*einstellungen)[u"OhneVorjahr"].toBool();
+}
+
+void schreibeAnfangsbestand(jet::Recordset& ziel, const jet::Recordset& paar, double bestand, int jahr)
+{
+    ziel.AddNew();
+    ziel.Set(u"Artikel", paar[u"Artikel"]);
+    ziel.Set(u"Artikelart", paar[u"FirstArtikelart"]);
+    ziel.Set(u"LagerortKurzKu", paar[u"LagerortKurzKu"]);
+    ziel.Set(u"Preis", paar[u"FirstPreis"]);
+    ziel.Set(u"Preisfaktor", paar[u"FirstPreisfaktor"]);
+    ziel.Set(u"Einheit", paar[u"FirstEinheit"]);
+    ziel.Set(u"Menge", bestand);
+    ziel.Set(u"BuchungsID", 0);
+    ziel.Set(u"Buchungsart", u"Anfangsbestand"_s);
+    ziel.Set(u"Datum", QDate(jahr, 1, 1));
+    ziel.Update();
+}
+
+void uebertragePaar(jet::Recordset& ziel, const jet::Recordset& paar, int vonJahr, int nachJahr)
+{
+    const jet::Value artikel = paar[u"Artikel"];
+    const jet::Value lagerort = paar[u"LagerortKurzKu"];
+    if (artikel.isNull() || lagerort.isNull()) return; // no criterion finds NULL: each run would add a row
+    const double bestand = BestandErmitteln(artikel.toText(), lagerort.toText(), QDate(vonJahr, 12, 31));
+
+    ziel.FindFirst(u"Artikel = '"_s + artikel.toText() + u"' And LagerortKurzKu = '"_s + lagerort.toText() +
+                   u"' And Buchungsart = 'Anfangsbestand'"_s);
+    if (!ziel.NoMatch()) {
+        ziel.Edit();
+        ziel.Set(u"Menge", bestand); // not rounded, unlike a new row: the row stays what the year before says, even 0
+        ziel.Update();
+        return;
+    }
+    const double gerundet = jet::Round(bestand, 4); // dust of sums must not open a row
+    if (gerundet != 0) schreibeAnfangsbestand(ziel, paar, gerundet, nachJahr);
+}
+
+void uebertrage(jet::Recordset& quelle, int vonJahr, int nachJahr)
+{
+    const auto journal = oeffneJournal(nachJahr);
+    if (!uebernimmtVorjahr(*journal)) return;
+    // Ten thousand rows cost one sync. It begins before the rows are listed, so that two programs that carry forward at
+    // once find each other's opening rows.
+    journal->BeginTrans();
+    const auto ziel = journal->OpenRecordset(u"Lagerjournal"_s, jet::Kind::Dynaset);
+    for (; !quelle.Eof(); quelle.MoveNext())
+        uebertragePaar(*ziel, quelle, vonJahr, nachJahr);
+    journal->Close();
+}
+
+} // namespace
+
+bool JahresUbertrag()
+{
+    // An empty farm number passes: year files may lie in a folder "B".
+    if (datenverzeichnis() == u"x"_s || modulzustand().Betriebsnummer == u"x"_s) {
+        sys::critical(u"Kein Betrieb in der Registrierung eingestellt!"_s);
+        return false;
+    }
+    const std::vector<int> jahre = jahreAb(modulzustand().Stichdatum.year());
+    // Ascending: a change in an early year flows through all later ones.
+    for (std::size_t i = 0; i < jahre.size(); ++i) {
+        const auto journal = oeffneJournal(jahre[i]);
+        const auto quelle = paare(*journal); // of the last year too, so that a journal without a column is refused
+        if (quelle->Eof() || i + 1 == jahre.size()) continue;
+        uebertrage(*quelle, jahre[i], jahre[i + 1]);
+    }
+    return !jahre.empty();
+}

@@ -1,0 +1,53 @@
+#include "core/Journaldatei.h"
+
+#include "core/Modulzustand.h"
+#include "core/Verzeichnisse.h"
+#include "platform/jet/Engine.h"
+#include "platform/system/Files.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString stamm()
+{
+    return datenverzeichnis() + u"\\B"_s + modulzustand().Betriebsnummer + u"\\Lager."_s;
+}
+
+bool istJahr(QStringView text)
+{
+    return std::all_of(text.begin(), text.end(), [](QChar c) { return c >= u'0' && c <= u'9'; });
+}
+
+} // namespace
+
+QString Journaldatei(int jahr)
+{
+    return stamm() + QString::number(jahr).rightJustified(4, u'0');
+}
+
+std::vector<int> journaljahre()
+{
+    std::vector<int> jahre;
+    for (const QString& name : sys::Dir(stamm() + u"????"_s)) {
+        const QString ende = name.right(4);
+        if (name.toLower().contains(u".ldb"_s) || !istJahr(ende)) continue;
+        jahre.push_back(ende.toInt());
+    }
+    std::sort(jahre.begin(), jahre.end());
+    jahre.erase(std::unique(jahre.begin(), jahre.end()), jahre.end()); // "lager.2024" beside "Lager.2024"
+    return jahre;
+}
+
+std::unique_ptr<jet::Database> oeffneJournal(int jahr)
+{
+    return jet::engine().OpenDatabase(Journaldatei(jahr), u";pwd=quenlor"_s);
+}
+
+void stelleJournalBereit(const QString& datei)
+{
+    if (sys::Exist(datei)) return;
+    sys::FileCopy(ProgrammVerzeichnis() + u"\\Lager.vorlage"_s, datei);
+}

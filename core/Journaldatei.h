@@ -1,0 +1,23 @@
+#pragma once
+
+#include "platform/jet/Database.h"
+
+#include <QString>
+
+#include <memory>
+#include <vector>
+
+/// The journal file of a year of the farm: data directory + "\B" + farm number + "\Lager." + year. The year is the
+/// ending; there is no other one.
+QString Journaldatei(int jahr);
+
+/// Years of which the farm has a journal file, ascending. Lock files (Lager.ldb) and endings that are not four digits
+/// do not count.
+std::vector<int> journaljahre();
+
+/// Opens the journal file of a year with the component's own connect text. \throws jet::Error as Engine::OpenDatabase.
+std::unique_ptr<jet::Database> oeffneJournal(int jahr);
+
+/// Makes a journal file that does not exist yet as a copy of the template; an existing one is left alone.
+/// \throws sys::FileError when the template is missing or the file cannot be written.
+void stelleJournalBereit(const QString& datei);

@@ -1,0 +1,7 @@
+#include "core/Modulzustand.h"
+
+Modulzustand& modulzustand()
+{
+    static Modulzustand zustand;
+    return zustand;
+}

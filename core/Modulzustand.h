@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QDate>
+#include <QString>
+
+/// The day that stands for "never set": day 0 of the date numbers in year files.
+inline QDate nulldatum()
+{
+    return {1899, 12, 30};
+}
+
+/// What all screens and procedures of the process share. Methods of Lagerverwaltungsdaten fill it from their object;
+/// the last call wins, whatever object it came from.
+struct Modulzustand {
+    QString Artikelname;
+    QString Lagername; ///< Short code of a storage place.
+    QDate Stichdatum = nulldatum();
+    QString Jahr;       ///< Year of the key date, four digits; on the screen the open year.
+    QString Lagerdatei; ///< Full name of the open journal file.
+    QString Stammverzeichnis;
+    QString Waehrung;
+    QString Lagerpasswort; ///< Connect text with which the screens open the journal.
+    QString Anlagenverzeichnis;
+    QString Anlagenpasswort;
+    QString Betriebpasswort;
+    QString Betriebsname;
+    QString Betriebsnummer;
+    QString Betriebsadresse;
+    QString Herkunft;
+    QString Datenverzeichnis;
+
+    QString AktBuchungsart;       ///< Booking kind of the mask that is open or opened next.
+    bool Aenderungsmodus = false; ///< The mask changes the current journal row instead of booking a new one.
+};
+
+/// The state of this process; it lives as long as the component is loaded.
+Modulzustand& modulzustand();

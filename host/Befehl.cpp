@@ -1,0 +1,35 @@
+#include "host/Befehl.h"
+
+#include "host/Aufruffehler.h"
+
+using namespace Qt::StringLiterals;
+
+QCommandLineOption betriebOption()
+{
+    return {u"betrieb"_s, u"Nummer des Betriebes; ohne die Angabe der einzige, den es gibt."_s, u"NR"_s};
+}
+
+QString gewaehlterBetrieb(const Installation& ort, const QCommandLineParser& aufruf)
+{
+    const QStringList betriebe = ort.betriebe();
+    const QString gewuenscht = aufruf.value(u"betrieb"_s);
+    if (betriebe.isEmpty())
+        throw Aufruffehler(u"In '"_s + ort.verzeichnis() +
+                           u"' ist kein Betrieb eingerichtet; das macht der Befehl 'einrichten'."_s);
+    const QString auswahl = u" Vorhanden: "_s + betriebe.join(u", "_s);
+    if (!gewuenscht.isEmpty() && !betriebe.contains(gewuenscht))
+        throw Aufruffehler(u"Den Betrieb '"_s + gewuenscht + u"' gibt es in '"_s + ort.verzeichnis() + u"' nicht."_s +
+                           auswahl);
+    if (gewuenscht.isEmpty() && betriebe.size() > 1)
+        throw Aufruffehler(u"Welcher Betrieb? Bitte mit --betrieb angeben."_s + auswahl);
+    return gewuenscht.isEmpty() ? betriebe.first() : gewuenscht;
+}
+
+int jahr(const QString& text)
+{
+    bool istZahl = false;
+    const int zahl = text.toInt(&istZahl);
+    if (!istZahl || zahl < 1900 || zahl > 9999)
+        throw Aufruffehler(u"'"_s + text + u"' ist kein Jahr von 1900 bis 9999."_s);
+    return zahl;
+}

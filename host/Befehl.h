@@ -1,0 +1,31 @@
+#pragma once
+
+#include "host/Installation.h"
+
+#include <QCommandLineOption>
+#include <QCommandLineParser>
+#include <QList>
+#include <QString>
+
+/// One command of the program: zablager NAME [options] ARGUMENTS.
+struct Befehl {
+    QString name;
+    QString argumente; ///< Their names in help, all of them needed, separated by blanks.
+    QString beschreibung;
+    QList<QCommandLineOption> optionen;
+    QStringList noetig; ///< Names of the options that must be given.
+    /// Does the work. \throws Aufruffehler, jet::Error, sys::FileError.
+    void (*ausfuehren)(const QCommandLineParser& aufruf);
+};
+
+Befehl einrichtenBefehl();
+Befehl bestandBefehl();
+Befehl uebertragBefehl();
+Befehl sqlBefehl();
+
+/// The option that names a farm.
+QCommandLineOption betriebOption();
+/// The farm that is meant: the one of the option, without it the only one. \throws Aufruffehler that lists the farms.
+QString gewaehlterBetrieb(const Installation& ort, const QCommandLineParser& aufruf);
+/// A year of which journal files can be made. \throws Aufruffehler.
+int jahr(const QString& text);

@@ -1,0 +1,42 @@
+#include "host/Aufruffehler.h"
+#include "host/Ausgabe.h"
+#include "host/Befehl.h"
+#include "host/Komponente.h"
+
+#include <QTextStream>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QDate datum(const QString& text)
+{
+    const QDate tag = QDate::fromString(text, u"d.M.yyyy"_s);
+    if (!tag.isValid()) throw Aufruffehler(u"'"_s + text + u"' ist kein Datum der Form T.M.JJJJ."_s);
+    return tag;
+}
+
+void zeigeBestand(const QCommandLineParser& aufruf)
+{
+    const QStringList argumente = aufruf.positionalArguments();
+    const Installation ort(argumente[0]);
+    const QDate Stichtag = datum(argumente[3]);
+    const QString betrieb = gewaehlterBetrieb(ort, aufruf);
+    ort.verwende();
+    // Only the carry-forward hands the farm number on. With this key date it finds no year to carry into another.
+    const auto lager = lagerverwaltungsdaten(ort, betrieb, QDate(9999, 12, 31));
+    lager->Kontrolle_LagerbestandLaden();
+    QTextStream(stdout) << zahlText(lager->Get_Bestand(argumente[1], argumente[2], Stichtag)) << '\n';
+}
+
+} // namespace
+
+Befehl bestandBefehl()
+{
+    return {u"bestand"_s,
+            u"VERZEICHNIS ARTIKEL LAGERORT DATUM"_s,
+            u"Zeigt den Bestand eines Artikels an einem Lagerort am Ende des Tages DATUM (T.M.JJJJ)."_s,
+            {betriebOption()},
+            {},
+            zeigeBestand};
+}

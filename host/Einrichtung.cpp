@@ -1,0 +1,64 @@
+#include "host/Einrichtung.h"
+
+#include "platform/jet/Engine.h"
+#include "platform/system/Files.h"
+
+#include <zablager/FileError.h>
+
+#include <QDir>
+#include <QFile>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void legeVerzeichnisAn(const QString& pfad)
+{
+    if (QDir().mkpath(pfad)) return;
+    throw sys::FileError(sys::FileErrorNumber::PathAccess,
+                         u"Das Verzeichnis '"_s + QDir::toNativeSeparators(pfad) + u"' lässt sich nicht anlegen."_s);
+}
+
+/// The statements of a schema; each ends with a semicolon at the end of a line.
+QStringList anweisungen(const QString& schema)
+{
+    QFile quelle(u":/schema/"_s + schema + u".sql"_s);
+    const bool geoeffnet = quelle.open(QIODevice::ReadOnly);
+    Q_ASSERT(geoeffnet);
+    return QString::fromUtf8(quelle.readAll()).split(u";\n"_s, Qt::SkipEmptyParts);
+}
+
+/// Built under another name, so that an interrupted run leaves no half database that the next one would take for whole.
+void legeDatenbankAn(const QString& datei, const QString& schema, const QString& kennwort)
+{
+    if (sys::Exist(datei)) return;
+    const QString entwurf = datei + u".neu"_s;
+    if (sys::Exist(entwurf)) sys::Kill(entwurf);
+    const QString sortierung = u";LANGID=0x0409;CP=1252;COUNTRY=0"_s;
+    const auto datenbank =
+        jet::engine().CreateDatabase(entwurf, kennwort.isEmpty() ? sortierung : sortierung + u";pwd="_s + kennwort);
+    datenbank->BeginTrans();
+    for (const QString& anweisung : anweisungen(schema))
+        datenbank->Execute(anweisung);
+    datenbank->Close();
+    sys::FileCopy(entwurf, datei);
+    sys::Kill(entwurf);
+}
+
+} // namespace
+
+void richteEin(const Installation& ort, const QString& Betriebsnummer, int jahr)
+{
+    for (const QString& pfad : {ort.programm(), ort.anlagen(), ort.einstellungen(), ort.betriebsordner(Betriebsnummer)})
+        legeVerzeichnisAn(pfad);
+    const QString vorlage = ort.programm() + u"/Lager.vorlage"_s;
+    const QString stammdaten = ort.programm() + u"/ZABStammdaten_"_s + QString::number(jahr) + u".mdb"_s;
+    legeDatenbankAn(vorlage, u"Lager"_s, {}); // stock questions open year files without a password
+    legeDatenbankAn(ort.daten() + u"/Grundstamm.mdb"_s, u"Grundstamm"_s, u"RT-58KX"_s);
+    legeDatenbankAn(ort.anlagen() + u"/Anlagen.mdb"_s, u"Anlagen"_s, u"volmira"_s);
+    legeDatenbankAn(stammdaten, u"ZABStammdaten"_s, u"RT-58KX"_s);
+
+    const QString journal = ort.journaldatei(Betriebsnummer, jahr);
+    if (!sys::Exist(journal)) sys::FileCopy(vorlage, journal);
+    ort.verwende();
+}

@@ -1,0 +1,53 @@
+#include "host/Installation.h"
+
+#include "platform/system/Settings.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void setze(const QString& abschnitt, const QString& wert)
+{
+    if (sys::GetSetting(abschnitt, u"Verzeichnisname"_s) == wert) return; // asking for a stock writes nothing
+    sys::SaveSetting(abschnitt, u"Verzeichnisname"_s, wert);
+}
+
+} // namespace
+
+Installation::Installation(const QString& verzeichnis)
+    : m_verzeichnis(QDir::cleanPath(QDir(verzeichnis).absolutePath()))
+{}
+
+QString Installation::journaldatei(const QString& nummer, int jahr) const
+{
+    return betriebsordner(nummer) + u"/Lager."_s + QString::number(jahr);
+}
+
+QStringList Installation::betriebe() const
+{
+    QStringList nummern;
+    for (const QString& ordner : QDir(daten()).entryList({u"B*"_s}, QDir::Dirs)) {
+        if (istBetriebsnummer(ordner.mid(1))) nummern.append(ordner.mid(1));
+    }
+    std::sort(nummern.begin(), nummern.end(),
+              [](const QString& a, const QString& b) { return a.size() != b.size() ? a.size() < b.size() : a < b; });
+    return nummern;
+}
+
+void Installation::verwende() const
+{
+    qputenv("XDG_CONFIG_HOME", QFile::encodeName(einstellungen()));
+    setze(u"Datenverzeichnis"_s, daten());
+    setze(u"Gemeinsame"_s, programm());
+}
+
+bool istBetriebsnummer(const QString& text)
+{
+    return !text.isEmpty() && text[0] != u'0' &&
+           std::all_of(text.begin(), text.end(), [](QChar c) { return c >= u'0' && c <= u'9'; });
+}

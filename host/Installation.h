@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+/// Everything of the program family below one directory:
+///
+///     programm/       the template Lager.vorlage, the report forms, ZABStammdaten_JJJJ.mdb
+///     daten/          Grundstamm.mdb, and per farm a folder B<number> with its journal files Lager.JJJJ
+///     anlagen/        Anlagen.mdb
+///     einstellungen/  the settings, so that a demo or a test cannot touch a real farm
+class Installation {
+public:
+    explicit Installation(const QString& verzeichnis); ///< Nothing is created by naming it.
+
+    QString verzeichnis() const { return m_verzeichnis; } ///< Absolute.
+    QString programm() const { return m_verzeichnis + QStringLiteral("/programm"); }
+    QString daten() const { return m_verzeichnis + QStringLiteral("/daten"); }
+    QString anlagen() const { return m_verzeichnis + QStringLiteral("/anlagen"); }
+    QString einstellungen() const { return m_verzeichnis + QStringLiteral("/einstellungen"); }
+    QString betriebsordner(const QString& nummer) const { return daten() + QStringLiteral("/B") + nummer; }
+    QString journaldatei(const QString& nummer, int jahr) const;
+
+    QStringList betriebe() const; ///< Farm numbers that have a folder, ascending.
+    /// Makes the settings below the directory those of this process, and lets them name its directories where they do
+    /// not, as after a move. \throws sys::FileError when they cannot be written.
+    void verwende() const;
+
+private:
+    QString m_verzeichnis;
+};
+
+/// A farm number names a folder: digits without leading zeros.
+bool istBetriebsnummer(const QString& text);

@@ -1,0 +1,43 @@
+#include "host/Komponente.h"
+
+#include "platform/system/Messages.h"
+
+#include <zablager/FileError.h>
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QPluginLoader>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+IZablager& ladeBibliothek()
+{
+    const QString pfad = QDir::cleanPath(QCoreApplication::applicationDirPath() + u"/../lib/zablager.so"_s);
+    QPluginLoader bibliothek(pfad);
+    auto* const zablager = qobject_cast<IZablager*>(bibliothek.instance());
+    if (!zablager)
+        throw sys::FileError(sys::FileErrorNumber::FileNotFound,
+                             u"Die Bibliothek '"_s + pfad + u"' lässt sich nicht laden: "_s + bibliothek.errorString());
+    return *zablager;
+}
+
+} // namespace
+
+std::unique_ptr<_Lagerverwaltungsdaten> lagerverwaltungsdaten(const Installation& ort, const QString& Betriebsnummer,
+                                                              QDate Stichdatum)
+{
+    IZablager& zablager = ladeBibliothek();
+    zablager.setzeMeldungen(&sys::messages());
+    auto lager = zablager.erzeuge();
+    lager->setBetriebsnummer(Betriebsnummer);
+    lager->setStammverzeichnis(ort.daten());
+    lager->setAnlagenverzeichnis(ort.anlagen());
+    lager->setAnlagenpasswort(u"volmira"_s);
+    lager->setLagerpasswort(u";pwd=quenlor"_s);
+    lager->setDatenverzeichnis(ort.journaldatei(Betriebsnummer, Stichdatum.year()));
+    lager->setStichdatum(Stichdatum);
+    lager->setHerkunft(u"zablager"_s);
+    return lager;
+}

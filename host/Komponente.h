@@ -1,0 +1,14 @@
+#pragma once
+
+#include "host/Installation.h"
+
+#include <zablager/Lagerverwaltungsdaten.h>
+
+#include <QDate>
+
+#include <memory>
+
+/// An object of the loadable library, its properties set as every host program does for a farm and a key date. Its
+/// messages go to standard error. \throws sys::FileError when the library cannot be loaded.
+std::unique_ptr<_Lagerverwaltungsdaten> lagerverwaltungsdaten(const Installation& ort, const QString& Betriebsnummer,
+                                                              QDate Stichdatum);

@@ -1,0 +1,98 @@
+// zablager, the command-line host program: sets up installations and asks the component as every host does.
+// Exit codes: 0 done, 1 refused (reason on standard error), 2 wrong command line.
+
+#include "host/Aufruffehler.h"
+#include "host/Befehl.h"
+#include "host/Deutsch.h"
+
+#include <zablager/DatabaseError.h>
+#include <zablager/FileError.h>
+
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <cstdio>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void schreibe(std::FILE* ziel, const QString& text)
+{
+    std::fputs((text + u'\n').toUtf8().constData(), ziel);
+}
+
+/// "zablager einrichten VERZEICHNIS --betrieb NR [--jahr JAHR]"
+QString aufrufForm(const Befehl& befehl)
+{
+    QString form = u"zablager "_s + befehl.name + u' ' + befehl.argumente;
+    for (const QCommandLineOption& option : befehl.optionen) {
+        const QString name = option.names().constFirst();
+        const QString angabe = (u"--"_s + name + u' ' + option.valueName()).trimmed();
+        form += befehl.noetig.contains(name) ? u' ' + angabe : u" ["_s + angabe + u']';
+    }
+    return form;
+}
+
+void zeigeUebersicht(const std::vector<Befehl>& befehle)
+{
+    schreibe(stdout, u"Lagerhaltung auf der Kommandozeile.\n"_s);
+    for (const Befehl& befehl : befehle)
+        schreibe(stdout, aufrufForm(befehl) + u"\n    "_s + befehl.beschreibung);
+    schreibe(stdout, u"\nOptionen eines Befehls: zablager BEFEHL --hilfe"_s);
+}
+
+const Befehl& gewaehlt(const std::vector<Befehl>& befehle, const QString& name)
+{
+    const auto befehl = std::find_if(befehle.begin(), befehle.end(), [&](const Befehl& b) { return b.name == name; });
+    if (befehl == befehle.end()) throw Aufruffehler(u"Den Befehl '"_s + name + u"' gibt es nicht."_s);
+    return *befehl;
+}
+
+void fuehreAus(const Befehl& befehl, const QStringList& worte)
+{
+    QCommandLineParser aufruf;
+    aufruf.setApplicationDescription(befehl.beschreibung);
+    aufruf.addOption({{u"h"_s, u"hilfe"_s, u"help"_s}, u"Zeigt diese Hilfe."_s});
+    aufruf.addOptions(befehl.optionen);
+    aufruf.addPositionalArgument(befehl.name, befehl.argumente, befehl.name + u' ' + befehl.argumente);
+    if (!aufruf.parse(worte)) throw Aufruffehler(aufruf.errorText());
+    if (aufruf.isSet(u"hilfe"_s)) return schreibe(stdout, aufruf.helpText().trimmed());
+    const bool vollstaendig = std::all_of(befehl.noetig.begin(), befehl.noetig.end(),
+                                          [&](const QString& option) { return aufruf.isSet(option); });
+    if (!vollstaendig || aufruf.positionalArguments().size() != befehl.argumente.split(u' ').size())
+        throw Aufruffehler(u"Aufruf: "_s + aufrufForm(befehl));
+    befehl.ausfuehren(aufruf);
+}
+
+void fuehreAus(QStringList worte)
+{
+    const std::vector<Befehl> befehle = {einrichtenBefehl(), bestandBefehl(), uebertragBefehl(), sqlBefehl()};
+    if (worte.size() < 2) throw Aufruffehler(u"Es fehlt der Befehl."_s);
+    const QString name = worte.takeAt(1);
+    if (name == u"-h"_s || name == u"--hilfe"_s || name == u"--help"_s) return zeigeUebersicht(befehle);
+    fuehreAus(gewaehlt(befehle, name), worte);
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    QCoreApplication programm(argc, argv);
+    Deutsch deutsch;
+    QCoreApplication::installTranslator(&deutsch);
+    try {
+        fuehreAus(QCoreApplication::arguments());
+        return 0;
+    } catch (const Aufruffehler& fehler) {
+        schreibe(stderr, QString::fromUtf8(fehler.what()) + u"\nHilfe: zablager --hilfe"_s);
+        return 2;
+    } catch (const jet::Error& fehler) {
+        schreibe(stderr, fehler.text() + u" (Fehler "_s + QString::number(int(fehler.number())) + u')');
+    } catch (const sys::FileError& fehler) {
+        schreibe(stderr, fehler.text() + u" (Fehler "_s + QString::number(int(fehler.number())) + u')');
+    } catch (const std::exception& fehler) {
+        schreibe(stderr, u"Interner Fehler: "_s + QString::fromUtf8(fehler.what()));
+    }
+    return 1;
+}

@@ -1,0 +1,37 @@
+CREATE TABLE LAGERJOURNAL (
+    ID Counter PRIMARY KEY,
+    Datum Date,
+    Artikel Text(50),
+    Artikelart Text(25),
+    LagerortKurzKu Text(15),
+    Menge Double,
+    Buchungsmenge Double,
+    Preis Double,
+    Preisfaktor Text(3),
+    Einheit Text(15),
+    Buchungsart Text(20),
+    BuchungsID Long,
+    BEErfassungsnummer Long,
+    Kommentar Text(255),
+    Uberstallt_alt Text(15),
+    Verfuttert_an Text(15),
+    Lieferscheinnummer Long,
+    Untergruppe Text(50)
+);
+CREATE INDEX Bestandsfrage ON LAGERJOURNAL (Artikel, LagerortKurzKu, Datum, ID, Menge);
+CREATE INDEX Bestandsliste ON LAGERJOURNAL (Artikel, LagerortKurzKu, Artikelart, Einheit, Datum, ID, Menge);
+CREATE INDEX Bewegungen ON LAGERJOURNAL (Datum, ID, Artikel);
+CREATE INDEX Artikelliste ON LAGERJOURNAL (Artikelart, Artikel, Einheit, Preisfaktor);
+CREATE INDEX Buchungen ON LAGERJOURNAL (Buchungsart, Artikel, LagerortKurzKu, Datum);
+CREATE INDEX Partner ON LAGERJOURNAL (Verfuttert_an);
+CREATE INDEX Lieferscheine ON LAGERJOURNAL (Lieferscheinnummer);
+CREATE INDEX Suche ON LAGERJOURNAL (LCASE(TRIM(Artikel)));
+CREATE TABLE Einstellungen (ID Counter PRIMARY KEY, OhneVorjahr Boolean);
+CREATE TABLE Liefereinstellungen (
+    Lieferscheinformular Text(255),
+    LieferscheinZeile1 Text(100),
+    LieferscheinZeile2 Text(100),
+    LieferscheinZeile3 Text(100),
+    LieferscheinZusatztext Memo,
+    LieferscheinMitPreis Boolean
+);

@@ -1,0 +1,152 @@
+// The loadable library as hosts without a screen use it: loaded by path, early-bound and late-bound.
+
+#include "tests/support/Print.h"
+#include "tests/support/Testbetrieb.h"
+
+#include <zablager/DatabaseError.h>
+#include <zablager/Lagerverwaltungsdaten.h>
+
+#include <QMetaProperty>
+#include <QPluginLoader>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class Bibliothek : public testing::Test {
+protected:
+    Bibliothek()
+    {
+        hof.bucht(2023, "30.06. | H1 | Weizen | 120,5 | Ernte");
+        hof.bucht(2024, "01.02. | H1 | Weizen | -20 | Verkauf");
+        EXPECT_TRUE(wurzel) << loader.errorString().toStdString();
+    }
+
+    std::unique_ptr<QObject> objekt(const QString& klasse = u"ZABLAGER.Lagerverwaltungsdaten"_s) const
+    {
+        QObject* neu = nullptr;
+        EXPECT_TRUE(
+            QMetaObject::invokeMethod(wurzel, "CreateObject", Q_RETURN_ARG(QObject*, neu), Q_ARG(QString, klasse)));
+        return std::unique_ptr<QObject>(neu);
+    }
+
+    Testbetrieb hof{QDate(2023, 1, 1)};
+    QPluginLoader loader{QStringLiteral(ZABLAGER_LIBRARY)};
+    QObject* const wurzel = loader.instance();
+};
+
+/// A late-bound stock question; `Tag` is QDate or QDateTime.
+template <class Tag>
+double bestand(QObject& lager, const char* art, const QString& artikel, const Tag& tag)
+{
+    double menge = -1;
+    EXPECT_TRUE(QMetaObject::invokeMethod(&lager, "Get_Bestand", Q_RETURN_ARG(double, menge), Q_ARG(QString, artikel),
+                                          Q_ARG(QString, u"H1"_s), QGenericArgument(art, &tag)));
+    return menge;
+}
+
+} // namespace
+
+TEST_F(Bibliothek, EinSpaetGebundenerWirtGehtDenGanzenWeg)
+{
+    const auto lager = objekt();
+    EXPECT_NE(lager, objekt());
+    EXPECT_EQ(lager->parent(), nullptr);
+    EXPECT_TRUE(lager->setProperty("Betriebsnummer", u"4711"_s));
+    EXPECT_TRUE(lager->setProperty("Währung", u"€"_s));
+    EXPECT_EQ(lager->property("Währung"), u"€"_s);
+    EXPECT_TRUE(lager->setProperty("Stichdatum", QDate(2023, 1, 1)));
+    EXPECT_TRUE(QMetaObject::invokeMethod(lager.get(), "Kontrolle_LagerbestandLaden"));
+    EXPECT_EQ(lager->property("LetzterFehler"), u""_s);
+
+    EXPECT_EQ(bestand(*lager, "QDate", u"Weizen"_s, QDate(2024, 1, 31)), 120.5);
+    EXPECT_EQ(bestand(*lager, "QDateTime", u"Weizen"_s, QDateTime(QDate(2024, 2, 1), QTime(13, 45))), 100.5);
+    EXPECT_EQ(hof.journal(2024), zeilen("01.02. | H1 | Weizen | -20 | Verkauf\n"
+                                        "01.01. | H1 | Weizen | 120,5 | Anfangsbestand"));
+}
+
+TEST_F(Bibliothek, EinFrueherGebundenerWirtBekommtAusnahmen)
+{
+    auto* const zablager = qobject_cast<IZablager*>(wurzel);
+    ASSERT_TRUE(zablager);
+    const auto lager = zablager->erzeuge();
+    lager->setBetriebsnummer(u"4711"_s);
+    lager->setStichdatum(QDate(2023, 1, 1));
+    lager->Kontrolle_LagerbestandLaden();
+    EXPECT_EQ(lager->Get_Bestand(u"Weizen"_s, u"H1"_s, QDate(2024, 12, 31)), 100.5);
+    try {
+        lager->Get_Bestand(u"Bauer's Mix"_s, u"H1"_s, QDate(2024, 12, 31));
+        ADD_FAILURE() << "an apostrophe must break the statement";
+    } catch (const jet::Error& fehler) { // thrown by the library, caught here
+        EXPECT_EQ(fehler.number(), jet::ErrorNumber::ExpressionSyntax);
+    }
+    const auto spaet = objekt();
+    auto* const frueh = qobject_cast<_Lagerverwaltungsdaten*>(spaet.get()); // one object, both ways
+    ASSERT_TRUE(frueh);
+    frueh->setArtikelname(u"Weizen"_s);
+    EXPECT_EQ(spaet->property("Artikelname"), u"Weizen"_s);
+
+    Meldungsprotokoll protokoll;
+    zablager->setzeMeldungen(&protokoll);
+    EXPECT_EQ(frueh->Get_Bestand(u"Weizen"_s, u"H1"_s, QDate(2019, 1, 1)), 0);
+    zablager->setzeMeldungen(nullptr);
+    EXPECT_EQ(protokoll.abgeholt(), QStringList(u"Der Dateiname "_s + hof.journaldatei(2019) + u" existiert nicht!"_s));
+}
+
+TEST_F(Bibliothek, SpaetGebundeneFehlerStehenImObjekt)
+{
+    const auto lager = objekt();
+    lager->setProperty("Betriebsnummer", u"4711"_s);
+    lager->setProperty("Stichdatum", QDate(2023, 1, 1));
+    QMetaObject::invokeMethod(lager.get(), "Kontrolle_LagerbestandLaden");
+    const auto nummer = [&] { return lager->property("LetzteFehlernummer").toInt(); };
+    const auto text = [&] { return lager->property("LetzterFehler").toString(); };
+
+    EXPECT_EQ(bestand(*lager, "QDate", u"Bauer's Mix"_s, QDate(2024, 1, 31)), 0);
+    EXPECT_EQ(nummer(), 3075) << text().toStdString();
+    EXPECT_EQ(bestand(*lager, "QDate", u"Weizen"_s, QDate()), 0);
+    EXPECT_EQ(nummer(), 5) << text().toStdString();
+    EXPECT_EQ(bestand(*lager, "QDate", u"Weizen"_s, QDate(2019, 1, 31)), 0);
+    EXPECT_EQ(nummer(), 0); // a message, no failure
+    EXPECT_EQ(text(), u"Der Dateiname "_s + hof.journaldatei(2019) + u" existiert nicht!"_s);
+    EXPECT_EQ(bestand(*lager, "QDate", u"Weizen"_s, QDate(2024, 1, 31)), 120.5);
+    EXPECT_EQ(text(), u""_s);
+    lager->setProperty("Stichdatum", QDate());
+    EXPECT_EQ(nummer(), 5) << text().toStdString();
+    EXPECT_EQ(lager->property("Stichdatum"), QDate(2023, 1, 1));
+    lager->setProperty("LetzterFehler", u"nur zu lesen"_s);
+    EXPECT_NE(text(), u"nur zu lesen"_s);
+
+    lager->setProperty("Betriebsnummer", u"x"_s);
+    QMetaObject::invokeMethod(lager.get(), "Kontrolle_LagerbestandLaden");
+    EXPECT_EQ(text(), u"Kein Betrieb in der Registrierung eingestellt!"_s);
+    EXPECT_EQ(nummer(), 0);
+
+    EXPECT_EQ(objekt(u"ZABLAGER.Ampel"_s), nullptr);
+    EXPECT_TRUE(wurzel->property("LetzterFehler").toString().contains(u"ZABLAGER.Ampel"_s));
+}
+
+TEST_F(Bibliothek, ObjekteUeberlebenDasEntladen)
+{
+    const auto lager = objekt();
+    lager->setProperty("Betriebsnummer", u"4711"_s);
+    loader.unload(); // deletes the root
+    QMetaObject::invokeMethod(lager.get(), "Kontrolle_LagerbestandLaden");
+    EXPECT_EQ(bestand(*lager, "QDate", u"Weizen"_s, QDate(2024, 1, 31)), 120.5);
+}
+
+TEST_F(Bibliothek, DieNamenSindDieDerSchnittstelle)
+{
+    QStringList namen;
+    const auto lager = objekt();
+    const QMetaObject* const klasse = lager->metaObject();
+    for (int i = QObject::staticMetaObject.propertyCount(); i < klasse->propertyCount(); ++i)
+        namen.append(QString::fromUtf8(klasse->property(i).name()));
+    namen.sort();
+    EXPECT_EQ(namen, (QStringList{u"Anlagenpasswort"_s, u"Anlagenverzeichnis"_s, u"Artikelname"_s, u"Betriebpasswort"_s,
+                                  u"Betriebsadresse"_s, u"Betriebsname"_s, u"Betriebsnummer"_s, u"Datenverzeichnis"_s,
+                                  u"Herkunft"_s, u"Lagername"_s, u"Lagerpasswort"_s, u"LetzteFehlernummer"_s,
+                                  u"LetzterFehler"_s, u"Stammverzeichnis"_s, u"Stichdatum"_s, u"Währung"_s}));
+}

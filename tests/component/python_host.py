@@ -1,0 +1,68 @@
+"""A Python host: sets up a farm, carries its stocks forward and asks for them late-bound.
+
+Arguments: the program zablager, the library, the directory of the Python module.
+"""
+
+import datetime
+import os
+import subprocess
+import sys
+import tempfile
+
+try:
+    from PyQt6.QtCore import QDate
+except ImportError:
+    print("PyQt6 is missing: the late-bound host is not tested")
+    sys.exit(77)
+
+program, library, module = sys.argv[1:]
+sys.path.insert(0, module)
+from zablager import Zablager, ZablagerError  # noqa: E402
+
+
+def run(*args, text=""):
+    subprocess.run([program, *args], input=text, text=True, check=True)
+
+
+def refusal(action):
+    try:
+        action()
+    except ZablagerError as error:
+        return error.number
+    return None
+
+
+with tempfile.TemporaryDirectory() as farm:
+    for year in ("2023", "2024"):
+        run("einrichten", farm, "--betrieb", "4711", "--jahr", year)
+    run("sql", f"{farm}/daten/B4711/Lager.2023", text=(
+        "INSERT INTO LAGERJOURNAL (Datum, Artikel, LagerortKurzKu, Menge) VALUES (#5/4/2023#, 'Mühlenkleie', 'H1', 2.5)"))
+    os.environ["XDG_CONFIG_HOME"] = f"{farm}/einstellungen"
+
+    zablager = Zablager(library)
+    assert refusal(lambda: zablager.CreateObject("ZABLAGER.Ampel")) == 429
+    assert refusal(lambda: Zablager(f"{farm}/fehlt.so")) == 429
+
+    lager = zablager.CreateObject("ZABLAGER.Lagerverwaltungsdaten")
+    assert lager.Stichdatum == datetime.date(1899, 12, 30)
+    lager.Betriebsnummer = "4711"
+    lager.Währung = "€"
+    lager.Stichdatum = datetime.date(2023, 1, 1)
+    assert (lager.Betriebsnummer, lager.Währung, lager.Stichdatum) == ("4711", "€", datetime.date(2023, 1, 1))
+    lager.Kontrolle_LagerbestandLaden()
+
+    assert lager.Get_Bestand("Mühlenkleie", "H1", datetime.date(2024, 1, 1)) == 2.5
+    assert lager.Get_Bestand("Mühlenkleie", "H1", datetime.datetime(2023, 5, 3, 23, 59)) == 0.0
+    assert lager.Get_Bestand("Mühlenkleie", "H1", datetime.date(2019, 1, 1)) == 0.0
+    assert "existiert nicht!" in lager.LetzterFehler
+    assert refusal(lambda: lager.Get_Bestand("Bauer's Mix", "H1", datetime.date(2024, 1, 1))) == 3075
+    assert refusal(lager.LagerbestandLaden) == 3251
+    lager.Artikelname = "Weizen"  # an old failure is not told again
+    assert refusal(lambda: setattr(lager, "Stichdatum", QDate())) == 5
+    for wrong in (lambda: lager.Lagerart, lambda: setattr(lager, "Lagerart", ""),
+                  lambda: setattr(lager, "LetzterFehler", "")):
+        try:
+            wrong()
+            raise SystemExit("an unknown or read-only property was accepted")
+        except AttributeError:
+            pass

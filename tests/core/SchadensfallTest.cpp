@@ -1,0 +1,151 @@
+// What the carry-forward and the stock question do with files that are missing, damaged, foreign or locked.
+
+#include "core/Bestand.h"
+#include "core/JahresUbertrag.h"
+#include "platform/system/Files.h"
+#include "tests/support/Fremdprogramm.h"
+#include "tests/support/Print.h"
+#include "tests/support/Testbetrieb.h"
+
+#include <zablager/FileError.h>
+
+#include <QDir>
+#include <QFile>
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+using namespace Qt::StringLiterals;
+using jet::ErrorNumber;
+
+namespace {
+
+void ersetze(const QString& datei, const QByteArray& inhalt)
+{
+    jet::engine().release();
+    QFile ziel(datei);
+    ASSERT_TRUE(ziel.open(QIODevice::WriteOnly));
+    ASSERT_EQ(ziel.write(inhalt), inhalt.size());
+}
+
+QByteArray inhalt(const QString& datei)
+{
+    QFile quelle(datei);
+    return quelle.open(QIODevice::ReadOnly) ? quelle.readAll() : QByteArray();
+}
+
+/// The beginning of a database file of the engine that year files come from, page size and version as it writes them.
+QByteArray alterJetKopf()
+{
+    QByteArray kopf("\x00\x01\x00\x00Standard Jet DB\x00\x01\x00\x00\x00", 24);
+    return kopf + QByteArray(4096 - kopf.size(), '\x5a');
+}
+
+} // namespace
+
+TEST(Schadensfall, EineUnlesbareDateiBeendetDenUebertragBevorErSchreibt)
+{
+    struct Fall {
+        const char* name;
+        std::function<QByteArray(QByteArray)> beschaedige;
+        ErrorNumber nummer;
+    };
+    const Fall faelle[] = {
+        {"leer", [](const QByteArray&) { return QByteArray(); }, ErrorNumber::UnknownFormat},
+        {"ein Text", [](const QByteArray&) { return QByteArray("Kein Journal\n").repeated(1000); },
+         ErrorNumber::UnknownFormat},
+        {"abgeschnitten", [](const QByteArray& alt) { return alt.first(700); }, ErrorNumber::UnknownFormat},
+        {"mitten im Kopf überschrieben",
+         [](const QByteArray& alt) { return alt.first(16) + QByteArray(84, 'x') + alt.mid(100); },
+         ErrorNumber::UnknownFormat},
+        {"in den Tabellen überschrieben",
+         [](const QByteArray& alt) { return alt.first(100) + QByteArray(alt.size() - 100, 'x'); },
+         ErrorNumber::UnknownFormat},
+        {"die alte Datenbank", [](const QByteArray&) { return alterJetKopf(); }, ErrorNumber::UnknownFormat},
+    };
+    for (const Fall& fall : faelle) {
+        SCOPED_TRACE(fall.name);
+        const Testbetrieb hof(QDate(2024, 6, 1));
+        hof.bucht(2024, "05.05. | H1 | Weizen | 100 | Zukauf");
+        hof.bucht(2025, "");
+        hof.bucht(2026, "");
+        const QByteArray schaden = fall.beschaedige(inhalt(hof.journaldatei(2026)));
+        ersetze(hof.journaldatei(2026), schaden);
+        try {
+            JahresUbertrag();
+            ADD_FAILURE() << "must be refused";
+        } catch (const jet::Error& fehler) {
+            EXPECT_EQ(fehler.number(), fall.nummer) << fehler.what();
+            EXPECT_TRUE(fehler.text().contains(u"Lager.2026"_s)) << fehler.what();
+        }
+        EXPECT_EQ(hof.journal(2025), zeilen("")); // the damaged year was found before 2025 was written
+        EXPECT_EQ(inhalt(hof.journaldatei(2026)), schaden);
+        EXPECT_EQ(QDir(hof.ort().betriebsordner(u"4711"_s)).entryList(QDir::Files),
+                  (QStringList{u"Lager.2024"_s, u"Lager.2025"_s, u"Lager.2026"_s}));
+    }
+}
+
+TEST(Schadensfall, DieBestandsfrageNenntDieDatei)
+{
+    const Testbetrieb hof(QDate(2024, 6, 1));
+    const auto fehlernummer = [] {
+        try {
+            BestandErmitteln(u"Weizen"_s, u"H1"_s, QDate(2024, 5, 1));
+        } catch (const jet::Error& fehler) {
+            EXPECT_TRUE(fehler.text().contains(u"Lager.2024"_s)) << fehler.what();
+            return int(fehler.number());
+        }
+        return 0;
+    };
+    ersetze(hof.journaldatei(2024), {});
+    EXPECT_EQ(fehlernummer(), int(ErrorNumber::UnknownFormat));
+    sys::Kill(hof.journaldatei(2024));
+    QDir().mkdir(hof.journaldatei(2024));
+    EXPECT_EQ(fehlernummer(), int(ErrorNumber::CannotOpenFile));
+}
+
+TEST(Schadensfall, EinKennwortInDerVorlageBeendetNurDieBestandsfrage)
+{
+    const Testbetrieb hof(QDate(2024, 6, 1));
+    sys::Kill(hof.journaldatei(2024));
+    const auto kennwort = [&](const QString& sortierung) {
+        const auto datei = jet::engine().CreateDatabase(hof.journaldatei(2024), sortierung);
+        datei->Execute(u"CREATE TABLE LAGERJOURNAL (ID Counter PRIMARY KEY, Datum Date, Artikel Text(50), Artikelart "
+                       u"Text(25), LagerortKurzKu Text(15), Menge Double, Preis Double, Preisfaktor Text(3), Einheit "
+                       u"Text(15))"_s);
+    };
+    kennwort(u";LANGID=0x0409;CP=1252;COUNTRY=0;pwd=quenlor"_s);
+    EXPECT_TRUE(JahresUbertrag());
+    EXPECT_THROW(BestandErmitteln(u"Weizen"_s, u"H1"_s, QDate(2024, 5, 1)), jet::Error);
+    sys::Kill(hof.journaldatei(2024));
+    kennwort(u";pwd=anderes"_s);
+    try {
+        JahresUbertrag();
+        ADD_FAILURE() << "a wrong password must be refused";
+    } catch (const jet::Error& fehler) {
+        EXPECT_EQ(fehler.number(), ErrorNumber::WrongPassword);
+    }
+}
+
+TEST(Schadensfall, EinGesperrtesJahrIstEinFehlerUndDerNaechsteLaufHoltEsNach)
+{
+    const Testbetrieb hof(QDate(2024, 6, 1));
+    hof.bucht(2024, "05.05. | H1 | Weizen | 100 | Zukauf");
+    hof.bucht(2025, "");
+    const int geduld = jet::engine().LockTimeout();
+    jet::engine().setLockTimeout(50);
+    {
+        const Fremdprogramm anderes(hof.journaldatei(2025));
+        EXPECT_EQ(BestandErmitteln(u"Weizen"_s, u"H1"_s, QDate(2025, 5, 1)), 0); // reading goes on
+        try {
+            JahresUbertrag();
+            ADD_FAILURE() << "a locked file must be refused";
+        } catch (const jet::Error& fehler) {
+            EXPECT_EQ(fehler.number(), ErrorNumber::Locked) << fehler.what();
+        }
+    }
+    jet::engine().setLockTimeout(geduld);
+    EXPECT_TRUE(JahresUbertrag());
+    EXPECT_EQ(hof.journal(2025), zeilen("01.01. | H1 | Weizen | 100 | Anfangsbestand"));
+}

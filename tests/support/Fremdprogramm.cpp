@@ -1,0 +1,44 @@
+#include "tests/support/Fremdprogramm.h"
+
+#include "platform/jet/Engine.h"
+#include "tests/support/Child.h"
+
+#include <csignal>
+#include <cstdio>
+#include <stdexcept>
+#include <unistd.h>
+
+namespace {
+
+int halteFest(const QString& datei, int bescheid)
+{
+    try {
+        const auto datenbank = jet::engine().OpenDatabase(datei);
+        datenbank->BeginTrans();
+        if (write(bescheid, "!", 1) == 1) pause();
+    } catch (const jet::Error& fehler) {
+        std::fprintf(stderr, "the other program: %s\n", fehler.what());
+    }
+    return 1;
+}
+
+} // namespace
+
+Fremdprogramm::Fremdprogramm(const QString& datei)
+{
+    jet::engine().release(); // the child must not inherit connections
+    int rohr[2];
+    if (pipe(rohr) != 0) throw std::runtime_error("no pipe");
+    m_prozess = startChild([&] { return halteFest(datei, rohr[1]); });
+    close(rohr[1]);
+    char zeichen = 0;
+    const bool bereit = read(rohr[0], &zeichen, 1) == 1;
+    close(rohr[0]);
+    if (!bereit) throw std::runtime_error("the other program could not open the file");
+}
+
+Fremdprogramm::~Fremdprogramm()
+{
+    kill(m_prozess, SIGKILL);
+    exitCode(m_prozess);
+}

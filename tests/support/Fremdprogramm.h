@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QString>
+
+#include <sys/types.h>
+
+/// Another program that is writing to a database file: from the end of the constructor to the destructor its
+/// transaction is open.
+class Fremdprogramm {
+public:
+    explicit Fremdprogramm(const QString& datei);
+    ~Fremdprogramm();
+    Q_DISABLE_COPY_MOVE(Fremdprogramm)
+
+private:
+    pid_t m_prozess;
+};

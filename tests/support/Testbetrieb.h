@@ -1,0 +1,53 @@
+#pragma once
+
+#include "host/Installation.h"
+#include "platform/jet/Engine.h"
+#include "platform/system/Messages.h"
+#include "tests/support/Zeile.h"
+
+#include <QDate>
+#include <QStringList>
+#include <QTemporaryDir>
+
+#include <vector>
+
+/// Messages of the product, kept instead of shown. A question gets the answer that the test has given for it.
+class Meldungsprotokoll final : public sys::Messages {
+public:
+    sys::Answer show(const QString& text, int flags) override;
+    void beantworte(const QString& text, sys::Answer antwort) { m_antworten.emplace_back(text, antwort); }
+    QStringList abgeholt(); ///< The texts since the last time.
+
+private:
+    QStringList m_texte;
+    std::vector<std::pair<QString, sys::Answer>> m_antworten;
+};
+
+/// A farm in a temporary directory, made by the product's own set-up. While it lives the product finds this farm, this
+/// day and this key date; messages are kept, and one that no test looked at is a failure.
+class Testbetrieb {
+public:
+    explicit Testbetrieb(QDate Stichtag = QDate(2024, 6, 1), const QString& Betriebsnummer = QStringLiteral("4711"));
+    ~Testbetrieb();
+    Q_DISABLE_COPY_MOVE(Testbetrieb)
+
+    const Installation& ort() const { return m_ort; }
+    QString journaldatei(int jahr) const { return m_ort.journaldatei(m_betriebsnummer, jahr); }
+    std::unique_ptr<jet::Database> oeffne(int jahr) const;
+
+    void richteEin(int jahr) const;               ///< Makes the year file if it is missing.
+    void bucht(int jahr, const char* text) const; ///< Adds rows to a year file, which is made if it is missing.
+    void fuehreAus(int jahr, const QString& anweisung) const;
+    std::vector<Zeile> journal(int jahr) const; ///< All rows, in the order of their ID.
+    /// The rows of a query, cells joined by " | ", NULL as "NULL".
+    QStringList zeigt(int jahr, const QString& abfrage) const;
+
+    Meldungsprotokoll& meldungen() { return m_meldungen; }
+
+private:
+    QTemporaryDir m_ordner;
+    Installation m_ort;
+    QString m_betriebsnummer;
+    Meldungsprotokoll m_meldungen;
+    sys::MessageScope m_umleitung;
+};
