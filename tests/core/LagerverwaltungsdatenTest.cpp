@@ -1,6 +1,5 @@
 #include "core/Lagerverwaltungsdaten.h"
 
-#include "platform/system/Files.h"
 #include "tests/support/Print.h"
 #include "tests/support/Testbetrieb.h"
 
@@ -28,8 +27,7 @@ protected:
     }
 
     Testbetrieb hof;
-    sys::Messages* ziel = nullptr;
-    Lagerverwaltungsdaten objekt{[this] { return ziel; }};
+    Lagerverwaltungsdaten objekt{[] { return nullptr; }};
     _Lagerverwaltungsdaten& daten = objekt;
 };
 
@@ -64,28 +62,6 @@ TEST_F(Daten, DerLetzteUebertragGiltFuerAlleObjekte)
     anderes.setStichdatum(QDate(2024, 6, 1));
     anderes.Kontrolle_LagerbestandLaden();
     EXPECT_EQ(daten.Get_Bestand(u"Weizen"_s, u"H1"_s, QDate(2024, 12, 31)), 100);
-}
-
-TEST_F(Daten, MeldungenGehenDorthinWoDerAufrufSieHabenWill)
-{
-    const QString meldung = u"Der Dateiname "_s + hof.journaldatei(2019) + u" existiert nicht!"_s;
-    EXPECT_EQ(daten.Get_Bestand(u"Weizen"_s, u"H1"_s, QDate(2019, 5, 1)), 0);
-    EXPECT_EQ(objekt.LetzterFehler(), meldung);
-    EXPECT_EQ(objekt.LetzteFehlernummer(), 0);
-
-    Meldungsprotokoll protokoll;
-    ziel = &protokoll; // chosen when a call begins
-    EXPECT_EQ(daten.Get_Bestand(u"Weizen"_s, u"H1"_s, QDate(2019, 5, 1)), 0);
-    EXPECT_EQ(protokoll.abgeholt(), QStringList(meldung));
-    EXPECT_EQ(objekt.LetzterFehler(), u""_s);
-}
-
-TEST_F(Daten, WasEsNochNichtGibtSagtEs)
-{
-    EXPECT_THROW(daten.LagerbestandRechnen(), jet::Error);
-    EXPECT_THROW(daten.LagerbestandLaden(), jet::Error);
-    QMetaObject::invokeMethod(&objekt, "LagerbestandLaden");
-    EXPECT_EQ(objekt.LetzterFehler(), u"LagerbestandLaden ist noch nicht verfügbar."_s);
 }
 
 TEST_F(Daten, EinUnmoeglichesStichdatumWirdAbgelehnt)
