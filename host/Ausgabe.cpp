@@ -1,5 +1,7 @@
 #include "host/Ausgabe.h"
 
+#include <zablager/FileError.h>
+
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QLocale>
@@ -51,6 +53,15 @@ QString json(const QJsonValue& wert)
 }
 
 } // namespace
+
+void schreibe(std::FILE* ziel, const QString& text)
+{
+    const QByteArray zeile = (text + u'\n').toUtf8();
+    const auto laenge = static_cast<std::size_t>(zeile.size());
+    if (std::fwrite(zeile.constData(), 1, laenge, ziel) == laenge && std::fflush(ziel) == 0) return;
+    if (ziel == stdout)
+        throw sys::FileError(sys::FileErrorNumber::DiskFull, u"Die Ausgabe lässt sich nicht schreiben."_s);
+}
 
 QString zahlText(double zahl)
 {

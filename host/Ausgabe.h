@@ -5,7 +5,12 @@
 #include <QString>
 #include <QTextStream>
 
+#include <cstdio>
+
 /// Forms in which programs read figures and rows; nothing here depends on German settings.
+
+/// Writes a line as UTF-8. \throws sys::FileError when standard output does not take it.
+void schreibe(std::FILE* ziel, const QString& text);
 
 QString zahlText(double zahl); ///< Decimal point, no exponent, as few digits as tell it from its neighbours: "0.3".
 

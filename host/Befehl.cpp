@@ -2,6 +2,8 @@
 
 #include "host/Aufruffehler.h"
 
+#include <zablager/FileError.h>
+
 using namespace Qt::StringLiterals;
 
 QCommandLineOption betriebOption()
@@ -14,10 +16,11 @@ QString gewaehlterBetrieb(const Installation& ort, const QCommandLineParser& auf
     const QStringList betriebe = ort.betriebe();
     const QString gewuenscht = aufruf.value(u"betrieb"_s);
     if (betriebe.isEmpty())
-        throw Aufruffehler(u"In '"_s + ort.verzeichnis() +
-                           u"' ist kein Betrieb eingerichtet; das macht der Befehl 'einrichten'."_s);
+        throw sys::FileError(sys::FileErrorNumber::PathNotFound,
+                             u"In '"_s + ort.verzeichnis() +
+                                 u"' ist kein Betrieb eingerichtet; das macht der Befehl 'einrichten'."_s);
     const QString auswahl = u" Vorhanden: "_s + betriebe.join(u", "_s);
-    if (!gewuenscht.isEmpty() && !betriebe.contains(gewuenscht))
+    if (aufruf.isSet(u"betrieb"_s) && !betriebe.contains(gewuenscht))
         throw Aufruffehler(u"Den Betrieb '"_s + gewuenscht + u"' gibt es in '"_s + ort.verzeichnis() + u"' nicht."_s +
                            auswahl);
     if (gewuenscht.isEmpty() && betriebe.size() > 1)
@@ -28,7 +31,7 @@ QString gewaehlterBetrieb(const Installation& ort, const QCommandLineParser& auf
 int jahr(const QString& text)
 {
     bool istZahl = false;
-    const int zahl = text.toInt(&istZahl);
+    const int zahl = text.size() == 4 && text[0] != u'+' && text[0] != u' ' ? text.toInt(&istZahl) : 0;
     if (!istZahl || zahl < 1900 || zahl > 9999)
         throw Aufruffehler(u"'"_s + text + u"' ist kein Jahr von 1900 bis 9999."_s);
     return zahl;

@@ -3,8 +3,6 @@
 #include "host/Befehl.h"
 #include "host/Komponente.h"
 
-#include <QTextStream>
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -23,10 +21,10 @@ void zeigeBestand(const QCommandLineParser& aufruf)
     const QDate Stichtag = datum(argumente[3]);
     const QString betrieb = gewaehlterBetrieb(ort, aufruf);
     ort.verwende();
-    // Only the carry-forward hands the farm number on. With this key date it finds no year to carry into another.
-    const auto lager = lagerverwaltungsdaten(ort, betrieb, QDate(9999, 12, 31));
+    // Only the carry-forward hands the farm number on. With this key date it finds no year at all.
+    const auto lager = lagerverwaltungsdaten(ort, betrieb, QDate(10000, 1, 1));
     lager->Kontrolle_LagerbestandLaden();
-    QTextStream(stdout) << zahlText(lager->Get_Bestand(argumente[1], argumente[2], Stichtag)) << '\n';
+    schreibe(stdout, zahlText(lager->Get_Bestand(argumente[1], argumente[2], Stichtag)));
 }
 
 } // namespace

@@ -7,6 +7,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QScopeGuard>
 
 using namespace Qt::StringLiterals;
 
@@ -35,6 +36,9 @@ void legeDatenbankAn(const QString& datei, const QString& schema, const QString&
     const QString entwurf = datei + u".neu"_s;
     if (sys::Exist(entwurf)) sys::Kill(entwurf);
     const QString sortierung = u";LANGID=0x0409;CP=1252;COUNTRY=0"_s;
+    const auto raeumeAuf = qScopeGuard([&] {
+        if (sys::Exist(entwurf)) sys::Kill(entwurf);
+    });
     const auto datenbank =
         jet::engine().CreateDatabase(entwurf, kennwort.isEmpty() ? sortierung : sortierung + u";pwd="_s + kennwort);
     datenbank->BeginTrans();
@@ -42,7 +46,6 @@ void legeDatenbankAn(const QString& datei, const QString& schema, const QString&
         datenbank->Execute(anweisung);
     datenbank->Close();
     sys::FileCopy(entwurf, datei);
-    sys::Kill(entwurf);
 }
 
 } // namespace
@@ -59,6 +62,9 @@ void richteEin(const Installation& ort, const QString& Betriebsnummer, int jahr)
     legeDatenbankAn(stammdaten, u"ZABStammdaten"_s, u"RT-58KX"_s);
 
     const QString journal = ort.journaldatei(Betriebsnummer, jahr);
-    if (!sys::Exist(journal)) sys::FileCopy(vorlage, journal);
+    if (!sys::Exist(journal)) {
+        jet::engine().OpenDatabase(vorlage)->Close(); // a damaged template would make a damaged year
+        sys::FileCopy(vorlage, journal);
+    }
     ort.verwende();
 }

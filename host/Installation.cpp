@@ -1,5 +1,6 @@
 #include "host/Installation.h"
 
+#include "platform/system/Path.h"
 #include "platform/system/Settings.h"
 
 #include <QDir>
@@ -23,9 +24,14 @@ Installation::Installation(const QString& verzeichnis)
     : m_verzeichnis(QDir::cleanPath(QDir(verzeichnis).absolutePath()))
 {}
 
+QString Installation::unter(const QString& pfad) const
+{
+    return sys::localPath(m_verzeichnis + pfad);
+}
+
 QString Installation::journaldatei(const QString& nummer, int jahr) const
 {
-    return betriebsordner(nummer) + u"/Lager."_s + QString::number(jahr);
+    return sys::localPath(betriebsordner(nummer) + u"/Lager."_s + QString::number(jahr));
 }
 
 QStringList Installation::betriebe() const
@@ -36,6 +42,7 @@ QStringList Installation::betriebe() const
     }
     std::sort(nummern.begin(), nummern.end(),
               [](const QString& a, const QString& b) { return a.size() != b.size() ? a.size() < b.size() : a < b; });
+    nummern.removeDuplicates(); // "b1" beside "B1"
     return nummern;
 }
 

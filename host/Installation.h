@@ -14,11 +14,12 @@ public:
     explicit Installation(const QString& verzeichnis); ///< Nothing is created by naming it.
 
     QString verzeichnis() const { return m_verzeichnis; } ///< Absolute.
-    QString programm() const { return m_verzeichnis + QStringLiteral("/programm"); }
-    QString daten() const { return m_verzeichnis + QStringLiteral("/daten"); }
-    QString anlagen() const { return m_verzeichnis + QStringLiteral("/anlagen"); }
-    QString einstellungen() const { return m_verzeichnis + QStringLiteral("/einstellungen"); }
-    QString betriebsordner(const QString& nummer) const { return daten() + QStringLiteral("/B") + nummer; }
+    // Each is found whatever its case: a farm may have been copied from a system that does not tell cases apart.
+    QString programm() const { return unter(QStringLiteral("/programm")); }
+    QString daten() const { return unter(QStringLiteral("/daten")); }
+    QString anlagen() const { return unter(QStringLiteral("/anlagen")); }
+    QString einstellungen() const { return unter(QStringLiteral("/einstellungen")); }
+    QString betriebsordner(const QString& nummer) const { return unter(QStringLiteral("/daten/B") + nummer); }
     QString journaldatei(const QString& nummer, int jahr) const;
 
     QStringList betriebe() const; ///< Farm numbers that have a folder, ascending.
@@ -27,6 +28,8 @@ public:
     void verwende() const;
 
 private:
+    QString unter(const QString& pfad) const; ///< The path below the directory, in its local form.
+
     QString m_verzeichnis;
 };
 

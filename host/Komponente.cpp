@@ -1,5 +1,6 @@
 #include "host/Komponente.h"
 
+#include "platform/system/Files.h"
 #include "platform/system/Messages.h"
 
 #include <zablager/FileError.h>
@@ -17,9 +18,11 @@ IZablager& ladeBibliothek()
     const QString pfad = QDir::cleanPath(QCoreApplication::applicationDirPath() + u"/../lib/zablager.so"_s);
     QPluginLoader bibliothek(pfad);
     auto* const zablager = qobject_cast<IZablager*>(bibliothek.instance());
-    if (!zablager)
-        throw sys::FileError(sys::FileErrorNumber::FileNotFound,
-                             u"Die Bibliothek '"_s + pfad + u"' lässt sich nicht laden: "_s + bibliothek.errorString());
+    if (!zablager) {
+        const bool fehlt = !sys::Exist(pfad);
+        throw sys::FileError(fehlt ? sys::FileErrorNumber::FileNotFound : sys::FileErrorNumber::PathAccess,
+                             u"Die Bibliothek '"_s + pfad + (fehlt ? u"' fehlt."_s : u"' lässt sich nicht laden."_s));
+    }
     return *zablager;
 }
 

@@ -2,6 +2,7 @@
 // Exit codes: 0 done, 1 refused (reason on standard error), 2 wrong command line.
 
 #include "host/Aufruffehler.h"
+#include "host/Ausgabe.h"
 #include "host/Befehl.h"
 #include "host/Deutsch.h"
 
@@ -11,16 +12,10 @@
 #include <QCoreApplication>
 
 #include <algorithm>
-#include <cstdio>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-void schreibe(std::FILE* ziel, const QString& text)
-{
-    std::fputs((text + u'\n').toUtf8().constData(), ziel);
-}
 
 /// "zablager einrichten VERZEICHNIS --betrieb NR [--jahr JAHR]"
 QString aufrufForm(const Befehl& befehl)

@@ -69,7 +69,9 @@ class Lagerverwaltungsdaten:
             self._check()
 
     def Get_Bestand(self, Artikel, Lagerort, Stichtag):
-        """Stock of an article at a storage place at the end of a day (date or datetime), not rounded."""
+        """Stock of an article at a storage place at the end of a day (date, datetime or QDate), not rounded."""
+        if not isinstance(Artikel, str) or not isinstance(Lagerort, str):
+            raise TypeError("Artikel und Lagerort sind Texte")
         return self._invoke("Get_Bestand", Q_RETURN_ARG("double"), Q_ARG("QString", Artikel),
                             Q_ARG("QString", Lagerort), Q_ARG("QDate", _day(Stichtag)))
 
@@ -95,7 +97,7 @@ class Lagerverwaltungsdaten:
 
 
 def _day(value):
-    return QDate(value.year, value.month, value.day)
+    return value if isinstance(value, QDate) else QDate(value.year, value.month, value.day)
 
 
 def _index(qobject, name):

@@ -71,7 +71,9 @@ Value convert(const Value& value, Type to)
     case Type::Double: return Value(value.toDouble());
     case Type::Date: return date(value);
     case Type::Text:
-    case Type::Memo: return Value(value.toText());
+    case Type::Memo:
+        if (value.toText().contains(QChar(0))) raise(ErrorNumber::ConversionFailed); // would end the text in the file
+        return Value(value.toText());
     case Type::Null: break;
     }
     return value;

@@ -135,7 +135,8 @@ void Database::BeginTrans()
 {
     auto& connection = m_session->use();
     if (m_session->transaction) return;
-    if (connection.inTransaction()) raise(ErrorNumber::Locked); // of another Database on the same connection
+    if (connection.inTransaction())
+        raiseOfFile(ErrorNumber::Locked, connection.path()); // of another Database on the same connection
     connection.execute("BEGIN IMMEDIATE");
     m_session->transaction = true;
 }

@@ -26,7 +26,7 @@ public:
     /// opened for reading.
     ///
     /// `connect` is "[type];key=value;...", of which only the type word and `pwd` are looked at: ";pwd=secret",
-    /// "MS Access;PWD=secret". A password for a file that has none is ignored.
+    /// "MS Access;PWD=secret". A file without a password opens with any text.
     /// \throws Error FileNotFound, PathNotFound, CannotOpenFile, UnknownFormat, WrongPassword, UnknownDatabaseType.
     std::unique_ptr<Database> OpenDatabase(const QString& path, const QString& connect = {});
 

@@ -114,6 +114,12 @@ void raise(ErrorNumber number, const QStringList& names, qsizetype position)
     throw Error(number, errorText(number, names), position);
 }
 
+void raiseOfFile(ErrorNumber number, const QString& path)
+{
+    const QString text = errorText(number, {path});
+    throw Error(number, text.contains(path) ? text : text + u" Datei: '"_s + path + u"'."_s);
+}
+
 void refuse(const QString& feature, qsizetype position)
 {
     throw Error(ErrorNumber::NotSupported, u"'"_s + feature + u"' wird in Abfragen nicht unterstützt."_s, position);

@@ -13,6 +13,9 @@ QString errorText(ErrorNumber number, const QStringList& names = {});
 /// Throws the refusal. `position`: character of the statement, -1 without a place.
 [[noreturn]] void raise(ErrorNumber number, const QStringList& names = {}, qsizetype position = -1);
 
+/// The same for a fault of a whole file, which is named where the number's own text does not.
+[[noreturn]] void raiseOfFile(ErrorNumber number, const QString& path);
+
 /// Refuses something that the dialect knows elsewhere but not here, naming it: "'UNION' wird ... nicht unterstützt."
 [[noreturn]] void refuse(const QString& feature, qsizetype position = -1);
 

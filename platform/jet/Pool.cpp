@@ -45,7 +45,6 @@ std::shared_ptr<sqlite::Connection> Engine::Pool::open(const QString& path, cons
     const auto now = sys::identify(local);
     if (now && !now->isDirectory)
         if (auto connection = known(local, connect, *now)) return connection;
-    const QString password = readConnect(connect).password;
     if (!now) {
         requireDirectory(local);
         raise(ErrorNumber::FileNotFound, {local});
@@ -53,7 +52,9 @@ std::shared_ptr<sqlite::Connection> Engine::Pool::open(const QString& path, cons
     if (now->isDirectory) raise(ErrorNumber::CannotOpenFile, {local});
     if (now->size == 0) raise(ErrorNumber::UnknownFormat, {local});
     auto connection = connected(local);
-    if (!connection->catalogue().accepts(password)) raise(ErrorNumber::WrongPassword);
+    // Which text hosts hand over for files without a password is their affair: such a file opens with any.
+    if (connection->catalogue().hasPassword() && !connection->catalogue().accepts(readConnect(connect).password))
+        raiseOfFile(ErrorNumber::WrongPassword, local);
     dropOldest();
     m_entries.push_front({connect, connection, *now});
     return connection;

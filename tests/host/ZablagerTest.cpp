@@ -104,7 +104,7 @@ TEST_F(Zablager, JedeDatenbankHatIhreTabellenUndIhrKennwort)
         EXPECT_EQ(lauf.ausgabe.count(u'\n'), fall.abfragen.count('\n')); // a header line each, no rows
         if (fall.kennwort.isEmpty()) continue;
         EXPECT_EQ(sql(fall.datei, fall.abfragen, {u"--kennwort"_s, u"falsch"_s}).fehler,
-                  u"Kein zulässiges Kennwort. (Fehler 3031)\n"_s);
+                  u"Kein zulässiges Kennwort. Datei: '"_s + ort + u'/' + fall.datei + u"'. (Fehler 3031)\n"_s);
     }
 }
 
@@ -180,6 +180,7 @@ TEST_F(Zablager, SqlHaeltBeiDerErstenAblehnungAn)
     } faelle[] = {
         {"zwei Anweisungen", "SELECT 1 AS E FROM Einstellungen; DELETE * FROM Einstellungen"},
         {"NUL", QByteArray("DELETE * FROM Einstellungen\0 WHERE ID = 2", 40)},
+        {"NUL in einem Text", QByteArray("SELECT ID FROM Einstellungen WHERE 'a\0b' = 'a'", 46)},
         {"kein UTF-8", "SELECT ID FROM Einstellungen WHERE 'a' = '\xe4'"},
         {"ein halbes Zeichen", "SELECT ID FROM Einstellungen \xc3"},
         {"10 MB Zeichen", "SELECT ID FROM Einstellungen WHERE '" + QByteArray(10'000'000, 'a')},
@@ -194,6 +195,7 @@ TEST_F(Zablager, SqlHaeltBeiDerErstenAblehnungAn)
         EXPECT_EQ(abgelehnt.ende, 1);
         EXPECT_TRUE(abgelehnt.fehler.startsWith(u"Anweisung 1, Zeile 1"_s)) << abgelehnt.fehler.left(500).toStdString();
         EXPECT_LT(abgelehnt.fehler.size(), 2000);
+        EXPECT_TRUE(abgelehnt.fehler.endsWith(u")\n"_s)); // the number and the end of the line, whatever stood in it
     }
     EXPECT_EQ(sql(datei, "SELECT Count(*) AS Z FROM Einstellungen").ausgabe, u"Z\n1\n"_s);
     EXPECT_EQ(sql(u"fehlt.mdb"_s, "").ende, 1);
@@ -218,7 +220,7 @@ TEST_F(Zablager, EinFalscherAufrufWirdErklaertUndTutNichts)
         {{u"uebertrag"_s, ort}, u"--ab JAHR"_s},
         {{u"uebertrag"_s, ort, u"--ab"_s}, u"Nach '--ab' fehlt der Wert."_s},
         {{u"bestand"_s, ort, u"Weizen"_s, u"H1"_s, u"30.2.2024"_s}, u"'30.2.2024' ist kein Datum"_s},
-        {{u"bestand"_s, ort, u"Weizen"_s, u"H1"_s, u"1.1.2024"_s}, u"ist kein Betrieb eingerichtet"_s},
+        {{u"einrichten"_s, ort, u"--betrieb"_s, u"1"_s, u"--jahr"_s, u"+2024"_s}, u"'+2024' ist kein Jahr"_s},
     };
     for (const auto& fall : faelle) {
         const Lauf lauf = zablager(fall.worte);
@@ -228,6 +230,11 @@ TEST_F(Zablager, EinFalscherAufrufWirdErklaertUndTutNichts)
         EXPECT_EQ(lauf.ausgabe, u""_s);
     }
     EXPECT_FALSE(QDir(ort).exists());
+
+    const Lauf nirgends =
+        zablager({u"bestand"_s, ort, u"Weizen"_s, u"H1"_s, u"1.1.2024"_s}); // well called, but nothing there
+    EXPECT_EQ(nirgends.ende, 1);
+    EXPECT_TRUE(nirgends.fehler.contains(u"ist kein Betrieb eingerichtet"_s)) << nirgends.fehler.toStdString();
 
     const Lauf hilfe = zablager({u"bestand"_s, u"--hilfe"_s});
     EXPECT_EQ(hilfe.ende, 0);

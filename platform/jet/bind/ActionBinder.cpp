@@ -2,11 +2,19 @@
 
 #include "platform/jet/Errors.h"
 
+#include <algorithm>
 #include <numeric>
 
 namespace jet::bind {
 
 namespace {
+
+/// A column that is written twice would silently lose one of its values.
+void addTarget(std::vector<int>& columns, int column, const QString& name)
+{
+    if (std::find(columns.begin(), columns.end(), column) != columns.end()) raise(ErrorNumber::DuplicateAlias, {name});
+    columns.push_back(column);
+}
 
 std::vector<int> insertColumns(const sql::Insert& insert, const Table& table)
 {
@@ -17,7 +25,7 @@ std::vector<int> insertColumns(const sql::Insert& insert, const Table& table)
     for (const QString& name : insert.columns) {
         const int column = table.find(name);
         if (column < 0) raise(ErrorNumber::UnknownInsertColumn, {name});
-        columns.push_back(column);
+        addTarget(columns, column, name);
     }
     return columns;
 }
@@ -64,7 +72,7 @@ BoundUpdate bindUpdate(sql::Update update, const TableLookup& lookup)
         if (bound.table->columns[static_cast<std::size_t>(column)].type == Type::Counter)
             raise(ErrorNumber::FieldNotUpdatable, {}, assignment.position);
         binder.bind(assignment.value);
-        bound.columns.push_back(column);
+        addTarget(bound.columns, column, assignment.column);
         bound.values.push_back(std::move(assignment.value));
     }
     if (update.where) binder.bindCondition(update.where);

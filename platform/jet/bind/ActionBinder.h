@@ -24,9 +24,9 @@ struct BoundDelete {
     sql::ExpressionPtr where;
 };
 
-/// \throws Error UnknownTable, UnknownInsertColumn, WrongColumnCount.
+/// \throws Error UnknownTable, UnknownInsertColumn, WrongColumnCount, DuplicateAlias for a column named twice.
 BoundInsert bindInsert(sql::Insert insert, const TableLookup& lookup);
-/// \throws Error UnknownTable, TooFewParameters, FieldNotUpdatable for a counter.
+/// \throws Error UnknownTable, TooFewParameters, DuplicateAlias, FieldNotUpdatable for a counter.
 BoundUpdate bindUpdate(sql::Update update, const TableLookup& lookup);
 /// \throws Error UnknownTable, TooFewParameters.
 BoundDelete bindDelete(sql::Delete statement, const TableLookup& lookup);

@@ -112,6 +112,8 @@ private:
     {
         qsizetype end = m_at + 1;
         while (end < m_text.size()) {
+            if (m_text[end] == u'\0')
+                return invalid(SyntaxFault::Text, m_text.size()); // would end the text in the file
             if (m_text[end] != delimiter) {
                 ++end;
                 continue;

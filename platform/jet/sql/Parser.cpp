@@ -11,8 +11,6 @@ namespace jet::sql {
 
 namespace {
 
-constexpr qsizetype LongestStatement = 1'000'000; // characters; the longest lists of articles stay far below
-
 ExpressionPtr parseWhere(TokenCursor& cursor)
 {
     if (!cursor.accept(u"WHERE")) return {};
@@ -112,7 +110,6 @@ Statement parseVerb(TokenCursor& cursor)
 
 Statement parse(const Shape& shape)
 {
-    if (shape.statement.size() > LongestStatement) raise(ErrorNumber::TooComplex);
     TokenCursor cursor(shape);
     Statement statement = parseVerb(cursor);
     cursor.accept(Symbol::Semicolon);
@@ -122,7 +119,6 @@ Statement parse(const Shape& shape)
 
 ExpressionPtr parseCriterion(const Shape& shape)
 {
-    if (shape.statement.size() > LongestStatement) raise(ErrorNumber::TooComplex);
     TokenCursor cursor(shape);
     ExpressionParser parser(cursor, ExpressionParser::Within::Criterion);
     auto criterion = parser.parse();

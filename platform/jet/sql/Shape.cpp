@@ -1,5 +1,6 @@
 #include "platform/jet/sql/Shape.h"
 
+#include "platform/jet/Errors.h"
 #include "platform/jet/sql/Lexer.h"
 
 #include <algorithm>
@@ -7,6 +8,8 @@
 namespace jet::sql {
 
 namespace {
+
+constexpr qsizetype LongestStatement = 1'000'000; // characters; the longest lists of articles stay far below
 
 constexpr qsizetype MostCompared = 64; // parameters; a text of a million characters may have very many
 
@@ -168,6 +171,7 @@ private:
 
 Shape shapeOf(const QString& statement)
 {
+    if (statement.size() > LongestStatement) raise(ErrorNumber::TooComplex);
     Shape shape;
     shape.statement = statement;
     shape.tokens = tokenize(shape.statement);

@@ -26,6 +26,7 @@ struct Shape {
     QString key;
 };
 
+/// \throws Error TooComplex beyond a million characters.
 Shape shapeOf(const QString& statement);
 
 } // namespace jet::sql

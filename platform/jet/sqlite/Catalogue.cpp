@@ -135,10 +135,15 @@ void Catalogue::removeLink(const QString& name)
     run.step();
 }
 
+bool Catalogue::hasPassword() const
+{
+    return !ownRows(m_connection, "password").empty();
+}
+
 bool Catalogue::accepts(const QString& password) const
 {
     const auto rows = ownRows(m_connection, "password");
-    return rows.empty() || saltedHash(rows.front()[1].toUtf8(), password) == rows.front()[2].toUtf8();
+    return !rows.empty() && saltedHash(rows.front()[1].toUtf8(), password) == rows.front()[2].toUtf8();
 }
 
 void Catalogue::setPassword(const QString& password)

@@ -33,7 +33,8 @@ public:
     void addLink(const Link& link);
     void removeLink(const QString& name);
 
-    /// Whether the file opens with that password: with the right one, or with any when it has none.
+    bool hasPassword() const;
+    /// Whether it is the file's password.
     bool accepts(const QString& password) const;
     void setPassword(const QString& password);
 

@@ -20,6 +20,7 @@ namespace jet::sqlite {
 namespace {
 
 constexpr qsizetype MostStatements = 100;
+constexpr qint64 OwnMark = 1514226252; // "ZABL": tells our files apart from databases of other programs
 
 } // namespace
 
@@ -57,10 +58,8 @@ void Connection::configure(Mode mode)
     execute("PRAGMA temp_store=MEMORY");
     // An index that SQLite makes for one join comes with a filter that takes texts of unequal bytes for unequal.
     execute("PRAGMA automatic_index=OFF");
-    if (mode == Mode::New) {
-        execute("PRAGMA application_id=1514226252"); // "ZABL": tells the file apart from databases of other programs
-        return;
-    }
+    if (mode == Mode::New) return execute("PRAGMA application_id=" + QByteArray::number(OwnMark));
+    if (numberOf("PRAGMA application_id") != OwnMark) raiseOfFile(ErrorNumber::UnknownFormat, m_path);
     m_schemaVersion = schemaVersion();
     rebuildIndices();
 }
@@ -109,7 +108,12 @@ bool Connection::forgetIfNoticed()
 
 qint64 Connection::schemaVersion()
 {
-    Statement statement(*this, "PRAGMA schema_version");
+    return numberOf("PRAGMA schema_version");
+}
+
+qint64 Connection::numberOf(const QByteArray& sql)
+{
+    Statement statement(*this, sql);
     Statement::Run run(statement);
     return run.step() ? run.whole(0) : 0;
 }

@@ -56,6 +56,7 @@ private:
     void configure(Mode mode);
     void rebuildIndices();
     qint64 schemaVersion();
+    qint64 numberOf(const QByteArray& sql); ///< The first figure that the statement gives.
 
     struct Closer {
         void operator()(sqlite3* handle) const;

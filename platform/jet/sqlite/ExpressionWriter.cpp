@@ -313,10 +313,10 @@ void ExpressionWriter::call(const Expression& call)
     m_out += '(';
     for (std::size_t i = 0; i < call.arguments.size(); ++i) {
         if (i > 0) m_out += ',';
-        // Both branches of IIF take the type of the whole.
+        // Both branches of IIF take the type of the whole, where it lies otherwise in the file.
         const bool branch = function.kind == bind::FunctionKind::IIf && i > 0;
-        if (branch && isText(call.type))
-            text(*call.arguments[i]);
+        if (branch && (isText(call.type) || call.type == Type::Date))
+            assigned(*call.arguments[i], call.type);
         else
             argument(*call.arguments[i], function.arguments[i]);
     }

@@ -45,15 +45,15 @@ void raiseFailure(sqlite3* connection, const QString& path)
     switch (code & 0xFF) {
     case SQLITE_CONSTRAINT: raiseConstraint(code, message);
     case SQLITE_BUSY:
-    case SQLITE_LOCKED: raise(ErrorNumber::Locked);
-    case SQLITE_READONLY: raise(ErrorNumber::ReadOnly);
-    case SQLITE_FULL: raise(ErrorNumber::DiskFull, {path});
-    case SQLITE_IOERR: raise(ErrorNumber::DiskError, {path});
-    case SQLITE_CANTOPEN: raise(ErrorNumber::CannotOpenFile, {path});
+    case SQLITE_LOCKED: raiseOfFile(ErrorNumber::Locked, path);
+    case SQLITE_READONLY: raiseOfFile(ErrorNumber::ReadOnly, path);
+    case SQLITE_FULL: raiseOfFile(ErrorNumber::DiskFull, path);
+    case SQLITE_IOERR: raiseOfFile(ErrorNumber::DiskError, path);
+    case SQLITE_CANTOPEN:
     case SQLITE_PERM:
-    case SQLITE_AUTH: raise(ErrorNumber::CannotOpenFile, {path});
+    case SQLITE_AUTH: raiseOfFile(ErrorNumber::CannotOpenFile, path);
     case SQLITE_CORRUPT:
-    case SQLITE_NOTADB: raise(ErrorNumber::UnknownFormat, {path});
+    case SQLITE_NOTADB: raiseOfFile(ErrorNumber::UnknownFormat, path);
     case SQLITE_TOOBIG: raise(ErrorNumber::TooComplex);
     case SQLITE_NOMEM: throw std::bad_alloc();
     default: raiseStatementError(message);

@@ -94,7 +94,7 @@ TEST_F(Link, IsCheckedWhenItIsMade)
     const QString missing = m_scratch.path(u"Fehlt.mdb"_s);
     EXPECT_EQ(link(u"H"_s, u"MS Access;DATABASE="_s + missing),
               "3024 Datei '" + missing.toStdString() + "' nicht gefunden.");
-    EXPECT_EQ(link(u"H"_s, u";DATABASE="_s + m_scratch.path(u"Grundstamm.mdb"_s)), "3031 Kein zulässiges Kennwort.");
+    EXPECT_EQ(link(u"H"_s, u";DATABASE="_s + m_scratch.path(u"Grundstamm.mdb"_s)).substr(0, 5), "3031 ");
     EXPECT_EQ(link(u"H"_s, connectText(), u"Kunden"_s).substr(0, 63),
               "3011 Das Datenbankmodul konnte das Objekt 'Kunden' nicht finden");
     EXPECT_EQ(link(u"UBERSCHRIFT"_s, connectText()), "3010 Tabelle 'UBERSCHRIFT' existiert bereits.");
@@ -107,8 +107,8 @@ TEST_F(Link, ACopyIntoAFileNeedsItsPasswordToo)
     const auto copy = [&](const QString& target) {
         return refusal([&] { m_print->Execute(u"SELECT * INTO Kopie IN "_s + target + u" FROM Uberschrift"_s); });
     };
-    EXPECT_EQ(copy(u'\'' + path + u'\''), "3031 Kein zulässiges Kennwort.");
-    EXPECT_EQ(copy(u"'' [;DATABASE="_s + path + u";PWD=falsch]"_s), "3031 Kein zulässiges Kennwort.");
+    EXPECT_EQ(copy(u'\'' + path + u'\'').substr(0, 5), "3031 ");
+    EXPECT_EQ(copy(u"'' [;DATABASE="_s + path + u";PWD=falsch]"_s).substr(0, 5), "3031 ");
     EXPECT_EQ(copy(u"'' [;DATABASE="_s + path + u";PWD=RT-58KX]"_s), "");
     EXPECT_EQ(rowsOf(*m_master, u"SELECT * FROM Kopie"_s), "adl");
 }

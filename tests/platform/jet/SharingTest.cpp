@@ -16,8 +16,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const char* const Locked = "3218 Aktualisieren nicht möglich; momentan gesperrt.";
-
 /// A year file that several programs use. What the other program does stands before the test opens the file.
 class Sharing : public testing::Test {
 protected:
@@ -33,6 +31,12 @@ protected:
     ~Sharing() override { jet::engine().setLockTimeout(5000); }
 
     std::unique_ptr<jet::Database> open() const { return m_scratch.open(u"Lager.2024"_s); }
+
+    std::string locked() const
+    {
+        return "3218 Aktualisieren nicht möglich; momentan gesperrt. Datei: '" +
+               m_scratch.path(u"Lager.2024"_s).toStdString() + "'.";
+    }
 
     /// Another program that writes one row in a transaction and then, in its second step, commits it.
     std::function<void(int)> writer() const
@@ -55,9 +59,9 @@ TEST_F(Sharing, WaitsForALockAndThenRefuses)
     Program other(writer());
     const auto database = open();
     ASSERT_TRUE(other.next());
-    EXPECT_EQ(refusal([&] { database->BeginTrans(); }), Locked);
-    EXPECT_EQ(refusal([&] { database->Execute(u"DELETE FROM J"_s); }), Locked);
-    EXPECT_EQ(refusal([&] { database->Execute(u"CREATE TABLE K (A Long)"_s); }), Locked);
+    EXPECT_EQ(refusal([&] { database->BeginTrans(); }), locked());
+    EXPECT_EQ(refusal([&] { database->Execute(u"DELETE FROM J"_s); }), locked());
+    EXPECT_EQ(refusal([&] { database->Execute(u"CREATE TABLE K (A Long)"_s); }), locked());
     ASSERT_TRUE(other.next());
     EXPECT_EQ(database->Execute(u"DELETE FROM J WHERE ID < 3"_s), 2);
     EXPECT_EQ(rowsOf(*database, u"SELECT Artikel FROM J"_s), "fremd");
@@ -71,7 +75,7 @@ TEST_F(Sharing, LockedEditIsWrittenLater)
     ASSERT_TRUE(other.next());
     rows->AddNew();
     rows->Set(u"Artikel", u"neu"_s);
-    EXPECT_EQ(refusal([&] { rows->Update(); }), Locked);
+    EXPECT_EQ(refusal([&] { rows->Update(); }), locked());
     EXPECT_TRUE(rows->Editing());
     EXPECT_EQ((*rows)[u"Artikel"].toText(), u"neu"_s);
     ASSERT_TRUE(other.next());
@@ -223,7 +227,7 @@ TEST_F(Sharing, ShowsATransactionWhenItIsCommitted)
     EXPECT_EQ(rowsOf(*reader, u"SELECT Count(*) AS N FROM J"_s), "3");
     const auto twin = open(); // on the same connection
     database->BeginTrans();   // the next one begins anew
-    EXPECT_EQ(refusal([&] { twin->BeginTrans(); }), Locked);
+    EXPECT_EQ(refusal([&] { twin->BeginTrans(); }), locked());
     database->Execute(u"DELETE FROM J"_s);
     database->Close();
     EXPECT_EQ(rowsOf(*reader, u"SELECT Count(*) AS N FROM J"_s), "0");
