@@ -11,6 +11,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
+#include <iterator>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -48,6 +51,53 @@ double bestand(QObject& lager, const char* art, const QString& artikel, const Ta
 }
 
 } // namespace
+
+// Hosts that were built earlier call through the function table: a function that changes its place is another function
+// to them. A pointer to a virtual function holds its place in the table.
+TEST(Schnittstelle, JedeFunktionBehaeltIhrenPlatz)
+{
+    using L = _Lagerverwaltungsdaten;
+    const auto platz = [](auto funktion) {
+        std::ptrdiff_t teile[2];
+        static_assert(sizeof teile == sizeof funktion);
+        std::memcpy(teile, &funktion, sizeof teile);
+        return (teile[0] - 1) / std::ptrdiff_t(sizeof(void*)) - 2; // behind the two entries of the destructor
+    };
+    const std::ptrdiff_t plaetze[] = {platz(&L::setBetriebsadresse),
+                                      platz(&L::Betriebsadresse),
+                                      platz(&L::setBetriebsnummer),
+                                      platz(&L::Betriebsnummer),
+                                      platz(&L::setBetriebsname),
+                                      platz(&L::Betriebsname),
+                                      platz(&L::Get_Bestand),
+                                      platz(&L::setStammverzeichnis),
+                                      platz(&L::Stammverzeichnis),
+                                      platz(&L::setHerkunft),
+                                      platz(&L::Herkunft),
+                                      platz(&L::setAnlagenpasswort),
+                                      platz(&L::Anlagenpasswort),
+                                      platz(&L::setAnlagenverzeichnis),
+                                      platz(&L::Anlagenverzeichnis),
+                                      platz(&L::setWaehrung),
+                                      platz(&L::Währung),
+                                      platz(&L::setLagerpasswort),
+                                      platz(&L::setBetriebpasswort),
+                                      platz(&L::Lagerpasswort),
+                                      platz(&L::Betriebpasswort),
+                                      platz(&L::LagerbestandRechnen),
+                                      platz(&L::LagerbestandLaden),
+                                      platz(&L::Kontrolle_LagerbestandLaden),
+                                      platz(&L::setDatenverzeichnis),
+                                      platz(&L::Datenverzeichnis),
+                                      platz(&L::setStichdatum),
+                                      platz(&L::Stichdatum),
+                                      platz(&L::setArtikelname),
+                                      platz(&L::Artikelname),
+                                      platz(&L::setLagername),
+                                      platz(&L::Lagername)};
+    for (std::size_t i = 0; i < std::size(plaetze); ++i)
+        EXPECT_EQ(plaetze[i], std::ptrdiff_t(i));
+}
 
 TEST_F(Bibliothek, EinSpaetGebundenerWirtGehtDenGanzenWeg)
 {

@@ -61,17 +61,18 @@ TEST(Bestand, WasKeineFrageIstWirdAbgelehnt)
 {
     const Testbetrieb hof;
     struct Fall {
-        QString artikel;
+        QString artikel, lagerort;
         QDate tag;
         jet::ErrorNumber nummer;
     };
     const Fall faelle[] = {
-        {u"Weizen"_s, QDate(2023, 2, 29), jet::ErrorNumber::InvalidArgument},
-        {u"Bauer's Mix"_s, QDate(2024, 5, 1), jet::ErrorNumber::ExpressionSyntax}, // names go in as they are
+        {u"Weizen"_s, u"H1"_s, QDate(2023, 2, 29), jet::ErrorNumber::InvalidArgument},
+        {u"Bauer's Mix"_s, u"H1"_s, QDate(2024, 5, 1), jet::ErrorNumber::ExpressionSyntax}, // names go in as they are
+        {u"Weizen"_s, u"Max' Hof"_s, QDate(2024, 5, 1), jet::ErrorNumber::ExpressionSyntax},
     };
     for (const Fall& fall : faelle) {
         try {
-            BestandErmitteln(fall.artikel, u"H1"_s, fall.tag);
+            BestandErmitteln(fall.artikel, fall.lagerort, fall.tag);
             ADD_FAILURE() << fall.artikel.toStdString();
         } catch (const jet::Error& fehler) {
             EXPECT_EQ(fehler.number(), fall.nummer) << fehler.what();

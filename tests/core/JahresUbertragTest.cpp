@@ -1,11 +1,14 @@
 #include "core/JahresUbertrag.h"
 
+#include "core/Bestand.h"
 #include "core/Modulzustand.h"
 #include "platform/jet/Engine.h"
 #include "platform/system/Files.h"
 #include "platform/system/Settings.h"
 #include "tests/support/Print.h"
 #include "tests/support/Testbetrieb.h"
+
+#include <QDir>
 
 #include <gtest/gtest.h>
 
@@ -138,7 +141,14 @@ TEST(JahresUbertrag, EinJahrKannDieBestaendeDesVorjahresAblehnen)
         {"keine Einstellung", u""_s, true},
         {"Nein", u"INSERT INTO Einstellungen (OhneVorjahr) VALUES (False)"_s, true},
         {"Ja", u"INSERT INTO Einstellungen (OhneVorjahr) VALUES (True)"_s, false},
-        {"eine alte Datei ohne die Spalte", u"DROP TABLE Einstellungen"_s, true},
+        {"eine alte Datei ohne die Tabelle", u"DROP TABLE Einstellungen"_s, true},
+        {"eine alte Datei ohne die Spalte",
+         u"DROP TABLE Einstellungen\nCREATE TABLE Einstellungen (ID Counter)\nINSERT INTO Einstellungen (ID) VALUES (1)"_s,
+         true},
+        {"nur die erste Zeile zählt",
+         u"INSERT INTO Einstellungen (OhneVorjahr) VALUES (False)\n"
+         u"INSERT INTO Einstellungen (OhneVorjahr) VALUES (True)"_s,
+         true},
     };
     for (const Fall& fall : faelle) {
         SCOPED_TRACE(fall.name);
@@ -146,7 +156,8 @@ TEST(JahresUbertrag, EinJahrKannDieBestaendeDesVorjahresAblehnen)
         hof.bucht(2024, "05.05. | H1 | Weizen | 100 | Zukauf");
         hof.bucht(2025, "05.05. | H1 | Weizen | 10 | Zukauf");
         hof.richteEin(2026);
-        if (!fall.anweisung.isEmpty()) hof.fuehreAus(2025, fall.anweisung);
+        for (const QString& anweisung : fall.anweisung.split(u'\n', Qt::SkipEmptyParts))
+            hof.fuehreAus(2025, anweisung);
         ASSERT_TRUE(JahresUbertrag());
         EXPECT_EQ(hof.journal(2026), zeilen(fall.uebernimmt ? "01.01. | H1 | Weizen | 110 | Anfangsbestand"
                                                             : "01.01. | H1 | Weizen | 10 | Anfangsbestand"));
@@ -161,14 +172,25 @@ TEST(JahresUbertrag, OhneBetriebOderDatenverzeichnisGeschiehtNichts)
     EXPECT_FALSE(JahresUbertrag());
     EXPECT_EQ(hof.meldungen().abgeholt(), meldung);
 
-    modulzustand().Betriebsnummer.clear(); // an empty number passes the test; there are no files then
-    EXPECT_FALSE(JahresUbertrag());
-    EXPECT_EQ(hof.meldungen().abgeholt(), QStringList());
-
     modulzustand().Betriebsnummer = u"4711"_s;
     sys::Kill(hof.ort().einstellungen() + u"/ZAB - Programme.ini"_s);
     EXPECT_FALSE(JahresUbertrag());
     EXPECT_EQ(hof.meldungen().abgeholt(), meldung);
+}
+
+// Only "x" marks a missing farm: without a number the year files lie in the folder "B".
+TEST(JahresUbertrag, EineLeereBetriebsnummerMeintDenOrdnerB)
+{
+    Testbetrieb hof(QDate(2024, 6, 1));
+    modulzustand().Betriebsnummer.clear();
+    EXPECT_FALSE(JahresUbertrag());
+    hof.bucht(2024, "05.05. | H1 | Weizen | 3 | Zukauf");
+    hof.richteEin(2025);
+    const QString betrieb = hof.ort().daten() + u"/B4711"_s;
+    ASSERT_TRUE(QDir().rename(betrieb, hof.ort().daten() + u"/B"_s));
+    EXPECT_TRUE(JahresUbertrag());
+    EXPECT_EQ(hof.meldungen().abgeholt(), QStringList());
+    EXPECT_EQ(BestandErmitteln(u"Weizen"_s, u"H1"_s, QDate(2025, 1, 1)), 3);
 }
 
 TEST(JahresUbertrag, WasVorEinemFehlerGeschriebenWurdeBleibt)
