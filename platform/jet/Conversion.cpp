@@ -14,6 +14,8 @@ namespace jet {
 namespace {
 
 const QDate DayZero(1899, 12, 30);
+constexpr double FirstDay = -657435.0;     // the day before 1.1.100
+constexpr double DayAfterLast = 2958466.0; // 1.1.10000
 constexpr qint64 SecondsOfDay = 86400;
 
 Value wholeNumber(const Value& value, double least, double greatest)
@@ -42,7 +44,11 @@ Value date(const Value& value)
         if (!date.isValid() || year < 100 || year > 9999) raise(ErrorNumber::ConversionFailed);
         return value;
     }
-    if (value.type() != Type::Text) return Value(fromDayNumber(value.toDouble()));
+    if (value.type() != Type::Text) {
+        const double day = value.toDouble();
+        if (!(day > FirstDay && day < DayAfterLast)) raise(ErrorNumber::ConversionFailed);
+        return Value(fromDayNumber(day));
+    }
     const auto read = readDate(value.toText());
     if (!read) raise(ErrorNumber::ConversionFailed);
     return Value(*read);
@@ -158,7 +164,7 @@ double dayNumber(const QDateTime& value)
 
 QDateTime fromDayNumber(double day)
 {
-    if (!(day > -657435.0 && day < 2958466.0)) raise(ErrorNumber::Overflow); // 1.1.100 to 31.12.9999
+    if (!(day > FirstDay && day < DayAfterLast)) raise(ErrorNumber::Overflow);
     const double whole = std::trunc(day);
     const auto seconds = std::llround(std::fabs(day - whole) * static_cast<double>(SecondsOfDay));
     const QDateTime start(DayZero.addDays(static_cast<qint64>(whole)), QTime(0, 0), Qt::UTC);

@@ -23,7 +23,7 @@ QByteArray kept(sqlite::Plan& plan, const sql::Shape& criterion, QChar use, Writ
 {
     const QString key = criterion.key.isEmpty() ? QString() : criterion.key + use;
     if (const auto known = plan.criteria.constFind(key); known != plan.criteria.constEnd()) return *known;
-    const QByteArray text = write();
+    QByteArray text = write();
     if (plan.criteria.size() >= MostCriteria) plan.criteria.clear();
     if (!key.isEmpty()) plan.criteria.insert(key, text);
     return text;

@@ -44,7 +44,9 @@ qint64 execute(Database::Session& session, const sql::Shape& shape)
     if (!plan->changesSchema) return runAction(connection, *plan, shape);
     qint64 affected = 0;
     {
-        sqlite::WriteScope scope(connection);
+        // Of another file only what is written is locked: who copies rows out does not keep others from booking.
+        const auto lock = plan->attachments ? sqlite::WriteScope::Lock::WhenWriting : sqlite::WriteScope::Lock::AtOnce;
+        sqlite::WriteScope scope(connection, lock);
         if (!plan->droppedLink.isEmpty()) connection.catalogue().removeLink(plan->droppedLink);
         affected = runAction(connection, *plan, shape);
         scope.commit();
@@ -61,10 +63,16 @@ sqlite::Connection& Database::Session::use() const
     return *connection;
 }
 
+bool Database::Session::hasTransaction()
+{
+    transaction = transaction && use().inTransaction(); // a full disk ends it by itself
+    return transaction;
+}
+
 void Database::Session::undo()
 {
-    const bool open = std::exchange(transaction, false) && connection->inTransaction(); // a full disk ends it by itself
-    if (open) connection->execute("ROLLBACK");
+    if (hasTransaction()) connection->execute("ROLLBACK");
+    transaction = false;
 }
 
 void Database::Session::letGo()
@@ -134,7 +142,7 @@ void Database::CreateTableDef(const QString& name, const QString& connect, const
 void Database::BeginTrans()
 {
     auto& connection = m_session->use();
-    if (m_session->transaction) return;
+    if (m_session->hasTransaction()) return;
     if (connection.inTransaction())
         raiseOfFile(ErrorNumber::Locked, connection.path()); // of another Database on the same connection
     connection.execute("BEGIN IMMEDIATE");
@@ -144,7 +152,7 @@ void Database::BeginTrans()
 void Database::CommitTrans()
 {
     auto& connection = m_session->use();
-    if (!m_session->transaction) return;
+    if (!m_session->hasTransaction()) return;
     connection.execute("COMMIT");
     m_session->transaction = false;
 }

@@ -11,7 +11,8 @@
 namespace jet {
 
 /// One open database file. Each statement and each Update() is a commit of its own, but between BeginTrans and
-/// CommitTrans; an action statement is done as a whole or not at all.
+/// CommitTrans; an action statement is done as a whole or not at all. Two Databases of one file and connect text are one
+/// to the file: what both write while one has a transaction is committed with it.
 class Database {
 public:
     ~Database(); ///< Closes, and keeps what was written: rows booked before an error stay booked.
@@ -30,6 +31,7 @@ public:
     void CreateTableDef(const QString& name, const QString& connect, const QString& sourceTable);
 
     /// Gathers the writes up to CommitTrans or Close in one commit. \throws Error Locked when another program writes.
+    /// A full disk or a fault of it drops what was gathered and ends the transaction.
     void BeginTrans();
     void CommitTrans(); ///< Durable when it returns. \throws Error DiskFull, Locked; the transaction stays open.
     /// Commits what BeginTrans gathered, closes the recordsets. A second call does nothing.

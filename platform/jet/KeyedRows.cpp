@@ -128,7 +128,8 @@ void KeyedRows::change()
         m_lastModified = key;
         return;
     }
-    sqlite::WriteScope scope(connection());
+    std::optional<sqlite::WriteScope> scope; // reading and writing again; a transaction holds the file already
+    if (!connection().inTransaction()) scope.emplace(connection());
     const auto now = read(key);
     if (!now) raise(ErrorNumber::RecordDeleted);
     for (std::size_t i = 0; i < now->size(); ++i)
@@ -145,7 +146,7 @@ void KeyedRows::change()
         run.bind(static_cast<int>(cells.size()), Value(key));
         run.step();
     }
-    scope.commit();
+    if (scope) scope->commit();
     m_lastModified = key;
 }
 

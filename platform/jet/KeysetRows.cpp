@@ -51,7 +51,7 @@ void KeysetRows::moveNext()
 
 void KeysetRows::movePrevious()
 {
-    if (isBof() && !m_deleted) raise(ErrorNumber::NoCurrentRecord);
+    if (isBof()) raise(ErrorNumber::NoCurrentRecord);
     moveTo(m_position - 1);
 }
 
@@ -109,10 +109,10 @@ qint64 KeysetRows::currentKey() const
 
 void KeysetRows::added(qint64 key)
 {
-    // An empty recordset has no current row to return to: its first row becomes current by a move only.
-    if (m_keys.empty()) m_position = -1;
+    const bool wasEof = isEof(); // and stays so: without a current row before, the new one becomes it by a move only
     m_ascending = m_ascending && (m_keys.empty() || m_keys.back() < key);
     m_keys.push_back(key);
+    if (wasEof) m_position = count();
 }
 
 void KeysetRows::removed()

@@ -12,8 +12,8 @@ class KeysetRows : public KeyedRows {
 public:
     KeysetRows(std::shared_ptr<Database::Session> session, std::shared_ptr<sqlite::Plan> plan, sql::Shape shape);
 
-    bool isBof() const override { return m_position < 0 || m_keys.empty(); }
-    bool isEof() const override { return m_position >= count(); }
+    bool isBof() const override { return !m_deleted && (m_position < 0 || m_keys.empty()); }
+    bool isEof() const override { return !m_deleted && m_position >= count(); }
     void moveFirst() override;
     void moveLast() override;
     void moveNext() override;

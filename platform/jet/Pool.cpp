@@ -4,6 +4,8 @@
 #include "platform/jet/Errors.h"
 #include "platform/system/Path.h"
 
+#include <zablager/FileError.h>
+
 #include <QFile>
 #include <QFileInfo>
 
@@ -92,6 +94,7 @@ std::shared_ptr<sqlite::Connection> Engine::Pool::create(const QString& path, co
     const QString local = sys::localPath(path);
     if (sys::identify(local)) raise(ErrorNumber::DatabaseExists);
     requireDirectory(local);
+    prepareForChange(local);
     const QString password = readConnect(locale).password;
     try {
         auto connection = std::make_shared<sqlite::Connection>(local, sqlite::Connection::Mode::New, m_lockTimeout);
@@ -120,9 +123,17 @@ void Engine::Pool::release(const QString& path)
 
 void Engine::Pool::prepareForChange(const QString& path)
 {
+    for (const Entry& entry : m_entries) // copying would drop the locks of the transaction
+        if (entry.connection->path() == path && entry.connection->inTransaction())
+            throw sys::FileError(sys::FileErrorNumber::AccessDenied,
+                                 u"Zugriff verweigert: In '"_s + path + u"' wird gerade geschrieben."_s);
     release(path);
     const QString journal = path + u"-journal"_s;
     if (!QFile::exists(journal)) return;
+    if (!QFile::exists(path)) {
+        QFile::remove(journal); // its file was deleted; the next one of that name must not be mistaken for it
+        return;
+    }
     // Left by a program that was killed while it wrote. It belongs to the file as it is now: opening rolls it back, so
     // that neither a copy of the file is half a booking nor the journal is rolled back into the next file of that name.
     try {

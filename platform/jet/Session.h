@@ -25,6 +25,8 @@ struct Database::Session {
     /// \throws Error ObjectClosed.
     sqlite::Connection& use() const;
 
+    /// BeginTrans is not answered yet, and no fault of the disk has ended it.
+    bool hasTransaction();
     void undo();  ///< Drops what BeginTrans gathered.
     void letGo(); ///< Gives the connection back; the database is closed then.
 

@@ -29,6 +29,11 @@ bool isNumber(Type type)
     return false;
 }
 
+bool isWhole(Type type)
+{
+    return type == Type::Byte || type == Type::Short || type == Type::Long || type == Type::Counter;
+}
+
 bool isText(Type type)
 {
     return type == Type::Text || type == Type::Memo;

@@ -12,6 +12,7 @@ namespace jet {
 enum class Type { Null, Boolean, Byte, Short, Long, Counter, Currency, Single, Double, Date, Text, Memo };
 
 bool isNumber(Type type); ///< Boolean counts as one, Date does not.
+bool isWhole(Type type);  ///< Byte, Short, Long or Counter.
 bool isText(Type type);   ///< Text or Memo.
 
 /// One field of one row: NULL, or a truth value, whole number, floating number, date or text.

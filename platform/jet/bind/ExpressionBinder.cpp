@@ -50,11 +50,8 @@ Type commonType(Type left, Type right)
     if (left == Type::Memo || right == Type::Memo) return Type::Memo;
     if (isText(left) || isText(right)) return Type::Text;
     if (left == Type::Date || right == Type::Date) return Type::Date;
-    const auto isWhole = [](Type type) {
-        return type == Type::Byte || type == Type::Short || type == Type::Long || type == Type::Counter ||
-               type == Type::Boolean;
-    };
-    return isWhole(left) && isWhole(right) ? Type::Long : Type::Double;
+    const auto fitsLong = [](Type type) { return isWhole(type) || type == Type::Boolean; };
+    return fitsLong(left) && fitsLong(right) ? Type::Long : Type::Double;
 }
 
 Type sumType(const sql::Expression& sum)

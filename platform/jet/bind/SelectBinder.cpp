@@ -166,7 +166,7 @@ private:
         if (expression.op == Op::Column && !isGrouped(expression)) return expression.name;
         if (expression.op == Op::Call && isAggregate(functionAt(expression.function))) return {};
         for (const auto& argument : expression.arguments)
-            if (const QString name = firstColumn(*argument); !name.isEmpty()) return name;
+            if (QString name = firstColumn(*argument); !name.isEmpty()) return name;
         return {};
     }
 

@@ -134,6 +134,7 @@ ExpressionPtr ExpressionParser::parseIn(ExpressionPtr left)
     if (!m_cursor.accept(Symbol::LeftParen)) raiseFault(SyntaxFault::General);
     if (m_cursor.at(u"SELECT")) refuse(u"Unterabfrage"_s, m_cursor.peek().start);
     if (m_cursor.at(Symbol::RightParen)) raiseFault(SyntaxFault::General);
+    if (++m_brackets > MostLevels) raise(ErrorNumber::TooComplex, {}, m_cursor.peek().start);
     auto in = node(Op::In, std::move(left));
     do {
         auto item = parseOr();
@@ -141,6 +142,7 @@ ExpressionPtr ExpressionParser::parseIn(ExpressionPtr left)
         in->arguments.push_back(std::move(item));
     } while (m_cursor.accept(Symbol::Comma));
     if (!m_cursor.accept(Symbol::RightParen)) raiseLeftover();
+    --m_brackets;
     checkDepth(*in);
     return in;
 }

@@ -21,11 +21,6 @@ ExpressionPtr parseWhere(TokenCursor& cursor)
     return where;
 }
 
-ExpressionPtr parseItem(TokenCursor& cursor)
-{
-    return ExpressionParser(cursor, ExpressionParser::Within::ListItem).parse();
-}
-
 Insert parseInsert(TokenCursor& cursor)
 {
     constexpr auto Fault = ErrorNumber::InsertSyntax;
@@ -44,9 +39,11 @@ Insert parseInsert(TokenCursor& cursor)
     }
     cursor.expect(u"VALUES", Fault);
     cursor.expect(Symbol::LeftParen, Fault);
-    do
-        insert.values.push_back(parseItem(cursor));
-    while (cursor.accept(Symbol::Comma));
+    do {
+        ExpressionParser parser(cursor, ExpressionParser::Within::ListItem);
+        insert.values.push_back(parser.parse());
+        if (!cursor.at(Symbol::Comma) && !cursor.at(Symbol::RightParen)) parser.raiseLeftover();
+    } while (cursor.accept(Symbol::Comma));
     cursor.expect(Symbol::RightParen, Fault);
     return insert;
 }

@@ -10,6 +10,8 @@ namespace jet::sql {
 
 namespace {
 
+constexpr std::size_t MostColumns = 255; // of one table or result
+
 class SelectParser {
 public:
     explicit SelectParser(TokenCursor& cursor) : m_cursor(cursor) {}
@@ -17,9 +19,10 @@ public:
     Select parse()
     {
         parseQuantity();
-        do
+        do {
             m_select.items.push_back(parseSelectItem());
-        while (m_cursor.accept(Symbol::Comma));
+            if (m_select.items.size() > MostColumns) raise(ErrorNumber::TooComplex, {}, m_cursor.peek().start);
+        } while (m_cursor.accept(Symbol::Comma));
         if (m_cursor.accept(u"INTO")) parseInto();
         m_cursor.expect(u"FROM", ErrorNumber::SelectSyntax);
         parseFrom();
@@ -133,6 +136,8 @@ private:
         Source source;
         source.position = m_cursor.peek().start;
         source.table = m_cursor.takeName(ErrorNumber::FromSyntax);
+        for (const auto word : {u"RIGHT", u"FULL", u"CROSS", u"NATURAL"}) // else they would pass for an alias
+            if (m_cursor.at(word)) refuse(QString::fromUtf16(word) + u" JOIN"_s, m_cursor.peek().start);
         const bool alias = m_cursor.accept(u"AS");
         source.alias = alias || m_cursor.atName() ? m_cursor.takeName(ErrorNumber::FromSyntax) : source.table;
         return source;

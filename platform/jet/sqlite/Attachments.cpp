@@ -9,27 +9,38 @@ using namespace Qt::StringLiterals;
 
 namespace jet::sqlite {
 
+namespace {
+
+QByteArray nameOf(std::size_t file)
+{
+    return "file" + QByteArray::number(file);
+}
+
+} // namespace
+
 Attachments::~Attachments()
 {
-    for (int i = 0; i < m_count; ++i)
-        sqlite3_exec(m_connection.handle(), ("DETACH file" + QByteArray::number(i)).constData(), nullptr, nullptr,
-                     nullptr);
+    for (std::size_t i = 0; i < m_files.size(); ++i)
+        sqlite3_exec(m_connection.handle(), ("DETACH " + nameOf(i)).constData(), nullptr, nullptr, nullptr);
 }
 
 QByteArray Attachments::attach(const QString& path, const QString& connect)
 {
     const auto file = m_open(path, connect);
-    if (file->path() == m_connection.path()) return "main";
+    const auto identity = sys::identify(file->path()).value_or(sys::FileIdentity());
+    if (sys::identify(m_connection.path()).value_or(sys::FileIdentity()).sameFile(identity)) return "main";
+    for (std::size_t i = 0; i < m_files.size(); ++i) // a file attached twice would lock itself out
+        if (m_files[i].sameFile(identity)) return nameOf(i);
     // SQLite could not let go of the file again before the transaction ends.
     if (m_connection.inTransaction())
         throw Error(ErrorNumber::NotSupported,
                     u"Auf andere Dateien kann in einer Transaktion nicht zugegriffen werden."_s);
-    QByteArray name = "file" + QByteArray::number(m_count);
+    QByteArray name = nameOf(m_files.size());
     Statement statement(m_connection, "ATTACH ? AS " + name);
     Statement::Run run(statement);
     run.bindText(0, file->path().toUtf8());
     run.step();
-    ++m_count;
+    m_files.push_back(identity);
     m_connection.execute("PRAGMA " + name + ".synchronous=EXTRA");
     return name;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/jet/sqlite/Connection.h"
+#include "platform/system/FileIdentity.h"
 
 #include <QByteArray>
 #include <QString>
@@ -25,12 +26,12 @@ public:
     QByteArray attach(const QString& path, const QString& connect);
     /// The linked table as statements see it. \throws Error also ObjectNotFound when the file has no such table.
     bind::TablePtr attach(const Link& link);
-    bool isEmpty() const { return m_count == 0; }
+    bool isEmpty() const { return m_files.empty(); }
 
 private:
     Connection& m_connection;
     OpenFile m_open;
-    int m_count = 0;
+    std::vector<sys::FileIdentity> m_files; ///< Attached as file0, file1, ...
 };
 
 } // namespace jet::sqlite

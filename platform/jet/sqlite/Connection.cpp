@@ -138,7 +138,8 @@ qint64 Connection::lastRow() const
 void Connection::rebuildIndices()
 {
     if (!isWritable()) return;
-    static const QRegularExpression versioned(u"\\b(de_\\d+_[0-9a-f]+|jet_fold_\\d+)\\b"_s);
+    static const QRegularExpression collation(u"COLLATE de_\\d+_[0-9a-f]+"_s);
+    static const QRegularExpression fold(u"jet_fold_\\d+\\("_s);
     std::vector<std::pair<QByteArray, QByteArray>> outdated; // name, statement for today
     {
         Statement statement(*this, "SELECT name,sql FROM sqlite_master WHERE type='index' AND sql IS NOT NULL");
@@ -146,12 +147,8 @@ void Connection::rebuildIndices()
         while (run.step()) {
             const QString sql = QString::fromUtf8(run.text(1));
             QString today = sql;
-            auto matches = versioned.globalMatch(sql);
-            while (matches.hasNext()) {
-                const QString name = matches.next().captured();
-                today.replace(name, name.startsWith(u"de_") ? QString::fromLatin1(collationName())
-                                                            : QString::fromLatin1(FoldFunction));
-            }
+            today.replace(collation, u"COLLATE "_s + QString::fromLatin1(collationName()));
+            today.replace(fold, QString::fromLatin1(FoldFunction) + u'(');
             if (today != sql) outdated.emplace_back(run.text(0), today.toUtf8());
         }
     }
@@ -165,20 +162,23 @@ void Connection::rebuildIndices()
     m_schemaVersion = schemaVersion();
 }
 
-WriteScope::WriteScope(Connection& connection) : m_connection(connection), m_own(!connection.inTransaction())
+WriteScope::WriteScope(Connection& connection, Lock lock)
+    : m_connection(connection), m_nested(connection.inTransaction())
 {
-    if (m_own) connection.execute("BEGIN IMMEDIATE");
+    connection.execute(m_nested ? "SAVEPOINT jet" : lock == Lock::AtOnce ? "BEGIN IMMEDIATE" : "BEGIN");
 }
 
 WriteScope::~WriteScope()
 {
-    if (m_own && m_connection.inTransaction())
-        sqlite3_exec(m_connection.handle(), "ROLLBACK", nullptr, nullptr, nullptr);
+    if (m_done || !m_connection.inTransaction()) return; // a fault of the disk undoes by itself
+    const char* const undo = m_nested ? "ROLLBACK TO jet;RELEASE jet" : "ROLLBACK";
+    sqlite3_exec(m_connection.handle(), undo, nullptr, nullptr, nullptr);
 }
 
 void WriteScope::commit()
 {
-    if (m_own) m_connection.execute("COMMIT");
+    m_connection.execute(m_nested ? "RELEASE jet" : "COMMIT");
+    m_done = true;
 }
 
 QByteArray quoted(const QString& name)

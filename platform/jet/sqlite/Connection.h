@@ -72,18 +72,21 @@ private:
     bool m_reprepared = false;
 };
 
-/// A write of several statements that is done as a whole: undone when it ends without commit(). Inside a transaction
-/// that is open already it does nothing of its own.
+/// A write of several statements that is done as a whole: undone when it ends without commit(), also as a part of a
+/// transaction that is open already.
 class WriteScope {
 public:
-    explicit WriteScope(Connection& connection);
+    /// Whether others are kept from writing at once or, in each of the files, from the first write on.
+    enum class Lock { AtOnce, WhenWriting };
+    explicit WriteScope(Connection& connection, Lock lock = Lock::AtOnce);
     ~WriteScope();
     Q_DISABLE_COPY_MOVE(WriteScope)
     void commit();
 
 private:
     Connection& m_connection;
-    bool m_own;
+    bool m_nested;
+    bool m_done = false;
 };
 
 } // namespace jet::sqlite

@@ -14,8 +14,9 @@ namespace {
 
 void requireName(const QString& name)
 {
+    const bool isKey = bind::sameName(name, u"_rowid_"); // by which rows are found again
     const bool reserved =
-        name.startsWith(u"MSys", Qt::CaseInsensitive) || name.startsWith(u"sqlite_", Qt::CaseInsensitive);
+        isKey || name.startsWith(u"MSys", Qt::CaseInsensitive) || name.startsWith(u"sqlite_", Qt::CaseInsensitive);
     if (name.size() > 64 || name.trimmed().isEmpty() || reserved) raise(ErrorNumber::InvalidName, {name});
 }
 

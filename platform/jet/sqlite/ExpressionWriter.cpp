@@ -140,7 +140,10 @@ void ExpressionWriter::condition(const Expression& expression)
 
 void ExpressionWriter::key(const Expression& expression)
 {
+    const bool constantKey = expression.op == Op::Constant; // bare, SQLite would take it for the number of a column
+    if (constantKey) m_out += "ifnull(";
     value(expression);
+    if (constantKey) m_out += ",NULL)";
     if (isText(expression.type)) m_out += " COLLATE " + collationName();
 }
 
@@ -152,7 +155,9 @@ void ExpressionWriter::assigned(const Expression& expression, Type to)
         m_out += ",0)";
         return;
     }
-    if (!needsConversion(expression.type, to)) return value(expression);
+    // What is computed may be too large for a whole number of its type.
+    const bool computed = isWhole(to) && expression.op != Op::Column && expression.op != Op::Parameter;
+    if (!computed && !needsConversion(expression.type, to)) return value(expression);
     m_out += "jet_convert(";
     value(expression);
     m_out += ',' + QByteArray::number(static_cast<int>(expression.type)) + ',' +

@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <new>
 
 using namespace Qt::StringLiterals;
 
@@ -65,6 +66,8 @@ void call(sqlite3_context* context, int count, sqlite3_value** values)
         resultValue(context, function(arguments));
     } catch (const Error& error) {
         resultError(context, error);
+    } catch (const std::bad_alloc&) {
+        sqlite3_result_error_nomem(context);
     }
 }
 
@@ -231,6 +234,8 @@ void convertValue(sqlite3_context* context, int count, sqlite3_value** values)
         resultValue(context, convert(a.value(0, static_cast<Type>(a.whole(1))), static_cast<Type>(a.whole(2))));
     } catch (const Error& error) {
         resultError(context, error);
+    } catch (const std::bad_alloc&) {
+        sqlite3_result_error_nomem(context);
     }
 }
 

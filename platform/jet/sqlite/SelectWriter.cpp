@@ -49,12 +49,13 @@ class SelectWriter {
 public:
     explicit SelectWriter(const BoundSelect& select)
         : m_select(select), m_expressions(m_out, select.tables), m_oneGroup(hasOneGroup()), m_order(order())
-    {
-        if (usesFirstOnly()) m_expressions.firstRow = FirstRow::ByBareColumn;
-    }
+    {}
 
     QByteArray rows(const std::vector<Type>& assignTo)
     {
+        // The column with the lowest key would be one too many for a table, and make all rows of DISTINCT different.
+        const bool mayAddColumn = assignTo.empty() && !m_select.tree.distinct;
+        if (mayAddColumn && usesFirstOnly()) m_expressions.firstRow = FirstRow::ByBareColumn;
         if (m_select.tree.top && !m_select.tree.orderBy.empty() && !m_oneGroup) return ranked(assignTo);
         core([&] { columns(assignTo); });
         orderBy();
@@ -202,9 +203,10 @@ private:
         for (std::size_t i = 0; i < m_select.columns.size(); ++i) {
             const auto& expression = *m_select.columns[i].expression;
             if (i > 0) m_out += ',';
-            if (!assignTo.empty())
+            if (!assignTo.empty()) {
                 m_expressions.assigned(expression, assignTo[i]);
-            else if (m_select.tree.distinct)
+                if (m_select.tree.distinct && isText(assignTo[i])) m_out += " COLLATE " + collationName();
+            } else if (m_select.tree.distinct)
                 m_expressions.key(expression);
             else
                 m_expressions.value(expression);

@@ -31,6 +31,12 @@ TEST_F(Limits, WhatIsTooDeepIsRefused)
     EXPECT_EQ(ask(u"NOT "_s.repeated(deep) + u"N = 1"_s), TooComplex);
     EXPECT_EQ(ask(u"IIF(N = 1, N, "_s.repeated(deep) + u'N' + QString(deep, u')') + u" = 1"_s), TooComplex);
     EXPECT_EQ(ask(u"N = 1"_s + u" + 1"_s.repeated(deep)), TooComplex);
+    EXPECT_EQ(ask(u"1 IN ("_s.repeated(2 * deep)), TooComplex);
+    QStringList aliases;
+    for (int i = 0; i < 4 * deep; ++i)
+        aliases.append(u"(b%1+1) AS b%2"_s.arg(i + 1).arg(i));
+    EXPECT_EQ(refusal([&] { m_database->OpenRecordset(u"SELECT "_s + aliases.join(u',') + u" FROM Eins"_s); }),
+              TooComplex);
     EXPECT_EQ(ask(u"N = 1"_s + u" AND N = 1"_s.repeated(deep)), TooComplex);
     EXPECT_EQ(ask(QString(1000001, u' ') + u"N = 1"_s), TooComplex);
     EXPECT_EQ(ask(u"T = '"_s + QString(10'000'000, u'x') + u'\''), TooComplex);

@@ -182,8 +182,17 @@ TEST_F(Recordset, AddsToAnEmptySet)
         rows->Set(u"A", 1);
         rows->Update();
         EXPECT_EQ(rows->RecordCount(), 1);
+        EXPECT_EQ(refusal([&] { (*rows)[u"A"]; }), NoCurrentRecord); // as before, until a move
         rows->MoveLast();
         EXPECT_EQ((*rows)[u"A"].toLong(), 1);
+        rows->MoveNext();
+        rows->AddNew();
+        rows->Update();
+        EXPECT_TRUE(rows->Eof());
+        rows->MovePrevious();
+        rows->Delete();
+        EXPECT_FALSE(rows->Bof() || rows->Eof());
+        m_database->Execute(u"DELETE FROM Leer"_s);
     }
 }
 
@@ -207,8 +216,8 @@ TEST_F(Recordset, DeletedRowIsGoneAtTheNextMove)
         rows->MoveNext();
         rows->Delete();
         EXPECT_EQ(rows->RecordCount(), 0);
-        EXPECT_EQ(refusal([&] { rows->MoveLast(); }), NoCurrentRecord);
         EXPECT_NE(refusal([&] { rows->Delete(); }), "");
+        EXPECT_EQ(refusal([&] { rows->MoveLast(); }), NoCurrentRecord);
         EXPECT_EQ(rowsOf(*m_database, u"SELECT * FROM Leer"_s), "");
     }
 }

@@ -3,7 +3,10 @@
 #include "tests/platform/jet/Program.h"
 #include "tests/platform/jet/Scratch.h"
 
+#include <zablager/FileError.h>
+
 #include <QFile>
+#include <QFileInfo>
 
 #include <gtest/gtest.h>
 
@@ -167,6 +170,31 @@ TEST_F(Sharing, AKilledProgramsJournalGoesWithItsFile)
               "1 | Weizen | 1\n2 | Hafer | 2");
     sys::FileCopy(other, year);
     EXPECT_EQ(rowsOf(*open(), u"SELECT Count(*) AS N FROM Neu"_s), "0");
+}
+
+TEST_F(Sharing, AStatementThatFailsLeavesTheTransactionAsItWas)
+{
+    const auto database = open();
+    database->BeginTrans();
+    database->Execute(u"UPDATE J SET Menge = 5 WHERE ID = 1"_s);
+    EXPECT_EQ(refusal([&] { database->Execute(u"SELECT 1 / (ID - 2) AS Q INTO K FROM J"_s); }),
+              "11 Division durch Null");
+    EXPECT_THROW(sys::FileCopy(m_scratch.path(u"Lager.2024"_s), m_scratch.path(u"Kopie"_s)), sys::FileError);
+    database->Close();
+    EXPECT_EQ(rowsOf(*open(), u"SELECT Menge FROM J"_s), "5\n2");
+    EXPECT_EQ(open()->TableDefs().size(), 1U);
+}
+
+TEST_F(Sharing, CopyingRowsOutKeepsNobodyFromBooking)
+{
+    m_scratch.create(u"Auswertung.mdb"_s)->Close();
+    Program other(writer());
+    ASSERT_TRUE(other.next());
+    const QString target = m_scratch.path(u"Auswertung.mdb"_s);
+    EXPECT_EQ(open()->Execute(u"SELECT * INTO JOURNAL IN '"_s + target + u"' FROM J"_s), 2);
+    ASSERT_TRUE(other.next());
+    const QString detour = m_scratch.path(u"../"_s) + QFileInfo(m_scratch.path({})).fileName() + u"/Lager.2024"_s;
+    EXPECT_EQ(open()->Execute(u"SELECT * INTO K IN '"_s + detour + u"' FROM J"_s), 3); // the same file by another name
 }
 
 TEST_F(Sharing, SeesWhatOthersDefine)
