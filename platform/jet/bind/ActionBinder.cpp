@@ -30,6 +30,41 @@ std::vector<int> insertColumns(const sql::Insert& insert, const Table& table)
     return columns;
 }
 
+/// The one table of an UPDATE or DELETE, whose columns the expressions of the statement name.
+class Target {
+public:
+    Target(sql::Source source, const TableLookup& lookup)
+        : m_tables{requireTable(lookup, source.table, source.position)}, m_binder(m_sources, m_tables, m_unknown)
+    {
+        m_sources.push_back(std::move(source));
+    }
+
+    const TablePtr& table() const { return m_tables.front(); }
+    void bind(sql::ExpressionPtr& expression) { m_binder.bind(expression); }
+
+    /// Number of a column; -1, and noted as an unknown name, without.
+    int find(const QString& column)
+    {
+        const int found = table()->find(column);
+        if (found < 0) m_unknown.insert(column.toCaseFolded());
+        return found;
+    }
+
+    /// The bound condition, which may be null. It is the last to be bound: unknown names are refused here.
+    sql::ExpressionPtr condition(sql::ExpressionPtr where)
+    {
+        if (where) m_binder.bindCondition(where);
+        requireKnown(m_unknown);
+        return where;
+    }
+
+private:
+    std::vector<sql::Source> m_sources;
+    std::vector<TablePtr> m_tables;
+    QSet<QString> m_unknown;
+    ColumnBinder m_binder;
+};
+
 } // namespace
 
 BoundInsert bindInsert(sql::Insert insert, const TableLookup& lookup)
@@ -56,44 +91,26 @@ BoundInsert bindInsert(sql::Insert insert, const TableLookup& lookup)
 
 BoundUpdate bindUpdate(sql::Update update, const TableLookup& lookup)
 {
+    Target target(std::move(update.table), lookup);
     BoundUpdate bound;
-    bound.table = requireTable(lookup, update.table.table, update.table.position);
-    std::vector<sql::Source> sources;
-    sources.push_back(std::move(update.table));
-    const std::vector<TablePtr> tables{bound.table};
-    QSet<QString> unknown;
-    ColumnBinder binder(sources, tables, unknown);
+    bound.table = target.table();
     for (auto& assignment : update.assignments) {
-        const int column = bound.table->find(assignment.column);
-        if (column < 0) {
-            unknown.insert(assignment.column.toCaseFolded());
-            continue;
-        }
+        const int column = target.find(assignment.column);
+        if (column < 0) continue;
         if (bound.table->columns[static_cast<std::size_t>(column)].type == Type::Counter)
             raise(ErrorNumber::FieldNotUpdatable, {}, assignment.position);
-        binder.bind(assignment.value);
+        target.bind(assignment.value);
         addTarget(bound.columns, column, assignment.column);
         bound.values.push_back(std::move(assignment.value));
     }
-    if (update.where) binder.bindCondition(update.where);
-    requireKnown(unknown);
-    bound.where = std::move(update.where);
+    bound.where = target.condition(std::move(update.where));
     return bound;
 }
 
 BoundDelete bindDelete(sql::Delete statement, const TableLookup& lookup)
 {
-    BoundDelete bound;
-    bound.table = requireTable(lookup, statement.table.table, statement.table.position);
-    std::vector<sql::Source> sources;
-    sources.push_back(std::move(statement.table));
-    const std::vector<TablePtr> tables{bound.table};
-    QSet<QString> unknown;
-    ColumnBinder binder(sources, tables, unknown);
-    if (statement.where) binder.bindCondition(statement.where);
-    requireKnown(unknown);
-    bound.where = std::move(statement.where);
-    return bound;
+    Target target(std::move(statement.table), lookup);
+    return {target.table(), target.condition(std::move(statement.where))};
 }
 
 } // namespace jet::bind
