@@ -96,29 +96,35 @@ ExpressionPtr ExpressionParser::parseComparison()
         if (isComparison(m_cursor.peek().symbol)) {
             const Op op = comparisonOf(m_cursor.take().symbol);
             left = node(op, std::move(left), parseConcatenation());
-        } else if (auto predicate = parsePredicate(left)) {
-            left = std::move(predicate);
+        } else if (atPredicate()) {
+            left = parsePredicate(std::move(left));
         } else {
             return left;
         }
     }
 }
 
-ExpressionPtr ExpressionParser::parsePredicate(ExpressionPtr& left)
+bool ExpressionParser::atPredicate() const
+{
+    const std::size_t word = m_cursor.at(u"NOT") ? 1 : 0;
+    return m_cursor.at(u"IS") || m_cursor.isWord(word, u"LIKE") || m_cursor.isWord(word, u"IN") ||
+           m_cursor.isWord(word, u"BETWEEN");
+}
+
+ExpressionPtr ExpressionParser::parsePredicate(ExpressionPtr left)
 {
     if (m_cursor.accept(u"IS")) return parseIs(std::move(left));
-    const bool negated = m_cursor.at(u"NOT") &&
-                         (m_cursor.isWord(1, u"LIKE") || m_cursor.isWord(1, u"IN") || m_cursor.isWord(1, u"BETWEEN"));
-    if (negated) m_cursor.take();
+    const bool negated = m_cursor.accept(u"NOT");
     ExpressionPtr predicate;
-    if (m_cursor.accept(u"LIKE"))
+    if (m_cursor.accept(u"LIKE")) {
         predicate = node(Op::Like, std::move(left), parseConcatenation());
-    else if (m_cursor.accept(u"IN"))
+    } else if (m_cursor.accept(u"IN")) {
         predicate = parseIn(std::move(left));
-    else if (m_cursor.accept(u"BETWEEN"))
+    } else {
+        m_cursor.take(); // BETWEEN
         predicate = parseBetween(std::move(left));
-    if (predicate && negated) predicate = node(Op::Not, std::move(predicate));
-    return predicate;
+    }
+    return negated ? node(Op::Not, std::move(predicate)) : std::move(predicate);
 }
 
 ExpressionPtr ExpressionParser::parseIs(ExpressionPtr left)

@@ -46,8 +46,8 @@ private:
     ExpressionPtr parseIn(ExpressionPtr left);
     ExpressionPtr parseBetween(ExpressionPtr left);
     ExpressionPtr parseIs(ExpressionPtr left);
-    /// LIKE, IN, BETWEEN with an optional NOT before; null when none of them follows.
-    ExpressionPtr parsePredicate(ExpressionPtr& left);
+    bool atPredicate() const; ///< At IS, or at LIKE, IN or BETWEEN with an optional NOT before.
+    ExpressionPtr parsePredicate(ExpressionPtr left);
 
     ExpressionPtr node(Op op, ExpressionPtr first, ExpressionPtr second = {}, ExpressionPtr third = {});
     void checkDepth(const Expression& expression) const;
