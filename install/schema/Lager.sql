@@ -19,7 +19,7 @@ CREATE TABLE LAGERJOURNAL (
     Untergruppe Text(50)
 );
 CREATE INDEX Bestandsfrage ON LAGERJOURNAL (Artikel, LagerortKurzKu, Datum, ID, Menge);
-CREATE INDEX Bestandsliste ON LAGERJOURNAL (Artikel, LagerortKurzKu, Artikelart, Einheit, Datum, ID, Menge);
+CREATE INDEX Bestandsliste ON LAGERJOURNAL (Artikel, LagerortKurzKu, Artikelart, Einheit, Datum, ID, Menge, Preis, Preisfaktor);
 CREATE INDEX Bewegungen ON LAGERJOURNAL (Datum, ID, Artikel);
 CREATE INDEX Artikelliste ON LAGERJOURNAL (Artikelart, Artikel, Einheit, Preisfaktor);
 CREATE INDEX Buchungen ON LAGERJOURNAL (Buchungsart, Artikel, LagerortKurzKu, Datum);

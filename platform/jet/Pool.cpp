@@ -10,6 +10,7 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -43,8 +44,12 @@ void requireDirectory(const QString& path)
 
 std::shared_ptr<sqlite::Connection> Engine::Pool::open(const QString& path, const QString& connect)
 {
-    const QString local = sys::localPath(path);
-    const auto now = sys::identify(local);
+    QString local = sys::withLocalSeparators(path);
+    auto now = sys::identify(local);
+    if (!now) { // mostly it is spelled as it is called, and one system call has told all
+        local = sys::localPath(path);
+        now = sys::identify(local);
+    }
     if (now && !now->isDirectory)
         if (auto connection = known(local, connect, *now)) return connection;
     if (!now) {
@@ -58,7 +63,7 @@ std::shared_ptr<sqlite::Connection> Engine::Pool::open(const QString& path, cons
     if (connection->catalogue().hasPassword() && !connection->catalogue().accepts(readConnect(connect).password))
         raiseOfFile(ErrorNumber::WrongPassword, local);
     dropOldest();
-    m_entries.push_front({connect, connection, *now});
+    m_entries.push_front({connect, connection, *now, connection->writes()});
     return connection;
 }
 
@@ -111,7 +116,12 @@ void Engine::Pool::giveBack(std::shared_ptr<sqlite::Connection> connection)
     const auto entry = std::find_if(m_entries.begin(), m_entries.end(),
                                     [&](const Entry& candidate) { return candidate.connection == connection; });
     if (entry == m_entries.end()) return;
-    if (const auto now = sys::identify(connection->path())) entry->left = *now;
+    // Who has only read leaves the file as he found it: most users are stock questions, to which a system call counts.
+    // What changed the file without writing a row makes the next opening a new connection, no more.
+    if (std::exchange(entry->writes, connection->writes()) == connection->writes()) return;
+    const auto now = sys::identify(connection->path());
+    if (now && now->sameFile(entry->left))
+        entry->left = *now; // not that of another file which took its place meanwhile
 }
 
 void Engine::Pool::release(const QString& path)

@@ -29,6 +29,7 @@ private:
         QString connect;
         std::shared_ptr<sqlite::Connection> connection;
         sys::FileIdentity left; ///< The file as its last user left it.
+        qint64 writes = 0;      ///< The connection's count of written rows at that time.
         bool isUsed() const { return connection.use_count() > 1; }
     };
 

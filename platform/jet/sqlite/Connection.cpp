@@ -128,6 +128,11 @@ qint64 Connection::changes() const
     return sqlite3_changes64(handle());
 }
 
+qint64 Connection::writes() const
+{
+    return sqlite3_total_changes64(handle());
+}
+
 qint64 Connection::lastRow() const
 {
     return sqlite3_last_insert_rowid(handle());

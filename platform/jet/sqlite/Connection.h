@@ -49,7 +49,8 @@ public:
     void noteReprepared() { m_reprepared = true; }
 
     bool inTransaction() const;
-    qint64 changes() const;
+    qint64 changes() const; ///< Rows written by the last statement.
+    qint64 writes() const;  ///< Rows written since the connection was opened.
     qint64 lastRow() const;
 
 private:

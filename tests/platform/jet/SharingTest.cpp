@@ -224,6 +224,19 @@ TEST_F(Sharing, NoticesAnExchangedFile)
     EXPECT_EQ(rowsOf(*open(), u"SELECT Count(*) AS N FROM J"_s), "0");
 }
 
+TEST_F(Sharing, NoticesAFileExchangedWhileItWasOpen)
+{
+    m_scratch.create(u"anders"_s, {u"CREATE TABLE J (ID Long)"_s})->Close();
+    jet::engine().release(m_scratch.path(u"anders"_s));
+    const auto database = open();
+    database->Execute(u"DELETE FROM J WHERE ID = 1"_s);
+    ASSERT_TRUE(QFile::remove(m_scratch.path(u"Lager.2024"_s)));
+    ASSERT_TRUE(QFile::rename(m_scratch.path(u"anders"_s), m_scratch.path(u"Lager.2024"_s)));
+    EXPECT_EQ(rowsOf(*database, u"SELECT Count(*) AS N FROM J"_s), "1"); // who has it open keeps it
+    database->Close();
+    EXPECT_EQ(rowsOf(*open(), u"SELECT Count(*) AS N FROM J"_s), "0");
+}
+
 TEST_F(Sharing, KeepsWhatWasWrittenBeforeAnError)
 {
     EXPECT_NE(refusal([&] {
