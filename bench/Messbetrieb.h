@@ -1,0 +1,24 @@
+#pragma once
+
+#include "bench/Musterjournal.h"
+#include "host/Installation.h"
+
+#include <QTemporaryDir>
+
+/// A farm in a temporary directory with made-up journals of consecutive years. While it lives the product finds it.
+class Messbetrieb {
+public:
+    static constexpr int ErstesJahr = 2020;
+
+    Messbetrieb(int zeilenJeJahr, int paare, int jahre = 1);
+    ~Messbetrieb();
+    Q_DISABLE_COPY_MOVE(Messbetrieb)
+
+    QString journaldatei(int jahr) const { return m_ort.journaldatei(m_betriebsnummer, jahr); }
+    QString verzeichnis() const { return m_ort.verzeichnis(); }
+
+private:
+    const QString m_betriebsnummer = QStringLiteral("4711");
+    QTemporaryDir m_ordner;
+    Installation m_ort;
+};

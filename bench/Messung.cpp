@@ -1,0 +1,116 @@
+#include "bench/Messung.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QElapsedTimer>
+
+#include <algorithm>
+#include <cstdio>
+#include <stdexcept>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+double median(std::vector<double> zeiten)
+{
+    const auto mitte = zeiten.begin() + static_cast<std::ptrdiff_t>(zeiten.size() / 2);
+    std::nth_element(zeiten.begin(), mitte, zeiten.end());
+    return *mitte;
+}
+
+double sekunden(const std::function<void()>& arbeit)
+{
+    QElapsedTimer uhr;
+    uhr.start();
+    arbeit();
+    return static_cast<double>(uhr.nsecsElapsed()) / 1e9;
+}
+
+QString zeitText(double sekunden)
+{
+    if (sekunden < 1e-3) return QString::number(sekunden * 1e6, 'f', 2) + u" us"_s;
+    if (sekunden < 1) return QString::number(sekunden * 1e3, 'f', 2) + u" ms"_s;
+    return QString::number(sekunden, 'f', 2) + u" s"_s;
+}
+
+int zahl(const QCommandLineParser& aufruf, const QString& name, int vorgabe)
+{
+    if (!aufruf.isSet(name)) return vorgabe;
+    const int zahl = aufruf.value(name).toInt();
+    fordere(zahl > 0, u"--"_s + name + u" wants a positive number"_s);
+    return zahl;
+}
+
+Umfang umfang(const QCoreApplication& programm, const Umfang& vorgabe, const Umfang& voll)
+{
+    QCommandLineParser aufruf;
+    aufruf.addHelpOption();
+    aufruf.addOptions({{u"zeilen"_s, u"Journal rows a year."_s, u"number"_s},
+                       {u"paare"_s, u"Pairs of article and storage place."_s, u"number"_s},
+                       {u"runden"_s, u"How often each way is timed."_s, u"number"_s},
+                       {u"voll"_s, u"The full size."_s}});
+    aufruf.process(programm);
+    const Umfang& basis = aufruf.isSet(u"voll"_s) ? voll : vorgabe;
+    const Umfang umfang = {zahl(aufruf, u"zeilen"_s, basis.zeilen), zahl(aufruf, u"paare"_s, basis.paare),
+                           zahl(aufruf, u"runden"_s, basis.runden)};
+    fordere(umfang.zeilen >= umfang.paare, u"there must be a row for each pair"_s);
+    return umfang;
+}
+
+} // namespace
+
+Messung::Messung(const QString& titel, int teile) : m_titel(titel), m_teile(teile) {}
+
+void Messung::nimm(const QString& name, double ziel, std::function<void()> arbeit, std::function<void()> vorher)
+{
+    m_wege.push_back({name, ziel, std::move(arbeit), std::move(vorher), {}});
+}
+
+void Messung::miss(int runden)
+{
+    for (int runde = 0; runde < runden; ++runde) {
+        for (Weg& weg : m_wege) {
+            if (weg.vorher) weg.vorher();
+            weg.zeiten.push_back(sekunden(weg.arbeit) / m_teile);
+        }
+    }
+    drucke(m_titel + u", "_s + QString::number(runden) + u" rounds"_s);
+    const double grenze = median(m_wege.front().zeiten);
+    for (const Weg& weg : m_wege)
+        drucke(zeile(weg, grenze));
+}
+
+QString Messung::zeile(const Weg& weg, double grenze)
+{
+    const double mitte = median(weg.zeiten);
+    const double mindestens = *std::min_element(weg.zeiten.begin(), weg.zeiten.end());
+    const QString zeiten = u"  "_s + weg.name.leftJustified(40) + zeitText(mitte).rightJustified(10) + u"  (least "_s +
+                           zeitText(mindestens) + u")"_s;
+    if (weg.ziel == 0) return zeiten;
+    return zeiten + u"  "_s + QString::number(mitte / grenze, 'f', 2) + u"x of at most "_s + QString::number(weg.ziel) +
+           u"x"_s;
+}
+
+int messe(int argc, char** argv, Umfang vorgabe, Umfang voll, const std::function<void(const Umfang&)>& arbeit)
+{
+    const QCoreApplication programm(argc, argv);
+    try {
+        arbeit(umfang(programm, vorgabe, voll));
+        return 0;
+    } catch (const std::exception& fehler) {
+        std::fprintf(stderr, "%s\n", fehler.what());
+        return 1;
+    }
+}
+
+void fordere(bool bedingung, const QString& text)
+{
+    if (!bedingung) throw std::runtime_error(text.toStdString());
+}
+
+void drucke(const QString& zeile)
+{
+    std::printf("%s\n", qUtf8Printable(zeile));
+    std::fflush(stdout);
+}
