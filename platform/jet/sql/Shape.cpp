@@ -59,7 +59,11 @@ public:
     }
 
 private:
-    static bool isWord(QStringView word, QStringView name) { return word.compare(name, Qt::CaseInsensitive) == 0; }
+    /// The lengths first: every name of every statement is compared with three keywords.
+    static bool isWord(QStringView word, QStringView name)
+    {
+        return word.size() == name.size() && word.compare(name, Qt::CaseInsensitive) == 0;
+    }
 
     QStringView wordAt(std::size_t index) const
     {
