@@ -10,9 +10,6 @@
 #include <QSaveFile>
 #include <QStandardPaths>
 
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <cerrno>
 #include <chrono>
 
@@ -28,25 +25,6 @@ constexpr std::chrono::milliseconds LockPatience{5000}; // a writer holds the lo
 QString settingsPath()
 {
     return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + u"/ZAB - Programme.ini"_s;
-}
-
-/// What the file holds; no value when it is missing or cannot be read.
-///
-/// Bare system calls, not QFile, since each stock question reads the file: 3 us instead of 5.
-std::optional<QByteArray> bytesOf(const QString& path)
-{
-    const int file = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
-    if (file < 0) return {};
-    QByteArray bytes;
-    char block[4096];
-    ssize_t count = 0;
-    do {
-        count = ::read(file, block, sizeof block);
-        if (count > 0) bytes.append(block, count);
-    } while (count > 0 || (count < 0 && errno == EINTR));
-    ::close(file);
-    if (count < 0) return {};
-    return bytes;
 }
 
 void lock(QLockFile& lockFile, const QString& path)
@@ -72,7 +50,8 @@ void replace(const QString& path, const QByteArray& bytes)
 
 QString GetSetting(const QString& section, const QString& key, const QString& preset)
 {
-    return surroundings().settings.value(bytesOf(settingsPath()).value_or(QByteArray()), section, key).value_or(preset);
+    const QByteArray bytes = surroundings().settingsBytes.bytes(settingsPath()).value_or(QByteArray());
+    return surroundings().settings.value(bytes, section, key).value_or(preset);
 }
 
 void SaveSetting(const QString& section, const QString& key, const QString& value)
@@ -84,7 +63,7 @@ void SaveSetting(const QString& section, const QString& key, const QString& valu
 
     QString line = value;
     line.replace(u"\r\n"_s, u" "_s).replace(u'\r', u' ').replace(u'\n', u' ');
-    const auto before = bytesOf(path);
+    const auto before = surroundings().settingsBytes.bytes(path);
     if (!before && QFileInfo::exists(path)) throw fileFault(FileErrorNumber::PathAccess, path); // not to lose the rest
     const QByteArray after = SettingsFile::withValue(before.value_or(QByteArray()), section, key, line);
     if (after != before) replace(path, after);

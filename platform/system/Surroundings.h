@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/system/KeptFile.h"
 #include "platform/system/Messages.h"
 #include "platform/system/SettingsFile.h"
 
@@ -18,6 +19,7 @@ struct Surroundings {
     Messages* messages = &console;
     std::vector<std::function<void(const QString& path)>>
         letGo; ///< Asked before a file is copied, replaced or deleted.
+    KeptFile settingsBytes;
     SettingsFile settings;
     int hourglasses = 0; ///< Override cursors of ours; a host may have set others.
 };

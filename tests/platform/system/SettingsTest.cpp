@@ -96,6 +96,12 @@ TEST_F(Settings, AreReadAfreshAtEveryCall)
     EXPECT_EQ(sys::GetSetting(u"A"_s, u"b"_s, u"x"_s), u"1"_s);
     write("[A]\nb=2\n"); // same size, same second
     EXPECT_EQ(sys::GetSetting(u"A"_s, u"b"_s, u"x"_s), u"2"_s);
+    write("[A]\na=0\nb=lang\n");
+    EXPECT_EQ(sys::GetSetting(u"A"_s, u"b"_s, u"x"_s), u"lang"_s);
+    ASSERT_TRUE(QFile::rename(path(), path() + u".alt"_s)); // another program saves by putting a new file in its place
+    EXPECT_EQ(sys::GetSetting(u"A"_s, u"b"_s, u"x"_s), u"x"_s);
+    write("[A]\na=0\nb=neu\n\n");
+    EXPECT_EQ(sys::GetSetting(u"A"_s, u"b"_s, u"x"_s), u"neu"_s);
     const QTemporaryDir other;
     qputenv("XDG_CONFIG_HOME", QFile::encodeName(other.path()));
     EXPECT_EQ(sys::GetSetting(u"A"_s, u"b"_s, u"x"_s), u"x"_s);

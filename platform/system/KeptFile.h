@@ -1,0 +1,33 @@
+#pragma once
+
+#include "platform/system/FileIdentity.h"
+
+#include <QByteArray>
+#include <QString>
+
+#include <optional>
+
+namespace sys {
+
+/// A small file that is read again and again. It stays open from one reading to the next, since opening costs more than
+/// reading does.
+class KeptFile {
+public:
+    KeptFile() = default;
+    ~KeptFile();
+    Q_DISABLE_COPY_MOVE(KeptFile)
+
+    /// All that the file of this path holds at this moment; no value when it is missing or cannot be read. When another
+    /// file has taken the path over, it is the other one that is read. `path` in the local form.
+    std::optional<QByteArray> bytes(const QString& path);
+
+private:
+    std::optional<QByteArray> read(std::int64_t size) const;
+    void open(const QString& path);
+    void close();
+
+    int m_file = -1;
+    FileIdentity m_identity; // of the open file; while it is open no other file can have its number
+};
+
+} // namespace sys
