@@ -85,8 +85,8 @@ QString Messung::zeile(const Weg& weg, double grenze)
 {
     const double mitte = median(weg.zeiten);
     const double mindestens = *std::min_element(weg.zeiten.begin(), weg.zeiten.end());
-    const QString zeiten = u"  "_s + weg.name.leftJustified(40) + zeitText(mitte).rightJustified(10) + u"  (least "_s +
-                           zeitText(mindestens) + u")"_s;
+    QString zeiten = u"  "_s + weg.name.leftJustified(40) + zeitText(mitte).rightJustified(10) + u"  (least "_s +
+                     zeitText(mindestens) + u")"_s;
     if (weg.ziel == 0) return zeiten;
     return zeiten + u"  "_s + QString::number(mitte / grenze, 'f', 2) + u"x of at most "_s + QString::number(weg.ziel) +
            u"x"_s;

@@ -11,7 +11,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QStringList Documents = {u"README.md"_s, u"docs/architecture.md"_s, u"docs/contributing.md"_s};
+const QStringList Documents = {u"README.md"_s, u"docs/architecture.md"_s, u"docs/contributing.md"_s,
+                               u"bench/README.md"_s};
 
 QDir tree()
 {
