@@ -150,7 +150,8 @@ void Engine::Pool::prepareForChange(const QString& path)
         connected(path);
     } catch (const Error& error) {
         if (error.number() != ErrorNumber::UnknownFormat) throw;
-        QFile::remove(journal); // of no database, so it means nothing
+        // Beside what is no database it means nothing. Another program's database may need it.
+        if (!sys::readStart(path, 15).startsWith("SQLite format 3")) QFile::remove(journal);
     }
 }
 

@@ -172,6 +172,27 @@ TEST_F(Sharing, AKilledProgramsJournalGoesWithItsFile)
     EXPECT_EQ(rowsOf(*open(), u"SELECT Count(*) AS N FROM Neu"_s), "0");
 }
 
+TEST_F(Sharing, TheJournalOfAnotherProgramsDatabaseIsLeftAlone)
+{
+    const QString foreign = m_scratch.path(u"fremd.db"_s);
+    const auto write = [](const QString& path, const QByteArray& bytes) {
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+        file.seek(path.endsWith(u"-journal") ? 0 : 68); // where SQLite keeps the number of the program
+        file.write(bytes);
+    };
+    m_scratch.create(u"fremd.db"_s)->Close();
+    jet::engine().release();
+    write(foreign, QByteArray(4, '\0'));
+    write(foreign + u"-journal"_s, QByteArray(600, '\0')); // begun, nothing in it yet
+    write(m_scratch.path(u"Notiz.txt"_s), "kein Bestand");
+    write(m_scratch.path(u"Notiz.txt-journal"_s), "Rest");
+    for (const QString& name : {u"fremd.db"_s, u"Notiz.txt"_s})
+        sys::FileCopy(m_scratch.path(name), m_scratch.path(u"Kopie"_s));
+    EXPECT_TRUE(QFile::exists(foreign + u"-journal"_s));
+    EXPECT_FALSE(QFile::exists(m_scratch.path(u"Notiz.txt-journal"_s)));
+}
+
 TEST_F(Sharing, AStatementThatFailsLeavesTheTransactionAsItWas)
 {
     const auto database = open();
