@@ -1,15 +1,6 @@
 #include "core/SpaeteBindung.h"
 
-#include <zablager/DatabaseError.h>
-#include <zablager/FileError.h>
-
-using namespace Qt::StringLiterals;
-
-namespace {
-
-constexpr int InternerFehler = 51; // the runtime's number for what should not happen, such as lack of memory
-
-} // namespace
+#include "platform/system/CaughtError.h"
 
 double SpaeteBindung::Get_Bestand(const QString& Artikel, const QString& Lagerort, const QDate& Stichtag)
 {
@@ -62,17 +53,9 @@ void SpaeteBindung::abgesichert(const std::function<void()>& aufruf)
     beginneAufruf();
     try {
         aufruf();
-    } catch (const jet::Error& fehler) {
-        scheitere(int(fehler.number()), fehler.text());
-    } catch (const sys::FileError& fehler) {
-        scheitere(int(fehler.number()), fehler.text());
-    } catch (const std::exception& fehler) {
-        scheitere(InternerFehler, u"Interner Fehler: "_s + QString::fromUtf8(fehler.what()));
+    } catch (...) {
+        const sys::CaughtError fehler = sys::caughtError();
+        m_fehler = fehler.text;
+        m_fehlernummer = fehler.number;
     }
-}
-
-void SpaeteBindung::scheitere(int nummer, const QString& text)
-{
-    m_fehler = text;
-    m_fehlernummer = nummer;
 }

@@ -40,7 +40,6 @@ protected:
 
 private:
     void abgesichert(const std::function<void()>& aufruf);
-    void scheitere(int nummer, const QString& text);
 
     QString m_fehler;
     int m_fehlernummer = 0;

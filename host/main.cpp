@@ -5,9 +5,7 @@
 #include "host/Ausgabe.h"
 #include "host/Befehl.h"
 #include "host/Deutsch.h"
-
-#include <zablager/DatabaseError.h>
-#include <zablager/FileError.h>
+#include "platform/system/CaughtError.h"
 
 #include <QCoreApplication>
 
@@ -82,12 +80,9 @@ int main(int argc, char* argv[])
     } catch (const Aufruffehler& fehler) {
         schreibe(stderr, QString::fromUtf8(fehler.what()) + u"\nHilfe: zablager --hilfe"_s);
         return 2;
-    } catch (const jet::Error& fehler) {
-        schreibe(stderr, fehler.text() + u" (Fehler "_s + QString::number(int(fehler.number())) + u')');
-    } catch (const sys::FileError& fehler) {
-        schreibe(stderr, fehler.text() + u" (Fehler "_s + QString::number(int(fehler.number())) + u')');
-    } catch (const std::exception& fehler) {
-        schreibe(stderr, u"Interner Fehler: "_s + QString::fromUtf8(fehler.what()));
+    } catch (...) {
+        const sys::CaughtError fehler = sys::caughtError();
+        schreibe(stderr, fehler.text + u" (Fehler "_s + QString::number(fehler.number) + u')');
     }
     return 1;
 }

@@ -14,6 +14,8 @@ namespace {
 constexpr int ButtonMask = 0x0F;
 constexpr int DefaultButtonMask = 0x300;
 
+} // namespace
+
 std::vector<Answer> buttons(int flags)
 {
     switch (flags & ButtonMask) {
@@ -29,8 +31,6 @@ Answer defaultAnswer(int flags)
     const auto wanted = static_cast<size_t>(flags & DefaultButtonMask) / DefaultButton2;
     return all[std::min(wanted, all.size() - 1)];
 }
-
-} // namespace
 
 Answer ConsoleMessages::show(const QString& text, int flags)
 {

@@ -4,7 +4,14 @@
 
 #include <QString>
 
+#include <vector>
+
 namespace sys {
+
+/// The buttons of a message in their order, from its flags.
+std::vector<Answer> buttons(int flags);
+/// The answer that the default button gives.
+Answer defaultAnswer(int flags);
 
 /// Messages on a terminal: the text to standard error; nobody is asked, the default button is the answer.
 class ConsoleMessages : public Messages {

@@ -30,4 +30,10 @@ void MausNormal()
     --surroundings().hourglasses;
 }
 
+void resetPointer()
+{
+    while (surroundings().hourglasses > 0)
+        MausNormal();
+}
+
 } // namespace sys

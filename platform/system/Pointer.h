@@ -7,4 +7,7 @@ namespace sys {
 void MausWarten();
 void MausNormal();
 
+/// The normal pointer, however many MausWarten are still open; the MausNormal that belong to them do nothing.
+void resetPointer();
+
 } // namespace sys

@@ -23,6 +23,9 @@ TEST(Hourglass, NestsAndLeavesTheHostsPointerAlone)
     sys::MausWarten();
     sys::MausNormal();
     EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
+    sys::MausWarten();
+    sys::resetPointer(); // in the middle of two
+    EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::CrossCursor);
     sys::MausNormal();
     sys::MausNormal();
     ASSERT_NE(QGuiApplication::overrideCursor(), nullptr);
