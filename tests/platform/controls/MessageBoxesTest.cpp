@@ -1,0 +1,118 @@
+#include "platform/controls/MessageBoxes.h"
+
+#include "platform/system/ErrorReport.h"
+#include "tests/support/Bildschirm.h"
+#include "tests/support/Print.h"
+
+#include <zablager/DatabaseError.h>
+
+#include <QApplication>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+using namespace sys;
+
+namespace {
+
+/// The captions as they stand from left to right.
+QStringList captions(const QWidget& box)
+{
+    QList<QPushButton*> buttons = box.findChildren<QPushButton*>();
+    std::sort(buttons.begin(), buttons.end(), [](auto* a, auto* b) { return a->x() < b->x(); });
+    QStringList texts;
+    for (const QPushButton* button : buttons)
+        texts.append(button->text().remove(u'&'));
+    return texts;
+}
+
+QString textOf(const QWidget& box)
+{
+    return qobject_cast<const QMessageBox*>(&box)->text();
+}
+
+} // namespace
+
+TEST(MessageBoxes, AreAnsweredByKeyboard)
+{
+    struct Case {
+        int flags;
+        QStringList captions;
+        Qt::Key key;
+        Qt::KeyboardModifier modifier;
+        Answer answer;
+    };
+    const QStringList yesNo = {u"Ja"_s, u"Nein"_s};
+    const QStringList three = {u"Abbrechen"_s, u"Wiederholen"_s, u"Ignorieren"_s};
+    const Case cases[] = {
+        {OKOnly | Critical, {u"OK"_s}, Qt::Key_Return, Qt::NoModifier, Answer::OK},
+        {OKOnly | Information, {u"OK"_s}, Qt::Key_Escape, Qt::NoModifier, Answer::OK},
+        {YesNo | Question, yesNo, Qt::Key_Return, Qt::NoModifier, Answer::Yes},
+        {YesNo | Question | DefaultButton2, yesNo, Qt::Key_Return, Qt::NoModifier, Answer::No},
+        {YesNo | Question | DefaultButton2, yesNo, Qt::Key_J, Qt::AltModifier, Answer::Yes},
+        {AbortRetryIgnore | Critical | DefaultButton3, three, Qt::Key_Enter, Qt::NoModifier, Answer::Ignore},
+        {AbortRetryIgnore | Critical | DefaultButton3, three, Qt::Key_W, Qt::AltModifier, Answer::Retry},
+        {AbortRetryIgnore | Critical, three, Qt::Key_Space, Qt::NoModifier, Answer::Abort},
+    };
+    for (const Case& c : cases) {
+        imNaechstenFenster([&](QWidget& box) {
+            EXPECT_EQ(captions(box), c.captions);
+            QTest::keyClick(box.focusWidget(), c.key, c.modifier);
+        });
+        EXPECT_EQ(MessageBoxes().show(u"Frage"_s, c.flags), c.answer) << c.flags << ' ' << c.key;
+    }
+}
+
+TEST(MessageBoxes, LeaveAQuestionOpenUntilItIsAnswered)
+{
+    for (const int flags : {int(YesNo), int(AbortRetryIgnore)}) {
+        imNaechstenFenster([](QWidget& box) {
+            QTest::keyClick(&box, Qt::Key_Escape);
+            box.close();
+            QCoreApplication::processEvents();
+            EXPECT_TRUE(box.isVisible());
+            QTest::keyClick(box.focusWidget(), Qt::Key_Right);
+            QTest::keyClick(box.focusWidget(), Qt::Key_Space);
+        });
+        EXPECT_EQ(MessageBoxes().show(u"Frage"_s, flags), flags == YesNo ? Answer::No : Answer::Retry);
+    }
+}
+
+TEST(MessageBoxes, ShowThePlainTextOverTheActiveWindow)
+{
+    QWidget window;
+    window.show();
+    QApplication::setActiveWindow(&window);
+    imNaechstenFenster([&](QWidget& box) {
+        EXPECT_EQ(textOf(box), u"A<b>B & C\nzwei\ndrei"_s);
+        EXPECT_EQ(box.findChild<QLabel*>(u"qt_msgbox_label"_s)->textFormat(), Qt::PlainText);
+        EXPECT_EQ(box.parentWidget(), &window);
+        EXPECT_EQ(box.windowTitle(), u"ZABLAGER"_s);
+        QTest::keyClick(&box, Qt::Key_Return);
+    });
+    MessageBoxes().show(u"A<b>B & C\rzwei\r\ndrei"_s, Exclamation);
+}
+
+TEST(MessageBoxes, CarryTheCommonErrorReport)
+{
+    MessageBoxes boxes;
+    const MessageScope scope(boxes);
+    int tries = 0;
+    imNaechstenFenster([](QWidget& box) {
+        EXPECT_EQ(
+            textOf(box),
+            u"Es ist ein kritischer Zustand aufgetreten.\n\nFehler: 3218 wurde ausgelöst durch ZABLAGER\nGesperrt."_s);
+        QTest::keyClick(box.focusWidget(), Qt::Key_W, Qt::AltModifier);
+    });
+    EXPECT_EQ(underErrorReport({[&] {
+                  if (++tries == 1) throw jet::Error(jet::ErrorNumber::Locked, u"Gesperrt."_s);
+              }}),
+              Outcome::Completed);
+    EXPECT_EQ(tries, 2);
+}
