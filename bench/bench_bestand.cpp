@@ -75,7 +75,7 @@ void messeBestand(const Umfang& umfang)
     BareStatement summe(bar, "SELECT sum(Menge) FROM LAGERJOURNAL"
                              " WHERE Datum<=? AND Artikel=? %C AND LagerortKurzKu=? %C");
     const auto journal = jet::engine().OpenDatabase(datei, u";pwd=quenlor"_s);
-    Lagerverwaltungsdaten lager([] { return nullptr; });
+    Lagerverwaltungsdaten lager({[] { return nullptr; }, {}});
     const std::function<double(const Frage&)> wege[] = {
         [&](const Frage& frage) { return bareSumme(summe, frage); },
         [&](const Frage& frage) { return summeDurchDieMaschine(*journal, frage); },

@@ -1,22 +1,36 @@
 #include "component/Zablager.h"
 
-#include "core/Lagerverwaltungsdaten.h"
+#include <zablager/DatabaseError.h>
+
+#include <QApplication>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-std::unique_ptr<Lagerverwaltungsdaten> lagerverwaltungsdaten(const std::shared_ptr<sys::Messages*>& meldungen)
+bool hatBildschirm()
 {
-    return std::make_unique<Lagerverwaltungsdaten>([meldungen] { return *meldungen; });
+    return qobject_cast<QApplication*>(QCoreApplication::instance()) != nullptr;
+}
+
+void zeigeHauptbildschirm()
+{
+    throw jet::Error(jet::ErrorNumber::NotSupported, u"Der Bildschirm der Lagerverwaltung ist noch nicht eingebaut."_s);
 }
 
 } // namespace
 
+std::unique_ptr<Lagerverwaltungsdaten> Zablager::neu(const std::shared_ptr<Meldungsziele>& meldungen)
+{
+    const auto ziel = [meldungen] { return hatBildschirm() ? &meldungen->boxen : meldungen->desWirts; };
+    return std::make_unique<Lagerverwaltungsdaten>(
+        Lagerverwaltungsdaten::Anschluesse{.meldungen = ziel, .hauptbildschirm = &zeigeHauptbildschirm});
+}
+
 QObject* Zablager::CreateObject(const QString& klasse)
 {
     m_fehler.clear();
-    if (klasse == u"ZABLAGER.Lagerverwaltungsdaten"_s) return lagerverwaltungsdaten(m_meldungen).release();
+    if (klasse == u"ZABLAGER.Lagerverwaltungsdaten"_s) return neu(m_meldungen).release();
     m_fehler =
         u"Objekterstellung durch ActiveX-Komponente nicht möglich: Die Klasse '"_s + klasse + u"' gibt es nicht."_s;
     return nullptr;
@@ -24,5 +38,5 @@ QObject* Zablager::CreateObject(const QString& klasse)
 
 std::unique_ptr<_Lagerverwaltungsdaten> Zablager::erzeuge()
 {
-    return lagerverwaltungsdaten(m_meldungen);
+    return neu(m_meldungen);
 }

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "core/Lagerverwaltungsdaten.h"
+#include "platform/controls/MessageBoxes.h"
+
 #include <zablager/Lagerverwaltungsdaten.h>
 
 #include <QObject>
@@ -21,10 +24,17 @@ public:
     QString LetzterFehler() const { return m_fehler; }
 
     std::unique_ptr<_Lagerverwaltungsdaten> erzeuge() override;
-    void setzeMeldungen(sys::Messages* meldungen) override { *m_meldungen = meldungen; }
+    void setzeMeldungen(sys::Messages* meldungen) override { m_meldungen->desWirts = meldungen; }
 
 private:
-    // Shared with the objects, which a host may keep after it has unloaded the library and thereby deleted us.
-    std::shared_ptr<sys::Messages*> m_meldungen = std::make_shared<sys::Messages*>(nullptr);
+    /// Where messages can go. Shared with the objects, which a host may keep after it has unloaded the library and
+    /// thereby deleted us.
+    struct Meldungsziele {
+        MessageBoxes boxen;
+        sys::Messages* desWirts = nullptr;
+    };
+    static std::unique_ptr<Lagerverwaltungsdaten> neu(const std::shared_ptr<Meldungsziele>& meldungen);
+
+    std::shared_ptr<Meldungsziele> m_meldungen = std::make_shared<Meldungsziele>();
     QString m_fehler;
 };

@@ -5,6 +5,8 @@
 #include "platform/jet/Engine.h"
 #include "platform/system/Files.h"
 
+#include <zablager/FileError.h>
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -48,6 +50,9 @@ std::unique_ptr<jet::Database> oeffneJournal(int jahr)
 
 void stelleJournalBereit(const QString& datei)
 {
+    if (datei.isEmpty())
+        throw sys::FileError(sys::FileErrorNumber::FileNotFound,
+                             u"Es ist keine Lagerdatei angegeben: Datenverzeichnis ist leer."_s);
     if (sys::Exist(datei)) return;
     sys::FileCopy(ProgrammVerzeichnis() + u"\\Lager.vorlage"_s, datei);
 }

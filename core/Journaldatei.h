@@ -19,5 +19,5 @@ std::vector<int> journaljahre();
 std::unique_ptr<jet::Database> oeffneJournal(int jahr);
 
 /// Makes a journal file that does not exist yet as a copy of the template; an existing one is left alone.
-/// \throws sys::FileError when the template is missing or the file cannot be written.
+/// \throws sys::FileError when no file is named, the template is missing or the file cannot be written.
 void stelleJournalBereit(const QString& datei);

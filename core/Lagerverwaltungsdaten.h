@@ -30,9 +30,13 @@ class Lagerverwaltungsdaten final : public SpaeteBindung, public _Lagerverwaltun
     Q_PROPERTY(QString Lagername READ Lagername WRITE setLagername)
 
 public:
-    /// Asked at the beginning of each method: where its messages go; null: into LetzterFehler.
-    using Meldungswahl = std::function<sys::Messages*()>;
-    explicit Lagerverwaltungsdaten(Meldungswahl meldungswahl) : m_meldungswahl(std::move(meldungswahl)) {}
+    /// What the component hands in, since it lies above this room.
+    struct Anschluesse {
+        /// Asked at the beginning of each method: where its messages go; null: into LetzterFehler.
+        std::function<sys::Messages*()> meldungen;
+        std::function<void()> hauptbildschirm; ///< Shows the main screen and returns when the user has closed it.
+    };
+    explicit Lagerverwaltungsdaten(Anschluesse anschluesse) : m_anschluesse(std::move(anschluesse)) {}
 
     void setBetriebsadresse(const QString& adresse) override { m_betriebsadresse = adresse; }
     QString Betriebsadresse() const override { return m_betriebsadresse; }
@@ -71,7 +75,7 @@ private:
     class Meldungsweg;
     _Lagerverwaltungsdaten& fruehgebunden() override { return *this; }
 
-    Meldungswahl m_meldungswahl;
+    Anschluesse m_anschluesse;
     QString m_betriebsadresse, m_betriebsnummer, m_betriebsname;
     QString m_stammverzeichnis, m_herkunft;
     QString m_anlagenpasswort, m_anlagenverzeichnis;

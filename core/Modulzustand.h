@@ -28,6 +28,7 @@ struct Modulzustand {
     QString Betriebsadresse;
     QString Herkunft;
     QString Datenverzeichnis;
+    QString Hilfedatei; ///< What F1 opens.
 
     QString AktBuchungsart;       ///< Booking kind of the mask that is open or opened next.
     bool Aenderungsmodus = false; ///< The mask changes the current journal row instead of booking a new one.

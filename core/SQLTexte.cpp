@@ -1,5 +1,7 @@
 #include "core/SQLTexte.h"
 
+#include "core/Trim.h"
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -13,14 +15,14 @@ qsizetype stelle(const QString& quelle, QStringView wort)
 
 QString SQLDatum(const QString& datum)
 {
-    const QString text = datum.trimmed();
+    const QString text = Trim(datum);
     return u"#"_s + text.mid(3, 2) + u"/"_s + text.mid(0, 2) + u"/"_s + text.mid(6) + u"#"_s;
 }
 
 QString SQLVorWhere(const QString& quelle)
 {
-    if (const qsizetype where = stelle(quelle, u"where"); where >= 0) return quelle.left(where).trimmed();
-    if (const qsizetype order = stelle(quelle, u"order"); order >= 0) return quelle.left(order).trimmed();
+    if (const qsizetype where = stelle(quelle, u"where"); where >= 0) return Trim(quelle.left(where));
+    if (const qsizetype order = stelle(quelle, u"order"); order >= 0) return Trim(quelle.left(order));
     return quelle;
 }
 
@@ -30,7 +32,7 @@ QString SQLWhereTeil(const QString& quelle)
     if (where < 0) return {};
     const QString teil = quelle.mid(where);
     const qsizetype order = stelle(teil, u"order");
-    return order < 0 ? teil : teil.left(order).trimmed();
+    return order < 0 ? teil : Trim(teil.left(order));
 }
 
 QString SQLAbOrder(const QString& quelle)

@@ -24,7 +24,8 @@ public:
 
     virtual void setBetriebsadresse(const QString& adresse) = 0; ///< Of the farm, for report headers.
     virtual QString Betriebsadresse() const = 0;
-    virtual void setBetriebsnummer(const QString& nummer) = 0; ///< Without leading zeros; names the farm folder "B" + number.
+    virtual void
+    setBetriebsnummer(const QString& nummer) = 0; ///< Without leading zeros; names the farm folder "B" + number.
     virtual QString Betriebsnummer() const = 0;
     virtual void setBetriebsname(const QString& name) = 0; ///< For captions and report headers.
     virtual QString Betriebsname() const = 0;
@@ -47,17 +48,23 @@ public:
     virtual void setBetriebpasswort(const QString& kennwort) = 0; // sic: one "s" less than Betriebsname
     virtual QString Lagerpasswort() const = 0;
     virtual QString Betriebpasswort() const = 0;
-    virtual double LagerbestandRechnen() = 0; ///< Not available yet: throws NotSupported.
-    virtual void LagerbestandLaden() = 0;     ///< Not available yet: throws NotSupported.
+    /// Fails on every call: its statement, kept as hosts know it, has an AND too many, and the database engine refuses it
+    /// (jet::Error ExpressionSyntax, 3075). A stock is what Get_Bestand answers.
+    virtual double LagerbestandRechnen() = 0;
+    /// Opens the stock-keeping screen; returns when the user closes it. A journal file that does not exist yet is made
+    /// from the template before. No screen is built in yet: throws NotSupported after all else is done.
+    virtual void LagerbestandLaden() = 0;
     /// Carries the closing stocks of the key date's year and of every later one into the year file after it.
     virtual void Kontrolle_LagerbestandLaden() = 0;
-    virtual void setDatenverzeichnis(const QString& datei) = 0; ///< Despite its name the journal file of the key date's year.
+    virtual void
+    setDatenverzeichnis(const QString& datei) = 0; ///< Despite its name the journal file of the key date's year.
     virtual QString Datenverzeichnis() const = 0;
     virtual void setStichdatum(const QDate& tag) = 0; ///< \throws jet::Error InvalidArgument when it is no date.
     virtual QDate Stichdatum() const = 0;
     virtual void setArtikelname(const QString& name) = 0; ///< For LagerbestandRechnen.
     virtual QString Artikelname() const = 0;
-    virtual void setLagername(const QString& kurzKu) = 0; ///< Short code of a storage place, for LagerbestandRechnen and the screen.
+    virtual void
+    setLagername(const QString& kurzKu) = 0; ///< Short code of a storage place, for LagerbestandRechnen and the screen.
     virtual QString Lagername() const = 0;
 };
 Q_DECLARE_INTERFACE(_Lagerverwaltungsdaten, "ZABLAGER.Lagerverwaltungsdaten/1.0")

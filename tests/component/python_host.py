@@ -56,7 +56,10 @@ with tempfile.TemporaryDirectory() as farm:
     assert lager.Get_Bestand("Mühlenkleie", "H1", datetime.date(2019, 1, 1)) == 0.0
     assert "existiert nicht!" in lager.LetzterFehler
     assert refusal(lambda: lager.Get_Bestand("Bauer's Mix", "H1", datetime.date(2024, 1, 1))) == 3075
+    assert refusal(lager.LagerbestandLaden) == 53  # no journal file is named
+    lager.Datenverzeichnis = f"{farm}/daten/B4711/Lager.2024"
     assert refusal(lager.LagerbestandLaden) == 3251
+    assert refusal(lager.LagerbestandRechnen) == 3075
     lager.Artikelname = "Weizen"  # an old failure is not told again
     assert refusal(lambda: setattr(lager, "Stichdatum", QDate())) == 5
     for wrong in (lambda: lager.Lagerart, lambda: setattr(lager, "Lagerart", ""),

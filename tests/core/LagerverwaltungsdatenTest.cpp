@@ -1,9 +1,11 @@
 #include "core/Lagerverwaltungsdaten.h"
 
+#include "platform/system/Files.h"
 #include "tests/support/Print.h"
 #include "tests/support/Testbetrieb.h"
 
 #include <zablager/DatabaseError.h>
+#include <zablager/FileError.h>
 
 #include <QMetaProperty>
 
@@ -27,7 +29,9 @@ protected:
     }
 
     Testbetrieb hof;
-    Lagerverwaltungsdaten objekt{[] { return nullptr; }};
+    int gezeigt = 0; ///< How often the main screen came.
+    Lagerverwaltungsdaten::Anschluesse anschluesse{[] { return nullptr; }, [this] { ++gezeigt; }};
+    Lagerverwaltungsdaten objekt{anschluesse};
     _Lagerverwaltungsdaten& daten = objekt;
 };
 
@@ -54,10 +58,81 @@ TEST_F(Daten, DerUebertragUebernimmtNurSeineWerte)
               u""_s);
 }
 
+TEST_F(Daten, DerBildschirmUebernimmtSeineWerte)
+{
+    modulzustand() = {};
+    daten.setStichdatum(QDate(2025, 6, 1));
+    daten.setDatenverzeichnis(hof.journaldatei(2025));
+    daten.LagerbestandLaden();
+    EXPECT_EQ(gezeigt, 1);
+
+    const Modulzustand& z = modulzustand();
+    EXPECT_EQ(
+        (QStringList{z.Artikelname, z.Lagername, z.Stammverzeichnis, z.Waehrung, z.Lagerpasswort, z.Anlagenverzeichnis,
+                     z.Anlagenpasswort, z.Betriebsname, z.Betriebsnummer, z.Betriebsadresse, z.Herkunft}),
+        (QStringList{u"Artikelname"_s, u"Lagername"_s, u"Stammverzeichnis"_s, u"Währung"_s, u"Lagerpasswort"_s,
+                     u"Anlagenverzeichnis"_s, u"Anlagenpasswort"_s, u"Betriebsname"_s, u"Betriebsnummer"_s,
+                     u"Betriebsadresse"_s, u"Herkunft"_s}));
+    EXPECT_EQ(z.Betriebpasswort, u""_s); // only a carry-forward hands it on
+    EXPECT_EQ(z.Stichdatum, QDate(2025, 6, 1));
+    EXPECT_EQ(z.Jahr, u"2025"_s);
+    EXPECT_EQ(z.Lagerdatei, hof.journaldatei(2025));
+    EXPECT_EQ(z.Datenverzeichnis, hof.ort().daten());
+    EXPECT_EQ(z.Hilfedatei, hof.ort().programm() + u"\\ZAB Hilfe\\Lagerverwaltung.chm"_s);
+}
+
+TEST_F(Daten, EineFehlendeVorlageBeendetDasLadenNachDenErstenWerten)
+{
+    modulzustand() = {};
+    sys::Kill(hof.ort().programm() + u"/Lager.vorlage"_s);
+    daten.setStichdatum(QDate(2025, 6, 1));
+    for (const QString& datei : {hof.journaldatei(2025), QString()}) {
+        daten.setDatenverzeichnis(datei);
+        EXPECT_THROW(daten.LagerbestandLaden(), sys::FileError) << datei.toStdString();
+        EXPECT_EQ(modulzustand().Betriebsname, u"Betriebsname"_s);
+        EXPECT_EQ(modulzustand().Jahr, u"2025"_s);
+        EXPECT_EQ(modulzustand().Herkunft, u""_s);
+    }
+    EXPECT_EQ(gezeigt, 0);
+}
+
+TEST_F(Daten, EinVorhandenesJahrWirdBeimLadenNichtErsetzt)
+{
+    hof.bucht(2024, "05.05. | H1 | Weizen | 100 | Zukauf");
+    daten.setDatenverzeichnis(hof.journaldatei(2024));
+    daten.LagerbestandLaden();
+    daten.LagerbestandLaden();
+    EXPECT_EQ(hof.journal(2024), zeilen("05.05. | H1 | Weizen | 100 | Zukauf"));
+}
+
+// Hosts of the older generation know this call as one that fails; they ask Get_Bestand.
+TEST_F(Daten, LagerbestandRechnenScheitertAnSeinerAnweisung)
+{
+    daten.setDatenverzeichnis(hof.journaldatei(2024));
+    daten.setLagername(u"H1"_s);
+    daten.setArtikelname(u"Weizen"_s);
+    daten.setStichdatum(QDate(2024, 12, 31));
+    try {
+        daten.LagerbestandRechnen();
+        ADD_FAILURE() << "the statement was accepted";
+    } catch (const jet::Error& fehler) {
+        EXPECT_EQ(fehler.number(), jet::ErrorNumber::ExpressionSyntax);
+        EXPECT_EQ(fehler.text(), u"Syntaxfehler (fehlender Operator) in Abfrageausdruck"
+                                 u" '(((Lagerjournal.LagerortKurzKu)='H1') AND ((Lagerjournal.Artikel)='Weizen') AND"
+                                 u" AND ((Lagerjournal.Datum)<#12/31/2024#)))'."_s);
+    }
+
+    EXPECT_EQ(objekt.SpaeteBindung::LagerbestandRechnen(), 0);
+    EXPECT_EQ(objekt.LetzteFehlernummer(), 3075);
+    daten.setDatenverzeichnis(hof.journaldatei(2019));
+    EXPECT_EQ(objekt.SpaeteBindung::LagerbestandRechnen(), 0);
+    EXPECT_EQ(objekt.LetzteFehlernummer(), 3024);
+}
+
 TEST_F(Daten, DerLetzteUebertragGiltFuerAlleObjekte)
 {
     hof.bucht(2024, "05.05. | H1 | Weizen | 100 | Zukauf");
-    Lagerverwaltungsdaten anderes([] { return nullptr; });
+    Lagerverwaltungsdaten anderes(anschluesse);
     anderes.setBetriebsnummer(u"4711"_s);
     anderes.setStichdatum(QDate(2024, 6, 1));
     anderes.Kontrolle_LagerbestandLaden();
@@ -70,5 +145,5 @@ TEST_F(Daten, EinUnmoeglichesStichdatumWirdAbgelehnt)
     EXPECT_THROW(daten.setStichdatum(QDate(2023, 2, 29)), jet::Error);
     EXPECT_EQ(modulzustand().Stichdatum, QDate(2024, 2, 29));
     EXPECT_EQ(daten.Stichdatum(), QDate(2024, 2, 29));
-    EXPECT_EQ(Lagerverwaltungsdaten([] { return nullptr; }).Stichdatum(), QDate(1899, 12, 30));
+    EXPECT_EQ(Lagerverwaltungsdaten(anschluesse).Stichdatum(), QDate(1899, 12, 30));
 }

@@ -1,6 +1,7 @@
 #include "core/SQLTexte.h"
 
 #include "core/Datumstext.h"
+#include "core/ZeilenumbruchEntfernen.h"
 #include "tests/support/Print.h"
 
 #include <gtest/gtest.h>
@@ -39,4 +40,11 @@ TEST(SQLTexte, QuellenWerdenBeiWhereUndOrderGeschnitten)
         EXPECT_EQ(SQLWhereTeil(quelle), fall.whereTeil.toString());
         EXPECT_EQ(SQLAbOrder(quelle), fall.abOrder.toString());
     }
+}
+
+TEST(ZeilenumbruchEntfernen, MachtEineZeileUndLaesstAndereZwischenraeume)
+{
+    EXPECT_EQ(ZeilenumbruchEntfernen(u" eins\r\nzwei\ndrei\r "_s), u"eins  zwei drei"_s);
+    EXPECT_EQ(ZeilenumbruchEntfernen(u"\n\teins\t \r"_s), u"\teins\t"_s); // blanks go, tabs stay
+    EXPECT_EQ(ZeilenumbruchEntfernen(u" \r\n "_s), u""_s);
 }

@@ -81,7 +81,7 @@ public:
 
     Abgleich fuehreAus(const QString& betriebsnummer)
     {
-        Lagerverwaltungsdaten lager([] { return nullptr; });
+        Lagerverwaltungsdaten lager({[] { return nullptr; }, {}});
         lager.setBetriebsnummer(betriebsnummer);
         lager.setStichdatum(QDate(m_soll.begin()->first, 1, 1));
         lager.Kontrolle_LagerbestandLaden();

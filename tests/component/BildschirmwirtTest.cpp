@@ -1,0 +1,41 @@
+// The loadable library in a host with a screen.
+
+#include "tests/support/Bildschirm.h"
+#include "tests/support/Print.h"
+#include "tests/support/Testbetrieb.h"
+
+#include <zablager/Lagerverwaltungsdaten.h>
+
+#include <QMessageBox>
+#include <QPluginLoader>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+TEST(Bildschirmwirt, BekommtMeldungenAlsFenster)
+{
+    const Testbetrieb hof;
+    QPluginLoader loader(QStringLiteral(ZABLAGER_LIBRARY));
+    auto* const zablager = qobject_cast<IZablager*>(loader.instance());
+    ASSERT_TRUE(zablager) << loader.errorString().toStdString();
+    Meldungsprotokoll protokoll;
+    zablager->setzeMeldungen(&protokoll); // only for hosts without a screen
+    const auto lager = zablager->erzeuge();
+    lager->setBetriebsnummer(u"4711"_s);
+    lager->setStichdatum(QDate(2024, 1, 1));
+    lager->Kontrolle_LagerbestandLaden();
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+
+    QString text;
+    imNaechstenFenster([&](QWidget& fenster) {
+        if (const auto* box = qobject_cast<QMessageBox*>(&fenster)) text = box->text();
+        QTest::keyClick(&fenster, Qt::Key_Return);
+    });
+    EXPECT_EQ(lager->Get_Bestand(u"Weizen"_s, u"H1"_s, QDate(2019, 1, 1)), 0);
+    EXPECT_EQ(text, u"Der Dateiname "_s + hof.journaldatei(2019) + u" existiert nicht!"_s);
+    EXPECT_EQ(protokoll.abgeholt(), QStringList());
+    EXPECT_EQ(dynamic_cast<QObject&>(*lager).property("LetzterFehler"), u""_s);
+    zablager->setzeMeldungen(nullptr);
+}
