@@ -6,6 +6,12 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+constexpr int ErstesJahr = 1900;
+
+} // namespace
+
 QCommandLineOption betriebOption()
 {
     return {u"betrieb"_s, u"Nummer des Betriebes; ohne die Angabe der einzige, den es gibt."_s, u"NR"_s};
@@ -32,7 +38,15 @@ int jahr(const QString& text)
 {
     bool istZahl = false;
     const int zahl = text.size() == 4 && text[0] != u'+' && text[0] != u' ' ? text.toInt(&istZahl) : 0;
-    if (!istZahl || zahl < 1900 || zahl > 9999)
+    if (!istZahl || zahl < ErstesJahr || zahl > 9999)
         throw Aufruffehler(u"'"_s + text + u"' ist kein Jahr von 1900 bis 9999."_s);
     return zahl;
+}
+
+QDate datum(const QString& text)
+{
+    const QDate tag = QDate::fromString(text, u"d.M.yyyy"_s);
+    if (!tag.isValid() || tag.year() < ErstesJahr)
+        throw Aufruffehler(u"'"_s + text + u"' ist kein Datum der Form T.M.JJJJ."_s);
+    return tag;
 }

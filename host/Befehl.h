@@ -4,6 +4,7 @@
 
 #include <QCommandLineOption>
 #include <QCommandLineParser>
+#include <QDate>
 #include <QList>
 #include <QString>
 
@@ -20,6 +21,7 @@ struct Befehl {
 
 Befehl einrichtenBefehl();
 Befehl bestandBefehl();
+Befehl oeffnenBefehl();
 Befehl uebertragBefehl();
 Befehl sqlBefehl();
 
@@ -30,3 +32,5 @@ QCommandLineOption betriebOption();
 QString gewaehlterBetrieb(const Installation& ort, const QCommandLineParser& aufruf);
 /// A year of which journal files can be made. \throws Aufruffehler.
 int jahr(const QString& text);
+/// A day in the form T.M.JJJJ, from 1900 on. \throws Aufruffehler.
+QDate datum(const QString& text);

@@ -1,4 +1,3 @@
-#include "host/Aufruffehler.h"
 #include "host/Ausgabe.h"
 #include "host/Befehl.h"
 #include "host/Komponente.h"
@@ -6,13 +5,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-QDate datum(const QString& text)
-{
-    const QDate tag = QDate::fromString(text, u"d.M.yyyy"_s);
-    if (!tag.isValid()) throw Aufruffehler(u"'"_s + text + u"' ist kein Datum der Form T.M.JJJJ."_s);
-    return tag;
-}
 
 void zeigeBestand(const QCommandLineParser& aufruf)
 {

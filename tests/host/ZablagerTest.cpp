@@ -140,6 +140,16 @@ TEST_F(Zablager, UebertragUndBestandGehenDurchDieBibliothek)
     EXPECT_EQ(bestand(u"1.1.2024"_s, {u"--betrieb"_s, u"4711"_s}).ausgabe, u"1000000.5\n"_s);
 }
 
+TEST_F(Zablager, OeffnenLegtDasJahrAnUndSagtDassDerBildschirmFehlt)
+{
+    ASSERT_EQ(einrichten(u"4711"_s, u"2024"_s).ende, 0);
+    const Lauf lauf = zablager({u"oeffnen"_s, ort, u"--stichdatum"_s, u"5.3.2025"_s});
+    EXPECT_EQ(lauf.ende, 1);
+    EXPECT_EQ(lauf.fehler, u"Der Bildschirm der Lagerverwaltung ist noch nicht eingebaut. (Fehler 3251)\n"_s);
+    EXPECT_TRUE(QFile::exists(ort + u"/daten/B4711/Lager.2025"_s));
+    EXPECT_EQ(zablager({u"oeffnen"_s, ort, u"--stichdatum"_s, u"5.3.25"_s}).ende, 2);
+}
+
 TEST_F(Zablager, SqlZeigtZeilenAlsTabelleUndAlsJson)
 {
     ASSERT_EQ(einrichten(u"4711"_s, u"2024"_s).ende, 0);
@@ -240,7 +250,7 @@ TEST_F(Zablager, EinFalscherAufrufWirdErklaertUndTutNichts)
     EXPECT_EQ(hilfe.ende, 0);
     EXPECT_TRUE(hilfe.ausgabe.contains(u"Aufruf: "_s) && hilfe.ausgabe.contains(u"Optionen:"_s))
         << hilfe.ausgabe.toStdString();
-    for (const QString& befehl : {u"einrichten"_s, u"bestand"_s, u"uebertrag"_s, u"sql"_s})
+    for (const QString& befehl : {u"einrichten"_s, u"oeffnen"_s, u"bestand"_s, u"uebertrag"_s, u"sql"_s})
         EXPECT_TRUE(zablager({u"--hilfe"_s}).ausgabe.contains(befehl));
 }
 
