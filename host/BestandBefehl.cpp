@@ -2,9 +2,24 @@
 #include "host/Befehl.h"
 #include "host/Komponente.h"
 
+#include <zablager/DatabaseError.h>
+
+#include <QMetaObject>
+
 using namespace Qt::StringLiterals;
 
 namespace {
+
+/// Asks late-bound, by the method's name, as scripts do; the other commands call through the function table.
+double bestand(QObject& lager, const QString& Artikel, const QString& Lagerort, QDate Stichtag)
+{
+    double menge = 0;
+    QMetaObject::invokeMethod(&lager, "Get_Bestand", Qt::DirectConnection, Q_RETURN_ARG(double, menge),
+                              Q_ARG(QString, Artikel), Q_ARG(QString, Lagerort), Q_ARG(QDate, Stichtag));
+    const int fehlernummer = lager.property("LetzteFehlernummer").toInt();
+    if (fehlernummer != 0) throw jet::Error(jet::ErrorNumber(fehlernummer), lager.property("LetzterFehler").toString());
+    return menge;
+}
 
 void zeigeBestand(const QCommandLineParser& aufruf)
 {
@@ -16,7 +31,7 @@ void zeigeBestand(const QCommandLineParser& aufruf)
     // Only the carry-forward hands the farm number on. With this key date it finds no year at all.
     const auto lager = lagerverwaltungsdaten(ort, betrieb, QDate(10000, 1, 1));
     lager->Kontrolle_LagerbestandLaden();
-    schreibe(stdout, zahlText(lager->Get_Bestand(argumente[1], argumente[2], Stichtag)));
+    schreibe(stdout, zahlText(bestand(dynamic_cast<QObject&>(*lager), argumente[1], argumente[2], Stichtag)));
 }
 
 } // namespace

@@ -128,6 +128,10 @@ TEST_F(Zablager, UebertragUndBestandGehenDurchDieBibliothek)
     EXPECT_EQ(fehlt.fehler, u"Der Dateiname "_s + ort + u"/daten/B4711/Lager.2019 existiert nicht!\n"_s);
     EXPECT_EQ(dateien(), vorher); // asking writes nothing
 
+    const Lauf verdorben = zablager({u"bestand"_s, ort, u"Bauer's Mix"_s, u"H1"_s, u"1.1.2024"_s});
+    EXPECT_EQ(verdorben.ende, 1);
+    EXPECT_TRUE(verdorben.fehler.endsWith(u"(Fehler 3075)\n"_s)) << verdorben.fehler.toStdString();
+
     const QString neuerOrt = ort + u" (Kopie)"_s; // the settings follow
     ASSERT_TRUE(QDir().rename(ort, neuerOrt));
     ort = neuerOrt;
