@@ -1,5 +1,7 @@
 #include "platform/system/KeptFile.h"
 
+#include "platform/system/FileFault.h"
+
 #include <QFile>
 
 #include <fcntl.h>
@@ -18,13 +20,14 @@ KeptFile::~KeptFile()
 std::optional<QByteArray> KeptFile::bytes(const QString& path)
 {
     const auto named = identify(path);
-    if (named && m_file >= 0 && named->sameFile(m_identity)) return read(named->size);
+    if (named && named->isDirectory) throw fileFault(EISDIR, path);
+    if (named && m_file >= 0 && named->sameFile(m_identity)) return read(path, named->size);
     close();
-    if (named) open(path);
-    return m_file < 0 ? std::nullopt : read(m_identity.size);
+    if (!open(path)) return {};
+    return read(path, m_identity.size);
 }
 
-std::optional<QByteArray> KeptFile::read(std::int64_t size) const
+QByteArray KeptFile::read(const QString& path, std::int64_t size) const
 {
     QByteArray bytes(static_cast<qsizetype>(size), Qt::Uninitialized);
     qsizetype filled = 0;
@@ -32,7 +35,7 @@ std::optional<QByteArray> KeptFile::read(std::int64_t size) const
         const auto rest = static_cast<std::size_t>(bytes.size() - filled);
         const ssize_t count = ::pread(m_file, bytes.data() + filled, rest, filled);
         if (count < 0 && errno == EINTR) continue;
-        if (count < 0) return {};
+        if (count < 0) throw fileFault(errno, path);
         if (count == 0) break; // it has become shorter
         filled += count;
     }
@@ -40,14 +43,20 @@ std::optional<QByteArray> KeptFile::read(std::int64_t size) const
     return bytes;
 }
 
-void KeptFile::open(const QString& path)
+bool KeptFile::open(const QString& path)
 {
     m_file = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
+    if (m_file < 0 && errno == ENOENT) return false;
+    if (m_file < 0) throw fileFault(errno, path);
     struct stat status {};
-    if (m_file < 0 || ::fstat(m_file, &status) != 0) return close();
+    if (::fstat(m_file, &status) != 0) {
+        close();
+        throw fileFault(FileErrorNumber::PathAccess, path);
+    }
     m_identity.device = status.st_dev;
     m_identity.inode = status.st_ino;
     m_identity.size = status.st_size;
+    return true;
 }
 
 void KeptFile::close()

@@ -17,13 +17,14 @@ public:
     ~KeptFile();
     Q_DISABLE_COPY_MOVE(KeptFile)
 
-    /// All that the file of this path holds at this moment; no value when it is missing or cannot be read. When another
-    /// file has taken the path over, it is the other one that is read. `path` in the local form.
+    /// All that the file of this path holds at this moment; no value when it is missing. When another file has taken the
+    /// path over, it is the other one that is read. `path` in the local form.
+    /// \throws FileError when the file is there and cannot be read, or its directory cannot be entered.
     std::optional<QByteArray> bytes(const QString& path);
 
 private:
-    std::optional<QByteArray> read(std::int64_t size) const;
-    void open(const QString& path);
+    QByteArray read(const QString& path, std::int64_t size) const;
+    bool open(const QString& path); ///< False: there is no such file.
     void close();
 
     int m_file = -1;

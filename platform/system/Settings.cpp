@@ -64,7 +64,6 @@ void SaveSetting(const QString& section, const QString& key, const QString& valu
     QString line = value;
     line.replace(u"\r\n"_s, u" "_s).replace(u'\r', u' ').replace(u'\n', u' ');
     const auto before = surroundings().settingsBytes.bytes(path);
-    if (!before && QFileInfo::exists(path)) throw fileFault(FileErrorNumber::PathAccess, path); // not to lose the rest
     const QByteArray after = SettingsFile::withValue(before.value_or(QByteArray()), section, key, line);
     if (after != before) replace(path, after);
 }

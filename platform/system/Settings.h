@@ -12,6 +12,7 @@ namespace sys {
 
 /// The value as it stands in the file at this moment; `preset` when file, section or key is missing. An existing empty
 /// value is returned empty.
+/// \throws FileError when the file is there and cannot be read, since presets would lead to another farm.
 QString GetSetting(const QString& section, const QString& key, const QString& preset = {});
 
 /// Writes one value; what other programs wrote meanwhile stays. A line break in the value becomes a blank.

@@ -40,15 +40,27 @@ protected:
     QTemporaryDir home;
 };
 
-int numberOfRefusedSave()
+/// The number of a refusal, which must name the file; 0: not refused.
+template <class Action>
+int refusal(const Action& action)
 {
     try {
-        sys::SaveSetting(u"A"_s, u"b"_s, u"c"_s);
+        action();
     } catch (const sys::FileError& error) {
         EXPECT_TRUE(error.text().contains(u"ZAB - Programme.ini"_s)) << error.what();
         return static_cast<int>(error.number());
     }
     return 0;
+}
+
+int numberOfRefusedSave()
+{
+    return refusal([] { sys::SaveSetting(u"A"_s, u"b"_s, u"c"_s); });
+}
+
+int numberOfRefusedRead()
+{
+    return refusal([] { sys::GetSetting(u"A"_s, u"b"_s); });
 }
 
 } // namespace
@@ -171,13 +183,46 @@ TEST_F(Settings, ThatCannotBeWrittenAreRefusedAndStandAsTheyWere)
 
     qputenv("XDG_CONFIG_HOME", QFile::encodeName(path())); // a file where the configuration home should be
     EXPECT_EQ(numberOfRefusedSave(), 75);
-    EXPECT_EQ(sys::GetSetting(u"A"_s, u"b"_s, u"x"_s), u"x"_s);
+    EXPECT_EQ(numberOfRefusedRead(), 76);
 
     ASSERT_TRUE(QDir(home.path()).mkpath(u"neu/ZAB - Programme.ini"_s)); // a directory where the file should be
     qputenv("XDG_CONFIG_HOME", QFile::encodeName(home.filePath(u"neu"_s)));
     EXPECT_EQ(numberOfRefusedSave(), 75);
+    EXPECT_EQ(numberOfRefusedRead(), 75);
 
     qputenv("XDG_CONFIG_HOME", QFile::encodeName(home.filePath(u"ganz/neu"_s))); // made on the first save
+    EXPECT_EQ(numberOfRefusedRead(), 0);
     EXPECT_EQ(numberOfRefusedSave(), 0);
     EXPECT_EQ(sys::GetSetting(u"A"_s, u"b"_s), u"c"_s);
+}
+
+TEST_F(Settings, WithoutRightsAreRefusedAndStandAsTheyWere)
+{
+    struct Case {
+        const char* name;
+        int directory, file; ///< Permissions as Qt writes them, a hexadecimal digit for owner, user, group, others.
+        int read, save;      ///< Numbers of the refusals.
+    };
+    const Case cases[] = {
+        {"the file cannot be written", 0x7777, 0x4444, 0, 75},
+        {"nor can its directory", 0x5555, 0x4444, 0, 75},
+        {"the file cannot be read", 0x7777, 0x6600, 70, 70},
+        {"the directory cannot be entered", 0x7700, 0x6666, 70, 75},
+    };
+    write("[A]\nb=1\n");
+    for (const Case& c : cases) {
+        QFile::setPermissions(path(), QFile::Permissions(c.file));
+        QFile::setPermissions(home.path(), QFile::Permissions(c.directory));
+        const auto asNobody = [](int (*number)()) {
+            return exitCode(startChild([number] {
+                constexpr uid_t Nobody = 65534; // root may read and write everywhere
+                if (geteuid() == 0 && setuid(Nobody) != 0) return 255;
+                return number();
+            }));
+        };
+        EXPECT_EQ(asNobody(&numberOfRefusedRead), c.read) << c.name;
+        EXPECT_EQ(asNobody(&numberOfRefusedSave), c.save) << c.name;
+        QFile::setPermissions(home.path(), QFile::Permissions(0x7700));
+        EXPECT_EQ(read(), "[A]\nb=1\n") << c.name;
+    }
 }
