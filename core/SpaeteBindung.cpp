@@ -2,6 +2,14 @@
 
 #include "platform/system/CaughtError.h"
 
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int UnbekannteEigenschaft = 438; // the runtime's number
+
+} // namespace
+
 double SpaeteBindung::Get_Bestand(const QString& Artikel, const QString& Lagerort, const QDate& Stichtag)
 {
     double bestand = 0;
@@ -51,6 +59,14 @@ void SpaeteBindung::hinterlasse(const QString& meldung)
 void SpaeteBindung::abgesichert(const std::function<void()>& aufruf)
 {
     beginneAufruf();
+    // Qt takes a misspelt property for a new one of this object, and the host would get the figures of another place.
+    const QList<QByteArray> unbekannt = dynamicPropertyNames();
+    if (!unbekannt.isEmpty()) {
+        m_fehler = u"Objekt unterstützt diese Eigenschaft oder Methode nicht: '"_s +
+                   QString::fromUtf8(unbekannt.first()) + u"'"_s;
+        m_fehlernummer = UnbekannteEigenschaft;
+        return;
+    }
     try {
         aufruf();
     } catch (...) {

@@ -14,6 +14,9 @@
 /// No exception crosses Qt's meta-call, it would end the host. A call that fails returns its type's default and leaves
 /// text and number of the failure here. The names are those of the early-bound interface, so they stand in a class
 /// beside it: there they would override the functions that throw.
+///
+/// An object to which a host has given a property that the class does not have refuses every call by name until the host
+/// takes it away again (sets it to an invalid QVariant).
 class SpaeteBindung : public QObject {
     Q_OBJECT
     Q_PROPERTY(QString LetzterFehler READ LetzterFehler)

@@ -1,56 +1,16 @@
 // The loadable library as hosts without a screen use it: loaded by path, early-bound and late-bound.
 
+#include "tests/component/Bibliothek.h"
 #include "tests/support/Print.h"
-#include "tests/support/Testbetrieb.h"
 
 #include <zablager/DatabaseError.h>
-#include <zablager/Lagerverwaltungsdaten.h>
 
 #include <QMetaProperty>
-#include <QPluginLoader>
-
-#include <gtest/gtest.h>
 
 #include <cstring>
 #include <iterator>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-class Bibliothek : public testing::Test {
-protected:
-    Bibliothek()
-    {
-        hof.bucht(2023, "30.06. | H1 | Weizen | 120,5 | Ernte");
-        hof.bucht(2024, "01.02. | H1 | Weizen | -20 | Verkauf");
-        EXPECT_TRUE(wurzel) << loader.errorString().toStdString();
-    }
-
-    std::unique_ptr<QObject> objekt(const QString& klasse = u"ZABLAGER.Lagerverwaltungsdaten"_s) const
-    {
-        QObject* neu = nullptr;
-        EXPECT_TRUE(
-            QMetaObject::invokeMethod(wurzel, "CreateObject", Q_RETURN_ARG(QObject*, neu), Q_ARG(QString, klasse)));
-        return std::unique_ptr<QObject>(neu);
-    }
-
-    Testbetrieb hof{QDate(2023, 1, 1)};
-    QPluginLoader loader{QStringLiteral(ZABLAGER_LIBRARY)};
-    QObject* const wurzel = loader.instance();
-};
-
-/// A late-bound stock question; `Tag` is QDate or QDateTime.
-template <class Tag>
-double bestand(QObject& lager, const char* art, const QString& artikel, const Tag& tag)
-{
-    double menge = -1;
-    EXPECT_TRUE(QMetaObject::invokeMethod(&lager, "Get_Bestand", Q_RETURN_ARG(double, menge), Q_ARG(QString, artikel),
-                                          Q_ARG(QString, u"H1"_s), QGenericArgument(art, &tag)));
-    return menge;
-}
-
-} // namespace
 
 // Hosts that were built earlier call through the function table: a function that changes its place is another function
 // to them. A pointer to a virtual function holds its place in the table.

@@ -1,0 +1,185 @@
+// What hosts hand over by mistake: none of it ends the process or changes a file, and the next right call is answered.
+
+#include "tests/component/Bibliothek.h"
+#include "tests/support/Print.h"
+
+#include <zablager/DatabaseError.h>
+
+#include <QDir>
+
+#include <algorithm>
+#include <string>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class FalscheEingaben : public Bibliothek {
+protected:
+    FalscheEingaben() { frageRichtig(); }
+    ~FalscheEingaben() override
+    {
+        frageRichtig();
+        EXPECT_EQ(hof.journal(2023).size() + hof.journal(2024).size(), 2U);
+    }
+
+    void frageRichtig() const
+    {
+        lager->setProperty("Betriebsnummer", u"4711"_s);
+        lager->setProperty("Stichdatum", QDate(2024, 1, 1)); // the last year: nothing to carry
+        uebertrage();
+        EXPECT_EQ(nummer(), 0) << text();
+        EXPECT_EQ(weizen(), 120.5);
+    }
+    void uebertrage() const { QMetaObject::invokeMethod(lager.get(), "Kontrolle_LagerbestandLaden"); }
+    double weizen() const { return bestand(*lager, "QDate", u"Weizen"_s, QDate(2023, 12, 31)); }
+    int nummer() const { return lager->property("LetzteFehlernummer").toInt(); }
+    std::string text() const { return lager->property("LetzterFehler").toString().toStdString(); }
+
+    const std::unique_ptr<QObject> lager = objekt();
+};
+
+const QString Lang(100'000, u'w');
+const QString MitNul = u"Wei\0zen"_s;
+const QString HalbesZeichen = QString(QChar(0xD800));
+
+} // namespace
+
+TEST_F(FalscheEingaben, EineUnbekannteEigenschaftSperrtDasObjekt)
+{
+    EXPECT_FALSE(lager->setProperty("Lagername1", u"H1"_s));
+    EXPECT_EQ(weizen(), 0);
+    EXPECT_EQ(text(), "Objekt unterstützt diese Eigenschaft oder Methode nicht: 'Lagername1'");
+    EXPECT_EQ(nummer(), 438);
+    uebertrage();
+    EXPECT_EQ(nummer(), 438);
+    EXPECT_FALSE(lager->setProperty("Lagername1", QVariant()));
+    EXPECT_EQ(weizen(), 120.5);
+    EXPECT_EQ(nummer(), 0);
+}
+
+TEST_F(FalscheEingaben, EineFremdeArtWirdUmgewandeltOderAendertNichts)
+{
+    struct Fall {
+        const char* eigenschaft;
+        QVariant wert;
+        bool genommen;
+        QString danach;
+    };
+    const Fall faelle[] = {
+        {"Stichdatum", u"1.1.2024"_s, false, u"2023-02-03"_s},
+        {"Stichdatum", 45'000, false, u"2023-02-03"_s},
+        {"Stichdatum", u"2023-01-01"_s, true, u"2023-01-01"_s},
+        {"Stichdatum", QDateTime(QDate(2023, 1, 2), QTime(23, 59)), true, u"2023-01-02"_s},
+        {"Stichdatum", QVariant(), true, u"2023-02-03"_s}, // taken by Qt, refused by the object with number 5
+        {"Lagername", 4711, true, u"4711"_s},
+        {"Lagername", QByteArray("Mühle"), true, u"Mühle"_s},
+        {"Lagername", QVariant(), true, u""_s},
+        {"Lagername", QVariantList{1}, false, u"vorher"_s},
+        {"LetzterFehler", u"nur zu lesen"_s, false, u""_s},
+    };
+    for (const Fall& fall : faelle) {
+        lager->setProperty("Lagername", u"vorher"_s);
+        lager->setProperty("Stichdatum", QDate(2023, 2, 3));
+        EXPECT_EQ(lager->setProperty(fall.eigenschaft, fall.wert), fall.genommen) << fall.eigenschaft;
+        EXPECT_EQ(lager->property(fall.eigenschaft).toString(), fall.danach) << fall.eigenschaft;
+    }
+    double menge = -1;
+    EXPECT_FALSE(QMetaObject::invokeMethod(lager.get(), "Get_Bestand", Q_RETURN_ARG(double, menge),
+                                           Q_ARG(QString, u"Weizen"_s), Q_ARG(QString, u"H1"_s),
+                                           Q_ARG(QString, u"31.12.2023"_s)));
+    EXPECT_FALSE(QMetaObject::invokeMethod(lager.get(), "Get_Bestand", Q_RETURN_ARG(double, menge), Q_ARG(int, 1),
+                                           Q_ARG(QString, u"H1"_s), Q_ARG(QDate, QDate(2023, 12, 31))));
+    EXPECT_EQ(menge, -1);
+}
+
+TEST_F(FalscheEingaben, EinUnmoeglicherArtikelHatKeinenBestand)
+{
+    auto* const frueh = qobject_cast<_Lagerverwaltungsdaten*>(lager.get());
+    ASSERT_TRUE(frueh);
+    struct Fall {
+        QString artikel;
+        int nummer;
+    };
+    const Fall faelle[] = {
+        {QString(), 0}, {u""_s, 0},           {Lang, 0}, {HalbesZeichen, 0}, {u"%1\n#"_s, 0},
+        {MitNul, 3075}, {u"Bauer's"_s, 3075},
+    };
+    for (const Fall& fall : faelle) {
+        EXPECT_EQ(bestand(*lager, "QDate", fall.artikel, QDate(2023, 12, 31)), 0)
+            << fall.artikel.left(20).toStdString();
+        EXPECT_EQ(nummer(), fall.nummer) << text();
+        try {
+            EXPECT_EQ(frueh->Get_Bestand(u"Weizen"_s, fall.artikel, QDate(2023, 12, 31)), 0);
+            EXPECT_EQ(fall.nummer, 0);
+        } catch (const jet::Error& fehler) {
+            EXPECT_EQ(int(fehler.number()), fall.nummer) << fehler.what();
+        }
+    }
+}
+
+TEST_F(FalscheEingaben, EineUnmoeglicheBetriebsnummerHatKeineDateien)
+{
+    for (const QString& betrieb : {QString(), Lang, MitNul, HalbesZeichen, u"..\\..\\B4711"_s, u"'"_s}) {
+        lager->setProperty("Betriebsnummer", betrieb);
+        uebertrage();
+        EXPECT_EQ(weizen(), 0) << betrieb.left(20).toStdString();
+        EXPECT_EQ(nummer(), 0);
+        EXPECT_TRUE(QString::fromStdString(text()).endsWith(u"existiert nicht!"_s)) << text();
+    }
+    for (const QDate tag : {QDate(-5, 1, 1), QDate(12'000, 1, 1)}) {
+        lager->setProperty("Stichdatum", tag);
+        uebertrage();
+        EXPECT_EQ(nummer(), 0) << text();
+        EXPECT_EQ(bestand(*lager, "QDate", u"Weizen"_s, tag), 0);
+    }
+}
+
+TEST_F(FalscheEingaben, VorDenEigenschaftenUndInJederReihenfolge)
+{
+    std::string methoden[] = {"Get_Bestand", "Kontrolle_LagerbestandLaden", "LagerbestandLaden", "LagerbestandRechnen"};
+    do {
+        const auto leer = objekt();
+        for (const std::string& methode : methoden) {
+            if (methode == "Get_Bestand") {
+                EXPECT_EQ(bestand(*leer, "QDate", u"Weizen"_s, QDate(2019, 12, 31)), 0);
+                continue;
+            }
+            EXPECT_TRUE(QMetaObject::invokeMethod(leer.get(), methode.c_str()));
+            const int nummer = leer->property("LetzteFehlernummer").toInt();
+            EXPECT_EQ(nummer == 0, methode == "Kontrolle_LagerbestandLaden") << methode;
+            EXPECT_EQ(nummer == 0, leer->property("LetzterFehler").toString().isEmpty()) << methode;
+        }
+    } while (std::next_permutation(std::begin(methoden), std::end(methoden)));
+}
+
+TEST_F(FalscheEingaben, GestoerteEinstellungenSindEinFehlerUndKeinAndererBetrieb)
+{
+    const QByteArray einstellungen = qgetenv("XDG_CONFIG_HOME");
+    const QDir daten(hof.ort().daten());
+    ASSERT_TRUE(daten.mkpath(u"ordner/ZAB - Programme.ini"_s));
+    struct Fall {
+        const char* name;
+        QString verzeichnis;
+        int nummer;
+        QString uebertrag, frage; ///< Beginnings of the texts.
+    };
+    const Fall faelle[] = {
+        {"das Verzeichnis ist eine Datei", hof.journaldatei(2023), 76, u"Pfad nicht gefunden: "_s,
+         u"Pfad nicht gefunden: "_s},
+        {"die Datei ist ein Verzeichnis", daten.filePath(u"ordner"_s), 75, u"Fehler beim Zugriff auf Pfad/Datei: "_s,
+         u"Fehler beim Zugriff auf Pfad/Datei: "_s},
+        {"es gibt noch keine", daten.filePath(u"neu"_s), 0, u"Kein Betrieb in der Registrierung eingestellt!"_s,
+         u"Der Dateiname x/B4711/Lager.2023 existiert nicht!"_s},
+    };
+    for (const Fall& fall : faelle) {
+        qputenv("XDG_CONFIG_HOME", QFile::encodeName(fall.verzeichnis));
+        uebertrage();
+        EXPECT_EQ(nummer(), fall.nummer) << fall.name;
+        EXPECT_TRUE(QString::fromStdString(text()).startsWith(fall.uebertrag)) << fall.name << text();
+        EXPECT_EQ(weizen(), 0);
+        EXPECT_EQ(nummer(), fall.nummer) << fall.name;
+        EXPECT_TRUE(QString::fromStdString(text()).startsWith(fall.frage)) << fall.name << text();
+    }
+    qputenv("XDG_CONFIG_HOME", einstellungen);
+}
