@@ -2,7 +2,7 @@
 
     from zablager import Zablager
 
-    lager = Zablager("/opt/zablager/lib/zablager.so").CreateObject("ZABLAGER.Lagerverwaltungsdaten")
+    lager = Zablager().CreateObject("ZABLAGER.Lagerverwaltungsdaten")
     lager.Betriebsnummer = "4711"
     lager.Stichdatum = datetime.date(2024, 1, 1)
     lager.Kontrolle_LagerbestandLaden()
@@ -17,6 +17,8 @@ import os
 from PyQt6 import sip
 from PyQt6.QtCore import QDate, QMetaObject, QPluginLoader, Qt, Q_ARG, Q_RETURN_ARG
 
+_INSTALLED = os.path.join(os.path.dirname(os.path.abspath(__file__)), "../../zablager.so")
+
 
 class ZablagerError(Exception):
     """A refusal of the database engine or the file system, or a missing library or class (number 429)."""
@@ -28,9 +30,9 @@ class ZablagerError(Exception):
 
 
 class Zablager:
-    """The loaded library."""
+    """The loaded library: that of the path, without one that of the installation to which this module belongs."""
 
-    def __init__(self, path):
+    def __init__(self, path=_INSTALLED):
         self._loader = QPluginLoader(os.path.abspath(path))
         self._root = self._loader.instance()
         if self._root is None:
@@ -38,6 +40,7 @@ class Zablager:
 
     def CreateObject(self, klasse):
         """A new object of the class, deleted with its last reference."""
+        _expect("klasse", klasse, str)
         created = QMetaObject.invokeMethod(
             self._root, "CreateObject", Qt.ConnectionType.DirectConnection, Q_RETURN_ARG("QObject*"),
             Q_ARG("QString", klasse))
@@ -61,19 +64,18 @@ class Lagerverwaltungsdaten:
     def __setattr__(self, name, value):
         if not self._object.metaObject().property(_index(self._object, name)).isWritable():
             raise AttributeError(f"{name} kann nur gelesen werden")
-        if isinstance(value, datetime.date):
-            value = _day(value)
-        if not self._object.setProperty(name.encode(), value):
-            raise TypeError(f"{name} nimmt keinen Wert der Art {type(value).__name__}")
         if name == "Stichdatum":  # the only property that looks at its value
-            self._check()
+            self._object.setProperty(name.encode(), _day(name, value))
+            return self._check()
+        _expect(name, value, str)
+        self._object.setProperty(name.encode(), value)
 
     def Get_Bestand(self, Artikel, Lagerort, Stichtag):
         """Stock of an article at a storage place at the end of a day (date, datetime or QDate), not rounded."""
-        if not isinstance(Artikel, str) or not isinstance(Lagerort, str):
-            raise TypeError("Artikel und Lagerort sind Texte")
+        _expect("Artikel", Artikel, str)
+        _expect("Lagerort", Lagerort, str)
         return self._invoke("Get_Bestand", Q_RETURN_ARG("double"), Q_ARG("QString", Artikel),
-                            Q_ARG("QString", Lagerort), Q_ARG("QDate", _day(Stichtag)))
+                            Q_ARG("QString", Lagerort), Q_ARG("QDate", _day("Stichtag", Stichtag)))
 
     def LagerbestandRechnen(self):
         return self._invoke("LagerbestandRechnen", Q_RETURN_ARG("double"))
@@ -96,7 +98,15 @@ class Lagerverwaltungsdaten:
             raise ZablagerError(number, self._object.property("LetzterFehler"))
 
 
-def _day(value):
+def _expect(name, value, *kinds):
+    """Refuses what Qt would convert by guessing, or drop without a word."""
+    if not isinstance(value, kinds):
+        wanted = " oder ".join(kind.__name__ for kind in kinds)
+        raise TypeError(f"{name}: {wanted} erwartet, nicht {type(value).__name__}")
+
+
+def _day(name, value):
+    _expect(name, value, datetime.date, QDate)
     return value if isinstance(value, QDate) else QDate(value.year, value.month, value.day)
 
 
