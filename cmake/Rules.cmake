@@ -15,7 +15,8 @@ else()
 endif()
 
 if(ZABLAGER_SANITIZE)
-    add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    set(SANITIZER_FLAGS -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    add_compile_options(${SANITIZER_FLAGS})
     add_link_options(-fsanitize=address,undefined)
     if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
         add_compile_options(-fsanitize=fuzzer-no-link) # the fuzzer finds its way by the branches taken in every room
