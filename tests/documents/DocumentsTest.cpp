@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QStringList Documents = {u"README.md"_s, u"docs/architecture.md"_s, u"docs/contributing.md"_s,
+const QStringList Documents = {u"README.md"_s, u"docs/architecture.md"_s, u"docs/contributing.md"_s, u"docs/hosts.md"_s,
                                u"bench/README.md"_s};
 
 QDir tree()
@@ -82,6 +82,18 @@ TEST(Documents, NamePathsAndPresetsThatExist)
             EXPECT_TRUE(presets.contains(u"\"name\": \""_s + preset + u'"')) << preset.toStdString();
         }
     }
+}
+
+TEST(Documents, ShowCodeOfHostsThatAreBuiltAndRun)
+{
+    static const QRegularExpression indent(u"^ +"_s, QRegularExpression::MultilineOption);
+    QString hosts;
+    for (const auto& file : {u"CMakeLists.txt"_s, u"early.cpp"_s, u"late.cpp"_s, u"host.py"_s})
+        hosts += textOf(u"tests/package/client/"_s + file).remove(indent);
+    const QStringList blocks = captured(textOf(u"docs/hosts.md"_s), u"^```[a-z]+\n([^`]+)^```$"_s);
+    EXPECT_FALSE(blocks.isEmpty());
+    for (QString block : blocks)
+        EXPECT_TRUE(hosts.contains(block.remove(indent))) << block.toStdString();
 }
 
 TEST(Documents, GiveAReasonForEachPackageThatIsInstalled)
