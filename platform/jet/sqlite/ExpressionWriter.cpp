@@ -314,16 +314,38 @@ void ExpressionWriter::call(const Expression& call)
         m_out += ')';
         return;
     }
+    if (function.kind == bind::FunctionKind::IIf) return choice(call);
     m_out += function.sqlite;
     m_out += '(';
     for (std::size_t i = 0; i < call.arguments.size(); ++i) {
         if (i > 0) m_out += ',';
-        // Both branches of IIF take the type of the whole, where it lies otherwise in the file.
-        const bool branch = function.kind == bind::FunctionKind::IIf && i > 0;
-        if (branch && (isText(call.type) || call.type == Type::Date))
-            assigned(*call.arguments[i], call.type);
-        else
-            argument(*call.arguments[i], function.arguments[i]);
+        argument(*call.arguments[i], function.arguments[i]);
+    }
+    m_out += ')';
+}
+
+void ExpressionWriter::choice(const Expression& call)
+{
+    const Expression& test = *call.arguments[0];
+    // Both branches take the type of the whole, where it lies otherwise in the file.
+    const auto branch = [&](const Expression& value) {
+        if (isText(call.type) || call.type == Type::Date) return assigned(value, call.type);
+        argument(value, 'A');
+    };
+    // IIF(ISNULL(x), y, x), which stands around every quantity of a list: reads x once.
+    const bool replacesNull = test.op == Op::Call &&
+                              bind::functionAt(test.function).kind == bind::FunctionKind::IsNull &&
+                              sameExpression(*test.arguments[0], *call.arguments[2]);
+    m_out += replacesNull ? "ifnull(" : "iif(";
+    if (replacesNull)
+        branch(*call.arguments[2]);
+    else
+        argument(test, 'C');
+    m_out += ',';
+    branch(*call.arguments[1]);
+    if (!replacesNull) {
+        m_out += ',';
+        branch(*call.arguments[2]);
     }
     m_out += ')';
 }

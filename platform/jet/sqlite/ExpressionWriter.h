@@ -48,6 +48,7 @@ private:
     void function(const sql::Expression& expression, const char* name);
     void call(const sql::Expression& call);
     void aggregate(const sql::Expression& call);
+    void choice(const sql::Expression& call);
     void argument(const sql::Expression& argument, char kind);
     void number(const sql::Expression& expression);
     void text(const sql::Expression& expression);

@@ -162,7 +162,7 @@ private:
         from();
         if (tree.where) {
             m_out += " WHERE ";
-            m_expressions.condition(*tree.where);
+            where(*tree.where);
         }
         if (!tree.groupBy.empty() && !m_oneGroup) {
             m_out += " GROUP BY ";
@@ -172,6 +172,25 @@ private:
             }
         }
         having();
+    }
+
+    /// A range of days or names usually takes in most of a year. With groups the planner is told so: else it reads the
+    /// range in the range's order and sorts it into groups, instead of reading the groups along their index.
+    void where(const Expression& condition)
+    {
+        const auto isRange = [](const Expression& part) {
+            return part.op == Op::NotEqual || part.op == Op::Less || part.op == Op::Greater ||
+                   part.op == Op::LessEqual || part.op == Op::GreaterEqual || part.op == Op::Between;
+        };
+        const bool grouped = !m_select.tree.groupBy.empty() && !m_oneGroup;
+        if (!grouped || condition.op != Op::And) return m_expressions.condition(condition);
+        for (std::size_t i = 0; i < condition.arguments.size(); ++i) {
+            const Expression& part = *condition.arguments[i];
+            if (i > 0) m_out += " AND ";
+            if (isRange(part)) m_out += "likely(";
+            m_expressions.condition(part);
+            if (isRange(part)) m_out += ')';
+        }
     }
 
     void having()
