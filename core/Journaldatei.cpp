@@ -53,6 +53,5 @@ void stelleJournalBereit(const QString& datei)
     if (datei.isEmpty())
         throw sys::FileError(sys::FileErrorNumber::FileNotFound,
                              u"Es ist keine Lagerdatei angegeben: Datenverzeichnis ist leer."_s);
-    if (sys::Exist(datei)) return;
-    sys::FileCopy(ProgrammVerzeichnis() + u"\\Lager.vorlage"_s, datei);
+    sys::CopyWhereMissing(ProgrammVerzeichnis() + u"\\Lager.vorlage"_s, datei);
 }

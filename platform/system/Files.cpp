@@ -7,9 +7,14 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QSaveFile>
+#include <QScopeGuard>
+#include <QUuid>
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdio>
+
+#include <unistd.h>
 
 namespace sys {
 
@@ -46,7 +51,7 @@ void letGoOf(const QString& path)
         letGo(path);
 }
 
-void copyBytes(QFile& from, QSaveFile& to)
+void copyBytes(QFile& from, QFileDevice& to)
 {
     constexpr qint64 BlockSize = 1 << 20;
     for (;;) {
@@ -70,6 +75,17 @@ void refuseTarget(const QFileInfo& target)
     if (!QFileInfo(target.path()).isDir()) throw fileFault(FileErrorNumber::PathNotFound, target.filePath());
     if (!target.exists()) return;
     if (target.isDir() || !target.isWritable()) throw fileFault(FileErrorNumber::PathAccess, target.filePath());
+}
+
+/// Gives a file its name unless another file has it. \returns 0, or why it did not get it.
+int takeName(const QString& draft, const QString& name)
+{
+    const QByteArray from = QFile::encodeName(draft);
+    const QByteArray to = QFile::encodeName(name);
+    if (::link(from.constData(), to.constData()) == 0) return 0;
+    const bool cannotLink = errno == EPERM || errno == EOPNOTSUPP || errno == EMLINK; // as on memory sticks
+    if (cannotLink && !QFile::exists(name) && ::rename(from.constData(), to.constData()) == 0) return 0;
+    return errno == EEXIST ? 0 : errno;
 }
 
 } // namespace
@@ -106,6 +122,25 @@ void FileCopy(const QString& source, const QString& target)
     if (!to.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) throw fileFault(errno, to.fileName());
     copyBytes(from, to);
     if (!to.commit()) throw fileFault(errno, to.fileName());
+}
+
+void CopyWhereMissing(const QString& source, const QString& target)
+{
+    if (Exist(target)) return;
+    QFile from(localPath(source));
+    const QString name = localPath(target);
+    refuseSource(QFileInfo(from.fileName()));
+    refuseTarget(QFileInfo(name));
+    letGoOf(from.fileName());
+    letGoOf(name);
+    if (!from.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) throw fileFault(errno, from.fileName());
+
+    QFile draft(name + QUuid::createUuid().toString(QUuid::WithoutBraces).prepend(u'.'));
+    if (!draft.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered)) throw fileFault(errno, name);
+    const auto removeDraft = qScopeGuard([&draft] { draft.remove(); });
+    copyBytes(from, draft);
+    if (::fsync(draft.handle()) != 0) throw fileFault(errno, name);
+    if (const int failure = takeName(draft.fileName(), name)) throw fileFault(failure, name);
 }
 
 void Kill(const QString& path)

@@ -24,6 +24,10 @@ QStringList Dir(const QString& pattern);
 /// \throws FileError FileNotFound, PathNotFound, AccessDenied, PathAccess, DiskFull.
 void FileCopy(const QString& source, const QString& target);
 
+/// Copies a file to where there is none yet; an existing target is left alone, one that another program makes at the same
+/// moment too: what it has written there already is kept. No half file, errors as FileCopy.
+void CopyWhereMissing(const QString& source, const QString& target);
+
 /// Deletes one file. \throws FileError FileNotFound, AccessDenied, PathAccess.
 void Kill(const QString& path);
 

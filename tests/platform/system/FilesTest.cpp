@@ -122,6 +122,24 @@ TEST_F(Files, ACopyReplacesItsTargetInOneStep)
     EXPECT_EQ(names(), QStringList({u"lager.2024"_s, u"Lager.vorlage"_s}));
 }
 
+TEST_F(Files, ACopyToWhereNoneIsNeverReplacesAnother)
+{
+    write(u"Lager.vorlage"_s, QByteArray(3'000'000, 'v'));
+    sys::CopyWhereMissing(path(u"LAGER.VORLAGE"_s), root.path() + u"\\Lager.2024"_s);
+    EXPECT_EQ(read(u"Lager.2024"_s), QByteArray(3'000'000, 'v'));
+
+    write(u"Lager.vorlage"_s, "neu");
+    sys::CopyWhereMissing(path(u"Lager.vorlage"_s), path(u"lager.2024"_s));
+    EXPECT_EQ(read(u"Lager.2024"_s), QByteArray(3'000'000, 'v'));
+
+    sys::beforeFileChange([&](const QString& file) { // another program is quicker, and has booked already
+        if (file.endsWith(u"2025")) write(u"Lager.2025"_s, "gebucht");
+    });
+    sys::CopyWhereMissing(path(u"Lager.vorlage"_s), path(u"Lager.2025"_s));
+    EXPECT_EQ(read(u"Lager.2025"_s), "gebucht");
+    EXPECT_EQ(names(), QStringList({u"Lager.2024"_s, u"Lager.2025"_s, u"Lager.vorlage"_s}));
+}
+
 TEST_F(Files, RefusalsNameTheFile)
 {
     write(u"da"_s, "neu");
@@ -156,6 +174,7 @@ TEST_F(Files, AFullDiskLeavesTheTargetAsItWas)
     for (const auto& source : {u"klein"_s, u"gross"_s}) {
         const int number = refusalOnFullDisk(4'096, [&] { sys::FileCopy(path(source), path(u"ziel"_s)); });
         EXPECT_EQ(number, static_cast<int>(sys::FileErrorNumber::DiskFull)) << source.toStdString();
+        EXPECT_EQ(refusalOnFullDisk(4'096, [&] { sys::CopyWhereMissing(path(source), path(u"neu"_s)); }), number);
         EXPECT_EQ(read(u"ziel"_s), "alt");
         EXPECT_EQ(names(), QStringList({u"gross"_s, u"klein"_s, u"ziel"_s})) << "nothing half stays behind";
     }
@@ -179,6 +198,7 @@ TEST_F(Files, WithoutRightsNothingIsWrittenOrDeleted)
     };
     EXPECT_EQ(numberOf([&] { sys::FileCopy(path(u"da"_s), path(u"zu/neu"_s)); }), 70);
     EXPECT_EQ(numberOf([&] { sys::FileCopy(path(u"da"_s), path(u"zu/ziel"_s)); }), 75);
+    EXPECT_EQ(numberOf([&] { sys::CopyWhereMissing(path(u"da"_s), path(u"zu/neu"_s)); }), 70);
     EXPECT_EQ(numberOf([&] { sys::Kill(path(u"zu/ziel"_s)); }), 70);
     EXPECT_EQ(read(u"zu/ziel"_s), "alt");
     QFile::setPermissions(path(u"zu"_s), QFile::Permissions(0x7755));
