@@ -2,6 +2,7 @@
 
 #include "platform/system/Files.h"
 #include "platform/system/Messages.h"
+#include "platform/system/Settings.h"
 
 #include <zablager/FileError.h>
 
@@ -35,6 +36,10 @@ std::unique_ptr<_Lagerverwaltungsdaten> lagerverwaltungsdaten(const Installation
     zablager.setzeMeldungen(&sys::messages());
     auto lager = zablager.erzeuge();
     lager->setBetriebsnummer(Betriebsnummer);
+    const QString abschnitt = u"Betrieb "_s + Betriebsnummer; // of the settings, this host's own
+    lager->setBetriebsname(sys::GetSetting(abschnitt, u"Name"_s));
+    lager->setBetriebsadresse(sys::GetSetting(abschnitt, u"Adresse"_s));
+    lager->setWaehrung(u"EUR"_s);
     lager->setStammverzeichnis(ort.daten());
     lager->setAnlagenverzeichnis(ort.anlagen());
     lager->setAnlagenpasswort(u"volmira"_s);
