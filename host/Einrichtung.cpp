@@ -13,13 +13,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-void legeVerzeichnisAn(const QString& pfad)
-{
-    if (QDir().mkpath(pfad)) return;
-    throw sys::FileError(sys::FileErrorNumber::PathAccess,
-                         u"Das Verzeichnis '"_s + QDir::toNativeSeparators(pfad) + u"' lässt sich nicht anlegen."_s);
-}
-
 /// The statements of a schema; each ends with a semicolon at the end of a line.
 QStringList anweisungen(const QString& schema)
 {
@@ -49,6 +42,13 @@ void legeDatenbankAn(const QString& datei, const QString& schema, const QString&
 }
 
 } // namespace
+
+void legeVerzeichnisAn(const QString& pfad)
+{
+    if (QDir().mkpath(pfad)) return;
+    throw sys::FileError(sys::FileErrorNumber::PathAccess,
+                         u"Das Verzeichnis '"_s + QDir::toNativeSeparators(pfad) + u"' lässt sich nicht anlegen."_s);
+}
 
 void richteEin(const Installation& ort, const QString& Betriebsnummer, int jahr)
 {

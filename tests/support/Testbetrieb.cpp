@@ -40,6 +40,19 @@ QStringList Meldungsprotokoll::abgeholt()
     return std::exchange(m_texte, {});
 }
 
+QStringList gezeigt(jet::Database& datei, const QString& abfrage)
+{
+    QStringList zeilen;
+    const auto ergebnis = datei.OpenRecordset(abfrage, jet::Kind::Snapshot);
+    for (; !ergebnis->Eof(); ergebnis->MoveNext()) {
+        QStringList zellen;
+        for (qsizetype i = 0; i < qsizetype(ergebnis->Fields().size()); ++i)
+            zellen.append(text((*ergebnis)[i]));
+        zeilen.append(zellen.join(u" | "_s));
+    }
+    return zeilen;
+}
+
 Testbetrieb::Testbetrieb(QDate Stichtag, const QString& Betriebsnummer)
     : m_ort(m_ordner.path()), m_betriebsnummer(Betriebsnummer), m_umleitung(m_meldungen)
 {
@@ -103,18 +116,4 @@ std::vector<Zeile> Testbetrieb::journal(int jahr) const
                         text(zeile[u"Buchungsart"])});
     }
     return alle;
-}
-
-QStringList Testbetrieb::zeigt(int jahr, const QString& abfrage) const
-{
-    QStringList zeilen;
-    const auto datei = oeffne(jahr);
-    const auto ergebnis = datei->OpenRecordset(abfrage, jet::Kind::Snapshot);
-    for (; !ergebnis->Eof(); ergebnis->MoveNext()) {
-        QStringList zellen;
-        for (qsizetype i = 0; i < qsizetype(ergebnis->Fields().size()); ++i)
-            zellen.append(text((*ergebnis)[i]));
-        zeilen.append(zellen.join(u" | "_s));
-    }
-    return zeilen;
 }

@@ -23,6 +23,9 @@ private:
     std::vector<std::pair<QString, sys::Answer>> m_antworten;
 };
 
+/// The rows of a query, cells joined by " | ", NULL as "NULL".
+QStringList gezeigt(jet::Database& datei, const QString& abfrage);
+
 /// A farm in a temporary directory, made by the product's own set-up. While it lives the product finds this farm, this
 /// day and this key date; messages are kept, and one that no test looked at is a failure.
 class Testbetrieb {
@@ -39,8 +42,7 @@ public:
     void bucht(int jahr, const char* text) const; ///< Adds rows to a year file, which is made if it is missing.
     void fuehreAus(int jahr, const QString& anweisung) const;
     std::vector<Zeile> journal(int jahr) const; ///< All rows, in the order of their ID.
-    /// The rows of a query, cells joined by " | ", NULL as "NULL".
-    QStringList zeigt(int jahr, const QString& abfrage) const;
+    QStringList zeigt(int jahr, const QString& abfrage) const { return gezeigt(*oeffne(jahr), abfrage); }
 
     Meldungsprotokoll& meldungen() { return m_meldungen; }
 
