@@ -20,6 +20,7 @@ struct Befehl {
 };
 
 Befehl einrichtenBefehl();
+Befehl demoBefehl();
 Befehl bestandBefehl();
 Befehl oeffnenBefehl();
 Befehl uebertragBefehl();

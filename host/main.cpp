@@ -60,8 +60,8 @@ void fuehreAus(const Befehl& befehl, const QStringList& worte)
 
 void fuehreAus(QStringList worte)
 {
-    const std::vector<Befehl> befehle = {einrichtenBefehl(), oeffnenBefehl(), bestandBefehl(), uebertragBefehl(),
-                                         sqlBefehl()};
+    const std::vector<Befehl> befehle = {einrichtenBefehl(), demoBefehl(),      oeffnenBefehl(),
+                                         bestandBefehl(),    uebertragBefehl(), sqlBefehl()};
     if (worte.size() < 2) throw Aufruffehler(u"Es fehlt der Befehl."_s);
     const QString name = worte.takeAt(1);
     if (name == u"-h"_s || name == u"--hilfe"_s || name == u"--help"_s) return zeigeUebersicht(befehle);

@@ -1,0 +1,121 @@
+#include "host/demo/Stammdaten.h"
+
+#include "host/demo/Tabelle.h"
+#include "platform/jet/Engine.h"
+
+#include <QDate>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Artikeltabelle {
+    QStringView artikelart, tabelle;
+};
+
+constexpr Artikeltabelle Artikeltabellen[] = {
+    {u"Zwischenfruchtsaatgut", u"Zwischenfruechte"},
+    {u"Saatgut/Sorten", u"Saatgut"},
+    {u"Handelsdünger", u"Dungermittel"},
+    {u"Wirtschaftsdünger", u"WIRTDUNG"},
+    {u"Pflanzenschutzmittel", u"Pflanzenschutzmittel"},
+    {u"Futtermittel", u"Futtermittel"},
+    {u"Treib- und Brennstoffe", u"Treibstoffe"},
+    {u"Sonstige Artikel", u"SonstigeArtikel"},
+    {u"Gesundheitsmittel", u"Arzneimittel"},
+    {u"Pflanzliche Erzeugnisse", u"Kulturen"},
+};
+
+std::unique_ptr<jet::Recordset> alle(jet::Database& datei, QStringView tabelle)
+{
+    return datei.OpenRecordset(tabelle.toString(), jet::Kind::Table);
+}
+
+void schreibeArtikel(jet::Database& grundstamm, const Artikeltabelle& ziel, const Sortiment& sortiment)
+{
+    const auto zeilen = alle(grundstamm, ziel.tabelle);
+    for (const Ware& ware : sortiment.waren()) {
+        if (ware.artikelart != ziel.artikelart) continue;
+        zeilen->AddNew();
+        zeilen->Set(u"NAME", ware.name);
+        zeilen->Set(u"Einheit", ware.einheit);
+        zeilen->Set(u"Preis", double(ware.preis) / 100);
+        zeilen->Set(u"Preisfaktor", ware.preisfaktor);
+        zeilen->Set(u"Untergruppe", ware.untergruppe);
+        zeilen->Set(u"Sperre", ware.gesperrt);
+        zeilen->Update();
+    }
+}
+
+/// Texts of a row that go into columns of the same name; a missing text stays NULL.
+void setzeTexte(jet::Recordset& zeilen, const QHash<QString, QString>& zeile, const QStringList& spalten)
+{
+    for (const QString& spalte : spalten) {
+        if (!zeile[spalte].isEmpty()) zeilen.Set(spalte, zeile[spalte]);
+    }
+}
+
+void schreibePartner(jet::Database& grundstamm)
+{
+    const auto zeilen = alle(grundstamm, u"HANDLER");
+    for (const auto& zeile : tabelle(u"partner"_s)) {
+        zeilen->AddNew();
+        setzeTexte(*zeilen, zeile, {u"KurzKu"_s, u"Name"_s, u"Vorname"_s, u"Strasse"_s, u"PLZ"_s, u"Ort"_s});
+        zeilen->Set(u"SPERRE", istJa(zeile[u"Sperre"_s]));
+        zeilen->Update();
+    }
+}
+
+void schreibeObjekte(jet::Database& anlagen)
+{
+    const auto zeilen = alle(anlagen, u"Objekte");
+    for (const auto& zeile : tabelle(u"objekte"_s)) {
+        zeilen->AddNew();
+        setzeTexte(*zeilen, zeile, {u"Name"_s, u"KurzKu"_s, u"Objektart"_s});
+        zeilen->Set(u"Anzeigen", istJa(zeile[u"Anzeigen"_s]));
+        zeilen->Update();
+    }
+}
+
+} // namespace
+
+void fuelleStammdaten(const Installation& ort, const Sortiment& sortiment)
+{
+    const auto grundstamm = jet::engine().OpenDatabase(ort.daten() + u"/Grundstamm.mdb"_s, u";pwd=RT-58KX"_s);
+    grundstamm->BeginTrans();
+    for (const Artikeltabelle& ziel : Artikeltabellen)
+        schreibeArtikel(*grundstamm, ziel, sortiment);
+    schreibePartner(*grundstamm);
+    grundstamm->Close();
+
+    const auto anlagen = jet::engine().OpenDatabase(ort.anlagen() + u"/Anlagen.mdb"_s, u";pwd=volmira"_s);
+    anlagen->BeginTrans();
+    schreibeObjekte(*anlagen);
+    anlagen->Close();
+}
+
+void fuelleJahresstammdaten(const Installation& ort, int jahr)
+{
+    const auto datei = jet::engine().OpenDatabase(
+        ort.programm() + u"/ZABStammdaten_"_s + QString::number(jahr) + u".mdb"_s, u";pwd=RT-58KX"_s);
+    datei->BeginTrans();
+    const auto produkte = alle(*datei, u"PFLANZENSCHUTZMITTEL");
+    for (const auto& zeile : tabelle(u"produkte"_s)) {
+        produkte->AddNew();
+        setzeTexte(*produkte, zeile, {u"Name"_s, u"Gruppe"_s, u"Giftig"_s, u"Regnr"_s});
+        produkte->Update();
+    }
+    const auto eintraege = alle(*datei, u"REGISTER");
+    for (const auto& zeile : tabelle(u"register"_s)) {
+        eintraege->AddNew();
+        setzeTexte(*eintraege, zeile, {u"Regnr"_s, u"RegNrAlt"_s, u"Bezeichnung"_s});
+        if (const QString frist = zeile[u"Aufbrauchsfrist"_s]; !frist.isEmpty()) {
+            const int fristjahr = jahr + zeile[u"Jahre"_s].toInt();
+            eintraege->Set(u"Aufbrauchsfrist", QDate::fromString(frist + QString::number(fristjahr), u"dd.MM.yyyy"_s));
+        }
+        eintraege->Update();
+    }
+    datei->Close();
+}
