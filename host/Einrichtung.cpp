@@ -38,7 +38,7 @@ void legeDatenbankAn(const QString& datei, const QString& schema, const QString&
     for (const QString& anweisung : anweisungen(schema))
         datenbank->Execute(anweisung);
     datenbank->Close();
-    sys::FileCopy(entwurf, datei);
+    sys::CopyWhereMissing(entwurf, datei);
 }
 
 } // namespace
@@ -64,7 +64,7 @@ void richteEin(const Installation& ort, const QString& Betriebsnummer, int jahr)
     const QString journal = ort.journaldatei(Betriebsnummer, jahr);
     if (!sys::Exist(journal)) {
         jet::engine().OpenDatabase(vorlage)->Close(); // a damaged template would make a damaged year
-        sys::FileCopy(vorlage, journal);
+        sys::CopyWhereMissing(vorlage, journal);
     }
     ort.verwende();
 }
