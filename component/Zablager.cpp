@@ -31,8 +31,7 @@ QObject* Zablager::CreateObject(const QString& klasse)
 {
     m_fehler.clear();
     if (klasse == u"ZABLAGER.Lagerverwaltungsdaten"_s) return neu(m_meldungen).release();
-    m_fehler =
-        u"Objekterstellung durch ActiveX-Komponente nicht möglich: Die Klasse '"_s + klasse + u"' gibt es nicht."_s;
+    m_fehler = u"Objekterstellung nicht möglich: Die Klasse '"_s + klasse + u"' gibt es nicht."_s;
     return nullptr;
 }
 

@@ -18,10 +18,14 @@ class Zablager final : public QObject, public IZablager {
     Q_PROPERTY(QString LetzterFehler READ LetzterFehler)
 
 public:
+    Zablager() = default;
+    ~Zablager() override { m_meldungen->desWirts = nullptr; } // nobody could replace it any more
+    Q_DISABLE_COPY_MOVE(Zablager)
+
     /// A new object of the class "ZABLAGER.Lagerverwaltungsdaten", owned by the caller; null for any other class, with
     /// the reason in LetzterFehler.
     Q_INVOKABLE QObject* CreateObject(const QString& klasse);
-    QString LetzterFehler() const { return m_fehler; }
+    QString LetzterFehler() const { return m_fehler; } ///< Why the last CreateObject gave null; empty after another.
 
     std::unique_ptr<_Lagerverwaltungsdaten> erzeuge() override;
     void setzeMeldungen(sys::Messages* meldungen) override { m_meldungen->desWirts = meldungen; }

@@ -15,7 +15,7 @@ struct Modulzustand {
     QString Artikelname;
     QString Lagername; ///< Short code of a storage place.
     QDate Stichdatum = nulldatum();
-    QString Jahr;       ///< Year of the key date, four digits; on the screen the open year.
+    QString Jahr;       ///< Year of the key date, "2024"; on the screen the open year.
     QString Lagerdatei; ///< Full name of the open journal file.
     QString Stammverzeichnis;
     QString Waehrung;

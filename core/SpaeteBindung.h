@@ -23,11 +23,13 @@ class SpaeteBindung : public QObject {
     Q_PROPERTY(int LetzteFehlernummer READ LetzteFehlernummer)
 
 public:
-    /// Text of the last call's failure, or of a message that found no other place; empty after a successful call.
+    /// Text of the failure of the last call by name, or of a message of the last call of either kind that found no other
+    /// place; empty after a successful call. What an early-bound call throws is not told again here.
     QString LetzterFehler() const { return m_fehler; }
     /// Number of the last call's failure; 0: the call succeeded, and LetzterFehler is at most a message.
     int LetzteFehlernummer() const { return m_fehlernummer; }
 
+    // As in _Lagerverwaltungsdaten; a call that fails returns 0.
     Q_INVOKABLE double Get_Bestand(const QString& Artikel, const QString& Lagerort, const QDate& Stichtag);
     Q_INVOKABLE double Get_Bestand(const QString& Artikel, const QString& Lagerort, const QDateTime& Stichtag);
     Q_INVOKABLE double LagerbestandRechnen();

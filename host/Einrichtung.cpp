@@ -8,6 +8,7 @@
 #include <QDir>
 #include <QFile>
 #include <QScopeGuard>
+#include <QUuid>
 
 using namespace Qt::StringLiterals;
 
@@ -22,16 +23,14 @@ QStringList anweisungen(const QString& schema)
     return QString::fromUtf8(quelle.readAll()).split(u";\n"_s, Qt::SkipEmptyParts);
 }
 
-/// Built under another name, so that an interrupted run leaves no half database that the next one would take for whole.
+/// Built under a name of its own: an interrupted run leaves no half database that the next one would take for whole, and
+/// two runs at once do not disturb each other.
 void legeDatenbankAn(const QString& datei, const QString& schema, const QString& kennwort)
 {
     if (sys::Exist(datei)) return;
-    const QString entwurf = datei + u".neu"_s;
-    if (sys::Exist(entwurf)) sys::Kill(entwurf);
+    const QString entwurf = datei + QUuid::createUuid().toString(QUuid::WithoutBraces).prepend(u'.');
     const QString sortierung = u";LANGID=0x0409;CP=1252;COUNTRY=0"_s;
-    const auto raeumeAuf = qScopeGuard([&] {
-        if (sys::Exist(entwurf)) sys::Kill(entwurf);
-    });
+    const auto raeumeAuf = qScopeGuard([&] { QFile::remove(entwurf); });
     const auto datenbank =
         jet::engine().CreateDatabase(entwurf, kennwort.isEmpty() ? sortierung : sortierung + u";pwd="_s + kennwort);
     datenbank->BeginTrans();

@@ -33,10 +33,15 @@ class Zablager:
     """The loaded library: that of the path, without one that of the installation to which this module belongs."""
 
     def __init__(self, path=_INSTALLED):
-        self._loader = QPluginLoader(os.path.abspath(path))
+        path = os.path.abspath(path)
+        if not os.path.exists(path):
+            raise ZablagerError(429, f"Die Bibliothek '{path}' fehlt.")
+        self._loader = QPluginLoader(path)
         self._root = self._loader.instance()
         if self._root is None:
-            raise ZablagerError(429, self._loader.errorString())
+            raise ZablagerError(429, f"Die Bibliothek '{path}' lässt sich nicht laden: {self._loader.errorString()}")
+        if self._root.metaObject().className() != "Zablager":
+            raise ZablagerError(429, f"Die Bibliothek '{path}' ist eine andere.")
 
     def CreateObject(self, klasse):
         """A new object of the class, deleted with its last reference."""
@@ -57,6 +62,8 @@ class Lagerverwaltungsdaten:
         object.__setattr__(self, "_object", created)
 
     def __getattr__(self, name):
+        if name.startswith("_"):  # asked by copy and pickle before there is an object
+            raise AttributeError(name)
         _index(self._object, name)
         value = self._object.property(name.encode())
         return value.toPyDate() if isinstance(value, QDate) else value
@@ -78,9 +85,11 @@ class Lagerverwaltungsdaten:
                             Q_ARG("QString", Lagerort), Q_ARG("QDate", _day("Stichtag", Stichtag)))
 
     def LagerbestandRechnen(self):
+        """Fails on every call, as hosts know it; Get_Bestand answers."""
         return self._invoke("LagerbestandRechnen", Q_RETURN_ARG("double"))
 
     def LagerbestandLaden(self):
+        """Opens the screen and returns when the user closes it; needs a QApplication."""
         self._invoke("LagerbestandLaden")
 
     def Kontrolle_LagerbestandLaden(self):

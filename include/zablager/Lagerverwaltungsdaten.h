@@ -77,7 +77,7 @@ public:
     /// A new object, independent of all others; it may outlive this factory and the loader.
     virtual std::unique_ptr<_Lagerverwaltungsdaten> erzeuge() = 0;
     /// Where the messages of all objects go while the host has no QApplication; null: into the object's property
-    /// LetzterFehler. The place must live until it is replaced.
+    /// LetzterFehler. The place must live until it is replaced or the library is unloaded.
     virtual void setzeMeldungen(sys::Messages* meldungen) = 0;
 };
 Q_DECLARE_INTERFACE(IZablager, "ZABLAGER.Zablager/1.0")

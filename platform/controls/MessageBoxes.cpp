@@ -58,7 +58,9 @@ sys::Answer MessageBoxes::show(const QString& text, int flags)
         if (answer == sys::defaultAnswer(flags)) box.setDefaultButton(button);
         answers.emplace_back(button, answer);
     }
+    QGuiApplication::setOverrideCursor(Qt::ArrowCursor); // a box that waits for the user shows no hourglass
     box.exec();
+    QGuiApplication::restoreOverrideCursor();
     for (const auto& [button, answer] : answers) {
         if (button == box.clickedButton()) return answer;
     }

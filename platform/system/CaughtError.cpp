@@ -23,6 +23,8 @@ CaughtError caughtError()
         return {int(error.number()), error.text()};
     } catch (const std::exception& error) {
         return {InternalError, u"Interner Fehler: "_s + QString::fromUtf8(error.what())};
+    } catch (...) { // a host's message place may throw anything
+        return {InternalError, u"Interner Fehler."_s};
     }
 }
 

@@ -25,7 +25,8 @@ QStringList Dir(const QString& pattern);
 void FileCopy(const QString& source, const QString& target);
 
 /// Copies a file to where there is none yet; an existing target is left alone, one that another program makes at the same
-/// moment too: what it has written there already is kept. No half file, errors as FileCopy.
+/// moment too: what it has written there already is kept. (Where the file system knows no hard links, as on memory sticks,
+/// a moment remains in which it is not.) No half file, errors as FileCopy.
 void CopyWhereMissing(const QString& source, const QString& target);
 
 /// Deletes one file. \throws FileError FileNotFound, AccessDenied, PathAccess.

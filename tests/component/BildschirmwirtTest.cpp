@@ -28,6 +28,22 @@ TEST(Bildschirmwirt, BekommtMeldungenAlsFenster)
     lager->Kontrolle_LagerbestandLaden();
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
 
+    // The hourglass of the carry-forward waits while its message is read.
+    QList<Qt::CursorShape> zeiger;
+    imNaechstenFenster([&](QWidget& fenster) {
+        QGuiApplication::restoreOverrideCursor(); // what the box has put over it
+        if (const QCursor* darunter = QGuiApplication::overrideCursor()) zeiger.append(darunter->shape());
+        QGuiApplication::setOverrideCursor(Qt::ArrowCursor);
+        QTest::keyClick(&fenster, Qt::Key_Return);
+    });
+    lager->setBetriebsnummer(u"x"_s);
+    lager->Kontrolle_LagerbestandLaden();
+    EXPECT_EQ(zeiger, QList<Qt::CursorShape>{Qt::WaitCursor});
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+    lager->setBetriebsnummer(u"4711"_s);
+    lager->setStichdatum(QDate(2025, 1, 1));
+    lager->Kontrolle_LagerbestandLaden();
+
     QString text;
     imNaechstenFenster([&](QWidget& fenster) {
         if (const auto* box = qobject_cast<QMessageBox*>(&fenster)) text = box->text();

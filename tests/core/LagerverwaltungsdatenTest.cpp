@@ -63,6 +63,7 @@ TEST_F(Daten, DerBildschirmUebernimmtSeineWerte)
     modulzustand() = {};
     daten.setStichdatum(QDate(2025, 6, 1));
     daten.setDatenverzeichnis(hof.journaldatei(2025));
+    modulzustand().Stichdatum = QDate(2019, 1, 1); // of another object
     daten.LagerbestandLaden();
     EXPECT_EQ(gezeigt, 1);
 
@@ -87,6 +88,7 @@ TEST_F(Daten, EineFehlendeVorlageBeendetDasLadenNachDenErstenWerten)
     sys::Kill(hof.ort().programm() + u"/Lager.vorlage"_s);
     daten.setStichdatum(QDate(2025, 6, 1));
     for (const QString& datei : {hof.journaldatei(2025), QString()}) {
+        modulzustand() = {};
         daten.setDatenverzeichnis(datei);
         EXPECT_THROW(daten.LagerbestandLaden(), sys::FileError) << datei.toStdString();
         EXPECT_EQ(modulzustand().Betriebsname, u"Betriebsname"_s);
@@ -127,12 +129,30 @@ TEST_F(Daten, LagerbestandRechnenScheitertAnSeinerAnweisung)
     daten.setDatenverzeichnis(hof.journaldatei(2019));
     EXPECT_EQ(objekt.SpaeteBindung::LagerbestandRechnen(), 0);
     EXPECT_EQ(objekt.LetzteFehlernummer(), 3024);
+
+    // It opens with the connect text that a method has handed on, not with its object's.
+    const QString gesperrt = hof.ort().verzeichnis() + u"/gesperrt"_s;
+    jet::engine().CreateDatabase(gesperrt, u";LANGID=0x0409;CP=1252;COUNTRY=0;pwd=halm"_s);
+    daten.setDatenverzeichnis(gesperrt);
+    daten.setLagerpasswort(u";pwd=halm"_s);
+    EXPECT_EQ(objekt.SpaeteBindung::LagerbestandRechnen(), 0);
+    EXPECT_EQ(objekt.LetzteFehlernummer(), 3031);
+    modulzustand().Lagerpasswort = u";pwd=halm"_s;
+    EXPECT_EQ(objekt.SpaeteBindung::LagerbestandRechnen(), 0);
+    EXPECT_EQ(objekt.LetzteFehlernummer(), 3075);
 }
 
 TEST_F(Daten, DerLetzteUebertragGiltFuerAlleObjekte)
 {
     hof.bucht(2024, "05.05. | H1 | Weizen | 100 | Zukauf");
+    hof.bucht(2025, "05.05. | H1 | Weizen | 1 | Zukauf");
     Lagerverwaltungsdaten anderes(anschluesse);
+    daten.setBetriebsnummer(u"4711"_s);
+    daten.setStichdatum(QDate(2024, 1, 1));
+    anderes.setStichdatum(QDate(2025, 1, 1)); // the last one set counts, whatever object carries forward
+    daten.Kontrolle_LagerbestandLaden();
+    EXPECT_EQ(hof.journal(2025), zeilen("05.05. | H1 | Weizen | 1 | Zukauf"));
+
     anderes.setBetriebsnummer(u"4711"_s);
     anderes.setStichdatum(QDate(2024, 6, 1));
     anderes.Kontrolle_LagerbestandLaden();

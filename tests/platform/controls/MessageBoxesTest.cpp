@@ -1,6 +1,7 @@
 #include "platform/controls/MessageBoxes.h"
 
 #include "platform/system/ErrorReport.h"
+#include "platform/system/Pointer.h"
 #include "tests/support/Bildschirm.h"
 #include "tests/support/Print.h"
 
@@ -104,7 +105,10 @@ TEST(MessageBoxes, CarryTheCommonErrorReport)
     MessageBoxes boxes;
     const MessageScope scope(boxes);
     int tries = 0;
+    sys::MausWarten();
     imNaechstenFenster([](QWidget& box) {
+        EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::ArrowCursor);
+        EXPECT_EQ(qobject_cast<QMessageBox*>(&box)->icon(), QMessageBox::Critical);
         EXPECT_EQ(
             textOf(box),
             u"Es ist ein kritischer Zustand aufgetreten.\n\nFehler: 3218 wurde ausgelöst durch ZABLAGER\nGesperrt."_s);
@@ -115,4 +119,5 @@ TEST(MessageBoxes, CarryTheCommonErrorReport)
               }}),
               Outcome::Completed);
     EXPECT_EQ(tries, 2);
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr); // the report has ended the hourglass
 }

@@ -1,5 +1,6 @@
 #include "platform/system/Path.h"
 #include "platform/system/Files.h"
+#include "platform/system/WindowsDirectory.h"
 #include "tests/support/Print.h"
 
 #include <QDir>
@@ -70,4 +71,17 @@ TEST_F(Paths, RelativeAndForeignOnesAreAnswered)
     EXPECT_EQ(sys::Exist(QString()), 0);
     EXPECT_EQ(sys::Dir(u"LAGER.???????"_s), QStringList(u"Lager.vorlage"_s));
     ASSERT_TRUE(QDir::setCurrent(before));
+}
+
+TEST(WindowsDirectory, IsThatOfTheEnvironmentUnlessItIsTooLong)
+{
+    const QByteArray longest(144, 'w');
+    const std::pair<QByteArray, QByteArray> cases[] = {
+        {"C:\\Windows", "C:\\Windows"}, {longest, longest}, {longest + 's', ""}, {"", ""}};
+    for (const auto& [set, found] : cases) {
+        qputenv("windir", set);
+        EXPECT_EQ(sys::WindowsVerzeichnis(), QString::fromLatin1(found));
+    }
+    qunsetenv("windir");
+    EXPECT_EQ(sys::WindowsVerzeichnis(), u""_s);
 }
