@@ -92,9 +92,21 @@ qsizetype KeysetRows::firstOf(const std::vector<qint64>& keys) const
     return place == m_keys.end() ? -1 : place - m_keys.begin();
 }
 
+qint64 KeysetRows::keyAt(qsizetype position) const
+{
+    if (position < 0 || position >= count()) raise(ErrorNumber::NoCurrentRecord);
+    return m_keys[static_cast<std::size_t>(position)];
+}
+
+void KeysetRows::moveToPosition(qsizetype position)
+{
+    keyAt(position);
+    moveTo(position);
+}
+
 bool KeysetRows::moveToMark(qint64 mark)
 {
-    const qsizetype position = firstOf({mark});
+    const qsizetype position = positionOf(mark);
     if (position < 0) return false;
     moveTo(position);
     return true;

@@ -23,6 +23,10 @@ public:
     qsizetype position() const override { return isBof() || isEof() || m_deleted ? -1 : m_position; }
     qint64 mark() const override { return currentKey(); }
     bool moveToMark(qint64 mark) override;
+    std::optional<std::vector<Value>> valuesAt(qsizetype position) const override { return read(keyAt(position)); }
+    qint64 markAt(qsizetype position) const override { return keyAt(position); }
+    qsizetype positionOf(qint64 mark) const override { return firstOf({mark}); }
+    void moveToPosition(qsizetype position) override;
 
 protected:
     qint64 currentKey() const override;
@@ -32,6 +36,7 @@ protected:
 private:
     void moveTo(qsizetype position);
     void requireRows() const;
+    qint64 keyAt(qsizetype position) const;
     /// Position of the first row whose key is among these, which are in ascending order; -1: none is.
     qsizetype firstOf(const std::vector<qint64>& keys) const;
 

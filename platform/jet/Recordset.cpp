@@ -68,13 +68,18 @@ qsizetype Recordset::AbsolutePosition() const
     return m_rows->position();
 }
 
+Bookmark Recordset::bookmark(qint64 row) const
+{
+    Bookmark bookmark;
+    bookmark.m_recordset = m_rows->number;
+    bookmark.m_row = row;
+    return bookmark;
+}
+
 Bookmark Recordset::GetBookmark() const
 {
     m_rows->connection();
-    Bookmark bookmark;
-    bookmark.m_recordset = m_rows->number;
-    bookmark.m_row = m_rows->mark();
-    return bookmark;
+    return bookmark(m_rows->mark());
 }
 
 void Recordset::SetBookmark(const Bookmark& bookmark)
@@ -86,12 +91,39 @@ void Recordset::SetBookmark(const Bookmark& bookmark)
 
 Bookmark Recordset::LastModified() const
 {
-    Bookmark bookmark;
-    if (const auto row = m_rows->lastModified()) {
-        bookmark.m_recordset = m_rows->number;
-        bookmark.m_row = *row;
-    }
-    return bookmark;
+    const auto row = m_rows->lastModified();
+    return row ? bookmark(*row) : Bookmark();
+}
+
+std::optional<std::vector<Value>> Recordset::RowAt(qsizetype position) const
+{
+    m_rows->connection();
+    return m_rows->valuesAt(position);
+}
+
+Bookmark Recordset::BookmarkAt(qsizetype position) const
+{
+    m_rows->connection();
+    return bookmark(m_rows->markAt(position));
+}
+
+void Recordset::SetAbsolutePosition(qsizetype position)
+{
+    m_rows->connection();
+    m_rows->moveToPosition(position);
+}
+
+qsizetype Recordset::PositionOf(const Bookmark& bookmark) const
+{
+    m_rows->connection();
+    return bookmark.m_recordset == m_rows->number ? m_rows->positionOf(bookmark.m_row) : -1;
+}
+
+Bookmark Recordset::SameRow(const Bookmark& former) const
+{
+    m_rows->connection();
+    const bool isHere = former != Bookmark() && m_rows->isUpdatable() && m_rows->positionOf(former.m_row) >= 0;
+    return isHere ? bookmark(former.m_row) : Bookmark();
 }
 
 const std::vector<Field>& Recordset::Fields() const

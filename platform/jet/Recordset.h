@@ -6,6 +6,7 @@
 #include <QString>
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace jet {
@@ -59,6 +60,17 @@ public:
     void SetBookmark(const Bookmark& bookmark); ///< \throws Error InvalidBookmark.
     Bookmark LastModified() const;              ///< The row of the last Update(); marks no row before it.
 
+    // By place, from 0 to RecordCount() - 1, for a grid that shows a stretch of the rows. All throw NotSupported for a
+    // table recordset and NoCurrentRecord for a place that is none.
+    /// The fields of a row as the file has them now; the current row stays current, a pending one is not looked at.
+    /// No value when another program has deleted it.
+    std::optional<std::vector<Value>> RowAt(qsizetype position) const;
+    Bookmark BookmarkAt(qsizetype position) const;
+    void SetAbsolutePosition(qsizetype position);         ///< Makes that row current.
+    qsizetype PositionOf(const Bookmark& bookmark) const; ///< -1: not a row of this recordset, or not any more.
+    /// The mark, here, of a row that a former dynaset of the same statement marked; marks no row if it is not here.
+    Bookmark SameRow(const Bookmark& former) const;
+
     const std::vector<Field>& Fields() const; ///< The columns, in written order.
     /// Field of the current row by name, in any case; between AddNew or Edit and Update that of the pending row.
     /// \throws Error NoSuchField, NoCurrentRecord, RecordDeleted.
@@ -85,6 +97,7 @@ public:
 private:
     friend class Database;
     explicit Recordset(std::unique_ptr<Rows> rows);
+    Bookmark bookmark(qint64 row) const;
     std::unique_ptr<Rows> m_rows;
 };
 

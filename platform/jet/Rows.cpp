@@ -32,6 +32,26 @@ int Recordset::Rows::column(QStringView name) const
     return static_cast<int>(found - fields().begin());
 }
 
+std::optional<std::vector<Value>> Recordset::Rows::valuesAt(qsizetype) const
+{
+    raise(ErrorNumber::NotSupported); // places are for dynasets and snapshots
+}
+
+qint64 Recordset::Rows::markAt(qsizetype) const
+{
+    raise(ErrorNumber::NotSupported);
+}
+
+qsizetype Recordset::Rows::positionOf(qint64) const
+{
+    raise(ErrorNumber::NotSupported);
+}
+
+void Recordset::Rows::moveToPosition(qsizetype)
+{
+    raise(ErrorNumber::NotSupported);
+}
+
 void Recordset::Rows::addNew()
 {
     raise(ErrorNumber::ReadOnly);

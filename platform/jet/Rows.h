@@ -26,6 +26,11 @@ public:
     virtual bool moveToMark(qint64 mark) = 0; ///< Whether there is such a row.
     virtual Value value(int column) const = 0;
 
+    virtual std::optional<std::vector<Value>> valuesAt(qsizetype position) const;
+    virtual qint64 markAt(qsizetype position) const;
+    virtual qsizetype positionOf(qint64 mark) const;
+    virtual void moveToPosition(qsizetype position);
+
     virtual bool isUpdatable() const { return false; }
     virtual void addNew();
     virtual void edit();

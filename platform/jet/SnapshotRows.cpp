@@ -80,6 +80,18 @@ qint64 SnapshotRows::mark() const
     return m_position;
 }
 
+qint64 SnapshotRows::markAt(qsizetype position) const
+{
+    if (position < 0 || position >= m_count) raise(ErrorNumber::NoCurrentRecord);
+    return position;
+}
+
+std::optional<std::vector<Value>> SnapshotRows::valuesAt(qsizetype position) const
+{
+    const auto first = m_values.begin() + static_cast<qsizetype>(markAt(position) * qint64(fields().size()));
+    return std::vector<Value>(first, first + static_cast<qsizetype>(fields().size()));
+}
+
 bool SnapshotRows::moveToMark(qint64 mark)
 {
     if (mark < 0 || mark >= m_count) return false;

@@ -240,6 +240,56 @@ TEST_F(Recordset, BookmarkBelongsToItsRecordset)
     EXPECT_EQ(article(*rows), "Mais");
 }
 
+TEST_F(Recordset, ShowsRowsByTheirPlaceWithoutMoving)
+{
+    for (const Kind kind : {Kind::Dynaset, Kind::Snapshot}) {
+        const auto rows = open(u"SELECT * FROM J ORDER BY Artikel"_s, kind); // Hafer, Mais, Weizen
+        const auto at = [&](qsizetype place) { return (*rows->RowAt(place))[1].toText(); };
+        rows->MoveNext();
+        if (kind == Kind::Dynaset) { // what is not written yet is not in the file
+            rows->Edit();
+            rows->Set(u"Artikel", u"Zucker"_s);
+        }
+        EXPECT_EQ(at(0) + at(1) + at(2), u"HaferMaisWeizen"_s);
+        EXPECT_EQ(rows->Editing(), kind == Kind::Dynaset);
+        EXPECT_EQ(rows->AbsolutePosition(), 1);
+        EXPECT_EQ(rows->PositionOf(rows->BookmarkAt(2)), 2);
+        EXPECT_EQ(rows->PositionOf({}), -1);
+        EXPECT_EQ(rows->PositionOf(open(u"SELECT * FROM J"_s, kind)->GetBookmark()), -1);
+        rows->SetAbsolutePosition(2);
+        EXPECT_EQ(article(*rows), "Weizen");
+        for (const qsizetype place : {-1, 3}) {
+            EXPECT_EQ(refusal([&] { rows->RowAt(place); }), NoCurrentRecord);
+            EXPECT_EQ(refusal([&] { rows->BookmarkAt(place); }), NoCurrentRecord);
+            EXPECT_EQ(refusal([&] { rows->SetAbsolutePosition(place); }), NoCurrentRecord);
+        }
+        EXPECT_EQ(article(*rows), "Weizen");
+    }
+    EXPECT_EQ(refusal([&] { open(u"J"_s)->RowAt(0); }).substr(0, 5), "3251 ");
+}
+
+TEST_F(Recordset, ShowsByTheirPlaceWhatOthersChangedAndDeleted)
+{
+    const auto dynaset = open(u"SELECT * FROM J ORDER BY Artikel"_s); // Hafer, Mais, Weizen
+    const jet::Bookmark hafer = dynaset->BookmarkAt(0);
+    const jet::Bookmark mais = dynaset->BookmarkAt(1);
+    elsewhere(u"UPDATE J SET Artikel = 'Aal' WHERE ID = 3"_s);
+    elsewhere(u"DELETE FROM J WHERE ID = 2"_s);
+    EXPECT_FALSE(dynaset->RowAt(0));
+    EXPECT_EQ((*dynaset->RowAt(1))[1].toText(), u"Aal"_s);
+
+    const auto opened = open(u"SELECT * FROM J ORDER BY Artikel"_s); // Aal, Weizen
+    EXPECT_EQ(opened->PositionOf(opened->SameRow(mais)), 0);
+    EXPECT_EQ(opened->SameRow(hafer), jet::Bookmark());
+    EXPECT_EQ(opened->SameRow({}), jet::Bookmark());
+    const auto snapshot = open(u"SELECT * FROM J"_s, Kind::Snapshot);
+    EXPECT_EQ(snapshot->SameRow(mais), jet::Bookmark()); // its rows have no key
+    opened->MoveFirst();
+    opened->Delete();
+    EXPECT_EQ((*opened->RowAt(0))[1].toText(), u"Weizen"_s);
+    EXPECT_EQ(opened->SameRow(mais), jet::Bookmark());
+}
+
 TEST_F(Recordset, FindsFromTheFirstRowOn)
 {
     const auto rows = open(u"SELECT ID, Artikel AS Name, Menge FROM J ORDER BY Menge DESC"_s); // Mais, Hafer, Weizen
