@@ -1,0 +1,35 @@
+#pragma once
+
+#include "platform/jet/Value.h"
+
+#include <QPointer>
+#include <QString>
+
+#include <optional>
+
+class DataControl;
+
+/// A control that shows one field of a data control's current row and lets the user change it. The data control says
+/// when to show, and asks for what was changed when it is written: by UpdateRecord, by a move, find or close.
+class BoundField {
+public:
+    virtual ~BoundField();
+    Q_DISABLE_COPY_MOVE(BoundField)
+
+    /// Shows the field from now on; the binding ends with either of the two objects.
+    void bindTo(DataControl& data, const QString& field);
+    const QString& DataField() const { return m_field; }
+
+protected:
+    BoundField() = default;
+
+private:
+    friend class DataControl;
+    /// Shows a value that the user has not changed; NULL as well where there is no row. Fires no handler.
+    virtual void showValue(const jet::Value& value) = 0;
+    /// What the user has made of it since it was shown; nothing if he has not touched it.
+    virtual std::optional<jet::Value> changedValue() const = 0;
+
+    QPointer<DataControl> m_data;
+    QString m_field;
+};
