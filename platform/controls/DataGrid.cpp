@@ -1,0 +1,304 @@
+#include "platform/controls/DataGrid.h"
+
+#include "platform/controls/DataControl.h"
+#include "platform/controls/GridHeader.h"
+#include "platform/jet/Errors.h"
+#include "platform/system/ErrorReport.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QScopedValueRollback>
+#include <QStyledItemDelegate>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Highlights the current row as well: fully while no row is selected, faintly beside others that are.
+class RowDelegate : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, index);
+        const auto* const grid = qobject_cast<const DataGrid*>(option->widget);
+        if (!grid || grid->currentIndex().row() != index.row() || option->state.testFlag(QStyle::State_Selected))
+            return;
+        if (!grid->selectionModel()->hasSelection()) {
+            option->state |= QStyle::State_Selected;
+            return;
+        }
+        constexpr int Faint = 60;
+        QColor tint = option->palette.color(QPalette::Highlight);
+        tint.setAlpha(Faint);
+        option->backgroundBrush = tint;
+    }
+};
+
+} // namespace
+
+DataGrid::DataGrid(QWidget* parent)
+    : QTableView(parent), m_model(new GridModel(this)), m_header(new GridHeader(this)), m_selected(*this)
+{
+    setHorizontalHeader(m_header);
+    setModel(m_model);
+    setItemDelegate(new RowDelegate(this));
+    setEditTriggers(NoEditTriggers);
+    setSelectionBehavior(SelectRows);
+    setSelectionMode(ExtendedSelection);
+    setTabKeyNavigation(false);
+    setAlternatingRowColors(true);
+    setWordWrap(false);
+    setHorizontalScrollMode(ScrollPerPixel);
+    verticalHeader()->hide();
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    sizeRows();
+    connect(m_header, &QHeaderView::sectionClicked, this, &DataGrid::HeadClick);
+    connect(m_header, &GridHeader::emptyClicked, this, [this] { Q_EMIT HeadClick(-1); });
+}
+
+void DataGrid::setDataSource(DataControl& source)
+{
+    if (m_data) m_data->disconnect(this);
+    m_data = &source;
+    m_model->setSource(m_data);
+    connect(m_data, &DataControl::RowsReplaced, this, &DataGrid::rowsReplaced);
+    connect(m_data, &DataControl::RowAdded, m_model, &GridModel::appendRow);
+    connect(m_data, &DataControl::RowChanged, m_model, [this](qsizetype row) { m_model->rereadRow(int(row)); });
+    connect(m_data, &DataControl::RowRemoved, this, &DataGrid::rowRemoved);
+    connect(m_data, &DataControl::CurrentChanged, this, &DataGrid::follow);
+    connect(m_data, &QObject::destroyed, this, &DataGrid::rowsReplaced);
+    rowsReplaced();
+    follow();
+}
+
+GridColumn& DataGrid::addColumn(const QString& caption, const QString& field, const QString& numberFormat)
+{
+    GridColumn& column = m_model->addColumn();
+    column.setCaption(caption);
+    column.setDataField(field);
+    column.setNumberFormat(numberFormat);
+    const int index = ColumnCount() - 1;
+    connect(&column, &GridColumn::Changed, this, [this, &column, index] { setColumnHidden(index, !column.Visible()); });
+    connect(&column, &GridColumn::WidthChanged, this,
+            [this, &column, index] { setColumnWidth(index, column.Width()); });
+    return column;
+}
+
+GridColumn& DataGrid::Columns(int index) const
+{
+    if (index < 0 || index >= ColumnCount()) jet::raise(jet::ErrorNumber::NoSuchField);
+    return m_model->column(index);
+}
+
+GridColumn& DataGrid::Columns(QStringView field) const
+{
+    for (int i = 0; i < ColumnCount(); ++i)
+        if (field.compare(Columns(i).DataField(), Qt::CaseInsensitive) == 0) return Columns(i);
+    jet::raise(jet::ErrorNumber::NoSuchField);
+}
+
+int DataGrid::ColumnCount() const
+{
+    return m_model->columnCount();
+}
+
+void DataGrid::setCellText(GridModel::CellText cellText)
+{
+    m_model->setCellText(std::move(cellText));
+    viewport()->update();
+}
+
+QString DataGrid::Caption() const
+{
+    return m_header->Caption();
+}
+
+void DataGrid::setCaption(const QString& caption)
+{
+    m_header->setCaption(caption);
+    setAccessibleName(caption);
+}
+
+void DataGrid::setEmptyText(const QString& text)
+{
+    m_emptyText = text;
+    viewport()->update();
+}
+
+const jet::Recordset& DataGrid::rows() const
+{
+    if (!m_data) jet::raise(jet::ErrorNumber::ObjectClosed);
+    return m_data->Recordset();
+}
+
+jet::Bookmark DataGrid::Bookmark() const
+{
+    return rows().GetBookmark();
+}
+
+void DataGrid::setBookmark(const jet::Bookmark& bookmark)
+{
+    rows();
+    m_data->setBookmark(bookmark);
+}
+
+void DataGrid::showSort(int column, Qt::SortOrder order)
+{
+    m_header->setSortIndicatorShown(column >= 0);
+    m_header->setSortIndicator(column, order);
+}
+
+void DataGrid::rowsReplaced()
+{
+    const QScopedValueRollback following(m_following, true);
+    m_model->reload();
+    sizeColumns();
+}
+
+void DataGrid::rowRemoved(qsizetype row)
+{
+    const QScopedValueRollback following(m_following, true);
+    m_model->removeRow(int(row));
+}
+
+bool DataGrid::selectsOnly(int row) const
+{
+    return row >= 0 && selectionModel()->isRowSelected(row) && m_selected.Count() == 1;
+}
+
+/// Makes the data control's current row that of the grid.
+void DataGrid::follow()
+{
+    const int row = m_data ? int(m_data->AbsolutePosition()) : -1;
+    const QModelIndex old = currentIndex();
+    if (row >= 0) m_model->rereadRow(row);
+    if (row == old.row()) return;
+    const QScopedValueRollback following(m_following, true);
+    const auto select = selectsOnly(old.row()) ? QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows
+                                               : QItemSelectionModel::SelectionFlags(QItemSelectionModel::NoUpdate);
+    const int column = old.isValid() ? old.column() : qMax(0, m_header->logicalIndexAt(0));
+    selectionModel()->setCurrentIndex(m_model->index(row, column), select);
+}
+
+void DataGrid::currentChanged(const QModelIndex& current, const QModelIndex& previous)
+{
+    QTableView::currentChanged(current, previous);
+    viewport()->update(); // whole rows are drawn as current
+    if (m_following || !m_data || current.row() < 0 || current.row() == m_data->AbsolutePosition()) return;
+    sys::underErrorReport({[&] { m_data->MoveTo(current.row()); }});
+    follow(); // the move may have been refused
+}
+
+void DataGrid::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected)
+{
+    QTableView::selectionChanged(selected, deselected);
+    viewport()->update();
+}
+
+QModelIndex DataGrid::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
+{
+    const int column = qMax(0, currentIndex().column());
+    if (action == MoveHome) return m_model->index(0, column);
+    if (action == MoveEnd) return m_model->index(m_model->rowCount() - 1, column);
+    return QTableView::moveCursor(action, modifiers);
+}
+
+void DataGrid::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Delete && event->modifiers() == Qt::NoModifier) {
+        if (m_allowDelete && !event->isAutoRepeat()) sys::underErrorReport({[this] { Delete(); }});
+    } else if (event->matches(QKeySequence::Copy)) {
+        sys::underErrorReport({[this] { Copy(); }});
+    } else if (event->key() == Qt::Key_Home || event->key() == Qt::Key_End) {
+        // With Ctrl as without: the row they lead to is selected.
+        QKeyEvent plain(event->type(), event->key(), event->modifiers() & ~Qt::ControlModifier);
+        QTableView::keyPressEvent(&plain);
+    } else {
+        QTableView::keyPressEvent(event);
+    }
+}
+
+void DataGrid::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    const bool onRow = event->button() == Qt::LeftButton && indexAt(event->position().toPoint()).isValid();
+    QTableView::mouseDoubleClickEvent(event);
+    if (onRow) Q_EMIT DblClick();
+}
+
+void DataGrid::focusInEvent(QFocusEvent* event)
+{
+    QTableView::focusInEvent(event);
+    m_model->rereadRows(); // other programs may have been at work meanwhile
+}
+
+void DataGrid::changeEvent(QEvent* event)
+{
+    QTableView::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) sizeRows();
+}
+
+void DataGrid::showEvent(QShowEvent* event)
+{
+    QTableView::showEvent(event);
+    sizeColumns();
+}
+
+void DataGrid::sizeRows()
+{
+    const int height =
+        fontMetrics().lineSpacing() + 2 * style()->pixelMetric(QStyle::PM_FocusFrameVMargin, nullptr, this);
+    verticalHeader()->setMinimumSectionSize(height);
+    verticalHeader()->setDefaultSectionSize(height);
+}
+
+/// Once, with the first rows: later widths are the user's, and nothing moves while he works.
+void DataGrid::sizeColumns()
+{
+    if (m_sized || !isVisible() || m_model->rowCount() == 0) return;
+    m_sized = true;
+    const int margin = 2 * style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this);
+    const int number = fontMetrics().horizontalAdvance(u"-999.999,99"_s) + margin; // room for those further down
+    for (int i = 0; i < ColumnCount(); ++i) {
+        if (m_model->column(i).Width() > 0) continue;
+        const int contents = qMax(sizeHintForColumn(i), m_header->widthFor(m_model->column(i).Caption()));
+        setColumnWidth(i, m_model->showsNumbers(i) ? qMax(contents, number) : contents);
+    }
+}
+
+void DataGrid::paintEvent(QPaintEvent* event)
+{
+    QTableView::paintEvent(event);
+    if (m_model->rowCount() > 0 || m_emptyText.isEmpty()) return;
+    QPainter painter(viewport());
+    constexpr int Grey = 150;
+    QColor grey = palette().color(QPalette::Text);
+    grey.setAlpha(Grey);
+    painter.setPen(grey);
+    const int margin = verticalHeader()->defaultSectionSize() / 2;
+    painter.drawText(viewport()->rect().adjusted(margin, margin, -margin, -margin),
+                     Qt::AlignTop | Qt::AlignHCenter | Qt::TextWordWrap, m_emptyText);
+}
+
+void DataGrid::Copy()
+{
+    std::vector<int> copied = m_selected.rows();
+    if (copied.empty() && currentIndex().isValid()) copied = {currentIndex().row()};
+    if (copied.empty()) return;
+    QStringList captions;
+    for (int i = 0; i < ColumnCount(); ++i)
+        if (!isColumnHidden(i)) captions.append(m_model->column(i).Caption());
+    QString text = captions.join(u'\t') + u'\n';
+    for (const int row : copied) {
+        const QStringList texts = m_model->texts(row);
+        QStringList shown;
+        for (int i = 0; i < ColumnCount(); ++i)
+            if (!isColumnHidden(i)) shown.append(texts[i]);
+        text += shown.join(u'\t') + u'\n';
+    }
+    QGuiApplication::clipboard()->setText(text);
+}

@@ -1,0 +1,101 @@
+#pragma once
+
+#include "platform/controls/Cancel.h"
+#include "platform/controls/GridColumn.h"
+#include "platform/controls/GridModel.h"
+#include "platform/controls/SelectedRows.h"
+
+#include <QPointer>
+#include <QTableView>
+
+class DataControl;
+class GridHeader;
+
+/// The rows of a data control as a table to read, select and delete in. Its current row is the data control's, whoever
+/// moves it; reads no more rows than it shows.
+///
+/// Highlighted are the rows that Delete means: the selected ones, or the current one while none is selected. A single
+/// selected row that is also the current one goes along when another row becomes current.
+class DataGrid : public QTableView {
+    Q_OBJECT
+    Q_PROPERTY(QString Caption READ Caption WRITE setCaption)
+    Q_PROPERTY(QString EmptyText READ EmptyText WRITE setEmptyText)
+    Q_PROPERTY(QString Tag READ Tag WRITE setTag)
+    Q_PROPERTY(bool AllowDelete READ AllowDelete WRITE setAllowDelete)
+
+public:
+    explicit DataGrid(QWidget* parent = nullptr);
+
+    void setDataSource(DataControl& source);
+    GridColumn& addColumn(const QString& caption, const QString& field, const QString& numberFormat = {});
+    GridColumn& Columns(int index) const;
+    GridColumn& Columns(QStringView field) const; ///< By its data field, in any case. \throws jet::Error NoSuchField.
+    int ColumnCount() const;
+    void setCellText(GridModel::CellText cellText); ///< Shown and copied instead of the usual texts.
+
+    QString Caption() const; ///< The line above the columns' captions, and the grid's name for assistive tools.
+    void setCaption(const QString& caption);
+    QString EmptyText() const { return m_emptyText; } ///< Stands where the rows would be while there are none.
+    void setEmptyText(const QString& text);
+    QString Tag() const { return m_tag; } ///< Free for the screen's use.
+    void setTag(const QString& tag) { m_tag = tag; }
+    bool AllowDelete() const { return m_allowDelete; } ///< Whether the Del key deletes; at start it does.
+    void setAllowDelete(bool allow) { m_allowDelete = allow; }
+
+    jet::Bookmark Bookmark() const; ///< Of the current row.
+    void setBookmark(const jet::Bookmark& bookmark);
+    SelectedRows& SelBookmarks() { return m_selected; }
+    const jet::Recordset& rows() const; ///< Those it shows. \throws jet::Error ObjectClosed.
+
+    /// Marks the header of a column that the rows are sorted by; -1 marks none.
+    void showSort(int column, Qt::SortOrder order);
+
+    /// Deletes the selected rows, else the current one; within AfterDelete the current one. Each is made current before
+    /// its BeforeDelete; when it is gone the next one, else the previous one is current. \throws jet::Error.
+    void Delete();
+    /// Puts the selected rows, else the current one, on the clipboard: the texts as shown, tab-separated, under a line
+    /// of the columns' captions. \throws jet::Error.
+    void Copy();
+
+Q_SIGNALS:
+    void HeadClick(int column); ///< Counted over all columns, hidden ones too; -1: beside them.
+    void DblClick();            ///< On a row.
+    /// The current row is about to be deleted. `prompt`, true at first, says whether the grid asks the user.
+    void BeforeDelete(Cancel& cancel, bool& prompt);
+    void AfterDelete();
+
+protected:
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyboardSearch(const QString&) override {} // letters belong to the screen's short keys
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void rowsReplaced();
+    void rowRemoved(qsizetype row);
+    void follow();
+    void sizeColumns();
+    void sizeRows();
+    bool selectsOnly(int row) const;
+    std::vector<jet::Bookmark> rowsToDelete() const;
+    bool makeCurrent(const jet::Bookmark& bookmark, const QString& source);
+    void deleteCurrent();
+    void leaveDeleted(qsizetype position);
+
+    QPointer<DataControl> m_data;
+    GridModel* m_model;
+    GridHeader* m_header;
+    SelectedRows m_selected;
+    QString m_emptyText;
+    QString m_tag;
+    bool m_allowDelete = true;
+    bool m_following = false; // the current row is being set to the data control's
+    bool m_deleting = false;
+    bool m_sized = false; // columns have got the width that the first rows needed
+};

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QHeaderView>
+
+class QLabel;
+
+/// The header of a DataGrid: above the columns' captions a line with the caption of the whole grid.
+class GridHeader : public QHeaderView {
+    Q_OBJECT
+
+public:
+    explicit GridHeader(QWidget* parent);
+
+    QString Caption() const;
+    void setCaption(const QString& caption);
+
+    QSize sizeHint() const override;
+    int widthFor(const QString& columnCaption) const; ///< Pixels for a column's caption with the mark of the order.
+
+Q_SIGNALS:
+    void emptyClicked(); ///< Beside the columns.
+
+protected:
+    bool event(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+private:
+    int captionHeight() const;
+    void placeCaption();
+
+    QLabel* m_caption;
+    bool m_pressedBeside = false;
+};

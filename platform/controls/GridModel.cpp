@@ -1,0 +1,218 @@
+#include "platform/controls/GridModel.h"
+
+#include "platform/controls/DataControl.h"
+#include "platform/controls/GridColumn.h"
+#include "platform/controls/NumberFormat.h"
+#include "platform/jet/Errors.h"
+#include "platform/system/ErrorReport.h"
+
+#include <QFont>
+#include <QGuiApplication>
+#include <QPalette>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The colour, or one of its hue that stands out from a dark header.
+QColor legible(const QColor& colour)
+{
+    constexpr int Middle = 128;
+    constexpr int Light = 190;
+    const QColor background = QGuiApplication::palette().color(QPalette::Button);
+    if (background.lightness() >= Middle || colour.lightness() >= Middle) return colour;
+    return QColor::fromHsl(colour.hslHue(), colour.hslSaturation(), Light);
+}
+
+QString usualText(const jet::Value& value, const QString& format)
+{
+    if (value.isNull()) return {};
+    if (!format.isEmpty() && jet::isNumber(value.type())) return formatted(value.toDouble(), format);
+    if (value.type() == jet::Type::Date) return value.toDate().toString(u"dd.MM.yyyy"_s);
+    return value.toText().simplified(); // a cell is one line
+}
+
+} // namespace
+
+GridColumn& GridModel::addColumn()
+{
+    const int index = columnCount();
+    auto* const added = new GridColumn(this);
+    beginInsertColumns({}, index, index);
+    m_columns.push_back(added);
+    findFields();
+    endInsertColumns();
+    connect(added, &GridColumn::Changed, this, [this, index] {
+        findFields();
+        Q_EMIT headerDataChanged(Qt::Horizontal, index, index);
+        if (m_rowCount > 0) Q_EMIT dataChanged(this->index(0, index), this->index(m_rowCount - 1, index));
+    });
+    return *added;
+}
+
+void GridModel::setSource(DataControl* source)
+{
+    m_source = source;
+    reload();
+}
+
+void GridModel::findFields()
+{
+    m_fields.assign(m_columns.size(), -1);
+    m_types.assign(m_columns.size(), jet::Type::Null);
+    if (!m_source || !m_source->isOpen()) return;
+    const auto& fields = m_source->Recordset().Fields();
+    for (std::size_t i = 0; i < m_columns.size(); ++i) {
+        const auto found = std::find_if(fields.begin(), fields.end(), [&](const jet::Field& field) {
+            return field.name.compare(m_columns[i]->DataField(), Qt::CaseInsensitive) == 0;
+        });
+        if (found == fields.end()) continue;
+        m_fields[i] = static_cast<int>(found - fields.begin());
+        m_types[i] = found->type;
+    }
+}
+
+void GridModel::reload()
+{
+    beginResetModel();
+    m_rows.clear();
+    m_failure = nullptr;
+    m_rowCount = m_source ? static_cast<int>(m_source->RecordCount()) : 0;
+    findFields();
+    endResetModel();
+}
+
+void GridModel::appendRow()
+{
+    beginInsertRows({}, m_rowCount, m_rowCount);
+    ++m_rowCount;
+    endInsertRows();
+}
+
+void GridModel::removeRow(int row)
+{
+    beginRemoveRows({}, row, row);
+    m_rows.clear(); // the rows behind have other places now
+    --m_rowCount;
+    endRemoveRows();
+}
+
+void GridModel::rereadRow(int row)
+{
+    m_failure = nullptr;
+    m_rows.remove(row);
+    Q_EMIT dataChanged(index(row, 0), index(row, columnCount() - 1));
+}
+
+void GridModel::rereadRows()
+{
+    if (m_failure) return; // it would fail again, and be reported each time its report gives the focus back
+    m_rows.clear();
+    if (m_rowCount > 0) Q_EMIT dataChanged(index(0, 0), index(m_rowCount - 1, columnCount() - 1));
+}
+
+int GridModel::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : m_rowCount;
+}
+
+int GridModel::columnCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(m_columns.size());
+}
+
+QVariant GridModel::data(const QModelIndex& index, int role) const
+{
+    if (role == Qt::TextAlignmentRole) return QVariant(alignment(index.column()));
+    if (role != Qt::DisplayRole) return {};
+    const Row* const shown = row(index.row());
+    return shown ? text(*shown, index.column()) : u"#Fehler"_s;
+}
+
+QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation != Qt::Horizontal) return {};
+    const GridColumn& shown = column(section);
+    if (role == Qt::DisplayRole) return shown.Caption();
+    if (role == Qt::TextAlignmentRole) return QVariant(alignment(section));
+    if (!shown.HeadForeColor().isValid()) return {};
+    if (role == Qt::ForegroundRole) return legible(shown.HeadForeColor());
+    if (role == Qt::FontRole) { // not by colour alone
+        QFont font = QGuiApplication::font();
+        font.setBold(true);
+        return font;
+    }
+    return {};
+}
+
+bool GridModel::showsNumbers(int column) const
+{
+    const auto index = static_cast<std::size_t>(column);
+    return !m_columns[index]->NumberFormat().isEmpty() ||
+           (jet::isNumber(m_types[index]) && m_types[index] != jet::Type::Boolean);
+}
+
+Qt::Alignment GridModel::alignment(int column) const
+{
+    const bool isDate = m_types[static_cast<std::size_t>(column)] == jet::Type::Date;
+    return Qt::AlignVCenter | (showsNumbers(column) ? Qt::AlignRight : isDate ? Qt::AlignHCenter : Qt::AlignLeft);
+}
+
+GridModel::Row GridModel::read(int row) const
+{
+    if (std::find(m_fields.begin(), m_fields.end(), -1) != m_fields.end()) jet::raise(jet::ErrorNumber::NoSuchField);
+    return m_source->Recordset().RowAt(row);
+}
+
+/// A row to be drawn; null while it cannot be read.
+const GridModel::Row* GridModel::row(int row) const
+{
+    if (const Row* const kept = m_rows.object(row)) return kept;
+    if (m_failure) return nullptr; // each further row might wait for the same lock
+    try {
+        m_rows.insert(row, new Row(read(row)));
+    } catch (...) {
+        noteFailure();
+        return nullptr;
+    }
+    return m_rows.object(row);
+}
+
+QString GridModel::text(const Row& row, int column) const
+{
+    if (!row) return u"#Gelöscht"_s;
+    const auto index = static_cast<std::size_t>(column);
+    const jet::Value& value = (*row)[static_cast<std::size_t>(m_fields[index])];
+    const QString usual = usualText(value, m_columns[index]->NumberFormat());
+    return m_cellText ? m_cellText(*m_columns[index], value, usual) : usual;
+}
+
+QStringList GridModel::texts(int row) const
+{
+    const Row values = read(row);
+    QStringList texts;
+    for (int column = 0; column < columnCount(); ++column)
+        texts.append(text(values, column));
+    return texts;
+}
+
+void GridModel::noteFailure() const
+{
+    m_failure = std::current_exception();
+    auto* const self = const_cast<GridModel*>(this); // data() is const, what it found out is told later
+    QMetaObject::invokeMethod(
+        self, [self] { self->reportFailure(); }, Qt::QueuedConnection);
+}
+
+void GridModel::reportFailure()
+{
+    std::exception_ptr failure = m_failure;
+    if (!failure) return; // the rows are others meanwhile
+    sys::underErrorReport({[this, &failure] {
+        if (failure) std::rethrow_exception(std::exchange(failure, nullptr));
+        m_failure = nullptr; // on Retry; a row that fails again is reported again
+        rereadRows();
+    }});
+}
