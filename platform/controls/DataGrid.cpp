@@ -210,7 +210,8 @@ QModelIndex DataGrid::moveCursor(CursorAction action, Qt::KeyboardModifiers modi
 
 void DataGrid::keyPressEvent(QKeyEvent* event)
 {
-    if (event->key() == Qt::Key_Delete && event->modifiers() == Qt::NoModifier) {
+    const auto modifiers = event->modifiers() & ~Qt::KeypadModifier; // the number block has the key, too
+    if (event->key() == Qt::Key_Delete && modifiers == Qt::NoModifier) {
         if (m_allowDelete && !event->isAutoRepeat()) sys::underErrorReport({[this] { Delete(); }});
     } else if (event->matches(QKeySequence::Copy)) {
         sys::underErrorReport({[this] { Copy(); }});
