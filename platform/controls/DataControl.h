@@ -11,11 +11,12 @@
 
 class BoundField;
 
-/// The rows that a screen works on, without a visible part: grids and bound fields show them and follow the current one.
+/// The rows that a screen works on, without a visible part: grids and bound fields show them and follow the current
+/// one.
 ///
 /// The properties take effect at the next Refresh. Moves and edits go through here, so that everything that shows the
-/// rows learns of them. A pending row (AddNew, Edit, or what the user typed into bound fields) is saved by a move, find
-/// or Close, dropped by Refresh and by the destructor. What the recordset refuses is thrown to the caller.
+/// rows learns of them. A pending row (AddNew, Edit, or what the user typed into bound fields) is saved by a move, a
+/// find or Close, dropped by Refresh and by the destructor. What the recordset refuses is thrown to the caller.
 class DataControl : public QObject {
     Q_OBJECT
     Q_PROPERTY(QString DatabaseName READ DatabaseName WRITE setDatabaseName)
@@ -49,8 +50,8 @@ public:
     /// jet::Kind::Dynaset, as at start, or Snapshot.
     void setRecordsetType(jet::Kind kind) { m_kind = kind; }
 
-    /// Opens the rows anew, on the first one. \throws jet::Error; the data control is then closed, which everything that
-    /// shows it has been told, and can be refreshed again.
+    /// Opens the rows anew, on the first one. \throws jet::Error; the data control is then closed, which everything
+    /// that shows it has been told, and can be refreshed again.
     void Refresh();
     /// Saves a pending row and closes. When saving is refused it stays open; a handler of Validate can forbid it, too.
     void Close();

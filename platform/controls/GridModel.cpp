@@ -126,9 +126,7 @@ int GridModel::columnCount(const QModelIndex& parent) const
 QVariant GridModel::data(const QModelIndex& index, int role) const
 {
     if (role == Qt::TextAlignmentRole) return QVariant(alignment(index.column()));
-    if (role != Qt::DisplayRole) return {};
-    const Row* const shown = row(index.row());
-    return shown ? text(*shown, index.column()) : u"#Fehler"_s;
+    return role == Qt::DisplayRole ? drawnText(index.row(), index.column()) : QVariant();
 }
 
 QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const
@@ -166,18 +164,20 @@ GridModel::Row GridModel::read(int row) const
     return m_source->Recordset().RowAt(row);
 }
 
-/// A row to be drawn; null while it cannot be read.
-const GridModel::Row* GridModel::row(int row) const
+/// The text of a cell while it is drawn, which nothing may be thrown out of.
+QString GridModel::drawnText(int row, int column) const
 {
-    if (const Row* const kept = m_rows.object(row)) return kept;
-    if (m_failure) return nullptr; // each further row might wait for the same lock
+    QString failed = u"#Fehler"_s;
     try {
-        m_rows.insert(row, new Row(read(row)));
+        if (!m_rows.contains(row)) {
+            if (m_failure) return failed; // each further row might wait for the same lock
+            m_rows.insert(row, new Row(read(row)));
+        }
+        return text(*m_rows.object(row), column);
     } catch (...) {
         noteFailure();
-        return nullptr;
+        return failed;
     }
-    return m_rows.object(row);
 }
 
 QString GridModel::text(const Row& row, int column) const
@@ -200,6 +200,7 @@ QStringList GridModel::texts(int row) const
 
 void GridModel::noteFailure() const
 {
+    if (m_failure) return;
     m_failure = std::current_exception();
     auto* const self = const_cast<GridModel*>(this); // data() is const, what it found out is told later
     QMetaObject::invokeMethod(

@@ -49,7 +49,7 @@ public:
 private:
     using Row = std::optional<std::vector<jet::Value>>; ///< No value: deleted by another program.
 
-    const Row* row(int row) const;
+    QString drawnText(int row, int column) const;
     Row read(int row) const;
     QString text(const Row& row, int column) const;
     Qt::Alignment alignment(int column) const;

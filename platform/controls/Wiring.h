@@ -48,8 +48,8 @@ void refuse(Argument& argument)
     if constexpr (std::is_same_v<Argument, Cancel>) argument = true;
 }
 
-/// Runs a handler under the common error report. One that failed, and was not repeated with success, refuses what it was
-/// asked about: an error in a check must not let pass what it checks.
+/// Runs a handler under the common error report. One that failed, and was not repeated with success, refuses what it
+/// was asked about: an error in a check must not let pass what it checks.
 template <class Receiver, class Handler, class... Args>
 void handle(Receiver* receiver, Handler& handler, Args&... args)
 {

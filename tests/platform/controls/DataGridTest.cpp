@@ -120,10 +120,9 @@ TEST_F(GridScreen, StaysWhereTheDataControlStays)
 
     m_data.Edit();
     m_data.Set(u"Preisfaktor", u"1000"_s); // a letter too long: it cannot be saved
-    const QString report =
-        u"Es ist ein kritischer Zustand aufgetreten.\r\rFehler: 3163 wurde ausgelöst durch ZABLAGER\r"
-        u"Das Feld ist zu klein für die Datenmenge, die Sie hinzufügen wollten. Versuchen Sie, weniger Daten einzufügen."_s;
-    m_farm.meldungen().beantworte(report, sys::Answer::Ignore);
+    const QString told = report(3163, u"Das Feld ist zu klein für die Datenmenge, die Sie hinzufügen wollten. "
+                                      u"Versuchen Sie, weniger Daten einzufügen."_s);
+    m_farm.meldungen().beantworte(told, sys::Answer::Ignore);
     press(Qt::Key_Down);
     EXPECT_EQ(messages().size(), 1);
     EXPECT_EQ(current(), u"Weizen"_s);
@@ -203,23 +202,33 @@ TEST_F(GridScreen, ShowsWhatOtherProgramsDid)
 
 TEST_F(GridScreen, ReportsAFailureOfDrawingOnce)
 {
-    const QString report =
-        u"Es ist ein kritischer Zustand aufgetreten.\r\rFehler: 3265 wurde ausgelöst durch ZABLAGER\r"
-        u"Element in dieser Auflistung nicht gefunden."_s;
-    m_farm.meldungen().beantworte(report, sys::Answer::Ignore);
+    const QString told = report(3265, u"Element in dieser Auflistung nicht gefunden."_s);
+    m_farm.meldungen().beantworte(told, sys::Answer::Ignore);
     m_grid->Columns(3).setDataField(u"Bemerkung"_s);
     show();
     m_grid->grab();
     EXPECT_EQ(seen(0), u"#Fehler | #Fehler | #Fehler | #Fehler"_s);
     EXPECT_EQ(seen(4), seen(0));
     QCoreApplication::processEvents();
-    EXPECT_EQ(messages(), QStringList(report));
+    EXPECT_EQ(messages(), QStringList(told));
     m_grid->grab();
     QCoreApplication::processEvents();
     EXPECT_EQ(messages(), QStringList());
     m_grid->Columns(3).setDataField(u"Kommentar"_s);
     m_data.Refresh();
     EXPECT_EQ(article(0), u"Weizen"_s);
+
+    m_grid->setCellText([](const GridColumn& column, const jet::Value& value, const QString& usual) {
+        if (column.DataField() == u"Zugang"_s && value.toDouble() == 50) jet::engine().OpenDatabase(u"/nirgends"_s);
+        return usual;
+    });
+    m_grid->grab();
+    m_grid->grab();
+    EXPECT_EQ(seen(1), u"03.04.2024 | Gerste | #Fehler | "_s);
+    const QString missing = report(3024, u"Datei '/nirgends' nicht gefunden."_s);
+    m_farm.meldungen().beantworte(missing, sys::Answer::Ignore);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(messages(), QStringList(missing));
 }
 
 TEST_F(GridScreen, ReadsOnlyTheRowsOnView)

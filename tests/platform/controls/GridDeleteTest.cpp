@@ -102,12 +102,10 @@ TEST_F(GridScreen, AGuardThatFailsForbidsTheDelete)
     verdrahte(m_grid, &DataGrid::BeforeDelete, m_grid, [this](Cancel&, bool& prompt) {
         prompt = m_data.Recordset()[u"Buchungsart"].isNull(); // another program has deleted the row
     });
-    const QString report =
-        u"Es ist ein kritischer Zustand aufgetreten.\r\rFehler: 3167 wurde ausgelöst durch ZABLAGER\r"
-        u"Datensatz ist gelöscht."_s;
-    m_farm.meldungen().beantworte(report, sys::Answer::Ignore);
+    const QString told = report(3167, u"Datensatz ist gelöscht."_s);
+    m_farm.meldungen().beantworte(told, sys::Answer::Ignore);
     press(Qt::Key_Delete);
-    EXPECT_EQ(messages(), QStringList(report));
+    EXPECT_EQ(messages(), QStringList(told));
     EXPECT_EQ(m_data.RecordCount(), 5);
 }
 

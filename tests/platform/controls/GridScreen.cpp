@@ -90,3 +90,9 @@ QString GridScreen::selected()
         articles.append(article(row));
     return articles.join(u' ');
 }
+
+QString GridScreen::report(int number, const QString& text)
+{
+    return u"Es ist ein kritischer Zustand aufgetreten.\r\rFehler: "_s + QString::number(number) +
+           u" wurde ausgelöst durch ZABLAGER\r"_s + text;
+}

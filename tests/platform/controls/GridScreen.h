@@ -28,6 +28,8 @@ protected:
     QString current() const;      ///< Article of the data control's current row; "-" without one.
     /// Articles of the selected rows.
     QString selected();
+    /// What the common error report says of an error.
+    static QString report(int number, const QString& text);
     QStringList messages() { return m_farm.meldungen().abgeholt(); }
 
     Testbetrieb m_farm;
