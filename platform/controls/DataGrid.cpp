@@ -58,6 +58,7 @@ DataGrid::DataGrid(QWidget* parent)
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     sizeRows();
     connect(m_header, &QHeaderView::sectionClicked, this, &DataGrid::HeadClick);
+    connect(m_header, &GridHeader::resizedByUser, this, [this](int i, int width) { Columns(i).setWidth(width); });
     connect(m_header, &GridHeader::emptyClicked, this, [this] { Q_EMIT HeadClick(-1); });
 }
 
@@ -257,6 +258,19 @@ void DataGrid::sizeRows()
     verticalHeader()->setDefaultSectionSize(height);
 }
 
+/// Width that the texts of a column need in rows from all over the list; those on view are often of one kind.
+int DataGrid::sampledWidth(int column) const
+{
+    constexpr int Rows = 40;
+    int width = sizeHintForColumn(column);
+    const int rows = m_model->rowCount();
+    for (int i = 0; i < qMin(Rows, rows); ++i) {
+        const int row = int(qint64{i} * (rows - 1) / qMax(1, qMin(Rows, rows) - 1));
+        width = qMax(width, sizeHintForIndex(m_model->index(row, column)).width() + 1);
+    }
+    return width;
+}
+
 /// Once, with the first rows: later widths are the user's, and nothing moves while he works.
 void DataGrid::sizeColumns()
 {
@@ -266,7 +280,7 @@ void DataGrid::sizeColumns()
     const int number = fontMetrics().horizontalAdvance(u"-999.999,99"_s) + margin; // room for those further down
     for (int i = 0; i < ColumnCount(); ++i) {
         if (m_model->column(i).Width() > 0) continue;
-        const int contents = qMax(sizeHintForColumn(i), m_header->widthFor(m_model->column(i).Caption()));
+        const int contents = qMax(sampledWidth(i), m_header->widthFor(m_model->column(i).Caption()));
         setColumnWidth(i, m_model->showsNumbers(i) ? qMax(contents, number) : contents);
     }
 }

@@ -80,6 +80,7 @@ private:
     void rowsReplaced();
     void rowRemoved(qsizetype row);
     void follow();
+    int sampledWidth(int column) const;
     void sizeColumns();
     void sizeRows();
     bool selectsOnly(int row) const;

@@ -28,7 +28,7 @@ public:
     /// Of the header's text; no valid colour: the style's own. On a dark header it is shown lighter.
     QColor HeadForeColor() const { return m_headForeColor; }
     void setHeadForeColor(const QColor& colour);
-    int Width() const { return m_width; } ///< As set, in pixels; 0: as the contents need.
+    int Width() const { return m_width; } ///< As set by program or user, in pixels; 0: as the contents need.
     void setWidth(int width);
 
 Q_SIGNALS:

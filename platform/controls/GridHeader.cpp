@@ -13,6 +13,10 @@ GridHeader::GridHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent), m
     setStretchLastSection(true);
     setResizeContentsPrecision(0); // the rows on view: asking all of them would read a whole journal
     setTextElideMode(Qt::ElideRight);
+    connect(this, &QHeaderView::sectionResized, this, [this](int column, int, int width) {
+        if (m_pressed && column != logicalIndex(count() - 1))
+            Q_EMIT resizedByUser(column, width); // the last one stretches
+    });
 }
 
 QString GridHeader::Caption() const
@@ -71,6 +75,7 @@ void GridHeader::resizeEvent(QResizeEvent* event)
 
 void GridHeader::mousePressEvent(QMouseEvent* event)
 {
+    m_pressed = true;
     m_pressedBeside = event->button() == Qt::LeftButton && logicalIndexAt(event->position().toPoint()) < 0;
     QHeaderView::mousePressEvent(event);
 }
@@ -78,5 +83,6 @@ void GridHeader::mousePressEvent(QMouseEvent* event)
 void GridHeader::mouseReleaseEvent(QMouseEvent* event)
 {
     QHeaderView::mouseReleaseEvent(event);
+    m_pressed = false;
     if (std::exchange(m_pressedBeside, false) && logicalIndexAt(event->position().toPoint()) < 0) Q_EMIT emptyClicked();
 }

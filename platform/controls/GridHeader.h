@@ -19,6 +19,7 @@ public:
 
 Q_SIGNALS:
     void emptyClicked(); ///< Beside the columns.
+    void resizedByUser(int column, int width);
 
 protected:
     bool event(QEvent* event) override;
@@ -32,4 +33,5 @@ private:
 
     QLabel* m_caption;
     bool m_pressedBeside = false;
+    bool m_pressed = false;
 };

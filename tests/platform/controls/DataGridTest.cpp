@@ -269,6 +269,8 @@ TEST_F(GridScreen, KeepsTheWidthsOfTheUser)
     QTest::mouseMove(header, QPoint(date + 30, header->height() / 2));
     QTest::mouseRelease(header, Qt::LeftButton, {}, QPoint(date + 30, header->height() / 2));
     EXPECT_NEAR(m_grid->columnWidth(0), date + 31, 2);
+    EXPECT_EQ(m_grid->Columns(0).Width(), m_grid->columnWidth(0)); // a screen can ask and remember
+    EXPECT_EQ(m_grid->Columns(3).Width(), 0);
     m_grid->Columns(2).setVisible(false);
     m_data.Refresh();
     EXPECT_NEAR(m_grid->columnWidth(0), date + 31, 2);
