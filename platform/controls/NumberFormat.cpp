@@ -1,5 +1,7 @@
 #include "platform/controls/NumberFormat.h"
 
+#include "platform/jet/Conversion.h"
+
 #include <QByteArray>
 
 #include <algorithm>
@@ -9,6 +11,7 @@ namespace {
 
 constexpr int SignificantDigits = 15;
 constexpr int GroupSize = 3;
+constexpr double LargestWritten = 1e15; // beyond it the last digits are not those of the number
 
 /// The digits of a magnitude rounded to so many decimals, half up, without the point.
 QByteArray roundedDigits(double magnitude, int decimals)
@@ -33,12 +36,15 @@ QByteArray roundedDigits(double magnitude, int decimals)
 
 QString formatted(double value, QStringView format)
 {
-    if (!std::isfinite(value)) return QString::number(value);
+    if (!(std::fabs(value) <= LargestWritten)) return jet::numberText(value);
     const qsizetype point = format.indexOf(u'.');
     const QStringView whole = point < 0 ? format : format.left(point);
-    const qsizetype decimals = point < 0 ? 0 : format.size() - point - 1;
+    qsizetype decimals = point < 0 ? 0 : format.size() - point - 1;
+    const qsizetype always = decimals == 0 ? 0 : format.mid(point).count(u'0');
     QByteArray digits = roundedDigits(std::fabs(value), static_cast<int>(decimals));
     const bool isZero = std::all_of(digits.begin(), digits.end(), [](char digit) { return digit == '0'; });
+    for (; decimals > always && digits.endsWith('0'); --decimals)
+        digits.chop(1);
 
     QByteArray text = digits.left(digits.size() - decimals);
     text = text.rightJustified(whole.count(u'0'), '0');

@@ -37,3 +37,24 @@ TEST(NumberFormat, ShowsNumbersTheGermanWay)
     EXPECT_EQ(formatted(1234.5, u"0"), u"1235"_s);
     EXPECT_EQ(formatted(7, u"000.0"), u"007,0"_s);
 }
+
+TEST(NumberFormat, ShowsOptionalDecimalsOnlyWhereTheNumberHasThem)
+{
+    const struct {
+        double value;
+        QStringView pattern;
+        QString text;
+    } cases[] = {
+        {1234.5, u"##,##0.00########", u"1.234,50"_s},
+        {0.00001, u"##,##0.00########", u"0,00001"_s},
+        {-1250, u"##,##0.00########", u"-1.250,00"_s},
+        {1.0 / 3, u"##,##0.00####", u"0,333333"_s},
+        {-0.0000000000004, u"0.00###", u"0,00"_s},
+        {2.145, u"0.00", u"2,15"_s},
+        {100, u"0", u"100"_s},
+        {99.5, u"0", u"100"_s},
+        {1e308, u"##,##0.00", u"1E+308"_s},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(formatted(c.value, c.pattern), c.text);
+}
