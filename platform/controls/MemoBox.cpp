@@ -1,0 +1,36 @@
+#include "platform/controls/MemoBox.h"
+
+#include <QScopedValueRollback>
+
+MemoBox::MemoBox(QWidget* parent) : QPlainTextEdit(parent)
+{
+    setTabChangesFocus(true);
+    connect(this, &QPlainTextEdit::textChanged, this, [this] {
+        if (m_silent) return;
+        m_changed = true;
+        Q_EMIT Change();
+    });
+}
+
+void MemoBox::setText(const QString& text)
+{
+    const QScopedValueRollback silent(m_silent, true);
+    setPlainText(text);
+}
+
+void MemoBox::enterText(const QString& text)
+{
+    setPlainText(text);
+}
+
+void MemoBox::showValue(const jet::Value& value)
+{
+    setText(value.toText());
+    m_changed = false;
+}
+
+std::optional<jet::Value> MemoBox::changedValue() const
+{
+    if (!m_changed) return {};
+    return jet::Value(Text());
+}

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QObject>
+
+class QWidget;
+
+/// Translates a key that was pressed in a field, given by its classic code: Enter (13) becomes Tab and is swallowed (set
+/// to 0), F2 (113) becomes Alt+Down, which opens the list of a combo. The new key goes to the field that has the focus
+/// when the handler has returned.
+void TasteUmsetzen(int& KeyCode);
+
+/// Lets the keys of all fields of a screen go through TasteUmsetzen while the screen lives. On a focused button Enter
+/// presses that button, and in a text of several lines it begins a new one.
+class FieldKeys : public QObject {
+    Q_OBJECT
+
+public:
+    explicit FieldKeys(QWidget& screen);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    QWidget& m_screen;
+};
