@@ -25,6 +25,7 @@ protected:
 
     void changedByUser() { m_owed = true; }
     bool isBeingChecked() const { return m_checking; }
+    bool isEntered() const { return m_entered; } ///< Also while another window or a pop-up has the focus.
     /// To be asked first by focusOutEvent. True: the focus is here again, and the event is to be forgotten.
     bool keepsFocus(const QFocusEvent& event);
     /// Notes that the focus came or went. True: the field is entered or left, rather than only its window.

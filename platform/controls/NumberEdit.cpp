@@ -54,7 +54,7 @@ void NumberEdit::setValue(double value)
 {
     take(value);
     show();
-    if (hasFocus()) selectAll();
+    if (isEntered()) selectAll();
 }
 
 void NumberEdit::enterValue(double value)
@@ -75,7 +75,7 @@ void NumberEdit::take(double value)
 
 QString NumberEdit::shown() const
 {
-    const bool edited = hasFocus() && !Locked();
+    const bool edited = isEntered() && !Locked();
     return formatted(m_value, edited ? ToEdit : m_pattern);
 }
 

@@ -1,7 +1,10 @@
 #include "platform/controls/TextBox.h"
+#include "platform/controls/Wiring.h"
 #include "tests/platform/controls/FieldScreen.h"
 #include "tests/support/Bildschirm.h"
 #include "tests/support/Print.h"
+
+#include <zablager/DatabaseError.h>
 
 #include <QInputMethodEvent>
 #include <QMenu>
@@ -19,8 +22,8 @@ class EditFieldTest : public FieldScreen {};
 TEST_F(EditFieldTest, TakesTheCharacterThatKeyPressPutsInPlace)
 {
     auto& field = add<TextBox>();
-    QObject::connect(&field, &TextBox::KeyPress,
-                     [](QChar& character) { character = character == u'x' ? QChar() : character.toUpper(); });
+    verdrahte(&field, &TextBox::KeyPress, &field,
+              [](QChar& character) { character = character == u'x' ? QChar() : character.toUpper(); });
     show();
     QTest::keyClicks(&field, u"zxa"_s);
     EXPECT_EQ(field.Text(), u"ZA"_s);
@@ -171,6 +174,18 @@ TEST_F(LeavingTest, StaysBehindAMessageBox)
         EXPECT_EQ(*left, refuses ? 0 : 1);
         EXPECT_EQ(*entered, refuses ? 0 : 1);
     }
+}
+
+TEST_F(LeavingTest, StaysWhenTheCheckItselfFails)
+{
+    m_refuses = false;
+    verdrahte(&m_field, &TextBox::Validate, &m_window,
+              [](Cancel&) { throw jet::Error(jet::ErrorNumber::Locked, u"Gesperrt."_s); });
+    show();
+    m_field.setFocus();
+    QTest::keyClick(&m_field, Qt::Key_Tab);
+    EXPECT_TRUE(m_field.hasFocus());
+    EXPECT_EQ(messages().size(), 1);
 }
 
 TEST_F(LeavingTest, OwesACheckForWhatTheUserChanged)
