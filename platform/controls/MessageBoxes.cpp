@@ -47,7 +47,7 @@ QString lines(QString text)
 sys::Answer MessageBoxes::show(const QString& text, int flags)
 {
     QMessageBox box(QApplication::activeWindow());
-    box.setWindowTitle(sys::ApplicationName.toString());
+    box.setWindowTitle(sys::applicationTitle());
     box.setIcon(icon(flags));
     box.setTextFormat(Qt::PlainText);
     box.setText(lines(text));

@@ -1,10 +1,14 @@
 #pragma once
 
-#include <QStringView>
+#include <QString>
 
 namespace sys {
 
-/// The program's name in the title of its messages and in the common error report.
+/// The program's name, as the common error report gives it.
 inline constexpr QStringView ApplicationName = u"ZABLAGER";
+
+/// The title of message boxes; the program's name until the main screen has set its own.
+QString applicationTitle();
+void setApplicationTitle(const QString& title);
 
 } // namespace sys

@@ -21,6 +21,7 @@ struct Surroundings {
         letGo; ///< Asked before a file is copied, replaced or deleted.
     KeptFile settingsBytes;
     SettingsFile settings;
+    QString title;       ///< Of message boxes; empty: the program's name.
     int hourglasses = 0; ///< Override cursors of ours; a host may have set others.
 };
 

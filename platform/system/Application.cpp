@@ -1,0 +1,18 @@
+#include "platform/system/Application.h"
+
+#include "platform/system/Surroundings.h"
+
+namespace sys {
+
+QString applicationTitle()
+{
+    const QString& title = surroundings().title;
+    return title.isEmpty() ? ApplicationName.toString() : title;
+}
+
+void setApplicationTitle(const QString& title)
+{
+    surroundings().title = title;
+}
+
+} // namespace sys
