@@ -31,6 +31,7 @@ sys::Answer Meldungsprotokoll::show(const QString& text, int flags)
     const auto antwort = std::find_if(m_antworten.begin(), m_antworten.end(),
                                       [&](const auto& eintrag) { return eintrag.first == text; });
     if (antwort != m_antworten.end()) return antwort->second;
+    if (m_jede) return *m_jede;
     ADD_FAILURE() << "a question without an answer: " << text.toStdString();
     return (flags & sys::YesNo) != 0 ? sys::Answer::No : sys::Answer::Abort;
 }

@@ -9,6 +9,7 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
+#include <optional>
 #include <vector>
 
 /// Messages of the product, kept instead of shown. A question gets the answer that the test has given for it.
@@ -16,11 +17,13 @@ class Meldungsprotokoll final : public sys::Messages {
 public:
     sys::Answer show(const QString& text, int flags) override;
     void beantworte(const QString& text, sys::Answer antwort) { m_antworten.emplace_back(text, antwort); }
+    void beantworteAlle(sys::Answer antwort) { m_jede = antwort; } ///< Questions that have no answer of their own.
     QStringList abgeholt(); ///< The texts since the last time.
 
 private:
     QStringList m_texte;
     std::vector<std::pair<QString, sys::Answer>> m_antworten;
+    std::optional<sys::Answer> m_jede;
 };
 
 /// The rows of a query, cells joined by " | ", NULL as "NULL".

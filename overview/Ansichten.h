@@ -1,0 +1,26 @@
+#pragma once
+
+#include "overview/Filter.h"
+
+class DataControl;
+class DataGrid;
+
+/// The two views of a year, each a data control and its grid: the movement journal and the stock list.
+///
+/// Filters and sorting are texts in the data control's record source: filtering keeps what begins with ORDER BY, sorting
+/// what stands before it. Where the database refuses such a text, since a name in it has an apostrophe or the letters
+/// "order", the error goes to the caller, and the view is ready for the next choice.
+
+/// Gives the view its columns and its first record source.
+void richteJournalEin(DataControl& daten, DataGrid& liste);
+void richteBestandslisteEin(DataControl& daten, DataGrid& liste);
+
+/// Shows the rows of a restriction (see eingrenzung()) in their present order. The journal keeps its current booking
+/// where it is still in view. \throws jet::Error.
+void filtereJournal(DataControl& daten, DataGrid& liste, const QString& eingrenzung);
+void filtereBestandsliste(DataControl& daten, DataGrid& liste, const QString& eingrenzung,
+                          const Bestandsansicht& ansicht);
+
+/// Sorts by a column, at a second call in the other direction. \throws jet::Error.
+void sortiereJournal(DataControl& daten, DataGrid& liste, int spalte);
+void sortiereBestandsliste(DataControl& daten, DataGrid& liste, int spalte);

@@ -1,0 +1,403 @@
+#include "overview/LagerbestandNeu.h"
+
+#include "ui_LagerbestandNeu.h"
+
+#include "core/FeldVorhanden.h"
+#include "core/JahresUbertrag.h"
+#include "core/Journaldatei.h"
+#include "core/Modulzustand.h"
+#include "core/Verzeichnisse.h"
+#include "overview/Ansichten.h"
+#include "overview/Bildschirmzustand.h"
+#include "overview/Kurzelliste.h"
+#include "platform/controls/Wiring.h"
+#include "platform/family/DatabaseFile.h"
+#include "platform/jet/Engine.h"
+#include "platform/system/Application.h"
+#include "platform/system/ErrorReport.h"
+#include "platform/system/Files.h"
+#include "platform/system/Messages.h"
+#include "platform/system/Pointer.h"
+
+#include <QKeyEvent>
+#include <QMenuBar>
+#include <QScopeGuard>
+#include <QScreen>
+#include <QShortcut>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int BreiteKleinerBildschirme = 800; // pixels; there the screen takes all of it
+constexpr QSize Entwurfsgroesse(1000, 700);
+
+std::unique_ptr<jet::Database> oeffneJahr()
+{
+    return jet::engine().OpenDatabase(modulzustand().Lagerdatei, modulzustand().Lagerpasswort);
+}
+
+/// The hourglass to the end of the block.
+auto sanduhr()
+{
+    sys::MausWarten();
+    return qScopeGuard(&sys::MausNormal);
+}
+
+void fuelle(ComboBox& liste, const QString& erste, const QString& abfrage)
+{
+    const auto journal = oeffneJahr();
+    const auto werte = journal->OpenRecordset(abfrage, jet::Kind::Snapshot);
+    liste.Clear();
+    liste.AddItem(erste);
+    if (liste.Text().isEmpty()) liste.setText(erste);
+    for (; !werte->Eof(); werte->MoveNext())
+        liste.AddItem((*werte)[0].toText());
+}
+
+/// The widths that the user has given to columns, "0,120,0": 0 is as the contents need.
+QString breiten(const DataGrid& liste)
+{
+    QStringList zahlen;
+    for (int i = 0; i < liste.ColumnCount(); ++i)
+        zahlen.append(QString::number(liste.Columns(i).Width()));
+    return zahlen.join(u',');
+}
+
+void stelleBreiten(DataGrid& liste, const QString& breiten)
+{
+    const QStringList zahlen = breiten.split(u',');
+    for (int i = 0; i < qMin(int(zahlen.size()), liste.ColumnCount()); ++i) {
+        if (const int breite = zahlen[i].toInt(); breite > 0) liste.Columns(i).setWidth(breite);
+    }
+}
+
+} // namespace
+
+LagerbestandNeu::LagerbestandNeu(QWidget* parent)
+    : QDialog(parent, Qt::Window | Qt::WindowSystemMenuHint | Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint),
+      ui(std::make_unique<Ui::LagerbestandNeu>()), Journaldaten(new DataControl(this)),
+      Bestanddaten(new DataControl(this))
+{
+    ui->setupUi(this);
+    nummeriere(u"Command7"_s, {ui->Command7_0_, ui->Command7_1_});
+    Journaldaten->setObjectName(u"Journaldaten"_s);
+    Bestanddaten->setObjectName(u"Bestanddaten"_s);
+    richteJournalEin(*Journaldaten, *ui->Journalliste);
+    richteBestandslisteEin(*Bestanddaten, *ui->BestandListe);
+    ui->KurzEingabe->setFixedWidth(2 * ui->KurzEingabe->sizeHint().height()); // one letter
+    richteMenuEin();
+    sperreBefehle();
+    for (QPushButton* knopf : findChildren<QPushButton*>())
+        knopf->setAutoDefault(false); // Enter belongs to the field that has the focus
+    for (ComboBox* liste : {ui->drpLagerOrte, ui->drpArtikelGruppe, ui->drpArtikel, ui->drpJahr, ui->DrpGruppierung})
+        liste->setListOnly(true);
+    Form_Load();
+    verdrahteAlles(); // only now: what loading sets is no choice of the user
+}
+
+LagerbestandNeu::~LagerbestandNeu() = default;
+
+void LagerbestandNeu::richteMenuEin()
+{
+    auto* const leiste = new QMenuBar(this);
+    QMenu* const einstellungen = leiste->addMenu(u"E&instellungen"_s);
+    einstellungen->setObjectName(u"M_Einstellungen"_s);
+    einstellungen->addAction(ui->M_Vorjahr);
+    leiste->addMenu(u"E&xtras"_s)->addAction(ui->M_PflanzschPrufen);
+    layout()->setMenuBar(leiste);
+}
+
+/// What no command stands behind yet.
+void LagerbestandNeu::sperreBefehle()
+{
+    for (QWidget* befehl : std::initializer_list<QWidget*>{
+             ui->KurzEingabe, ui->DrpBuchart, ui->Command7_0_, ui->Command7_1_, ui->Command4, ui->Command2,
+             ui->ExcelButton, ui->Command3, ui->Command5, ui->SSOption1, ui->SSOption2, ui->DrpGruppierung})
+        befehl->setEnabled(false);
+    ui->M_PflanzschPrufen->setEnabled(false);
+    ui->Journalliste->setAllowDelete(false);
+}
+
+void LagerbestandNeu::verdrahteAlles()
+{
+    verdrahte(ui->drpJahr, &ComboBox::DropDown, this, &LagerbestandNeu::fuelleJahre);
+    verdrahte(ui->drpJahr, &ComboBox::Click, this, &LagerbestandNeu::drpJahr_Click);
+    verdrahte(ui->drpLagerOrte, &ComboBox::Click, this, &LagerbestandNeu::FilterEinstellen);
+    verdrahte(ui->drpArtikelGruppe, &ComboBox::Click, this, &LagerbestandNeu::drpArtikelGruppe_Click);
+    verdrahte(ui->drpArtikel, &ComboBox::Click, this, &LagerbestandNeu::FilterEinstellen);
+    verdrahte(ui->VonDatum, &DateCombo::Change, this, &LagerbestandNeu::FilterEinstellen);
+    verdrahte(ui->Buchdatum, &DateCombo::Change, this, &LagerbestandNeu::FilterEinstellen);
+    verdrahte(ui->chkOhneNull, &CheckBox::Click, this, &LagerbestandNeu::FilterEinstellen);
+    verdrahte(ui->chkNurSumme, &CheckBox::Click, this, &LagerbestandNeu::FilterEinstellen);
+    verdrahte(ui->SSTab1, &QTabWidget::currentChanged, this, &LagerbestandNeu::SSTab1_Click);
+    verdrahte(ui->Journalliste, &DataGrid::HeadClick, this,
+              [this](int spalte) { sortiereJournal(*Journaldaten, *ui->Journalliste, spalte); });
+    verdrahte(ui->BestandListe, &DataGrid::HeadClick, this,
+              [this](int spalte) { sortiereBestandsliste(*Bestanddaten, *ui->BestandListe, spalte); });
+    verdrahte(ui->M_Vorjahr, &QAction::triggered, this, &LagerbestandNeu::M_Vorjahr_Click);
+    verdrahte(ui->Command1, &QPushButton::clicked, this, [this] { close(); });
+    verdrahte(new QShortcut(QKeySequence::Refresh, this), &QShortcut::activated, this,
+              &LagerbestandNeu::FilterEinstellen);
+}
+
+void LagerbestandNeu::Form_Load()
+{
+    const auto warten = sanduhr();
+    // Before the first refresh, whose row counts are to be shown.
+    verdrahte(Journaldaten, &DataControl::Reposition, this, &LagerbestandNeu::Journaldaten_Reposition);
+    verdrahte(Bestanddaten, &DataControl::Reposition, this, &LagerbestandNeu::Bestanddaten_Reposition);
+    sys::underErrorReport({
+        [this] {
+            const Modulzustand& z = modulzustand();
+            setWindowTitle(u"Lagerverwaltung des Betriebes "_s + z.Betriebsnummer + u" "_s + z.Betriebsname + u", "_s +
+                           z.Betriebsadresse);
+            sys::setApplicationTitle(windowTitle());
+            resize(Entwurfsgroesse);
+            restoreGeometry(QByteArray::fromBase64(bildschirmzustand::text(bildschirmzustand::Fenster).toLatin1()));
+            if (screen()->size().width() <= BreiteKleinerBildschirme) setWindowState(Qt::WindowMaximized);
+        },
+        [this] {
+            ui->drpJahr->setText(QString::number(modulzustand().Stichdatum.year()));
+            fuelleJahre();
+        },
+        [this] { LagerDateiEinstellen(); },
+        [this] { AuswahllistenFullen(); },
+        [this] { m_ersteAktivierung = true; },
+        [this] { sortiereJournal(*Journaldaten, *ui->Journalliste, 0); },
+        [this] { sortiereBestandsliste(*Bestanddaten, *ui->BestandListe, 0); },
+        [this] { stelleWiederHer(); },
+        [this] { fuelleBuchungsarten(); },
+        [this] { uebernimmLagerort(); },
+        [this] { FilterEinstellen(); },
+        [this] { GruppierungLaden(); },
+    });
+}
+
+void LagerbestandNeu::stelleWiederHer()
+{
+    using namespace bildschirmzustand;
+    ui->chkNurSumme->setValue(angehakt(LagerortSumme));
+    ui->chkOhneNull->setValue(angehakt(OhneNull));
+    ui->KurzEingabe->setText(text(LetztKurzeingabe));
+    ui->DrpBuchart->setText(text(LetztBuchart));
+    ui->SSOption1->setChecked(true);
+    stelleBreiten(*ui->Journalliste, text(SpaltenJournal));
+    stelleBreiten(*ui->BestandListe, text(SpaltenBestand));
+}
+
+void LagerbestandNeu::fuelleBuchungsarten()
+{
+    ui->DrpBuchart->setColumns({u"Kürzel"_s, u"Art der Eintragung"_s}, 1);
+    for (const Kurzel& zeile : kurzelliste())
+        ui->DrpBuchart->AddItem({zeile.kurzel.toString(), zeile.eintragung.toString()});
+}
+
+/// A host may have asked for one storage place.
+void LagerbestandNeu::uebernimmLagerort()
+{
+    if (modulzustand().Lagername.isEmpty()) return;
+    ui->drpLagerOrte->setText(modulzustand().Lagername);
+    ui->chkNurSumme->setValue(1);
+}
+
+void LagerbestandNeu::Form_Activate()
+{
+    const auto normal = qScopeGuard(&sys::MausNormal);
+    if (m_ersteAktivierung && Journaldaten->RecordCount() > 0) Journaldaten->MoveLast(); // the newest booking
+    m_ersteAktivierung = false;
+}
+
+void LagerbestandNeu::Form_Unload()
+{
+    using namespace bildschirmzustand;
+    sys::underErrorReport({
+        [this] { merke(LagerortSumme, ui->chkNurSumme->isChecked()); },
+        [this] { merke(OhneNull, ui->chkOhneNull->isChecked()); },
+        [this] { merke(LetztKurzeingabe, ui->KurzEingabe->Text()); },
+        [this] { merke(LetztBuchart, ui->DrpBuchart->Text()); },
+        [this] { merke(SpaltenJournal, breiten(*ui->Journalliste)); },
+        [this] { merke(SpaltenBestand, breiten(*ui->BestandListe)); },
+        [this] { merke(Fenster, QString::fromLatin1(saveGeometry().toBase64())); },
+        [this] {
+            const QString auswertung = m_arbeitsverzeichnis.path() + u"\\Lagerauswertung.mdb"_s;
+            if (sys::Exist(auswertung)) sys::Kill(auswertung);
+        },
+    });
+}
+
+void LagerbestandNeu::LagerDateiEinstellen()
+{
+    Modulzustand& zustand = modulzustand();
+    const QString jahr = ui->drpJahr->Text();
+    const QString datei = Journaldatei(jahr.toInt());
+    const QString vorlage = ProgrammVerzeichnis() + u"\\Lager.Vorlage"_s;
+    if (sys::Exist(vorlage)) {
+        DatabaseFile jahresdatei;
+        jahresdatei.setPassword(zustand.Lagerpasswort);
+        jahresdatei.setFileName(datei);
+        jahresdatei.setTemplate(vorlage);
+        jahresdatei.Provide();
+    }
+    zustand.Lagerdatei = datei;
+    zustand.Jahr = jahr; // the year that masks book into, whatever the key date becomes
+    for (DataControl* daten : {Journaldaten, Bestanddaten}) {
+        daten->setDatabaseName(datei);
+        daten->setConnect(zustand.Lagerpasswort);
+        daten->Refresh();
+    }
+    m_gebundenesJahr = jahr;
+    ui->VonDatum->setDate(QDate(jahr.toInt(), 1, 1));
+    ui->Buchdatum->setDate(QDate(jahr.toInt(), 12, 31));
+    ui->Statuszeile->setText(u"Betrieb "_s + zustand.Betriebsnummer + u" · Lager."_s + jahr);
+}
+
+void LagerbestandNeu::fuelleJahre()
+{
+    ui->drpJahr->Clear();
+    for (const int jahr : journaljahre())
+        ui->drpJahr->AddItem(QString::number(jahr));
+}
+
+void LagerbestandNeu::AuswahllistenFullen()
+{
+    fuelle(*ui->drpLagerOrte, AlleLagerorte,
+           u"SELECT DISTINCT LAGERORTKURZKU FROM LAGERJOURNAL"
+           u" WHERE LEN(TRIM(IIF(Isnull(LAGERORTKURZKU),'',LAGERORTKURZKU))) > 0"_s);
+    fuelle(*ui->drpArtikelGruppe, AlleArtikelgruppen,
+           u"SELECT DISTINCT ARTIKELART FROM LAGERJOURNAL"
+           u" WHERE LEN(TRIM(IIF(Isnull(ARTIKELART),'',ARTIKELART))) > 0"_s);
+    QString artikel =
+        u"SELECT DISTINCT ARTIKEL FROM LAGERJOURNAL WHERE LEN(TRIM(IIF(Isnull(ARTIKEL),'',ARTIKEL))) > 0"_s;
+    const QString gruppe = ui->drpArtikelGruppe->Text();
+    if (!gruppe.isEmpty() && gruppe != AlleArtikelgruppen) artikel += u" AND ARTIKELART = '"_s + gruppe + u"'"_s;
+    fuelle(*ui->drpArtikel, AlleArtikel, artikel);
+}
+
+void LagerbestandNeu::FilterEinstellen()
+{
+    const auto warten = sanduhr();
+    const QString wahl = eingrenzung({.Lagerort = ui->drpLagerOrte->Text(),
+                                      .Artikelgruppe = ui->drpArtikelGruppe->Text(),
+                                      .Artikel = ui->drpArtikel->Text(),
+                                      .von = ui->VonDatum->Date(),
+                                      .bis = ui->Buchdatum->Date()});
+    const Bestandsansicht ansicht{.inSumme = ui->chkNurSumme->isChecked(), .ohneNull = ui->chkOhneNull->isChecked()};
+    sys::underErrorReport({
+        [] { // litres were once called so
+            oeffneJahr()->Execute(u"UPDATE LAGERJOURNAL SET EINHEIT = 'l' WHERE IIF(Isnull(EINHEIT),'',EINHEIT) = 'Lt'"
+                                  u" AND ARTIKELART = 'Pflanzenschutzmittel'"_s);
+        },
+        [&] { filtereJournal(*Journaldaten, *ui->Journalliste, wahl); },
+        [&] { filtereBestandsliste(*Bestanddaten, *ui->BestandListe, wahl, ansicht); },
+        [this] { zeigeVorjahr(); },
+    });
+}
+
+void LagerbestandNeu::zeigeVorjahr()
+{
+    const auto journal = oeffneJahr();
+    const auto einstellungen = journal->OpenRecordset(u"SELECT * FROM EINSTELLUNGEN"_s, jet::Kind::Dynaset);
+    if (einstellungen->Eof()) {
+        einstellungen->AddNew();
+        einstellungen->Update();
+        ui->M_Vorjahr->setChecked(false);
+        return;
+    }
+    // Older files lack the column.
+    const bool hatSpalte = FeldVorhanden(*journal, u"Einstellungen"_s, u"Ohnevorjahr"_s);
+    ui->M_Vorjahr->setChecked(hatSpalte && (*einstellungen)[u"Ohnevorjahr"].toBool());
+}
+
+void LagerbestandNeu::drpJahr_Click()
+{
+    const auto warten = sanduhr();
+    const auto ausgang = sys::underErrorReport({
+        [this] { modulzustand().Stichdatum = QDate(ui->drpJahr->Text().toInt() - 1, 1, 1); },
+        [] { JahresUbertrag(); },
+        [this] { LagerDateiEinstellen(); },
+    });
+    if (ausgang == sys::Outcome::Left) {
+        const bool ungebunden = modulzustand().Jahr != m_gebundenesJahr;
+        ui->drpJahr->setText(m_gebundenesJahr);
+        if (ungebunden) LagerDateiEinstellen();
+    }
+    AuswahllistenFullen(); // the lists are the year's, what is chosen stays
+    FilterEinstellen();
+    if (ausgang == sys::Outcome::Completed && Journaldaten->RecordCount() > 0) Journaldaten->MoveLast();
+}
+
+void LagerbestandNeu::drpArtikelGruppe_Click()
+{
+    AuswahllistenFullen();
+    ui->drpArtikel->setText(AlleArtikel);
+    FilterEinstellen();
+}
+
+/// A failed write leaves the tick as it was.
+void LagerbestandNeu::M_Vorjahr_Click(bool ohneVorjahr)
+{
+    const auto warten = sanduhr();
+    auto haken = qScopeGuard([&] { ui->M_Vorjahr->setChecked(!ohneVorjahr); });
+    const auto journal = oeffneJahr();
+    const auto einstellungen = journal->OpenRecordset(u"SELECT * FROM EINSTELLUNGEN"_s, jet::Kind::Dynaset);
+    einstellungen->Edit();
+    einstellungen->Set(u"Ohnevorjahr", ohneVorjahr);
+    einstellungen->Update();
+    haken.dismiss();
+    sys::underErrorReport({
+        [] { JahresUbertrag(); },
+        [this] { LagerDateiEinstellen(); },
+        [this] { FilterEinstellen(); },
+    });
+}
+
+void LagerbestandNeu::Journaldaten_Reposition()
+{
+    const qsizetype zeilen = Journaldaten->RecordCount();
+    ui->Journalliste->setCaption(zeilen == 1 ? u"1 Bewegung"_s : QString::number(zeilen) + u" Bewegungen"_s);
+}
+
+void LagerbestandNeu::Bestanddaten_Reposition()
+{
+    ui->BestandListe->setCaption(QString::number(Bestanddaten->RecordCount()) + u" Artikel"_s);
+}
+
+void LagerbestandNeu::SSTab1_Click()
+{
+    const bool journal = ui->SSTab1->currentWidget() == ui->TabJournal;
+    ui->Command2->setText(journal ? u"Bewegungsjournal drucken"_s : u"Lagerstandsliste drucken"_s);
+    ui->Frame3->setVisible(journal);
+    GruppierungLaden();
+}
+
+void LagerbestandNeu::GruppierungLaden()
+{
+    const bool journal = ui->SSTab1->currentWidget() == ui->TabJournal;
+    ComboBox& liste = *ui->DrpGruppierung;
+    liste.Clear();
+    const QString text = liste.Text();
+    if (text.isEmpty() || (!journal && (text == u"Datum" || text == u"Buchungsart"))) liste.setText(u"Artikel"_s);
+    for (const QString& zeile : {u"Artikel"_s, u"Artikelgruppe"_s, u"Artikel- und Untergruppe"_s})
+        liste.AddItem(zeile);
+    if (journal) liste.AddItem(u"Buchungsart"_s);
+    liste.AddItem(u"Lagerort"_s);
+}
+
+bool LagerbestandNeu::event(QEvent* event)
+{
+    if (event->type() == QEvent::WindowActivate) sys::underErrorReport({[this] { Form_Activate(); }});
+    return QDialog::event(event);
+}
+
+void LagerbestandNeu::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape) return; // a slip of the finger must not close a day's screen
+    QDialog::keyPressEvent(event);
+}
+
+void LagerbestandNeu::done(int result)
+{
+    Form_Unload();
+    QDialog::done(result);
+}

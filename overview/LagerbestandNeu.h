@@ -1,0 +1,65 @@
+#pragma once
+
+#include "platform/controls/DataControl.h"
+#include "platform/family/WorkingDirectory.h"
+
+#include <QDialog>
+
+#include <memory>
+
+class ComboBox;
+namespace Ui {
+class LagerbestandNeu;
+}
+
+/// The main screen: one year of a farm as movement journal and as stock list, both narrowed by the same filter.
+///
+/// It takes the farm, the key date and a storage place from the shared state and leaves there which year is open. Other
+/// year files than the open one are only written by a change of year and by "Bestände des Vorjahres nicht
+/// berücksichtigen", which carry stocks forward.
+class LagerbestandNeu final : public QDialog {
+    Q_OBJECT
+
+public:
+    explicit LagerbestandNeu(QWidget* parent = nullptr);
+    ~LagerbestandNeu() override;
+
+    void done(int result) override; ///< Closing, in whatever way: remembers the state of the screen.
+
+protected:
+    bool event(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void richteMenuEin();
+    void verdrahteAlles();
+    void sperreBefehle();
+
+    void Form_Load();
+    void Form_Activate();
+    void Form_Unload();
+    void drpJahr_Click();
+    void drpArtikelGruppe_Click();
+    void SSTab1_Click();
+    void Journaldaten_Reposition();
+    void Bestanddaten_Reposition();
+    void M_Vorjahr_Click(bool ohneVorjahr);
+
+    void LagerDateiEinstellen();
+    void AuswahllistenFullen();
+    void FilterEinstellen();
+    void GruppierungLaden();
+
+    void fuelleJahre();
+    void fuelleBuchungsarten();
+    void stelleWiederHer();
+    void uebernimmLagerort();
+    void zeigeVorjahr();
+
+    std::unique_ptr<Ui::LagerbestandNeu> ui;
+    DataControl* Journaldaten;
+    DataControl* Bestanddaten;
+    WorkingDirectory m_arbeitsverzeichnis;
+    QString m_gebundenesJahr; ///< The year that both views show.
+    bool m_ersteAktivierung = false;
+};

@@ -1,0 +1,123 @@
+// What goes wrong under an open screen: it says so, stays usable and loses nothing.
+
+#include "tests/overview/Hauptbildschirm.h"
+
+#include "core/Modulzustand.h"
+#include "platform/controls/ComboBox.h"
+#include "platform/controls/DataGrid.h"
+#include "platform/system/Files.h"
+
+#include <QAction>
+#include <QFile>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The beginning of the error report for a number.
+QString bericht(int nummer)
+{
+    return u"Es ist ein kritischer Zustand aufgetreten.\r\rFehler: "_s + QString::number(nummer) +
+           u" wurde ausgelöst durch ZABLAGER\r"_s;
+}
+
+} // namespace
+
+TEST_F(Hauptbildschirm, EinNameDerDieAnweisungBrichtVerdirbtNurDieseWahl)
+{
+    hof.bucht(2024, "10.05. | H1 | Vorderachsöl | 5 | Zukauf\n"
+                    "11.05. | H1 | Bauer's Mix | 5 | Zukauf\n"
+                    "12.05. | H1 | A<b>B | 5 | Zukauf");
+    oeffne();
+    tippe("drpArtikel", u"A<b>B"_s);
+    EXPECT_EQ(journal(), QStringList(u"12.05. | H1 | A<b>B | +5,00 | Zukauf"_s));
+
+    hof.meldungen().beantworteAlle(sys::Answer::Abort);
+    tippe("drpArtikel", u"Bauer's Mix"_s);
+    const QStringList meldungen = hof.meldungen().abgeholt();
+    ASSERT_FALSE(meldungen.isEmpty());
+    EXPECT_TRUE(meldungen.first().startsWith(bericht(3075))) << meldungen.first().toStdString();
+    tippe("drpArtikel", u"Weizen"_s);
+    EXPECT_EQ(ueberschrift("Journalliste"), u"3 Bewegungen"_s);
+    EXPECT_EQ(ueberschrift("BestandListe"), u"2 Artikel"_s);
+
+    tippe("drpArtikel", u"Vorder"_s); // "order" in a name is cut at the next choice
+    EXPECT_EQ(hof.meldungen().abgeholt(), QStringList());
+    EXPECT_EQ(ueberschrift("Journalliste"), u"1 Bewegung"_s);
+    klickeKopf("Journalliste", 1);
+    EXPECT_FALSE(hof.meldungen().abgeholt().isEmpty());
+    tippe("drpArtikel", u"Hafer"_s); // the stock list has the name in its text, too
+    EXPECT_EQ(hof.meldungen().abgeholt().size(), 1);
+    EXPECT_EQ(ueberschrift("Journalliste"), u"1 Bewegung"_s);
+    tippe("drpArtikel", u"Weizen"_s);
+    EXPECT_EQ(hof.meldungen().abgeholt(), QStringList());
+    EXPECT_EQ(ueberschrift("BestandListe"), u"2 Artikel"_s);
+}
+
+TEST_F(Hauptbildschirm, EinJahrOhneVorlageLaesstDenBildschirmBeimAlten)
+{
+    oeffne();
+    sys::Kill(hof.ort().programm() + u"/Lager.vorlage"_s);
+    feld<ComboBox>("drpJahr").AddItem(u"2030"_s);
+    hof.meldungen().beantworteAlle(sys::Answer::Abort);
+    tippe("drpJahr", u"2030"_s);
+    EXPECT_FALSE(hof.meldungen().abgeholt().isEmpty());
+    EXPECT_EQ(feld<ComboBox>("drpJahr").Text(), u"2024"_s);
+    EXPECT_EQ(modulzustand().Jahr, u"2024"_s);
+    EXPECT_EQ(ueberschrift("Journalliste"), u"6 Bewegungen"_s);
+    EXPECT_FALSE(QFile::exists(hof.journaldatei(2030)));
+}
+
+TEST_F(Hauptbildschirm, EinBeschaedigtesJahrLaesstDenBildschirmBeimAlten)
+{
+    QFile datei(hof.journaldatei(2025));
+    ASSERT_TRUE(datei.open(QIODevice::WriteOnly));
+    datei.write(QByteArray(5000, 'x'));
+    datei.close();
+    oeffne();
+    hof.meldungen().beantworteAlle(sys::Answer::Abort);
+    tippe("drpJahr", u"2025"_s);
+    EXPECT_TRUE(hof.meldungen().abgeholt().value(0).startsWith(bericht(3343)));
+    EXPECT_EQ(feld<ComboBox>("drpJahr").Text(), u"2024"_s);
+    EXPECT_EQ(ueberschrift("Journalliste"), u"6 Bewegungen"_s);
+}
+
+TEST_F(Hauptbildschirm, EineAeltereDateiOhneDieSpalteZaehltAlsNein)
+{
+    hof.fuehreAus(2024, u"DROP TABLE Einstellungen"_s);
+    hof.fuehreAus(2024, u"CREATE TABLE Einstellungen (ID Counter PRIMARY KEY)"_s);
+    oeffne();
+    auto& vorjahr = feld<QAction>("M_Vorjahr");
+    EXPECT_FALSE(vorjahr.isChecked());
+    hof.meldungen().beantworteAlle(sys::Answer::Abort);
+    vorjahr.trigger();
+    EXPECT_TRUE(hof.meldungen().abgeholt().value(0).startsWith(bericht(3265)));
+    EXPECT_FALSE(vorjahr.isChecked());
+}
+
+TEST_F(Hauptbildschirm, LeereSpaltenUndUhrzeitenSindZeilenWieAndere)
+{
+    hof.fuehreAus(2024, u"INSERT INTO LAGERJOURNAL (Datum) VALUES (#5/10/2024 13:45:00#)"_s);
+    hof.fuehreAus(2024, u"INSERT INTO LAGERJOURNAL (Artikel) VALUES ('"_s + QString(50, u'Ä') + u"')"_s);
+    oeffne();
+    EXPECT_EQ(ueberschrift("Journalliste"), u"6 Bewegungen"_s); // no article and no date do not meet the filter
+    EXPECT_EQ(ueberschrift("BestandListe"), u"4 Artikel"_s);
+    hof.fuehreAus(2024, u"UPDATE LAGERJOURNAL SET Artikel = 'Mais' WHERE ISNULL(Artikel)"_s);
+    drucke("Journalliste", Qt::Key_F5);
+    EXPECT_EQ(journal().last().left(6), u"10.05."_s);
+    EXPECT_EQ(ueberschrift("Journalliste"), u"7 Bewegungen"_s);
+}
+
+TEST_F(Hauptbildschirm, EineVerschwundeneDateiIstEinFehlerUndKehrtZurueck)
+{
+    oeffne();
+    const QString datei = hof.journaldatei(2024);
+    ASSERT_TRUE(QFile::rename(datei, datei + u".weg"_s));
+    hof.meldungen().beantworteAlle(sys::Answer::Abort);
+    drucke("drpArtikel", Qt::Key_F5);
+    EXPECT_TRUE(hof.meldungen().abgeholt().value(0).startsWith(bericht(3024)));
+    EXPECT_FALSE(QFile::exists(datei)); // nothing is created by looking for it
+    ASSERT_TRUE(QFile::rename(datei + u".weg"_s, datei));
+    drucke("drpArtikel", Qt::Key_F5);
+    EXPECT_EQ(ueberschrift("Journalliste"), u"6 Bewegungen"_s);
+}
