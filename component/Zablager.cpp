@@ -1,5 +1,7 @@
 #include "component/Zablager.h"
 
+#include "overview/LagerbestandNeu.h"
+
 #include <zablager/DatabaseError.h>
 
 #include <QApplication>
@@ -15,7 +17,10 @@ bool hatBildschirm()
 
 void zeigeHauptbildschirm()
 {
-    throw jet::Error(jet::ErrorNumber::NotSupported, u"Der Bildschirm der Lagerverwaltung ist noch nicht eingebaut."_s);
+    if (!hatBildschirm())
+        throw jet::Error(jet::ErrorNumber::NotSupported,
+                         u"Die Lagerverwaltung braucht einen Bildschirm, das aufrufende Programm hat keinen."_s);
+    LagerbestandNeu(QApplication::activeWindow()).exec();
 }
 
 } // namespace

@@ -64,6 +64,8 @@ void Lagerverwaltungsdaten::LagerbestandLaden()
 {
     const Meldungsweg weg(*this);
     Modulzustand& zustand = modulzustand();
+    if (zustand.BildschirmOffen) // its values must not become those of another farm
+        throw jet::Error(jet::ErrorNumber::InvalidArgument, u"Die Lagerverwaltung ist schon geöffnet."_s);
     zustand.Artikelname = m_artikelname;
     zustand.Lagername = m_lagername;
     zustand.Stichdatum = m_stichdatum;
@@ -83,6 +85,9 @@ void Lagerverwaltungsdaten::LagerbestandLaden()
     zustand.Herkunft = m_herkunft;
     zustand.Datenverzeichnis = datenverzeichnis();
     zustand.Hilfedatei = ProgrammVerzeichnis() + u"\\ZAB Hilfe\\Lagerverwaltung.chm"_s;
+
+    zustand.BildschirmOffen = true;
+    const auto geschlossen = qScopeGuard([&zustand] { zustand.BildschirmOffen = false; });
     m_anschluesse.hauptbildschirm();
 }
 

@@ -31,6 +31,7 @@ struct Modulzustand {
     QString Hilfedatei; ///< What F1 opens.
 
     QString AktBuchungsart;       ///< Booking kind of the mask that is open or opened next.
+    bool BildschirmOffen = false; ///< The main screen is shown; there is only one in a process.
     bool Aenderungsmodus = false; ///< The mask changes the current journal row instead of booking a new one.
 };
 

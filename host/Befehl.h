@@ -17,6 +17,7 @@ struct Befehl {
     QStringList noetig; ///< Names of the options that must be given.
     /// Does the work. \throws Aufruffehler, jet::Error, sys::FileError.
     void (*ausfuehren)(const QCommandLineParser& aufruf);
+    bool zeigtFenster = false; ///< Runs under a QApplication, where there is a display.
 };
 
 Befehl einrichtenBefehl();

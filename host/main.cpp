@@ -6,8 +6,9 @@
 #include "host/Befehl.h"
 #include "host/Deutsch.h"
 #include "platform/system/CaughtError.h"
+#include "platform/system/Display.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 
 #include <algorithm>
 
@@ -58,21 +59,36 @@ void fuehreAus(const Befehl& befehl, const QStringList& worte)
     befehl.ausfuehren(aufruf);
 }
 
+std::vector<Befehl> alleBefehle()
+{
+    return {einrichtenBefehl(), demoBefehl(), oeffnenBefehl(), bestandBefehl(), uebertragBefehl(), sqlBefehl()};
+}
+
 void fuehreAus(QStringList worte)
 {
-    const std::vector<Befehl> befehle = {einrichtenBefehl(), demoBefehl(),      oeffnenBefehl(),
-                                         bestandBefehl(),    uebertragBefehl(), sqlBefehl()};
+    const std::vector<Befehl> befehle = alleBefehle();
     if (worte.size() < 2) throw Aufruffehler(u"Es fehlt der Befehl."_s);
     const QString name = worte.takeAt(1);
     if (name == u"-h"_s || name == u"--hilfe"_s || name == u"--help"_s) return zeigeUebersicht(befehle);
     fuehreAus(gewaehlt(befehle, name), worte);
 }
 
+/// Only a command that shows something needs a display; without one the library says that it does.
+std::unique_ptr<QCoreApplication> anwendung(int& argc, char** argv)
+{
+    const QString name = argc > 1 ? QString::fromLocal8Bit(argv[1]) : QString();
+    const std::vector<Befehl> befehle = alleBefehle();
+    const bool zeigt = std::any_of(befehle.begin(), befehle.end(),
+                                   [&](const Befehl& befehl) { return befehl.name == name && befehl.zeigtFenster; });
+    if (zeigt && sys::hasDisplay()) return std::make_unique<QApplication>(argc, argv);
+    return std::make_unique<QCoreApplication>(argc, argv);
+}
+
 } // namespace
 
 int main(int argc, char* argv[])
 {
-    QCoreApplication programm(argc, argv);
+    const auto programm = anwendung(argc, argv);
     Deutsch deutsch;
     QCoreApplication::installTranslator(&deutsch);
     try {

@@ -52,7 +52,8 @@ public:
     /// (jet::Error ExpressionSyntax, 3075). A stock is what Get_Bestand answers.
     virtual double LagerbestandRechnen() = 0;
     /// Opens the stock-keeping screen; returns when the user closes it. A journal file that does not exist yet is made
-    /// from the template before. No screen is built in yet: throws NotSupported after all else is done.
+    /// from the template before. \throws jet::Error NotSupported, as the last step, when the host has no QApplication;
+    /// InvalidArgument when the screen is open already.
     virtual void LagerbestandLaden() = 0;
     /// Carries the closing stocks of the key date's year and of every later one into the year file after it.
     virtual void Kontrolle_LagerbestandLaden() = 0;

@@ -4,6 +4,7 @@
 #include "tests/support/Print.h"
 #include "tests/support/Testbetrieb.h"
 
+#include <zablager/DatabaseError.h>
 #include <zablager/Lagerverwaltungsdaten.h>
 
 #include <QMessageBox>
@@ -54,4 +55,31 @@ TEST(Bildschirmwirt, BekommtMeldungenAlsFenster)
     EXPECT_EQ(protokoll.abgeholt(), QStringList());
     EXPECT_EQ(dynamic_cast<QObject&>(*lager).property("LetzterFehler"), u""_s);
     zablager->setzeMeldungen(nullptr);
+}
+
+TEST(Bildschirmwirt, OeffnetDenBildschirmUndFragtInzwischenBestaende)
+{
+    const Testbetrieb hof;
+    hof.bucht(2024, "05.03. | H1 | Weizen | 100 | Zukauf");
+    QPluginLoader loader(QStringLiteral(ZABLAGER_LIBRARY));
+    auto* const zablager = qobject_cast<IZablager*>(loader.instance());
+    ASSERT_TRUE(zablager);
+    const auto lager = zablager->erzeuge();
+    lager->setBetriebsnummer(u"4711"_s);
+    lager->setStichdatum(QDate(2025, 6, 1));
+    lager->setDatenverzeichnis(hof.journaldatei(2025)); // not there yet
+
+    QString titel;
+    imNaechstenFenster([&](QWidget& fenster) {
+        titel = fenster.windowTitle();
+        EXPECT_EQ(lager->Get_Bestand(u"Weizen"_s, u"H1"_s, QDate(2024, 12, 31)), 100);
+        EXPECT_THROW(lager->LagerbestandLaden(), jet::Error); // there is one screen
+        fenster.close();
+    });
+    lager->LagerbestandLaden();
+    EXPECT_EQ(titel, u"Lagerverwaltung des Betriebes 4711 , "_s);
+    EXPECT_EQ(hof.journal(2025).size(), 0U); // opening a year carries nothing into it
+    imNaechstenFenster([](QWidget& fenster) { fenster.close(); });
+    lager->LagerbestandLaden(); // and again
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
 }

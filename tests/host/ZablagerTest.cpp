@@ -144,14 +144,23 @@ TEST_F(Zablager, UebertragUndBestandGehenDurchDieBibliothek)
     EXPECT_EQ(bestand(u"1.1.2024"_s, {u"--betrieb"_s, u"4711"_s}).ausgabe, u"1000000.5\n"_s);
 }
 
-TEST_F(Zablager, OeffnenLegtDasJahrAnUndSagtDassDerBildschirmFehlt)
+TEST_F(Zablager, OeffnenZeigtDenBildschirmUndLegtDasJahrAn)
 {
     ASSERT_EQ(einrichten(u"4711"_s, u"2024"_s).ende, 0);
-    const Lauf lauf = zablager({u"oeffnen"_s, ort, u"--stichdatum"_s, u"5.3.2025"_s});
-    EXPECT_EQ(lauf.ende, 1);
-    EXPECT_EQ(lauf.fehler, u"Der Bildschirm der Lagerverwaltung ist noch nicht eingebaut. (Fehler 3251)\n"_s);
+    const QString bild = ordner.path() + u"/bild.png"_s;
+    const Lauf lauf = zablager({u"oeffnen"_s, ort, u"--stichdatum"_s, u"5.3.2025"_s, u"--bild"_s, bild});
+    EXPECT_EQ(lauf.ende, 0) << lauf.fehler.toStdString();
+    EXPECT_GT(QFileInfo(bild).size(), 10'000);
     EXPECT_TRUE(QFile::exists(ort + u"/daten/B4711/Lager.2025"_s));
     EXPECT_EQ(zablager({u"oeffnen"_s, ort, u"--stichdatum"_s, u"5.3.25"_s}).ende, 2);
+
+    const Lauf blind = zablager({u"oeffnen"_s, ort}, {}, [] { // a child without a display
+        unsetenv("QT_QPA_PLATFORM");
+        unsetenv("DISPLAY");
+        unsetenv("WAYLAND_DISPLAY");
+    });
+    EXPECT_EQ(blind.ende, 1);
+    EXPECT_TRUE(blind.fehler.startsWith(u"Die Lagerverwaltung braucht einen Bildschirm"_s)) << blind.fehler.toStdString();
 }
 
 TEST_F(Zablager, SqlZeigtZeilenAlsTabelleUndAlsJson)
