@@ -68,6 +68,7 @@ QString ohneNullen(const GridColumn& spalte, const jet::Value& wert, const QStri
     return istMenge && (wert.isNull() || wert.toDouble() == 0) ? QString() : text;
 }
 
+/// The views begin sorted by their first column.
 template <std::size_t Anzahl>
 void richteEin(DataControl& daten, DataGrid& liste, const Spalte (&spalten)[Anzahl])
 {
@@ -75,6 +76,7 @@ void richteEin(DataControl& daten, DataGrid& liste, const Spalte (&spalten)[Anza
         liste.addColumn(spalte.titel.toString(), spalte.feld.toString(), spalte.format.toString());
     liste.setCellText(ohneNullen);
     liste.setDataSource(daten);
+    GridVorsortieren(daten, liste, 0);
 }
 
 /// Opens a view by another source. One that the database refuses is given up for the view's first one, and the sort mark

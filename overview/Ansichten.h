@@ -11,7 +11,8 @@ class DataGrid;
 /// what stands before it. Where the database refuses such a text, since a name in it has an apostrophe or the letters
 /// "order", the error goes to the caller, and the view is ready for the next choice.
 
-/// Gives the view its columns and its first record source.
+/// Gives the view its columns and its first record source, sorted by the first column: the journal by "Datum", the stock
+/// list by "Artikel".
 void richteJournalEin(DataControl& daten, DataGrid& liste);
 void richteBestandslisteEin(DataControl& daten, DataGrid& liste);
 

@@ -161,11 +161,12 @@ void LagerbestandNeu::Form_Load()
             ui->drpJahr->setText(QString::number(modulzustand().Stichdatum.year()));
             fuelleJahre();
         },
-        [this] { LagerDateiEinstellen(); },
+        [this] { // FilterEinstellen opens the views, once
+            bindeJahr();
+            zeigeJahr();
+        },
         [this] { AuswahllistenFullen(); },
         [this] { m_ersteAktivierung = true; },
-        [this] { sortiereJournal(*Journaldaten, *ui->Journalliste, 0); },
-        [this] { sortiereBestandsliste(*Bestanddaten, *ui->BestandListe, 0); },
         [this] { stelleWiederHer(); },
         [this] { fuelleBuchungsarten(); },
         [this] { uebernimmLagerort(); },
@@ -226,7 +227,8 @@ void LagerbestandNeu::Form_Unload()
     });
 }
 
-void LagerbestandNeu::LagerDateiEinstellen()
+/// Makes sure of the year file and lets both views know it, which show it with their next refresh.
+void LagerbestandNeu::bindeJahr()
 {
     Modulzustand& zustand = modulzustand();
     const QString jahr = ui->drpJahr->Text();
@@ -244,12 +246,24 @@ void LagerbestandNeu::LagerDateiEinstellen()
     for (DataControl* daten : {Journaldaten, Bestanddaten}) {
         daten->setDatabaseName(datei);
         daten->setConnect(zustand.Lagerpasswort);
-        daten->Refresh();
     }
-    m_gebundenesJahr = jahr;
-    ui->VonDatum->setDate(QDate(jahr.toInt(), 1, 1));
-    ui->Buchdatum->setDate(QDate(jahr.toInt(), 12, 31));
-    ui->Statuszeile->setText(u"Betrieb "_s + zustand.Betriebsnummer + u" · Lager."_s + jahr);
+}
+
+void LagerbestandNeu::zeigeJahr()
+{
+    m_gebundenesJahr = modulzustand().Jahr;
+    const int jahr = m_gebundenesJahr.toInt();
+    ui->VonDatum->setDate(QDate(jahr, 1, 1));
+    ui->Buchdatum->setDate(QDate(jahr, 12, 31));
+    ui->Statuszeile->setText(u"Betrieb "_s + modulzustand().Betriebsnummer + u" · Lager."_s + m_gebundenesJahr);
+}
+
+void LagerbestandNeu::LagerDateiEinstellen()
+{
+    bindeJahr();
+    for (DataControl* daten : {Journaldaten, Bestanddaten})
+        daten->Refresh();
+    zeigeJahr();
 }
 
 void LagerbestandNeu::fuelleJahre()

@@ -50,6 +50,8 @@ private:
     void FilterEinstellen();
     void GruppierungLaden();
 
+    void bindeJahr();
+    void zeigeJahr();
     void fuelleJahre();
     void fuelleBuchungsarten();
     void stelleWiederHer();

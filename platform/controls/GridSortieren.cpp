@@ -24,6 +24,29 @@ QString schluessel(const QString& feld, const Sortierung& sortierung, const QStr
     return text;
 }
 
+struct Anordnung {
+    QString quelle;
+    Qt::SortOrder richtung;
+};
+
+Anordnung angeordnet(const DataControl& data, const DataGrid& grid, int spalte, const Sortierung& sortierung)
+{
+    const QString quelle = data.RecordSource();
+    const qsizetype order = quelle.indexOf(u"order"_s, 0, Qt::CaseInsensitive);
+    const QString basis = order < 0 ? quelle : quelle.left(order);
+    const bool markiert = grid.Columns(spalte).HeadForeColor() == QColor(Sortiermarke);
+    const bool absteigend = markiert && order >= 0 && quelle.trimmed().endsWith(u"ASC"_s, Qt::CaseInsensitive);
+    const QString richtung = absteigend ? u" DESC"_s : u" ASC"_s;
+    return {basis + u" ORDER BY "_s + schluessel(grid.Columns(spalte).DataField(), sortierung, richtung),
+            absteigend ? Qt::DescendingOrder : Qt::AscendingOrder};
+}
+
+void markiere(DataGrid& grid, int spalte, Qt::SortOrder richtung)
+{
+    grid.Columns(spalte).setHeadForeColor(QColor(Sortiermarke));
+    grid.showSort(spalte, richtung);
+}
+
 } // namespace
 
 void GridSortieren(DataControl& data, DataGrid& grid, int spalte, const Sortierung& sortierung)
@@ -31,23 +54,24 @@ void GridSortieren(DataControl& data, DataGrid& grid, int spalte, const Sortieru
     sys::MausWarten();
     const auto normal = qScopeGuard([] { sys::MausNormal(); });
     data.UpdateRecord();
-    const QString quelle = data.RecordSource();
-    const qsizetype order = quelle.indexOf(u"order"_s, 0, Qt::CaseInsensitive);
-    const QString basis = order < 0 ? quelle : quelle.left(order);
     if (spalte < 0) return;
-
-    const bool markiert = grid.Columns(spalte).HeadForeColor() == QColor(Sortiermarke);
-    const bool absteigend = markiert && order >= 0 && quelle.trimmed().endsWith(u"ASC"_s, Qt::CaseInsensitive);
-    const QString richtung = absteigend ? u" DESC"_s : u" ASC"_s;
+    const Anordnung neu = angeordnet(data, grid, spalte, sortierung);
     SortiermarkeLoschen(grid);
-    data.setRecordSource(basis + u" ORDER BY "_s + schluessel(grid.Columns(spalte).DataField(), sortierung, richtung));
+    data.setRecordSource(neu.quelle);
 
     // Not hidden, as that would take the focus away from it.
     grid.setUpdatesEnabled(false);
     const auto sichtbar = qScopeGuard([&grid] { grid.setUpdatesEnabled(true); });
     data.Refresh();
-    grid.Columns(spalte).setHeadForeColor(QColor(Sortiermarke));
-    grid.showSort(spalte, absteigend ? Qt::DescendingOrder : Qt::AscendingOrder);
+    markiere(grid, spalte, neu.richtung);
+}
+
+void GridVorsortieren(DataControl& data, DataGrid& grid, int spalte, const Sortierung& sortierung)
+{
+    const Anordnung neu = angeordnet(data, grid, spalte, sortierung);
+    SortiermarkeLoschen(grid);
+    data.setRecordSource(neu.quelle);
+    markiere(grid, spalte, neu.richtung);
 }
 
 void SortiermarkeLoschen(DataGrid& grid)

@@ -22,5 +22,8 @@ constexpr QRgb Sortiermarke = qRgb(0, 0, 192);
 /// text that the database refuses; no header is marked then and the data control is closed.
 void GridSortieren(DataControl& data, DataGrid& grid, int spalte, const Sortierung& sortierung = {});
 
+/// The same before the rows are opened: the column is marked, and the next Refresh brings them sorted.
+void GridVorsortieren(DataControl& data, DataGrid& grid, int spalte, const Sortierung& sortierung = {});
+
 /// Takes the mark off all headers, for rows that are in another order now.
 void SortiermarkeLoschen(DataGrid& grid);
