@@ -14,7 +14,6 @@ KeysetRows::KeysetRows(std::shared_ptr<Database::Session> session, std::shared_p
     bindParameters(run, m_shape.parameters);
     while (run.step())
         m_keys.push_back(run.whole(0));
-    m_keys.shrink_to_fit();
     m_ascending = std::is_sorted(m_keys.begin(), m_keys.end());
 }
 

@@ -2,6 +2,7 @@
 
 #include "platform/jet/KeyedRows.h"
 
+#include <deque>
 #include <vector>
 
 namespace jet {
@@ -40,9 +41,9 @@ private:
     /// Position of the first row whose key is among these, which are in ascending order; -1: none is.
     qsizetype firstOf(const std::vector<qint64>& keys) const;
 
-    std::vector<qint64> m_keys;
-    bool m_ascending = true; // the keys themselves are in order, so that one can be looked up
-    bool m_deleted = false;  // the current row was; m_position is that of the row after it
+    std::deque<qint64> m_keys; // grows without copies, whose memory would stay taken beside that of the keys
+    bool m_ascending = true;   // the keys themselves are in order, so that one can be looked up
+    bool m_deleted = false;    // the current row was; m_position is that of the row after it
     qsizetype m_position = 0;
 };
 
