@@ -49,6 +49,15 @@ const Expression* folded(const Expression& call)
     return folds ? call.arguments[0]->arguments[0].get() : nullptr;
 }
 
+/// x of Len(x) > 0, which asks whether there is any text.
+const Expression* askedForText(const Expression& greater)
+{
+    const Expression& length = *greater.arguments[0];
+    const Expression& limit = *greater.arguments[1];
+    const bool counts = length.op == Op::Call && bind::functionAt(length.function).name == u"LEN";
+    return counts && limit.op == Op::Constant && limit.constant == Value(0) ? length.arguments[0].get() : nullptr;
+}
+
 bool needsConversion(Type from, Type to)
 {
     if (to == Type::Boolean) return from != Type::Boolean;
@@ -107,7 +116,9 @@ void ExpressionWriter::condition(const Expression& expression)
     case Op::Equal: return comparison(expression, "=");
     case Op::NotEqual: return comparison(expression, "<>");
     case Op::Less: return comparison(expression, "<");
-    case Op::Greater: return comparison(expression, ">");
+    case Op::Greater:
+        if (const Expression* asked = askedForText(expression)) return hasText(*asked);
+        return comparison(expression, ">");
     case Op::LessEqual: return comparison(expression, "<=");
     case Op::GreaterEqual: return comparison(expression, ">=");
     case Op::Like:
@@ -178,6 +189,15 @@ void ExpressionWriter::comparison(const Expression& expression, const char* op)
 }
 
 /// A date that is compared with a number is its day number; NULL stays what it is.
+/// Counting characters in every row would cost more than reading it. Byte by byte, since to the engine's collation blanks
+/// alone equal no text.
+void ExpressionWriter::hasText(const Expression& expression)
+{
+    m_out += '(';
+    text(expression);
+    m_out += " COLLATE BINARY<>'')";
+}
+
 void ExpressionWriter::operand(const Expression& expression, bool asNumber)
 {
     if (asNumber && expression.type == Type::Date)

@@ -37,6 +37,7 @@ public:
 
 private:
     void comparison(const sql::Expression& expression, const char* op);
+    void hasText(const sql::Expression& expression);
     void operand(const sql::Expression& expression, bool asNumber);
     void chain(const sql::Expression& expression, const char* op);
     void in(const sql::Expression& expression);
