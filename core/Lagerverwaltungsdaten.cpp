@@ -95,6 +95,9 @@ void Lagerverwaltungsdaten::Kontrolle_LagerbestandLaden()
 {
     const Meldungsweg weg(*this);
     Modulzustand& zustand = modulzustand();
+    if (zustand.BildschirmOffen && zustand.Betriebsnummer != m_betriebsnummer) // it would book into this farm
+        throw jet::Error(jet::ErrorNumber::InvalidArgument,
+                         u"Die Lagerverwaltung ist für einen anderen Betrieb geöffnet."_s);
     zustand.Datenverzeichnis = datenverzeichnis();
     zustand.Lagerpasswort = m_lagerpasswort;
     zustand.Anlagenverzeichnis = m_anlagenverzeichnis;

@@ -1,30 +1,45 @@
-#include "host/Ausgabe.h"
 #include "host/Befehl.h"
 #include "host/Komponente.h"
 #include "platform/system/Clock.h"
 
+#include <zablager/FileError.h>
+
+#include <QAbstractButton>
 #include <QApplication>
-#include <QTimer>
-#include <QWidget>
+#include <QMessageBox>
+
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Saves a picture of the screen that is about to open, instead of leaving it to a user, and closes it.
-void speichereBild(const QString& datei)
-{
-    auto* const uhr = new QTimer(qApp);
-    uhr->callOnTimeout([uhr, datei] {
+/// Stands in for the user of a screen that is only pictured: saves the picture and closes the screen. A message that comes
+/// before is kept, and answered so that nothing goes on.
+class Bildschirmfoto : public QObject {
+public:
+    explicit Bildschirmfoto(const QString& datei) : m_datei(datei) { startTimer(Takt); }
+    const QString& stoerung() const { return m_stoerung; } ///< Empty: the picture was saved.
+
+private:
+    static constexpr int Takt = 50; // ms
+
+    void timerEvent(QTimerEvent*) override
+    {
         QWidget* const fenster = QApplication::activeModalWidget();
         if (!fenster || !fenster->isVisible()) return;
-        uhr->deleteLater();
-        const bool gespeichert = fenster->grab().save(datei, "PNG");
+        if (auto* const meldung = qobject_cast<QMessageBox*>(fenster)) {
+            m_stoerung = meldung->text();
+            return meldung->buttons().constFirst()->click();
+        }
+        if (m_stoerung.isEmpty() && !fenster->grab().save(m_datei, "PNG"))
+            m_stoerung = u"Das Bild '"_s + m_datei + u"' lässt sich nicht schreiben."_s;
         fenster->close();
-        if (!gespeichert) schreibe(stderr, u"Das Bild '"_s + datei + u"' lässt sich nicht schreiben."_s);
-    });
-    uhr->start(50);
-}
+    }
+
+    const QString m_datei;
+    QString m_stoerung;
+};
 
 void oeffne(const QCommandLineParser& aufruf)
 {
@@ -32,8 +47,10 @@ void oeffne(const QCommandLineParser& aufruf)
     const QDate Stichdatum = aufruf.isSet(u"stichdatum"_s) ? datum(aufruf.value(u"stichdatum"_s)) : sys::heute();
     const QString betrieb = gewaehlterBetrieb(ort, aufruf);
     ort.verwende();
-    if (aufruf.isSet(u"bild"_s)) speichereBild(aufruf.value(u"bild"_s));
+    std::optional<Bildschirmfoto> foto;
+    if (aufruf.isSet(u"bild"_s)) foto.emplace(aufruf.value(u"bild"_s));
     lagerverwaltungsdaten(ort, betrieb, Stichdatum)->LagerbestandLaden();
+    if (foto && !foto->stoerung().isEmpty()) throw sys::FileError(sys::FileErrorNumber::PathAccess, foto->stoerung());
 }
 
 } // namespace

@@ -109,17 +109,6 @@ void sortiere(DataControl& daten, DataGrid& liste, int spalte, const Sortierung&
     zurueck.dismiss();
 }
 
-std::optional<jet::Value> aktuelleBewegung(const DataControl& daten)
-{
-    if (daten.AbsolutePosition() < 0) return {};
-    return daten.Recordset()[u"ID"];
-}
-
-void sucheBewegung(DataControl& daten, const std::optional<jet::Value>& id)
-{
-    if (id) daten.FindFirst(u"ID = "_s + id->toText());
-}
-
 } // namespace
 
 void richteJournalEin(DataControl& daten, DataGrid& liste)
@@ -136,6 +125,28 @@ void richteBestandslisteEin(DataControl& daten, DataGrid& liste)
     liste.setEmptyText(u"Keine Artikel in dieser Ansicht"_s);
     liste.setAllowDelete(false);
     richteEin(daten, liste, Bestandsspalten);
+}
+
+bool brauchtFilter(const DataControl& daten)
+{
+    return daten.RecordSource() == Journalquelle || daten.RecordSource() == Bestandsquelle;
+}
+
+std::optional<qint64> aktuelleBewegung(const DataControl& daten)
+{
+    if (daten.AbsolutePosition() < 0) return {};
+    const auto zeile = daten.Recordset().RowAt(daten.AbsolutePosition());
+    if (!zeile) return {};
+    const auto& felder = daten.Recordset().Fields();
+    for (std::size_t i = 0; i < felder.size(); ++i) {
+        if (felder[i].name.compare(u"ID", Qt::CaseInsensitive) == 0) return (*zeile)[i].toLong();
+    }
+    return {};
+}
+
+void sucheBewegung(DataControl& daten, std::optional<qint64> ID)
+{
+    if (ID) daten.FindFirst(u"ID = "_s + QString::number(*ID));
 }
 
 void filtereJournal(DataControl& daten, DataGrid& liste, const QString& eingrenzung)

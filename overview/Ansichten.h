@@ -2,6 +2,8 @@
 
 #include "overview/Filter.h"
 
+#include <optional>
+
 class DataControl;
 class DataGrid;
 
@@ -9,12 +11,20 @@ class DataGrid;
 ///
 /// Filters and sorting are texts in the data control's record source: filtering keeps what begins with ORDER BY, sorting
 /// what stands before it. Where the database refuses such a text, since a name in it has an apostrophe or the letters
-/// "order", the error goes to the caller, and the view is ready for the next choice.
+/// "order", the error goes to the caller, and the view is closed with its first record source: see brauchtFilter().
 
 /// Gives the view its columns and its first record source, sorted by the first column: the journal by "Datum", the stock
 /// list by "Artikel".
 void richteJournalEin(DataControl& daten, DataGrid& liste);
 void richteBestandslisteEin(DataControl& daten, DataGrid& liste);
+
+/// Whether the view has lost its filter by such an error: filter it before its rows are shown again.
+bool brauchtFilter(const DataControl& daten);
+
+/// The journal's current booking; none where there is none, or where another program has deleted it.
+std::optional<qint64> aktuelleBewegung(const DataControl& daten);
+/// Makes a booking current again where it is still in view.
+void sucheBewegung(DataControl& daten, std::optional<qint64> ID);
 
 /// Shows the rows of a restriction (see eingrenzung()) in their present order. The journal keeps its current booking
 /// where it is still in view. \throws jet::Error.

@@ -8,8 +8,10 @@
 #include "core/Modulzustand.h"
 #include "core/Verzeichnisse.h"
 #include "overview/Ansichten.h"
+#include "overview/Auswahllisten.h"
 #include "overview/Bildschirmzustand.h"
 #include "overview/Kurzelliste.h"
+#include "overview/Spaltenbreiten.h"
 #include "platform/controls/Wiring.h"
 #include "platform/family/DatabaseFile.h"
 #include "platform/jet/Engine.h"
@@ -44,34 +46,6 @@ auto sanduhr()
     return qScopeGuard(&sys::MausNormal);
 }
 
-void fuelle(ComboBox& liste, const QString& erste, const QString& abfrage)
-{
-    const auto journal = oeffneJahr();
-    const auto werte = journal->OpenRecordset(abfrage, jet::Kind::Snapshot);
-    liste.Clear();
-    liste.AddItem(erste);
-    if (liste.Text().isEmpty()) liste.setText(erste);
-    for (; !werte->Eof(); werte->MoveNext())
-        liste.AddItem((*werte)[0].toText());
-}
-
-/// The widths that the user has given to columns, "0,120,0": 0 is as the contents need.
-QString breiten(const DataGrid& liste)
-{
-    QStringList zahlen;
-    for (int i = 0; i < liste.ColumnCount(); ++i)
-        zahlen.append(QString::number(liste.Columns(i).Width()));
-    return zahlen.join(u',');
-}
-
-void stelleBreiten(DataGrid& liste, const QString& breiten)
-{
-    const QStringList zahlen = breiten.split(u',');
-    for (int i = 0; i < qMin(int(zahlen.size()), liste.ColumnCount()); ++i) {
-        if (const int breite = zahlen[i].toInt(); breite > 0) liste.Columns(i).setWidth(breite);
-    }
-}
-
 } // namespace
 
 LagerbestandNeu::LagerbestandNeu(QWidget* parent)
@@ -92,6 +66,9 @@ LagerbestandNeu::LagerbestandNeu(QWidget* parent)
         knopf->setAutoDefault(false); // Enter belongs to the field that has the focus
     for (ComboBox* liste : {ui->drpLagerOrte, ui->drpArtikelGruppe, ui->drpArtikel, ui->drpJahr, ui->DrpGruppierung})
         liste->setListOnly(true);
+    ui->drpLagerOrte->setText(AlleLagerorte);
+    ui->drpArtikelGruppe->setText(AlleArtikelgruppen);
+    ui->drpArtikel->setText(AlleArtikel);
     Form_Load();
     verdrahteAlles(); // only now: what loading sets is no choice of the user
 }
@@ -131,14 +108,19 @@ void LagerbestandNeu::verdrahteAlles()
     verdrahte(ui->chkOhneNull, &CheckBox::Click, this, &LagerbestandNeu::FilterEinstellen);
     verdrahte(ui->chkNurSumme, &CheckBox::Click, this, &LagerbestandNeu::FilterEinstellen);
     verdrahte(ui->SSTab1, &QTabWidget::currentChanged, this, &LagerbestandNeu::SSTab1_Click);
-    verdrahte(ui->Journalliste, &DataGrid::HeadClick, this,
-              [this](int spalte) { sortiereJournal(*Journaldaten, *ui->Journalliste, spalte); });
-    verdrahte(ui->BestandListe, &DataGrid::HeadClick, this,
-              [this](int spalte) { sortiereBestandsliste(*Bestanddaten, *ui->BestandListe, spalte); });
+    verdrahte(ui->Journalliste, &DataGrid::HeadClick, this, [this](int spalte) {
+        const bool ungefiltert = brauchtFilter(*Journaldaten);
+        sortiereJournal(*Journaldaten, *ui->Journalliste, spalte);
+        if (ungefiltert) FilterEinstellen();
+    });
+    verdrahte(ui->BestandListe, &DataGrid::HeadClick, this, [this](int spalte) {
+        const bool ungefiltert = brauchtFilter(*Bestanddaten);
+        sortiereBestandsliste(*Bestanddaten, *ui->BestandListe, spalte);
+        if (ungefiltert) FilterEinstellen();
+    });
     verdrahte(ui->M_Vorjahr, &QAction::triggered, this, &LagerbestandNeu::M_Vorjahr_Click);
     verdrahte(ui->Command1, &QPushButton::clicked, this, [this] { close(); });
-    verdrahte(new QShortcut(QKeySequence::Refresh, this), &QShortcut::activated, this,
-              &LagerbestandNeu::FilterEinstellen);
+    verdrahte(new QShortcut(QKeySequence::Refresh, this), &QShortcut::activated, this, &LagerbestandNeu::aktualisiere);
 }
 
 void LagerbestandNeu::Form_Load()
@@ -183,8 +165,9 @@ void LagerbestandNeu::stelleWiederHer()
     ui->KurzEingabe->setText(text(LetztKurzeingabe));
     ui->DrpBuchart->setText(text(LetztBuchart));
     ui->SSOption1->setChecked(true);
-    stelleBreiten(*ui->Journalliste, text(SpaltenJournal));
-    stelleBreiten(*ui->BestandListe, text(SpaltenBestand));
+    stelleSpaltenbreiten(*ui->Journalliste, text(SpaltenJournal));
+    stelleSpaltenbreiten(*ui->BestandListe, text(SpaltenBestand));
+    m_wiederhergestellt = true;
 }
 
 void LagerbestandNeu::fuelleBuchungsarten()
@@ -212,13 +195,14 @@ void LagerbestandNeu::Form_Activate()
 void LagerbestandNeu::Form_Unload()
 {
     using namespace bildschirmzustand;
+    if (!m_wiederhergestellt) return; // opening was left before: what is remembered stays
     sys::underErrorReport({
         [this] { merke(LagerortSumme, ui->chkNurSumme->isChecked()); },
         [this] { merke(OhneNull, ui->chkOhneNull->isChecked()); },
         [this] { merke(LetztKurzeingabe, ui->KurzEingabe->Text()); },
         [this] { merke(LetztBuchart, ui->DrpBuchart->Text()); },
-        [this] { merke(SpaltenJournal, breiten(*ui->Journalliste)); },
-        [this] { merke(SpaltenBestand, breiten(*ui->BestandListe)); },
+        [this] { merke(SpaltenJournal, spaltenbreiten(*ui->Journalliste)); },
+        [this] { merke(SpaltenBestand, spaltenbreiten(*ui->BestandListe)); },
         [this] { merke(Fenster, QString::fromLatin1(saveGeometry().toBase64())); },
         [this] {
             const QString auswertung = m_arbeitsverzeichnis.path() + u"\\Lagerauswertung.mdb"_s;
@@ -232,6 +216,8 @@ void LagerbestandNeu::bindeJahr()
 {
     Modulzustand& zustand = modulzustand();
     const QString jahr = ui->drpJahr->Text();
+    if (jahr.toInt() < 1000 || jahr.size() != 4) // nothing may come into being for what is no year
+        throw jet::Error(jet::ErrorNumber::InvalidArgument, u"'"_s + jahr + u"' ist kein Jahr."_s);
     const QString datei = Journaldatei(jahr.toInt());
     const QString vorlage = ProgrammVerzeichnis() + u"\\Lager.Vorlage"_s;
     if (sys::Exist(vorlage)) {
@@ -275,17 +261,10 @@ void LagerbestandNeu::fuelleJahre()
 
 void LagerbestandNeu::AuswahllistenFullen()
 {
-    fuelle(*ui->drpLagerOrte, AlleLagerorte,
-           u"SELECT DISTINCT LAGERORTKURZKU FROM LAGERJOURNAL"
-           u" WHERE LEN(TRIM(IIF(Isnull(LAGERORTKURZKU),'',LAGERORTKURZKU))) > 0"_s);
-    fuelle(*ui->drpArtikelGruppe, AlleArtikelgruppen,
-           u"SELECT DISTINCT ARTIKELART FROM LAGERJOURNAL"
-           u" WHERE LEN(TRIM(IIF(Isnull(ARTIKELART),'',ARTIKELART))) > 0"_s);
-    QString artikel =
-        u"SELECT DISTINCT ARTIKEL FROM LAGERJOURNAL WHERE LEN(TRIM(IIF(Isnull(ARTIKEL),'',ARTIKEL))) > 0"_s;
-    const QString gruppe = ui->drpArtikelGruppe->Text();
-    if (!gruppe.isEmpty() && gruppe != AlleArtikelgruppen) artikel += u" AND ARTIKELART = '"_s + gruppe + u"'"_s;
-    fuelle(*ui->drpArtikel, AlleArtikel, artikel);
+    const auto journal = oeffneJahr();
+    fuelleLagerorte(*ui->drpLagerOrte, *journal);
+    fuelleArtikelgruppen(*ui->drpArtikelGruppe, *journal);
+    fuelleArtikel(*ui->drpArtikel, *journal, ui->drpArtikelGruppe->Text());
 }
 
 void LagerbestandNeu::FilterEinstellen()
@@ -326,43 +305,81 @@ void LagerbestandNeu::zeigeVorjahr()
 void LagerbestandNeu::drpJahr_Click()
 {
     const auto warten = sanduhr();
+    const QDate Stichdatum = modulzustand().Stichdatum;
     const auto ausgang = sys::underErrorReport({
         [this] { modulzustand().Stichdatum = QDate(ui->drpJahr->Text().toInt() - 1, 1, 1); },
-        [] { JahresUbertrag(); },
+        [this] { schreibeWeiter(); },
         [this] { LagerDateiEinstellen(); },
     });
     if (ausgang == sys::Outcome::Left) {
-        const bool ungebunden = modulzustand().Jahr != m_gebundenesJahr;
-        ui->drpJahr->setText(m_gebundenesJahr);
-        if (ungebunden) LagerDateiEinstellen();
+        modulzustand().Stichdatum = Stichdatum;
+        kehreZurueck();
     }
-    AuswahllistenFullen(); // the lists are the year's, what is chosen stays
-    FilterEinstellen();
+    aktualisiere();
     if (ausgang == sys::Outcome::Completed && Journaldaten->RecordCount() > 0) Journaldaten->MoveLast();
+}
+
+/// To the year that the views showed, when another one could not be opened.
+void LagerbestandNeu::kehreZurueck()
+{
+    if (m_gebundenesJahr.isEmpty()) return;
+    const bool ungebunden = modulzustand().Jahr != m_gebundenesJahr;
+    ui->drpJahr->setText(m_gebundenesJahr);
+    if (ungebunden) sys::underErrorReport({[this] { LagerDateiEinstellen(); }});
+}
+
+/// The carry-forward of a farm with many years takes its time, so the status line says what is going on.
+void LagerbestandNeu::schreibeWeiter()
+{
+    const QString vorher = ui->Statuszeile->text();
+    const auto zurueck = qScopeGuard([&] { ui->Statuszeile->setText(vorher); });
+    ui->Statuszeile->setText(u"Die Bestände werden weitergeschrieben ..."_s);
+    ui->Statuszeile->repaint();
+    JahresUbertrag();
+}
+
+/// Shows what the file and its lists hold now; opens the year when that failed before.
+void LagerbestandNeu::aktualisiere()
+{
+    const auto warten = sanduhr();
+    sys::underErrorReport({
+        [this] {
+            if (m_gebundenesJahr.isEmpty()) LagerDateiEinstellen();
+        },
+        [this] { AuswahllistenFullen(); }, // what is chosen stays
+        [this] { FilterEinstellen(); },
+    });
 }
 
 void LagerbestandNeu::drpArtikelGruppe_Click()
 {
-    AuswahllistenFullen();
-    ui->drpArtikel->setText(AlleArtikel);
-    FilterEinstellen();
+    sys::underErrorReport({
+        [this] { AuswahllistenFullen(); },
+        [this] { ui->drpArtikel->setText(AlleArtikel); },
+        [this] { FilterEinstellen(); },
+    });
 }
 
 /// A failed write leaves the tick as it was.
 void LagerbestandNeu::M_Vorjahr_Click(bool ohneVorjahr)
 {
     const auto warten = sanduhr();
-    auto haken = qScopeGuard([&] { ui->M_Vorjahr->setChecked(!ohneVorjahr); });
-    const auto journal = oeffneJahr();
-    const auto einstellungen = journal->OpenRecordset(u"SELECT * FROM EINSTELLUNGEN"_s, jet::Kind::Dynaset);
-    einstellungen->Edit();
-    einstellungen->Set(u"Ohnevorjahr", ohneVorjahr);
-    einstellungen->Update();
-    haken.dismiss();
+    const auto ID = aktuelleBewegung(*Journaldaten);
+    bool geschrieben = false;
+    sys::underErrorReport({[&] {
+        const auto journal = oeffneJahr();
+        const auto einstellungen = journal->OpenRecordset(u"SELECT * FROM EINSTELLUNGEN"_s, jet::Kind::Dynaset);
+        einstellungen->Edit();
+        einstellungen->Set(u"Ohnevorjahr", ohneVorjahr);
+        einstellungen->Update();
+        geschrieben = true;
+    }});
+    if (!geschrieben) return ui->M_Vorjahr->setChecked(!ohneVorjahr);
     sys::underErrorReport({
-        [] { JahresUbertrag(); },
+        [this] { schreibeWeiter(); },
         [this] { LagerDateiEinstellen(); },
         [this] { FilterEinstellen(); },
+        [&] { sucheBewegung(*Journaldaten, ID); },
     });
 }
 
@@ -407,7 +424,9 @@ bool LagerbestandNeu::event(QEvent* event)
 void LagerbestandNeu::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_Escape) return; // a slip of the finger must not close a day's screen
-    QDialog::keyPressEvent(event);
+    const bool istEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (!istEnter) return QDialog::keyPressEvent(event);
+    if (auto* const knopf = qobject_cast<QPushButton*>(focusWidget())) knopf->click(); // elsewhere it presses none
 }
 
 void LagerbestandNeu::done(int result)

@@ -52,6 +52,9 @@ private:
 
     void bindeJahr();
     void zeigeJahr();
+    void kehreZurueck();
+    void schreibeWeiter();
+    void aktualisiere();
     void fuelleJahre();
     void fuelleBuchungsarten();
     void stelleWiederHer();
@@ -64,4 +67,5 @@ private:
     WorkingDirectory m_arbeitsverzeichnis;
     QString m_gebundenesJahr; ///< The year that both views show.
     bool m_ersteAktivierung = false;
+    bool m_wiederhergestellt = false; ///< The remembered state was shown, and may be remembered anew.
 };

@@ -56,6 +56,7 @@ public:
     /// InvalidArgument when the screen is open already.
     virtual void LagerbestandLaden() = 0;
     /// Carries the closing stocks of the key date's year and of every later one into the year file after it.
+    /// \throws jet::Error InvalidArgument while the screen is open for another farm.
     virtual void Kontrolle_LagerbestandLaden() = 0;
     virtual void
     setDatenverzeichnis(const QString& datei) = 0; ///< Despite its name the journal file of the key date's year.

@@ -10,6 +10,7 @@
 #include "platform/system/Settings.h"
 
 #include <QAction>
+#include <QPushButton>
 #include <QTabWidget>
 #include <QTest>
 
@@ -33,7 +34,6 @@ TEST_F(Hauptbildschirm, ZeigtDasJahrInBeidenAnsichten)
     EXPECT_EQ(modulzustand().Lagerdatei, hof.ort().daten() + u"\\B4711\\Lager.2024"_s);
     EXPECT_EQ(modulzustand().Jahr, u"2024"_s);
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
-    EXPECT_EQ(hof.journal(2023).size(), 1U); // looking at a year changes no other one
 }
 
 TEST_F(Hauptbildschirm, DieFilterEngenBeideAnsichtenEin)
@@ -151,6 +151,7 @@ TEST_F(Hauptbildschirm, DasVorjahrLaesstSichAusschliessen)
     EXPECT_TRUE(vorjahr.isChecked());
     vorjahr.trigger(); // from the key date's year on: 2024 into 2025
     EXPECT_EQ(hof.journal(2025).size(), 3U);
+    EXPECT_EQ(aktuelleBewegung(), u"01.02. | H1 | Weizen | -30,00 | Verkauf"_s);
     EXPECT_EQ(ueberschrift("Journalliste"), u"3 Bewegungen"_s);
 }
 
@@ -162,6 +163,40 @@ TEST_F(Hauptbildschirm, AlteEinheitenWerdenBeimFilternBerichtigt)
     oeffne();
     EXPECT_EQ(hof.zeigt(2024, u"SELECT Artikel, Einheit FROM LAGERJOURNAL WHERE Artikel <> 'Weizen' ORDER BY ID"_s),
               (QStringList{u"Diesel | Lt"_s, u"Diesel | Lt"_s, u"Hafer | dt"_s, u"Quendolar | l"_s}));
+}
+
+TEST_F(Hauptbildschirm, DerReiterStelltDenDruckUm)
+{
+    oeffne();
+    auto& reiter = feld<QTabWidget>("SSTab1");
+    auto& gruppierung = feld<ComboBox>("DrpGruppierung");
+    EXPECT_EQ(gruppierung.ListCount(), 5);
+    gruppierung.setText(u"Buchungsart"_s);
+    reiter.setCurrentIndex(1);
+    EXPECT_EQ(feld<QPushButton>("Command2").text(), u"Lagerstandsliste drucken"_s);
+    EXPECT_EQ(gruppierung.Text(), u"Artikel"_s);
+    EXPECT_EQ(gruppierung.ListCount(), 4);
+    EXPECT_FALSE(feld<QWidget>("Frame3").isVisible());
+    reiter.setCurrentIndex(0);
+    EXPECT_EQ(feld<QPushButton>("Command2").text(), u"Bewegungsjournal drucken"_s);
+    EXPECT_TRUE(feld<QWidget>("Frame3").isVisible());
+}
+
+TEST_F(Hauptbildschirm, NurDieErsteAktivierungGehtZurNeuestenBewegung)
+{
+    oeffne();
+    drucke("Journalliste", Qt::Key_Home, Qt::ControlModifier);
+    EXPECT_EQ(aktuelleBewegung(), u"05.03. | H1 | Weizen | +100,00 | Zukauf"_s);
+    QWidget anderes;
+    anderes.show();
+    anderes.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&anderes));
+    fenster->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(fenster.get()));
+    EXPECT_EQ(aktuelleBewegung(), u"05.03. | H1 | Weizen | +100,00 | Zukauf"_s);
+    drucke("Command1", Qt::Key_Return); // on a focused button Enter presses it
+    EXPECT_FALSE(fenster->isVisible());
+    EXPECT_EQ(hof.journal(2024).size(), 6U);
 }
 
 TEST_F(Hauptbildschirm, DerWirtKannEinenLagerortVorgeben)
