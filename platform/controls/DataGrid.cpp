@@ -11,6 +11,7 @@
 #include <QPainter>
 #include <QScopedValueRollback>
 #include <QStyledItemDelegate>
+#include <QToolTip>
 
 using namespace Qt::StringLiterals;
 
@@ -152,6 +153,8 @@ void DataGrid::showSort(int column, Qt::SortOrder order)
 {
     m_header->setSortIndicatorShown(column >= 0);
     m_header->setSortIndicator(column, order);
+    if (column < 0 || !m_sized || Columns(column).Width() > 0) return;
+    setColumnWidth(column, qMax(columnWidth(column), m_header->widthFor(Columns(column).Caption(), true)));
 }
 
 void DataGrid::rowsReplaced()
@@ -244,6 +247,18 @@ void DataGrid::changeEvent(QEvent* event)
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) sizeRows();
 }
 
+/// A text that its column cuts is shown whole beside the pointer.
+bool DataGrid::viewportEvent(QEvent* event)
+{
+    if (event->type() != QEvent::ToolTip) return QTableView::viewportEvent(event);
+    const auto* const help = static_cast<QHelpEvent*>(event);
+    const QModelIndex index = indexAt(help->pos());
+    const QString text = index.data().toString();
+    const bool cut = index.isValid() && fontMetrics().horizontalAdvance(text) > visualRect(index).width();
+    QToolTip::showText(help->globalPos(), cut ? text : QString(), this);
+    return true;
+}
+
 void DataGrid::showEvent(QShowEvent* event)
 {
     QTableView::showEvent(event);
@@ -258,17 +273,22 @@ void DataGrid::sizeRows()
     verticalHeader()->setDefaultSectionSize(height);
 }
 
-/// Width that the texts of a column need in rows from all over the list; those on view are often of one kind.
-int DataGrid::sampledWidth(int column) const
+/// Widths that the texts of the columns need in rows from all over the list; those on view are often of one kind.
+std::vector<int> DataGrid::sampledWidths() const
 {
-    constexpr int Rows = 40;
-    int width = sizeHintForColumn(column);
+    constexpr int Rows = 500; // as many as the model keeps, so each is read once
+    std::vector<int> widths(static_cast<std::size_t>(ColumnCount()), 0);
     const int rows = m_model->rowCount();
-    for (int i = 0; i < qMin(Rows, rows); ++i) {
-        const int row = int(qint64{i} * (rows - 1) / qMax(1, qMin(Rows, rows) - 1));
-        width = qMax(width, sizeHintForIndex(m_model->index(row, column)).width() + 1);
+    const int samples = qMin(Rows, rows);
+    for (int i = 0; i < samples; ++i) {
+        const int row = int(qint64{i} * (rows - 1) / qMax(1, samples - 1));
+        for (int column = 0; column < ColumnCount(); ++column) {
+            const QString text = m_model->index(row, column).data().toString();
+            int& width = widths[static_cast<std::size_t>(column)];
+            width = qMax(width, fontMetrics().horizontalAdvance(text));
+        }
     }
-    return width;
+    return widths;
 }
 
 /// Once, with the first rows: later widths are the user's, and nothing moves while he works.
@@ -276,12 +296,15 @@ void DataGrid::sizeColumns()
 {
     if (m_sized || !isVisible() || m_model->rowCount() == 0) return;
     m_sized = true;
-    const int margin = 2 * style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this);
-    const int number = fontMetrics().horizontalAdvance(u"-999.999,99"_s) + margin; // room for those further down
+    const int margin = 2 * (style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 2);
+    const int number = fontMetrics().horizontalAdvance(u"99.999,99"_s); // room for those further down
+    const std::vector<int> texts = sampledWidths();
     for (int i = 0; i < ColumnCount(); ++i) {
         if (m_model->column(i).Width() > 0) continue;
-        const int contents = qMax(sampledWidth(i), m_header->widthFor(m_model->column(i).Caption()));
-        setColumnWidth(i, m_model->showsNumbers(i) ? qMax(contents, number) : contents);
+        const int text = texts[static_cast<std::size_t>(i)];
+        const int contents = margin + (m_model->showsNumbers(i) ? qMax(text, number) : text);
+        const bool sorted = m_header->isSortIndicatorShown() && m_header->sortIndicatorSection() == i;
+        setColumnWidth(i, qMax(contents, m_header->widthFor(m_model->column(i).Caption(), sorted)));
     }
 }
 

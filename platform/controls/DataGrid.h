@@ -73,6 +73,7 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void changeEvent(QEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
@@ -80,7 +81,7 @@ private:
     void rowsReplaced();
     void rowRemoved(qsizetype row);
     void follow();
-    int sampledWidth(int column) const;
+    std::vector<int> sampledWidths() const;
     void sizeColumns();
     void sizeRows();
     bool selectsOnly(int row) const;

@@ -43,11 +43,12 @@ QSize GridHeader::sizeHint() const
     return QHeaderView::sizeHint() + QSize(0, captionHeight());
 }
 
-int GridHeader::widthFor(const QString& columnCaption) const
+int GridHeader::widthFor(const QString& columnCaption, bool sorted) const
 {
     QFont marked = font();
-    marked.setBold(true);
-    return QFontMetrics(marked).horizontalAdvance(columnCaption) + style()->pixelMetric(QStyle::PM_HeaderMarkSize) +
+    marked.setBold(sorted);
+    const int mark = sorted ? style()->pixelMetric(QStyle::PM_HeaderMarkSize) : 0;
+    return QFontMetrics(marked).horizontalAdvance(columnCaption) + mark +
            3 * style()->pixelMetric(QStyle::PM_HeaderMargin);
 }
 

@@ -15,7 +15,8 @@ public:
     void setCaption(const QString& caption);
 
     QSize sizeHint() const override;
-    int widthFor(const QString& columnCaption) const; ///< Pixels for a column's caption with the mark of the order.
+    int widthFor(const QString& columnCaption,
+                 bool sorted) const; ///< Pixels for a caption, with the mark of the order.
 
 Q_SIGNALS:
     void emptyClicked(); ///< Beside the columns.
