@@ -4,15 +4,33 @@
 #include "host/Einrichtung.h"
 #include "platform/jet/Engine.h"
 
+namespace {
+
+const QString Betriebsnummer = QStringLiteral("4711");
+
+} // namespace
+
+void Messbetrieb::melde(const Installation& ort)
+{
+    ort.verwende();
+    modulzustand().Betriebsnummer = Betriebsnummer;
+    modulzustand().Lagerpasswort = QStringLiteral(";pwd=quenlor");
+    modulzustand().Stichdatum = QDate(ErstesJahr, 1, 1);
+}
+
 Messbetrieb::Messbetrieb(int zeilenJeJahr, int paare, int jahre) : m_ort(m_ordner.path())
 {
-    modulzustand().Betriebsnummer = m_betriebsnummer;
-    modulzustand().Stichdatum = QDate(ErstesJahr, 1, 1);
     for (int jahr = ErstesJahr; jahr < ErstesJahr + jahre; ++jahr) {
-        richteEin(m_ort, m_betriebsnummer, jahr);
+        richteEin(m_ort, Betriebsnummer, jahr);
         Musterjournal(jahr, zeilenJeJahr, paare).schreibe(*jet::engine().OpenDatabase(journaldatei(jahr)));
     }
+    melde(m_ort);
     jet::engine().release();
+}
+
+QString Messbetrieb::journaldatei(int jahr) const
+{
+    return m_ort.journaldatei(Betriebsnummer, jahr);
 }
 
 Messbetrieb::~Messbetrieb()

@@ -14,11 +14,13 @@ public:
     ~Messbetrieb();
     Q_DISABLE_COPY_MOVE(Messbetrieb)
 
-    QString journaldatei(int jahr) const { return m_ort.journaldatei(m_betriebsnummer, jahr); }
+    /// Lets the product find a farm that another process of the run has made.
+    static void melde(const Installation& ort);
+
+    QString journaldatei(int jahr) const;
     QString verzeichnis() const { return m_ort.verzeichnis(); }
 
 private:
-    const QString m_betriebsnummer = QStringLiteral("4711");
     QTemporaryDir m_ordner;
     Installation m_ort;
 };

@@ -19,6 +19,16 @@ double median(std::vector<double> zeiten)
     return *mitte;
 }
 
+double kuerzeste(const std::vector<double>& zeiten)
+{
+    return *std::min_element(zeiten.begin(), zeiten.end());
+}
+
+QString fach(double verhaeltnis)
+{
+    return QString::number(verhaeltnis, 'f', 2) + u"x"_s;
+}
+
 double sekunden(const std::function<void()>& arbeit)
 {
     QElapsedTimer uhr;
@@ -76,25 +86,29 @@ void Messung::miss(int runden)
         }
     }
     drucke(m_titel + u", "_s + QString::number(runden) + u" rounds"_s);
-    const double grenze = median(m_wege.front().zeiten);
     for (const Weg& weg : m_wege)
-        drucke(zeile(weg, grenze));
+        drucke(zeile(weg, m_wege.front()));
 }
 
-QString Messung::zeile(const Weg& weg, double grenze)
+QString Messung::zeile(const Weg& weg, const Weg& grenze)
 {
     const double mitte = median(weg.zeiten);
-    const double mindestens = *std::min_element(weg.zeiten.begin(), weg.zeiten.end());
+    const double mindestens = kuerzeste(weg.zeiten);
     QString zeiten = u"  "_s + weg.name.leftJustified(40) + zeitText(mitte).rightJustified(10) + u"  (least "_s +
                      zeitText(mindestens) + u")"_s;
     if (weg.ziel == 0) return zeiten;
-    return zeiten + u"  "_s + QString::number(mitte / grenze, 'f', 2) + u"x of at most "_s + QString::number(weg.ziel) +
-           u"x"_s;
+    return zeiten + u"  "_s + fach(mitte / median(grenze.zeiten)) + u" (least "_s +
+           fach(mindestens / kuerzeste(grenze.zeiten)) + u") of at most "_s + QString::number(weg.ziel) + u"x"_s;
 }
 
 int messe(int argc, char** argv, Umfang vorgabe, Umfang voll, const std::function<void(const Umfang&)>& arbeit)
 {
-    const QCoreApplication programm(argc, argv);
+    return messe(QCoreApplication(argc, argv), vorgabe, voll, arbeit);
+}
+
+int messe(const QCoreApplication& programm, Umfang vorgabe, Umfang voll,
+          const std::function<void(const Umfang&)>& arbeit)
+{
     try {
         arbeit(umfang(programm, vorgabe, voll));
         return 0;

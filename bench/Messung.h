@@ -5,6 +5,8 @@
 #include <functional>
 #include <vector>
 
+class QCoreApplication;
+
 /// How much is measured. The command line may change each: --zeilen, --paare, --runden, or --voll for the full size.
 struct Umfang {
     int zeilen; ///< Journal rows a year.
@@ -31,7 +33,7 @@ private:
         std::function<void()> vorher;
         std::vector<double> zeiten; // seconds
     };
-    static QString zeile(const Weg& weg, double grenze);
+    static QString zeile(const Weg& weg, const Weg& grenze);
 
     QString m_titel;
     int m_teile;
@@ -41,6 +43,8 @@ private:
 /// The main function of a measuring program. \returns its exit code: 0, or 1 when a result was wrong or a limit that
 /// does not hang on the machine was passed.
 int messe(int argc, char** argv, Umfang vorgabe, Umfang voll, const std::function<void(const Umfang&)>& arbeit);
+int messe(const QCoreApplication& programm, Umfang vorgabe, Umfang voll,
+          const std::function<void(const Umfang&)>& arbeit);
 
 /// Ends the measuring with this text when the condition does not hold.
 void fordere(bool bedingung, const QString& text);

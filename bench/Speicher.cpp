@@ -4,6 +4,8 @@
 
 #include <QFile>
 
+#include <malloc.h>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -34,4 +36,10 @@ void beginneSpitze()
     QFile schalter(u"/proc/self/clear_refs"_s);
     fordere(schalter.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && schalter.write("5") == 1,
             u"the system does not let the peak of memory begin anew"_s);
+}
+
+double vergebenerSpeicher()
+{
+    const auto stand = mallinfo2();
+    return static_cast<double>(stand.uordblks) + static_cast<double>(stand.hblkhd);
 }

@@ -1,12 +1,16 @@
 // Memory: of a process that has asked ten thousand different statements, and of an open journal.
 
 #include "bench/Messbetrieb.h"
-#include "bench/Messung.h"
+#include "bench/Messbildschirm.h"
 #include "bench/Speicher.h"
+#include "core/Modulzustand.h"
+#include "overview/Ansichten.h"
+#include "platform/controls/DataGrid.h"
 #include "platform/jet/Engine.h"
 
-#include <malloc.h>
+#include <QCoreApplication>
 
+#include <algorithm>
 #include <cmath>
 
 using namespace Qt::StringLiterals;
@@ -19,7 +23,7 @@ constexpr double HoechstensImProzess = 64 * MiB;
 constexpr double BytesJeSchluessel = 8;
 constexpr double HoechstensFach = 3;
 constexpr int MehrAlsEinPaarHat = 1'000'000;    // rows
-constexpr int AussagekraeftigeZeilen = 100'000; // below, the pages that the system counts hide the rows
+constexpr int AussagekraeftigeZeilen = 100'000; // below, what does not hang on the rows hides them
 
 QString megabytes(double bytes)
 {
@@ -72,26 +76,64 @@ void messeAnweisungen(const Messbetrieb& betrieb, const Umfang& umfang)
     fordere(speicherspitze() < HoechstensImProzess, u"too much memory for ten thousand statements"_s);
 }
 
+int letzterMonat(const jet::Recordset& journal)
+{
+    const auto& felder = journal.Fields();
+    const auto datum =
+        std::find_if(felder.begin(), felder.end(), [](const auto& feld) { return feld.name == u"Datum"; });
+    const auto zeile = journal.RowAt(journal.RecordCount() - 1);
+    return (*zeile)[static_cast<std::size_t>(datum - felder.begin())].toDate().month();
+}
+
+/// The memory that `oeffne` takes for a journal.
+void messeOffenes(const QString& titel, const Umfang& umfang, const std::function<void()>& oeffne,
+                  const std::function<const jet::Recordset&()>& journal)
+{
+    const double vorher = vergebenerSpeicher();
+    oeffne();
+    const double jeZeile = (vergebenerSpeicher() - vorher) / umfang.zeilen;
+    fordere(journal().RecordCount() == umfang.zeilen && letzterMonat(journal()) == 12,
+            u"the open journal is not whole"_s);
+    drucke(titel + u", "_s + QString::number(umfang.zeilen) + u" rows; limit: 8 bytes a row, the keys"_s);
+    drucke(u"  "_s + QString::number(jeZeile, 'f', 1) + u" bytes a row  "_s +
+           QString::number(jeZeile / BytesJeSchluessel, 'f', 2) + u"x of at most "_s + QString::number(HoechstensFach) +
+           u"x"_s);
+    fordere(umfang.zeilen < AussagekraeftigeZeilen || jeZeile <= HoechstensFach * BytesJeSchluessel,
+            u"too much memory for an open journal"_s);
+}
+
 void messeJournal(const Messbetrieb& betrieb, const Umfang& umfang)
 {
     const auto datei = jet::engine().OpenDatabase(betrieb.journaldatei(Messbetrieb::ErstesJahr));
     const auto oeffne = [&] { return datei->OpenRecordset(u"SELECT * FROM LAGERJOURNAL ORDER BY Datum"_s); };
-    oeffne();       // what SQLite keeps of the file in memory is there from now on
-    malloc_trim(0); // and what was freed is not there to be used again unseen
-    beginneSpitze();
-    const double vorher = belegterSpeicher();
-    const auto journal = oeffne();
-    const double jeZeile = (belegterSpeicher() - vorher) / umfang.zeilen;
-    const double spitzeJeZeile = (speicherspitze() - vorher) / umfang.zeilen;
-    journal->MoveLast();
-    fordere(journal->RecordCount() == umfang.zeilen && (*journal)[u"Datum"].toDate().month() == 12,
-            u"the open journal is not whole"_s);
-    drucke(u"Open journal, "_s + QString::number(umfang.zeilen) + u" rows; limit: 8 bytes a row, the keys"_s);
-    drucke(u"  open "_s + QString::number(jeZeile, 'f', 1) + u" bytes a row, while opening "_s +
-           QString::number(spitzeJeZeile, 'f', 1) + u"  "_s + QString::number(jeZeile / BytesJeSchluessel, 'f', 2) +
-           u"x of at most "_s + QString::number(HoechstensFach) + u"x"_s);
-    fordere(umfang.zeilen < AussagekraeftigeZeilen || jeZeile <= HoechstensFach * BytesJeSchluessel,
-            u"too much memory for an open journal"_s);
+    oeffne(); // what SQLite keeps of the file in memory is there from now on
+    std::unique_ptr<jet::Recordset> journal;
+    messeOffenes(
+        u"Open journal"_s, umfang, [&] { journal = oeffne(); }, [&]() -> const jet::Recordset& { return *journal; });
+}
+
+/// The same in the grid of the main screen, with the columns of the view.
+void messeJournalliste(const Messbetrieb& betrieb, const Umfang& umfang)
+{
+    DataControl daten;
+    DataGrid liste;
+    daten.setDatabaseName(betrieb.journaldatei(Messbetrieb::ErstesJahr));
+    daten.setConnect(modulzustand().Lagerpasswort);
+    richteJournalEin(daten, liste);
+    const QString alles = daten.RecordSource();
+    const auto datei = jet::engine().OpenDatabase(daten.DatabaseName(), daten.Connect());
+    datei->OpenRecordset(alles); // what SQLite keeps of the file in memory is there from now on
+    const auto zeige = [&](const QString& quelle) {
+        daten.setRecordSource(quelle);
+        daten.Refresh();
+        if (daten.RecordCount() > 0) daten.MoveLast();
+        QCoreApplication::processEvents();
+    };
+    zeigeBisGemalt(liste);
+    zeige(u"SELECT *, 0 AS Zugang, 0 AS Abgang FROM LAGERJOURNAL WHERE ID < 0"_s);
+    messeOffenes(
+        u"Open journal in its grid"_s, umfang, [&] { zeige(alles); },
+        [&]() -> const jet::Recordset& { return daten.Recordset(); });
 }
 
 void messeSpeicher(const Umfang& umfang)
@@ -100,11 +142,12 @@ void messeSpeicher(const Umfang& umfang)
     messeAnweisungen(betrieb, umfang);
     jet::engine().release();
     messeJournal(betrieb, umfang);
+    messeJournalliste(betrieb, umfang);
 }
 
 } // namespace
 
 int main(int argc, char** argv)
 {
-    return messe(argc, argv, {100'000, 5'000, 1}, {1'000'000, 5'000, 1}, messeSpeicher);
+    return messeBildschirm(argc, argv, {100'000, 5'000, 1}, {1'000'000, 5'000, 1}, messeSpeicher);
 }

@@ -1,0 +1,96 @@
+#include "bench/Messbildschirm.h"
+
+#include "platform/controls/CheckBox.h"
+#include "platform/controls/ComboBox.h"
+#include "platform/controls/DataGrid.h"
+
+#include <QApplication>
+#include <QHeaderView>
+#include <QShortcut>
+
+#include <stdexcept>
+#include <string>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Notes the painting of a window.
+class Malwaechter : public QObject {
+public:
+    explicit Malwaechter(QWidget& fenster) { fenster.installEventFilter(this); }
+    bool istGemalt() const { return m_gemalt; }
+
+protected:
+    bool eventFilter(QObject* fenster, QEvent* event) override
+    {
+        m_gemalt = m_gemalt || event->type() == QEvent::Paint;
+        return QObject::eventFilter(fenster, event);
+    }
+
+private:
+    bool m_gemalt = false;
+};
+
+} // namespace
+
+void zeigeBisGemalt(QWidget& fenster)
+{
+    const Malwaechter waechter(fenster);
+    fenster.show();
+    while (!waechter.istGemalt()) // its children are painted in the same go
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+}
+
+Messbildschirm::Messbildschirm()
+{
+    zeigeBisGemalt(m_fenster);
+}
+
+Messbildschirm::~Messbildschirm()
+{
+    m_fenster.close();
+}
+
+template <class Teil>
+Teil& Messbildschirm::teil(const char* name) const
+{
+    auto* const gefunden = m_fenster.findChild<Teil*>(QString::fromLatin1(name));
+    if (!gefunden) throw std::runtime_error(std::string("the main screen has no ") + name);
+    return *gefunden;
+}
+
+const jet::Recordset& Messbildschirm::zeilen(const char* daten) const
+{
+    return teil<DataControl>(daten).Recordset();
+}
+
+void Messbildschirm::filtere()
+{
+    for (QShortcut* const taste : m_fenster.findChildren<QShortcut*>())
+        if (taste->key() == QKeySequence(QKeySequence::Refresh)) Q_EMIT taste->activated();
+}
+
+void Messbildschirm::inSumme(bool wert)
+{
+    auto& haken = teil<CheckBox>("chkNurSumme");
+    if (haken.isChecked() != wert) haken.click();
+}
+
+void Messbildschirm::waehleJahr(int jahr)
+{
+    teil<ComboBox>("drpJahr").enterText(QString::number(jahr));
+}
+
+void Messbildschirm::klickeKopf(const char* liste, int spalte)
+{
+    Q_EMIT teil<DataGrid>(liste).horizontalHeader()->sectionClicked(spalte);
+}
+
+int messeBildschirm(int argc, char** argv, Umfang vorgabe, Umfang voll,
+                    const std::function<void(const Umfang&)>& arbeit)
+{
+    if (qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    return messe(QApplication(argc, argv), vorgabe, voll, arbeit);
+}

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "bench/Messung.h"
+#include "overview/LagerbestandNeu.h"
+
+#include <QString>
+
+class DataGrid;
+
+/// The real main screen on the farm that is there, open for the year of the key date, steered as a user does.
+class Messbildschirm {
+public:
+    Messbildschirm(); ///< Returns when it has been painted.
+    ~Messbildschirm();
+    Q_DISABLE_COPY_MOVE(Messbildschirm)
+
+    void filtere(); ///< The key F5.
+    void inSumme(bool wert);
+    void waehleJahr(int jahr);
+    void klickeKopf(const char* liste, int spalte);
+
+    const jet::Recordset& journal() const { return zeilen("Journaldaten"); }
+    const jet::Recordset& bestandsliste() const { return zeilen("Bestanddaten"); }
+
+private:
+    template <class Teil>
+    Teil& teil(const char* name) const;
+    const jet::Recordset& zeilen(const char* daten) const;
+
+    LagerbestandNeu m_fenster;
+};
+
+/// Shows a window and returns when all of it has been painted.
+void zeigeBisGemalt(QWidget& fenster);
+
+/// messe() for programs with windows; without a display they are painted into memory.
+int messeBildschirm(int argc, char** argv, Umfang vorgabe, Umfang voll,
+                    const std::function<void(const Umfang&)>& arbeit);
