@@ -277,13 +277,18 @@ void DataGrid::sizeRows()
 std::vector<int> DataGrid::sampledWidths() const
 {
     constexpr int Rows = 500; // as many as the model keeps, so each is read once
+    constexpr qsizetype Alike = 2; // characters by which a wider text may be shorter
     std::vector<int> widths(static_cast<std::size_t>(ColumnCount()), 0);
+    std::vector<qsizetype> longest(widths.size(), 0);
     const int rows = m_model->rowCount();
     const int samples = qMin(Rows, rows);
     for (int i = 0; i < samples; ++i) {
         const int row = int(qint64{i} * (rows - 1) / qMax(1, samples - 1));
         for (int column = 0; column < ColumnCount(); ++column) {
             const QString text = m_model->index(row, column).data().toString();
+            qsizetype& length = longest[static_cast<std::size_t>(column)];
+            if (text.size() + Alike < length) continue; // measuring costs more than reading
+            length = qMax(length, text.size());
             int& width = widths[static_cast<std::size_t>(column)];
             width = qMax(width, fontMetrics().horizontalAdvance(text));
         }
