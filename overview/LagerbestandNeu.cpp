@@ -10,6 +10,7 @@
 #include "overview/Ansichten.h"
 #include "overview/Auswahllisten.h"
 #include "overview/Bildschirmzustand.h"
+#include "overview/Hilfe.h"
 #include "overview/Kurzelliste.h"
 #include "overview/Spaltenbreiten.h"
 #include "platform/controls/Wiring.h"
@@ -19,6 +20,7 @@
 #include "platform/system/ErrorReport.h"
 #include "platform/system/Files.h"
 #include "platform/system/Messages.h"
+#include "platform/system/OwnFile.h"
 #include "platform/system/Pointer.h"
 
 #include <QKeyEvent>
@@ -82,6 +84,7 @@ void LagerbestandNeu::richteMenuEin()
     einstellungen->setObjectName(u"M_Einstellungen"_s);
     einstellungen->addAction(ui->M_Vorjahr);
     leiste->addMenu(u"E&xtras"_s)->addAction(ui->M_PflanzschPrufen);
+    leiste->addMenu(u"&Hilfe"_s)->addAction(ui->M_Hilfe);
     layout()->setMenuBar(leiste);
 }
 
@@ -119,6 +122,7 @@ void LagerbestandNeu::verdrahteAlles()
         if (ungefiltert) FilterEinstellen();
     });
     verdrahte(ui->M_Vorjahr, &QAction::triggered, this, &LagerbestandNeu::M_Vorjahr_Click);
+    verdrahte(ui->M_Hilfe, &QAction::triggered, this, [] { zeigeHilfe(modulzustand().Hilfedatei, sys::ownFile()); });
     verdrahte(ui->Command1, &QPushButton::clicked, this, [this] { close(); });
     verdrahte(new QShortcut(QKeySequence::Refresh, this), &QShortcut::activated, this, &LagerbestandNeu::aktualisiere);
 }

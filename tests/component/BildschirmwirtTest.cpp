@@ -2,11 +2,13 @@
 
 #include "tests/support/Bildschirm.h"
 #include "tests/support/Print.h"
+#include "tests/support/Rekorder.h"
 #include "tests/support/Testbetrieb.h"
 
 #include <zablager/DatabaseError.h>
 #include <zablager/Lagerverwaltungsdaten.h>
 
+#include <QDir>
 #include <QMessageBox>
 #include <QPluginLoader>
 #include <QTest>
@@ -82,4 +84,39 @@ TEST(Bildschirmwirt, OeffnetDenBildschirmUndFragtInzwischenBestaende)
     imNaechstenFenster([](QWidget& fenster) { fenster.close(); });
     lager->LagerbestandLaden(); // and again
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+}
+
+TEST(Bildschirmwirt, BekommtMitF1UeberallDieHilfe)
+{
+    const Testbetrieb hof;
+    hof.bucht(2024, "05.03. | H1 | Weizen | 12,5 | Zukauf");
+    QPluginLoader loader(QStringLiteral(ZABLAGER_LIBRARY));
+    auto* const zablager = qobject_cast<IZablager*>(loader.instance());
+    ASSERT_TRUE(zablager) << loader.errorString().toStdString();
+    const auto lager = zablager->erzeuge();
+    lager->setBetriebsnummer(u"4711"_s);
+    lager->setDatenverzeichnis(hof.journaldatei(2024));
+    lager->setStichdatum(QDate(2024, 1, 1));
+
+    QFile hilfedatei(hof.ort().programm() + u"/ZAB Hilfe/Lagerverwaltung.chm"_s);
+    ASSERT_TRUE(QDir().mkpath(QFileInfo(hilfedatei).path()));
+    ASSERT_TRUE(hilfedatei.open(QIODevice::WriteOnly));
+    const QString handbuch = QDir::cleanPath(QFileInfo(QStringLiteral(ZABLAGER_LIBRARY)).path() +
+                                             u"/../share/doc/zablager/handbuch/hauptbildschirm.html"_s);
+    Rekorder oeffner(u"xdg-open"_s);
+    imNaechstenFenster([&](QWidget& fenster) {
+        for (const auto& feld : {u"Journalliste"_s, u"VonDatum"_s, u"drpArtikel"_s, u"chkNurSumme"_s, u"SSTab1"_s}) {
+            SCOPED_TRACE(feld.toStdString());
+            fenster.findChild<QWidget*>(feld)->setFocus();
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_F1);
+            EXPECT_EQ(oeffner.aufruf(), QStringList{hilfedatei.fileName()});
+        }
+        hilfedatei.remove();
+        if (QFile::exists(handbuch)) { // where it could be built
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_F1);
+            EXPECT_EQ(oeffner.aufruf(), QStringList{handbuch});
+        }
+        fenster.close();
+    });
+    lager->LagerbestandLaden();
 }

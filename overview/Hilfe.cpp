@@ -1,0 +1,32 @@
+#include "overview/Hilfe.h"
+
+#include "platform/system/Files.h"
+#include "platform/system/Messages.h"
+#include "platform/system/Path.h"
+#include "platform/system/Programs.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString handbuchseite(const QString& bibliothek)
+{
+    const QString ordner = QFileInfo(bibliothek).path();
+    return QDir::cleanPath(ordner + u"/../share/doc/zablager/handbuch/hauptbildschirm.html"_s);
+}
+
+} // namespace
+
+void zeigeHilfe(const QString& Hilfedatei, const QString& bibliothek)
+{
+    const QString handbuch = handbuchseite(bibliothek);
+    for (const QString& seite : {Hilfedatei, handbuch}) {
+        if (!seite.isEmpty() && sys::Exist(seite)) return sys::openDocument(seite);
+    }
+    sys::critical(u"Die Hilfe wurde nicht gefunden. Erwartet wird sie in einer dieser beiden Dateien:\r\r"_s +
+                  sys::localPath(Hilfedatei) + u'\r' + handbuch +
+                  u"\r\rWird die Lagerverwaltung neu eingerichtet, so ist auch das Handbuch wieder da."_s);
+}

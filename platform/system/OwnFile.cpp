@@ -1,0 +1,23 @@
+#include "platform/system/OwnFile.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <dlfcn.h>
+
+namespace sys {
+
+namespace {
+
+const char Here = 0; // its address tells our file from the host's; a function's might be the host's of the same name
+
+} // namespace
+
+QString ownFile()
+{
+    Dl_info found{};
+    if (::dladdr(&Here, &found) == 0) return {}; // cannot be: an address of our own lies in a loaded file
+    return QFileInfo(QFile::decodeName(found.dli_fname)).absoluteFilePath();
+}
+
+} // namespace sys
