@@ -1,18 +1,23 @@
 #include "tests/support/Print.h"
 
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QProcess>
 #include <QRegularExpression>
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
-const QStringList Documents = {u"README.md"_s, u"docs/architecture.md"_s, u"docs/contributing.md"_s, u"docs/hosts.md"_s,
-                               u"bench/README.md"_s};
+const QStringList Handbook = {u"docs/handbuch/index.adoc"_s, u"docs/handbuch/hauptbildschirm.adoc"_s};
+const QStringList Documents = QStringList{u"README.md"_s, u"docs/architecture.md"_s, u"docs/contributing.md"_s,
+                                          u"docs/hosts.md"_s, u"bench/README.md"_s} +
+                              Handbook;
 
 QDir tree()
 {
@@ -45,6 +50,32 @@ QString help()
     EXPECT_TRUE(program.waitForFinished()) << program.errorString().toStdString();
     EXPECT_EQ(program.exitCode(), 0);
     return QString::fromUtf8(program.readAllStandardOutput());
+}
+
+/// What the program can show: the captions of its screens and the string literals of its sources, without mnemonics.
+QStringList textsOfTheProgram()
+{
+    QStringList texts;
+    for (const auto& room : {u"overview"_s, u"core"_s, u"platform"_s}) {
+        QDirIterator files(tree().filePath(room), {u"*.ui"_s, u"*.cpp"_s, u"*.h"_s}, QDir::Files,
+                           QDirIterator::Subdirectories);
+        while (files.hasNext()) {
+            const QString text = textOf(files.next());
+            texts += captured(text, u"<string>([^<]+)</string>"_s) + captured(text, u"\"((?:[^\"\\\\\n]|\\\\.)+)\""_s);
+        }
+    }
+    return texts.replaceInStrings(u"&amp;"_s, u"&"_s).replaceInStrings(u"&"_s, QString());
+}
+
+/// Whether a text of the handbook is one of the program's; "…" stands for what differs from case to case.
+bool isShown(const QString& quoted, const QStringList& texts)
+{
+    if (!quoted.contains(u'…')) return texts.contains(quoted);
+    const QStringList pieces = quoted.split(u'…', Qt::SkipEmptyParts);
+    return std::all_of(pieces.begin(), pieces.end(), [&](const QString& piece) {
+        return std::any_of(texts.begin(), texts.end(),
+                           [&](const QString& text) { return text.contains(piece.trimmed()); });
+    });
 }
 
 } // namespace
@@ -81,6 +112,20 @@ TEST(Documents, NamePathsAndPresetsThatExist)
         for (const QString& preset : captured(text, u"--preset (\\w+)"_s)) {
             EXPECT_TRUE(presets.contains(u"\"name\": \""_s + preset + u'"')) << preset.toStdString();
         }
+    }
+}
+
+TEST(Documents, QuoteTheScreenLetterForLetter)
+{
+    const QStringList texts = textsOfTheProgram();
+    for (const QString& page : Handbook) {
+        const QString text = textOf(page);
+        QStringList quoted = captured(text, u"`([^`]+)`"_s) + captured(text, u"menu:([^\\[]+)\\["_s) +
+                             captured(text, u"menu:[^\\[]+\\[([^\\]]+)\\]"_s);
+        quoted.removeIf([](const QString& words) { return words.startsWith(u"zablager "); });
+        EXPECT_FALSE(quoted.isEmpty());
+        for (const QString& words : quoted)
+            EXPECT_TRUE(isShown(words, texts)) << page.toStdString() << " quotes " << words.toStdString();
     }
 }
 
