@@ -253,7 +253,7 @@ TEST_F(GridScreen, ReadsOnlyTheRowsOnView)
     EXPECT_EQ(m_data.AbsolutePosition(), (1 << Doublings) - 1);
     EXPECT_EQ(article((1 << Doublings) - 1), u"Weizen"_s);
     EXPECT_GT(cells, 0);
-    EXPECT_LT(cells, 4000); // 500 rows for the widths, and a few pages drawn a few times
+    EXPECT_LT(cells, 2500); // 100 rows for the widths, and a few pages drawn a few times
 }
 
 TEST_F(GridScreen, KeepsTheWidthsOfTheUser)
