@@ -105,8 +105,10 @@ TEST(Documents, NamePathsAndPresetsThatExist)
     const QString presets = textOf(u"CMakePresets.json"_s);
     for (const QString& document : Documents) {
         const QString text = textOf(document);
-        for (const QString& path :
-             captured(text, u"`((?:bench|cmake|component|core|docs|host|include|install|platform|tests)/[^` ]*)`"_s)) {
+        for (
+            const QString& path : captured(
+                text,
+                u"`((?:bench|cmake|component|core|docs|host|include|install|overview|platform|tests|transfer)/[^` ]*)`"_s)) {
             EXPECT_TRUE(tree().exists(path)) << document.toStdString() << " names " << path.toStdString();
         }
         for (const QString& preset : captured(text, u"--preset (\\w+)"_s)) {

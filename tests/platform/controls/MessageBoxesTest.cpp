@@ -43,8 +43,8 @@ QString textOf(const QWidget& box)
 TEST(MessageBoxes, AreAnsweredByKeyboard)
 {
     struct Case {
-        int flags;
         QStringList captions;
+        int flags;
         Qt::Key key;
         Qt::KeyboardModifier modifier;
         Answer answer;
@@ -52,14 +52,14 @@ TEST(MessageBoxes, AreAnsweredByKeyboard)
     const QStringList yesNo = {u"Ja"_s, u"Nein"_s};
     const QStringList three = {u"Abbrechen"_s, u"Wiederholen"_s, u"Ignorieren"_s};
     const Case cases[] = {
-        {OKOnly | Critical, {u"OK"_s}, Qt::Key_Return, Qt::NoModifier, Answer::OK},
-        {OKOnly | Information, {u"OK"_s}, Qt::Key_Escape, Qt::NoModifier, Answer::OK},
-        {YesNo | Question, yesNo, Qt::Key_Return, Qt::NoModifier, Answer::Yes},
-        {YesNo | Question | DefaultButton2, yesNo, Qt::Key_Return, Qt::NoModifier, Answer::No},
-        {YesNo | Question | DefaultButton2, yesNo, Qt::Key_J, Qt::AltModifier, Answer::Yes},
-        {AbortRetryIgnore | Critical | DefaultButton3, three, Qt::Key_Enter, Qt::NoModifier, Answer::Ignore},
-        {AbortRetryIgnore | Critical | DefaultButton3, three, Qt::Key_W, Qt::AltModifier, Answer::Retry},
-        {AbortRetryIgnore | Critical, three, Qt::Key_Space, Qt::NoModifier, Answer::Abort},
+        {{u"OK"_s}, OKOnly | Critical, Qt::Key_Return, Qt::NoModifier, Answer::OK},
+        {{u"OK"_s}, OKOnly | Information, Qt::Key_Escape, Qt::NoModifier, Answer::OK},
+        {yesNo, YesNo | Question, Qt::Key_Return, Qt::NoModifier, Answer::Yes},
+        {yesNo, YesNo | Question | DefaultButton2, Qt::Key_Return, Qt::NoModifier, Answer::No},
+        {yesNo, YesNo | Question | DefaultButton2, Qt::Key_J, Qt::AltModifier, Answer::Yes},
+        {three, AbortRetryIgnore | Critical | DefaultButton3, Qt::Key_Enter, Qt::NoModifier, Answer::Ignore},
+        {three, AbortRetryIgnore | Critical | DefaultButton3, Qt::Key_W, Qt::AltModifier, Answer::Retry},
+        {three, AbortRetryIgnore | Critical, Qt::Key_Space, Qt::NoModifier, Answer::Abort},
     };
     for (const Case& c : cases) {
         imNaechstenFenster([&](QWidget& box) {
