@@ -1,6 +1,6 @@
 #include "core/SQLTexte.h"
 
-#include "core/Trim.h"
+#include "platform/system/Blanks.h"
 
 using namespace Qt::StringLiterals;
 
@@ -15,14 +15,14 @@ qsizetype stelle(const QString& quelle, QStringView wort)
 
 QString SQLDatum(const QString& datum)
 {
-    const QString text = Trim(datum);
+    const QString text = sys::trimBlanks(datum);
     return u"#"_s + text.mid(3, 2) + u"/"_s + text.mid(0, 2) + u"/"_s + text.mid(6) + u"#"_s;
 }
 
 QString SQLVorWhere(const QString& quelle)
 {
-    if (const qsizetype where = stelle(quelle, u"where"); where >= 0) return Trim(quelle.left(where));
-    if (const qsizetype order = stelle(quelle, u"order"); order >= 0) return Trim(quelle.left(order));
+    if (const qsizetype where = stelle(quelle, u"where"); where >= 0) return sys::trimBlanks(quelle.left(where));
+    if (const qsizetype order = stelle(quelle, u"order"); order >= 0) return sys::trimBlanks(quelle.left(order));
     return quelle;
 }
 
@@ -32,7 +32,7 @@ QString SQLWhereTeil(const QString& quelle)
     if (where < 0) return {};
     const QString teil = quelle.mid(where);
     const qsizetype order = stelle(teil, u"order");
-    return order < 0 ? teil : Trim(teil.left(order));
+    return order < 0 ? teil : sys::trimBlanks(teil.left(order));
 }
 
 QString SQLAbOrder(const QString& quelle)

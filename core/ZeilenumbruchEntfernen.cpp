@@ -1,6 +1,6 @@
 #include "core/ZeilenumbruchEntfernen.h"
 
-#include "core/Trim.h"
+#include "platform/system/Blanks.h"
 #include "platform/system/ErrorReport.h"
 
 QString ZeilenumbruchEntfernen(const QString& text)
@@ -9,7 +9,7 @@ QString ZeilenumbruchEntfernen(const QString& text)
     sys::underErrorReport({[&] { // a text beyond memory is reported like every other fault of a print
         zeile = text;
         zeile.replace(u'\r', u' ').replace(u'\n', u' ');
-        zeile = Trim(zeile);
+        zeile = sys::trimBlanks(zeile);
     }});
     return zeile;
 }

@@ -7,6 +7,7 @@
 #include "platform/jet/sqlite/Names.h"
 #include "platform/jet/sqlite/Pattern.h"
 #include "platform/jet/sqlite/SqliteError.h"
+#include "platform/system/Blanks.h"
 
 #include <sqlite3.h>
 
@@ -95,20 +96,9 @@ Value upperCase(const Arguments& a)
     return Value(text);
 }
 
-QString trimmedBlanks(const QString& text)
-{
-    qsizetype from = 0;
-    qsizetype to = text.size();
-    while (from < to && text[from] == u' ')
-        ++from;
-    while (to > from && text[to - 1] == u' ')
-        --to;
-    return text.mid(from, to - from);
-}
-
 Value fold(const Arguments& a)
 {
-    return Value(trimmedBlanks(a.text(0).toLower()));
+    return Value(sys::trimBlanks(a.text(0).toLower()));
 }
 
 Value left(const Arguments& a)
