@@ -8,7 +8,6 @@
 #include <QDir>
 #include <QFile>
 #include <QScopeGuard>
-#include <QUuid>
 
 using namespace Qt::StringLiterals;
 
@@ -28,7 +27,7 @@ QStringList anweisungen(const QString& schema)
 void legeDatenbankAn(const QString& datei, const QString& schema, const QString& kennwort)
 {
     if (sys::Exist(datei)) return;
-    const QString entwurf = datei + QUuid::createUuid().toString(QUuid::WithoutBraces).prepend(u'.');
+    const QString entwurf = sys::draftName(datei);
     const QString sortierung = u";LANGID=0x0409;CP=1252;COUNTRY=0"_s;
     const auto raeumeAuf = qScopeGuard([&] { QFile::remove(entwurf); });
     const auto datenbank =

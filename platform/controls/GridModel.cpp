@@ -1,6 +1,7 @@
 #include "platform/controls/GridModel.h"
 
 #include "platform/controls/DataControl.h"
+#include "platform/controls/DateFormat.h"
 #include "platform/controls/GridColumn.h"
 #include "platform/controls/NumberFormat.h"
 #include "platform/jet/Errors.h"
@@ -30,7 +31,7 @@ QString usualText(const jet::Value& value, const QString& format)
 {
     if (value.isNull()) return {};
     if (!format.isEmpty() && jet::isNumber(value.type())) return formatted(value.toDouble(), format);
-    if (value.type() == jet::Type::Date) return value.toDate().toString(u"dd.MM.yyyy"_s);
+    if (value.type() == jet::Type::Date) return formatDate(value.toDate());
     return value.toText().simplified(); // a cell is one line
 }
 

@@ -37,11 +37,6 @@ QString caption(sys::Answer answer)
     Q_UNREACHABLE();
 }
 
-QString lines(QString text)
-{
-    return text.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n');
-}
-
 } // namespace
 
 sys::Answer MessageBoxes::show(const QString& text, int flags)
@@ -50,7 +45,7 @@ sys::Answer MessageBoxes::show(const QString& text, int flags)
     box.setWindowTitle(sys::applicationTitle());
     box.setIcon(icon(flags));
     box.setTextFormat(Qt::PlainText);
-    box.setText(lines(text));
+    box.setText(sys::withLineFeeds(text));
     std::vector<std::pair<QAbstractButton*, sys::Answer>> answers;
     for (const sys::Answer answer : sys::buttons(flags)) {
         // All of one role: Qt would take a button of the role "no" for what Esc means.

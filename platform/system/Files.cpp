@@ -135,12 +135,17 @@ void CopyWhereMissing(const QString& source, const QString& target)
     letGoOf(name);
     if (!from.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) throw fileFault(errno, from.fileName());
 
-    QFile draft(name + QUuid::createUuid().toString(QUuid::WithoutBraces).prepend(u'.'));
+    QFile draft(draftName(name));
     if (!draft.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered)) throw fileFault(errno, name);
     const auto removeDraft = qScopeGuard([&draft] { draft.remove(); });
     copyBytes(from, draft);
     if (::fsync(draft.handle()) != 0) throw fileFault(errno, name);
     if (const int failure = takeName(draft.fileName(), name)) throw fileFault(failure, name);
+}
+
+QString draftName(const QString& path)
+{
+    return path + u'.' + QUuid::createUuid().toString(QUuid::WithoutBraces);
 }
 
 void Kill(const QString& path)

@@ -29,6 +29,9 @@ void FileCopy(const QString& source, const QString& target);
 /// a moment remains in which it is not.) No half file, errors as FileCopy.
 void CopyWhereMissing(const QString& source, const QString& target);
 
+/// A name beside a file under which it can be built: one that nobody else uses.
+QString draftName(const QString& path);
+
 /// Deletes one file. \throws FileError FileNotFound, AccessDenied, PathAccess.
 void Kill(const QString& path);
 

@@ -32,11 +32,14 @@ Answer defaultAnswer(int flags)
     return all[std::min(wanted, all.size() - 1)];
 }
 
+QString withLineFeeds(QString text)
+{
+    return text.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n');
+}
+
 Answer ConsoleMessages::show(const QString& text, int flags)
 {
-    QString lines = text;
-    lines.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n').append(u'\n');
-    const QByteArray bytes = lines.toUtf8();
+    const QByteArray bytes = (withLineFeeds(text) + u'\n').toUtf8();
     std::fwrite(bytes.data(), 1, static_cast<size_t>(bytes.size()), stderr);
     return defaultAnswer(flags);
 }

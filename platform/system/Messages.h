@@ -13,6 +13,9 @@ std::vector<Answer> buttons(int flags);
 /// The answer that the default button gives.
 Answer defaultAnswer(int flags);
 
+/// The text of a message with every line break, CR or CRLF as well, as a line feed.
+QString withLineFeeds(QString text);
+
 /// Messages on a terminal: the text to standard error; nobody is asked, the default button is the answer.
 class ConsoleMessages : public Messages {
 public:
