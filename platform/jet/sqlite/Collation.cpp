@@ -35,7 +35,7 @@ public:
     Collator()
     {
         // The common order of all languages, which is the German one. Rules for what differs would be ten times slower
-        // to open; withoutLastOnes() does it instead.
+        // to open; lettersOf() does it instead.
         UErrorCode status = U_ZERO_ERROR;
         m_collator = ucol_open("root", &status);
         if (U_FAILURE(status)) throw std::runtime_error(u_errorName(status));
@@ -110,27 +110,27 @@ std::vector<std::pair<int, UChar32>> lastOnes(std::string_view text)
 }
 
 /// The letters alone: no characters that count last, and ss for both forms of ß.
-std::string withoutLastOnes(std::string_view text)
+std::string lettersOf(std::string_view text)
 {
     std::string letters;
-    letters.reserve(text.size());
     const auto* bytes = reinterpret_cast<const uint8_t*>(text.data());
     const auto length = static_cast<int32_t>(text.size());
+    std::size_t kept = 0; // what lies between two exceptions is copied in one piece
     for (int32_t i = 0; i < length;) {
         const auto start = static_cast<std::size_t>(i);
         UChar32 c = 0;
         U8_NEXT(bytes, i, length, c);
-        if (isSharpS(c))
-            letters += "ss";
-        else if (!countsLast(c))
-            letters.append(text, start, static_cast<std::size_t>(i) - start);
+        if (!isSharpS(c) && !countsLast(c)) continue;
+        letters.append(text, kept, start - kept);
+        if (isSharpS(c)) letters += "ss";
+        kept = static_cast<std::size_t>(i);
     }
-    return letters;
+    return letters.append(text, kept);
 }
 
 int compareGenerally(std::string_view left, std::string_view right)
 {
-    if (const int order = collator().compare(withoutLastOnes(left), withoutLastOnes(right))) return order;
+    if (const int order = collator().compare(lettersOf(left), lettersOf(right))) return order;
     const auto leftOnes = lastOnes(left);
     const auto rightOnes = lastOnes(right);
     if (leftOnes == rightOnes) return 0;

@@ -14,12 +14,13 @@ struct DeclaredType {
     const char* declared;
 };
 
-// SQLite derives from these words how it stores values: texts must never be taken for numbers, so both kinds of text
-// carry TEXT in their name; LONG must not read INT, which would make a primary key of that type the row's own key.
+// SQLite derives from these words how it stores values: texts must never be taken for numbers, so dates and both kinds
+// of text carry TEXT in their name (DATETIME, which is only read, makes every comparison try both dates for numbers);
+// LONG must not read INT, which would make a primary key of that type the row's own key.
 constexpr DeclaredType DeclaredTypes[] = {
     {Type::Boolean, "YESNO"},   {Type::Byte, "BYTE"},     {Type::Short, "SHORT"},   {Type::Long, "LONG"},
     {Type::Counter, "INTEGER"}, {Type::Double, "DOUBLE"}, {Type::Single, "SINGLE"}, {Type::Currency, "CURRENCY"},
-    {Type::Date, "DATETIME"},   {Type::Text, "TEXT"},     {Type::Memo, "LONGTEXT"},
+    {Type::Date, "DATETEXT"},   {Type::Text, "TEXT"},     {Type::Memo, "LONGTEXT"}, {Type::Date, "DATETIME"},
 };
 
 } // namespace
