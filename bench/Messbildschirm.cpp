@@ -45,6 +45,7 @@ void zeigeBisGemalt(QWidget& fenster)
 Messbildschirm::Messbildschirm()
 {
     zeigeBisGemalt(m_fenster);
+    QCoreApplication::processEvents(); // the stock list comes after the first painting
 }
 
 Messbildschirm::~Messbildschirm()

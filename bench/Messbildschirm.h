@@ -10,7 +10,7 @@ class DataGrid;
 /// The real main screen on the farm that is there, open for the year of the key date, steered as a user does.
 class Messbildschirm {
 public:
-    Messbildschirm(); ///< Returns when it has been painted.
+    Messbildschirm(); ///< Returns when it has been painted and both views are there.
     ~Messbildschirm();
     Q_DISABLE_COPY_MOVE(Messbildschirm)
 

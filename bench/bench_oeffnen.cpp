@@ -5,9 +5,12 @@
 
 #include "ui_LagerbestandNeu.h"
 
+#include "overview/Ansichten.h"
+#include "platform/controls/DataControl.h"
 #include "platform/jet/Engine.h"
 
 #include <QApplication>
+#include <QMenuBar>
 #include <QProcess>
 
 #include <optional>
@@ -33,17 +36,24 @@ std::optional<Inhalt> inhaltZu(const QString& text)
     return {};
 }
 
-/// The same widgets without data.
+/// The same widgets without data: fields, menu and the columns of both lists.
 class LeererBildschirm : public QDialog {
 public:
     LeererBildschirm()
     {
         m_ui.setupUi(this);
+        richteJournalEin(m_journal, *m_ui.Journalliste);
+        richteBestandslisteEin(m_bestand, *m_ui.BestandListe);
+        auto* const leiste = new QMenuBar(this);
+        for (QAction* befehl : {m_ui.M_Vorjahr, m_ui.M_PflanzschPrufen, m_ui.M_Hilfe})
+            leiste->addMenu(befehl->text())->addAction(befehl);
+        layout()->setMenuBar(leiste);
         resize(Entwurfsgroesse);
     }
 
 private:
     Ui::LagerbestandNeu m_ui;
+    DataControl m_journal, m_bestand;
 };
 
 std::unique_ptr<QDialog> bildschirm(Inhalt inhalt)

@@ -274,21 +274,44 @@ void LagerbestandNeu::AuswahllistenFullen()
 void LagerbestandNeu::FilterEinstellen()
 {
     const auto warten = sanduhr();
-    const QString wahl = eingrenzung({.Lagerort = ui->drpLagerOrte->Text(),
-                                      .Artikelgruppe = ui->drpArtikelGruppe->Text(),
-                                      .Artikel = ui->drpArtikel->Text(),
-                                      .von = ui->VonDatum->Date(),
-                                      .bis = ui->Buchdatum->Date()});
-    const Bestandsansicht ansicht{.inSumme = ui->chkNurSumme->isChecked(), .ohneNull = ui->chkOhneNull->isChecked()};
     sys::underErrorReport({
         [] { // litres were once called so
             oeffneJahr()->Execute(u"UPDATE LAGERJOURNAL SET EINHEIT = 'l' WHERE IIF(Isnull(EINHEIT),'',EINHEIT) = 'Lt'"
                                   u" AND ARTIKELART = 'Pflanzenschutzmittel'"_s);
         },
-        [&] { filtereJournal(*Journaldaten, *ui->Journalliste, wahl); },
-        [&] { filtereBestandsliste(*Bestanddaten, *ui->BestandListe, wahl, ansicht); },
+        [this] { filtereJournal(*Journaldaten, *ui->Journalliste, gewaehlteEingrenzung()); },
+        [this] {
+            if (m_gemalt) zeigeBestandsliste();
+        },
         [this] { zeigeVorjahr(); },
     });
+}
+
+QString LagerbestandNeu::gewaehlteEingrenzung() const
+{
+    return eingrenzung({.Lagerort = ui->drpLagerOrte->Text(),
+                        .Artikelgruppe = ui->drpArtikelGruppe->Text(),
+                        .Artikel = ui->drpArtikel->Text(),
+                        .von = ui->VonDatum->Date(),
+                        .bis = ui->Buchdatum->Date()});
+}
+
+void LagerbestandNeu::zeigeBestandsliste()
+{
+    filtereBestandsliste(*Bestanddaten, *ui->BestandListe, gewaehlteEingrenzung(),
+                         {.inSumme = ui->chkNurSumme->isChecked(), .ohneNull = ui->chkOhneNull->isChecked()});
+}
+
+/// The journal is to be seen at once; the sums of a large year take half a second more, on a tab that is still behind.
+void LagerbestandNeu::nachErstemMalen()
+{
+    if (m_gemalt) return;
+    m_gemalt = true;
+    const auto lade = [this] {
+        const auto warten = sanduhr();
+        sys::underErrorReport({[this] { zeigeBestandsliste(); }});
+    };
+    QMetaObject::invokeMethod(this, lade, Qt::QueuedConnection);
 }
 
 void LagerbestandNeu::zeigeVorjahr()
@@ -421,6 +444,7 @@ void LagerbestandNeu::GruppierungLaden()
 
 bool LagerbestandNeu::event(QEvent* event)
 {
+    if (event->type() == QEvent::Paint) nachErstemMalen();
     if (event->type() == QEvent::WindowActivate) sys::underErrorReport({[this] { Form_Activate(); }});
     return QDialog::event(event);
 }

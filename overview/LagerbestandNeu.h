@@ -60,6 +60,9 @@ private:
     void stelleWiederHer();
     void uebernimmLagerort();
     void zeigeVorjahr();
+    QString gewaehlteEingrenzung() const;
+    void zeigeBestandsliste();
+    void nachErstemMalen();
 
     std::unique_ptr<Ui::LagerbestandNeu> ui;
     DataControl* Journaldaten;
@@ -67,5 +70,6 @@ private:
     WorkingDirectory m_arbeitsverzeichnis;
     QString m_gebundenesJahr; ///< The year that both views show.
     bool m_ersteAktivierung = false;
+    bool m_gemalt = false; ///< Seen for the first time; until then the stock list waits.
     bool m_wiederhergestellt = false; ///< The remembered state was shown, and may be remembered anew.
 };

@@ -276,7 +276,7 @@ void DataGrid::sizeRows()
 /// Widths that the texts of the columns need in rows from all over the list; those on view are often of one kind.
 std::vector<int> DataGrid::sampledWidths() const
 {
-    constexpr int Rows = 100; // each is read: more would be felt when a screen opens
+    constexpr int Rows = 40;       // each is read: more would be felt when a screen opens
     constexpr qsizetype Alike = 2; // characters by which a wider text may be shorter
     std::vector<int> widths(static_cast<std::size_t>(ColumnCount()), 0);
     std::vector<qsizetype> longest(widths.size(), 0);

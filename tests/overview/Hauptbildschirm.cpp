@@ -51,6 +51,7 @@ void Hauptbildschirm::oeffne()
     fenster->show();
     fenster->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(fenster.get()));
+    QCoreApplication::processEvents(); // the stock list comes after the first painting
 }
 
 void Hauptbildschirm::schliesse()
