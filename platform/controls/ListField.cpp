@@ -12,6 +12,8 @@
 
 ListField::ListField(QWidget* parent) : ComboField(parent)
 {
+    constexpr int Rows = 20; // a farm's kinds of articles without scrolling
+    setMaxVisibleItems(Rows);
     connect(lineEdit(), &QLineEdit::textEdited, this, &ListField::complete);
     lineEdit()->installEventFilter(this);
 }
