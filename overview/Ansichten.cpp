@@ -5,8 +5,8 @@
 #include "platform/controls/DataGrid.h"
 #include "platform/controls/GridSortieren.h"
 
-#include <QScopeGuard>
-
+#include <algorithm>
+#include <functional>
 #include <optional>
 
 using namespace Qt::StringLiterals;
@@ -19,6 +19,8 @@ const QString Bestandsquelle =
     u"Select Sum(IIF(Menge < 0, -Menge,0)) as Abgang, Sum(IIF(Menge > 0, Menge,0)) as Zugang, Sum(Menge) as Bestand,"
     u" Artikel,  LagerortKurzku, Artikelart, Einheit, First(Untergruppe) as UGruppe FROM LAGERJOURNAL"
     u" GROUP BY ARTIKEL,  LagerortKurzku, Artikelart, Einheit ORDER BY ARTIKEL"_s;
+
+const QString NichtGelesen = u"Die Datei konnte nicht gelesen werden; F5 versucht es noch einmal"_s;
 
 struct Spalte {
     QStringView titel, feld, format;
@@ -79,17 +81,37 @@ void richteEin(DataControl& daten, DataGrid& liste, const Spalte (&spalten)[Anza
     GridVorsortieren(daten, liste, 0);
 }
 
-/// Opens a view by another source. One that the database refuses is given up for the view's first one, and the sort mark
-/// goes off: what broke this text must not break all that come after it.
-void oeffne(DataControl& daten, DataGrid& liste, const QString& quelle, const QString& ersteQuelle)
+/// Whether the file is at fault and not the text of the statement: the same text will do once the file can be read.
+bool liegtAnDerDatei(jet::ErrorNumber fehler)
 {
-    auto zurueck = qScopeGuard([&] {
-        daten.setRecordSource(ersteQuelle);
-        SortiermarkeLoschen(liste);
+    using enum jet::ErrorNumber;
+    constexpr jet::ErrorNumber Dateifehler[] = {FileNotFound,  ReadOnly,           WrongPassword, DiskError,
+                                                PathNotFound,  CannotOpenFile,     DiskFull,      Locked,
+                                                UnknownFormat, UnknownDatabaseType};
+    return std::ranges::find(Dateifehler, fehler) != std::end(Dateifehler);
+}
+
+/// Opens a view in a way that may fail. A source that the database refuses is given up for the view's first one, and the
+/// sort mark goes off: what broke this text must not break all that come after it.
+void oeffne(DataControl& daten, DataGrid& liste, const QString& ersteQuelle, const std::function<void()>& oeffnen)
+{
+    try {
+        oeffnen();
+    } catch (const jet::Error& fehler) {
+        if (!liegtAnDerDatei(fehler.number())) {
+            daten.setRecordSource(ersteQuelle);
+            SortiermarkeLoschen(liste);
+        }
+        throw;
+    }
+}
+
+void oeffne(DataControl& daten, DataGrid& liste, const QString& ersteQuelle, const QString& quelle)
+{
+    oeffne(daten, liste, ersteQuelle, [&] {
+        daten.setRecordSource(quelle);
+        daten.Refresh();
     });
-    daten.setRecordSource(quelle);
-    daten.Refresh();
-    zurueck.dismiss();
 }
 
 template <std::size_t Anzahl>
@@ -101,20 +123,13 @@ QString ersatz(const Ersatz (&liste)[Anzahl], const QString& feld)
     return {};
 }
 
-/// Sorts as the click on a header says, under the same rule as oeffne().
-void sortiere(DataControl& daten, DataGrid& liste, int spalte, const Sortierung& sortierung, const QString& ersteQuelle)
-{
-    auto zurueck = qScopeGuard([&] { daten.setRecordSource(ersteQuelle); });
-    GridSortieren(daten, liste, spalte, sortierung);
-    zurueck.dismiss();
-}
-
 } // namespace
 
 void richteJournalEin(DataControl& daten, DataGrid& liste)
 {
     daten.setRecordSource(Journalquelle);
     liste.setEmptyText(u"Keine Bewegungen in dieser Ansicht"_s);
+    liste.setClosedText(NichtGelesen);
     richteEin(daten, liste, Journalspalten);
 }
 
@@ -123,6 +138,7 @@ void richteBestandslisteEin(DataControl& daten, DataGrid& liste)
     daten.setRecordSource(Bestandsquelle);
     daten.setRecordsetType(jet::Kind::Snapshot);
     liste.setEmptyText(u"Keine Artikel in dieser Ansicht"_s);
+    liste.setClosedText(NichtGelesen);
     liste.setAllowDelete(false);
     richteEin(daten, liste, Bestandsspalten);
 }
@@ -153,7 +169,7 @@ void filtereJournal(DataControl& daten, DataGrid& liste, const QString& eingrenz
 {
     const auto id = aktuelleBewegung(daten);
     const QString alt = daten.RecordSource();
-    oeffne(daten, liste, SQLVorWhere(alt) + eingrenzung + SQLAbOrder(alt), Journalquelle);
+    oeffne(daten, liste, Journalquelle, SQLVorWhere(alt) + eingrenzung + SQLAbOrder(alt));
     sucheBewegung(daten, id);
 }
 
@@ -161,7 +177,7 @@ void filtereBestandsliste(DataControl& daten, DataGrid& liste, const QString& ei
                           const Bestandsansicht& ansicht)
 {
     liste.Columns(u"LagerortKurzKu").setVisible(!ansicht.inSumme);
-    oeffne(daten, liste, bestandsquelle(eingrenzung, ansicht, SQLAbOrder(daten.RecordSource())), Bestandsquelle);
+    oeffne(daten, liste, Bestandsquelle, bestandsquelle(eingrenzung, ansicht, SQLAbOrder(daten.RecordSource())));
 }
 
 void sortiereJournal(DataControl& daten, DataGrid& liste, int spalte)
@@ -170,12 +186,14 @@ void sortiereJournal(DataControl& daten, DataGrid& liste, int spalte)
     const QString feld = spalte < 0 ? QString() : liste.Columns(spalte).DataField();
     const QString ausdruck = ersatz(Journalersatz, feld);
     const QString zweitesFeld = ausdruck.isEmpty() ? u"Datum"_s : QString();
-    sortiere(daten, liste, spalte, {.ausdruck = ausdruck, .zweitesFeld = zweitesFeld}, Journalquelle);
+    oeffne(daten, liste, Journalquelle,
+           [&] { GridSortieren(daten, liste, spalte, {.ausdruck = ausdruck, .zweitesFeld = zweitesFeld}); });
     sucheBewegung(daten, id);
 }
 
 void sortiereBestandsliste(DataControl& daten, DataGrid& liste, int spalte)
 {
     const QString feld = spalte < 0 ? QString() : liste.Columns(spalte).DataField();
-    sortiere(daten, liste, spalte, {.ausdruck = ersatz(Bestandsersatz, feld)}, Bestandsquelle);
+    oeffne(daten, liste, Bestandsquelle,
+           [&] { GridSortieren(daten, liste, spalte, {.ausdruck = ersatz(Bestandsersatz, feld)}); });
 }

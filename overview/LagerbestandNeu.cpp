@@ -12,7 +12,9 @@
 #include "overview/Bildschirmzustand.h"
 #include "overview/Hilfe.h"
 #include "overview/Kurzelliste.h"
+#include "overview/Sortiermenue.h"
 #include "overview/Spaltenbreiten.h"
+#include "overview/Statusmeldung.h"
 #include "platform/controls/Wiring.h"
 #include "platform/family/DatabaseFile.h"
 #include "platform/jet/Engine.h"
@@ -23,11 +25,14 @@
 #include "platform/system/OwnFile.h"
 #include "platform/system/Pointer.h"
 
+#include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QMenuBar>
 #include <QScopeGuard>
 #include <QScreen>
 #include <QShortcut>
+
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -35,6 +40,7 @@ namespace {
 
 constexpr int BreiteKleinerBildschirme = 800; // pixels; there the screen takes all of it
 constexpr QSize Entwurfsgroesse(1000, 700);
+const QString NichtGelesen = u"Nicht gelesen"_s;
 
 std::unique_ptr<jet::Database> oeffneJahr()
 {
@@ -68,6 +74,8 @@ LagerbestandNeu::LagerbestandNeu(QWidget* parent)
         knopf->setAutoDefault(false); // Enter belongs to the field that has the focus
     for (ComboBox* liste : {ui->drpLagerOrte, ui->drpArtikelGruppe, ui->drpArtikel, ui->drpJahr, ui->DrpGruppierung})
         liste->setListOnly(true);
+    ui->drpLagerOrte->setColumns({u"Bezeichnung"_s}, 0);
+    ui->drpJahr->setColumns({u"Jahr"_s}, 0);
     ui->drpLagerOrte->setText(AlleLagerorte);
     ui->drpArtikelGruppe->setText(AlleArtikelgruppen);
     ui->drpArtikel->setText(AlleArtikel);
@@ -83,7 +91,13 @@ void LagerbestandNeu::richteMenuEin()
     QMenu* const einstellungen = leiste->addMenu(u"E&instellungen"_s);
     einstellungen->setObjectName(u"M_Einstellungen"_s);
     einstellungen->addAction(ui->M_Vorjahr);
-    leiste->addMenu(u"E&xtras"_s)->addAction(ui->M_PflanzschPrufen);
+    QMenu* const extras = leiste->addMenu(u"E&xtras"_s);
+    extras->addAction(ui->M_PflanzschPrufen);
+    extras->addMenu(new Sortiermenue(
+        [this]() -> DataGrid& {
+            return ui->SSTab1->currentWidget() == ui->TabJournal ? *ui->Journalliste : *ui->BestandListe;
+        },
+        this));
     leiste->addMenu(u"&Hilfe"_s)->addAction(ui->M_Hilfe);
     layout()->setMenuBar(leiste);
 }
@@ -112,11 +126,13 @@ void LagerbestandNeu::verdrahteAlles()
     verdrahte(ui->chkNurSumme, &CheckBox::Click, this, &LagerbestandNeu::FilterEinstellen);
     verdrahte(ui->SSTab1, &QTabWidget::currentChanged, this, &LagerbestandNeu::SSTab1_Click);
     verdrahte(ui->Journalliste, &DataGrid::HeadClick, this, [this](int spalte) {
+        const auto warten = sanduhr();
         const bool ungefiltert = brauchtFilter(*Journaldaten);
         sortiereJournal(*Journaldaten, *ui->Journalliste, spalte);
         if (ungefiltert) FilterEinstellen();
     });
     verdrahte(ui->BestandListe, &DataGrid::HeadClick, this, [this](int spalte) {
+        const auto warten = sanduhr();
         const bool ungefiltert = brauchtFilter(*Bestanddaten);
         sortiereBestandsliste(*Bestanddaten, *ui->BestandListe, spalte);
         if (ungefiltert) FilterEinstellen();
@@ -133,7 +149,7 @@ void LagerbestandNeu::Form_Load()
     // Before the first refresh, whose row counts are to be shown.
     verdrahte(Journaldaten, &DataControl::Reposition, this, &LagerbestandNeu::Journaldaten_Reposition);
     verdrahte(Bestanddaten, &DataControl::Reposition, this, &LagerbestandNeu::Bestanddaten_Reposition);
-    sys::underErrorReport({
+    const auto ausgang = sys::underErrorReport({
         [this] {
             const Modulzustand& z = modulzustand();
             setWindowTitle(u"Lagerverwaltung des Betriebes "_s + z.Betriebsnummer + u" "_s + z.Betriebsname + u", "_s +
@@ -159,6 +175,7 @@ void LagerbestandNeu::Form_Load()
         [this] { FilterEinstellen(); },
         [this] { GruppierungLaden(); },
     });
+    m_geladen = ausgang == sys::Outcome::Completed;
 }
 
 void LagerbestandNeu::stelleWiederHer()
@@ -215,14 +232,20 @@ void LagerbestandNeu::Form_Unload()
     });
 }
 
+/// \throws jet::Error for what is no year: nothing may come into being or be carried forward for it.
+int LagerbestandNeu::gewaehltesJahr() const
+{
+    const QString jahr = ui->drpJahr->Text();
+    if (jahr.toInt() < 1000 || jahr.size() != 4)
+        throw jet::Error(jet::ErrorNumber::InvalidArgument, u"'"_s + jahr + u"' ist kein Jahr."_s);
+    return jahr.toInt();
+}
+
 /// Makes sure of the year file and lets both views know it, which show it with their next refresh.
 void LagerbestandNeu::bindeJahr()
 {
     Modulzustand& zustand = modulzustand();
-    const QString jahr = ui->drpJahr->Text();
-    if (jahr.toInt() < 1000 || jahr.size() != 4) // nothing may come into being for what is no year
-        throw jet::Error(jet::ErrorNumber::InvalidArgument, u"'"_s + jahr + u"' ist kein Jahr."_s);
-    const QString datei = Journaldatei(jahr.toInt());
+    const QString datei = Journaldatei(gewaehltesJahr());
     const QString vorlage = ProgrammVerzeichnis() + u"\\Lager.Vorlage"_s;
     if (sys::Exist(vorlage)) {
         DatabaseFile jahresdatei;
@@ -232,7 +255,7 @@ void LagerbestandNeu::bindeJahr()
         jahresdatei.Provide();
     }
     zustand.Lagerdatei = datei;
-    zustand.Jahr = jahr; // the year that masks book into, whatever the key date becomes
+    zustand.Jahr = ui->drpJahr->Text(); // the year that masks book into, whatever the key date becomes
     for (DataControl* daten : {Journaldaten, Bestanddaten}) {
         daten->setDatabaseName(datei);
         daten->setConnect(zustand.Lagerpasswort);
@@ -274,6 +297,10 @@ void LagerbestandNeu::AuswahllistenFullen()
 void LagerbestandNeu::FilterEinstellen()
 {
     const auto warten = sanduhr();
+    std::optional<Statusmeldung> meldung;
+    if (m_liestLange) meldung.emplace(*ui->Statuszeile, u"Die Ansichten werden gelesen ..."_s);
+    QElapsedTimer uhr;
+    uhr.start();
     sys::underErrorReport({
         [] { // litres were once called so
             oeffneJahr()->Execute(u"UPDATE LAGERJOURNAL SET EINHEIT = 'l' WHERE IIF(Isnull(EINHEIT),'',EINHEIT) = 'Lt'"
@@ -285,6 +312,8 @@ void LagerbestandNeu::FilterEinstellen()
         },
         [this] { zeigeVorjahr(); },
     });
+    constexpr int Lange = 1000; // ms; by the last time, since nobody knows before
+    m_liestLange = uhr.elapsed() > Lange;
 }
 
 QString LagerbestandNeu::gewaehlteEingrenzung() const
@@ -307,6 +336,7 @@ void LagerbestandNeu::nachErstemMalen()
 {
     if (m_gemalt) return;
     m_gemalt = true;
+    if (!m_geladen) return; // the user left, and knows why nothing is there
     const auto lade = [this] {
         const auto warten = sanduhr();
         sys::underErrorReport({[this] { zeigeBestandsliste(); }});
@@ -333,35 +363,35 @@ void LagerbestandNeu::drpJahr_Click()
 {
     const auto warten = sanduhr();
     const QDate Stichdatum = modulzustand().Stichdatum;
+    const auto ID = aktuelleBewegung(*Journaldaten);
     const auto ausgang = sys::underErrorReport({
-        [this] { modulzustand().Stichdatum = QDate(ui->drpJahr->Text().toInt() - 1, 1, 1); },
+        [this] { modulzustand().Stichdatum = QDate(gewaehltesJahr() - 1, 1, 1); },
         [this] { schreibeWeiter(); },
         [this] { LagerDateiEinstellen(); },
     });
-    if (ausgang == sys::Outcome::Left) {
+    const bool gewechselt = ausgang == sys::Outcome::Completed && m_gebundenesJahr == ui->drpJahr->Text();
+    if (!gewechselt) {
         modulzustand().Stichdatum = Stichdatum;
         kehreZurueck();
     }
     aktualisiere();
-    if (ausgang == sys::Outcome::Completed && Journaldaten->RecordCount() > 0) Journaldaten->MoveLast();
+    if (!gewechselt) return sucheBewegung(*Journaldaten, ID);
+    if (Journaldaten->RecordCount() > 0) Journaldaten->MoveLast();
 }
 
-/// To the year that the views showed, when another one could not be opened.
+/// To the year that the views showed, when another one could not be opened or the user ignored that: dates, status line and
+/// rows must be of one year.
 void LagerbestandNeu::kehreZurueck()
 {
     if (m_gebundenesJahr.isEmpty()) return;
-    const bool ungebunden = modulzustand().Jahr != m_gebundenesJahr;
     ui->drpJahr->setText(m_gebundenesJahr);
-    if (ungebunden) sys::underErrorReport({[this] { LagerDateiEinstellen(); }});
+    if (modulzustand().Jahr != m_gebundenesJahr) sys::underErrorReport({[this] { bindeJahr(); }});
 }
 
 /// The carry-forward of a farm with many years takes its time, so the status line says what is going on.
 void LagerbestandNeu::schreibeWeiter()
 {
-    const QString vorher = ui->Statuszeile->text();
-    const auto zurueck = qScopeGuard([&] { ui->Statuszeile->setText(vorher); });
-    ui->Statuszeile->setText(u"Die Bestände werden weitergeschrieben ..."_s);
-    ui->Statuszeile->repaint();
+    const Statusmeldung meldung(*ui->Statuszeile, u"Die Bestände werden weitergeschrieben ..."_s);
     JahresUbertrag();
 }
 
@@ -369,6 +399,7 @@ void LagerbestandNeu::schreibeWeiter()
 void LagerbestandNeu::aktualisiere()
 {
     const auto warten = sanduhr();
+    const bool zuerst = !Journaldaten->isOpen();
     sys::underErrorReport({
         [this] {
             if (m_gebundenesJahr.isEmpty()) LagerDateiEinstellen();
@@ -376,10 +407,12 @@ void LagerbestandNeu::aktualisiere()
         [this] { AuswahllistenFullen(); }, // what is chosen stays
         [this] { FilterEinstellen(); },
     });
+    if (zuerst && Journaldaten->RecordCount() > 0) Journaldaten->MoveLast(); // the newest booking
 }
 
 void LagerbestandNeu::drpArtikelGruppe_Click()
 {
+    const auto warten = sanduhr();
     sys::underErrorReport({
         [this] { AuswahllistenFullen(); },
         [this] { ui->drpArtikel->setText(AlleArtikel); },
@@ -412,12 +445,14 @@ void LagerbestandNeu::M_Vorjahr_Click(bool ohneVorjahr)
 
 void LagerbestandNeu::Journaldaten_Reposition()
 {
+    if (!Journaldaten->isOpen()) return ui->Journalliste->setCaption(NichtGelesen);
     const qsizetype zeilen = Journaldaten->RecordCount();
     ui->Journalliste->setCaption(zeilen == 1 ? u"1 Bewegung"_s : QString::number(zeilen) + u" Bewegungen"_s);
 }
 
 void LagerbestandNeu::Bestanddaten_Reposition()
 {
+    if (!Bestanddaten->isOpen()) return ui->BestandListe->setCaption(NichtGelesen);
     ui->BestandListe->setCaption(QString::number(Bestanddaten->RecordCount()) + u" Artikel"_s);
 }
 

@@ -50,6 +50,7 @@ private:
     void FilterEinstellen();
     void GruppierungLaden();
 
+    int gewaehltesJahr() const;
     void bindeJahr();
     void zeigeJahr();
     void kehreZurueck();
@@ -70,6 +71,8 @@ private:
     WorkingDirectory m_arbeitsverzeichnis;
     QString m_gebundenesJahr; ///< The year that both views show.
     bool m_ersteAktivierung = false;
-    bool m_gemalt = false; ///< Seen for the first time; until then the stock list waits.
+    bool m_liestLange = false;        ///< Reading the views took over a second last time.
+    bool m_geladen = false;           ///< Opening went to its end.
+    bool m_gemalt = false;            ///< Seen for the first time; until then the stock list waits.
     bool m_wiederhergestellt = false; ///< The remembered state was shown, and may be remembered anew.
 };

@@ -132,6 +132,12 @@ void DataGrid::setEmptyText(const QString& text)
     viewport()->update();
 }
 
+void DataGrid::setClosedText(const QString& text)
+{
+    m_closedText = text;
+    viewport()->update();
+}
+
 const jet::Recordset& DataGrid::rows() const
 {
     if (!m_data) jet::raise(jet::ErrorNumber::ObjectClosed);
@@ -301,22 +307,46 @@ void DataGrid::sizeColumns()
 {
     if (m_sized || !isVisible() || m_model->rowCount() == 0) return;
     m_sized = true;
-    const int margin = 2 * (style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 2);
     const int number = fontMetrics().horizontalAdvance(u"99.999,99"_s); // room for those further down
     const std::vector<int> texts = sampledWidths();
     for (int i = 0; i < ColumnCount(); ++i) {
         if (m_model->column(i).Width() > 0) continue;
         const int text = texts[static_cast<std::size_t>(i)];
-        const int contents = margin + (m_model->showsNumbers(i) ? qMax(text, number) : text);
+        const int contents = margin() + (m_model->showsNumbers(i) ? qMax(text, number) : text);
         const bool sorted = m_header->isSortIndicatorShown() && m_header->sortIndicatorSection() == i;
         setColumnWidth(i, qMax(contents, m_header->widthFor(m_model->column(i).Caption(), sorted)));
     }
 }
 
+/// What a cell has beside its text.
+int DataGrid::margin() const
+{
+    return 2 * (style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 2);
+}
+
+/// A figure that is cut can be taken for another one, so its column grows when it comes on view; not one that the user
+/// has sized.
+void DataGrid::widenForFigures()
+{
+    const int first = rowAt(0);
+    if (first < 0) return;
+    const int below = rowAt(viewport()->height() - 1);
+    const int last = below < 0 ? m_model->rowCount() - 1 : below;
+    for (int column = 0; column < ColumnCount(); ++column) {
+        if (!m_model->showsNumbers(column) || isColumnHidden(column) || m_model->column(column).Width() > 0) continue;
+        int width = 0;
+        for (int row = first; row <= last; ++row)
+            width = qMax(width, fontMetrics().horizontalAdvance(m_model->index(row, column).data().toString()));
+        if (width + margin() > columnWidth(column)) setColumnWidth(column, width + margin());
+    }
+}
+
 void DataGrid::paintEvent(QPaintEvent* event)
 {
+    widenForFigures();
     QTableView::paintEvent(event);
-    if (m_model->rowCount() > 0 || m_emptyText.isEmpty()) return;
+    const QString& text = m_data && m_data->isOpen() ? m_emptyText : m_closedText;
+    if (m_model->rowCount() > 0 || text.isEmpty()) return;
     QPainter painter(viewport());
     constexpr int Grey = 150;
     QColor grey = palette().color(QPalette::Text);
@@ -324,7 +354,7 @@ void DataGrid::paintEvent(QPaintEvent* event)
     painter.setPen(grey);
     const int margin = verticalHeader()->defaultSectionSize() / 2;
     painter.drawText(viewport()->rect().adjusted(margin, margin, -margin, -margin),
-                     Qt::AlignTop | Qt::AlignHCenter | Qt::TextWordWrap, m_emptyText);
+                     Qt::AlignTop | Qt::AlignHCenter | Qt::TextWordWrap, text);
 }
 
 void DataGrid::Copy()

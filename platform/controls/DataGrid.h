@@ -37,7 +37,8 @@ public:
     void setCaption(const QString& caption);
     QString EmptyText() const { return m_emptyText; } ///< Stands where the rows would be while there are none.
     void setEmptyText(const QString& text);
-    QString Tag() const { return m_tag; } ///< Free for the screen's use.
+    void setClosedText(const QString& text); ///< Stands there while the rows cannot be read; at start nothing does.
+    QString Tag() const { return m_tag; }    ///< Free for the screen's use.
     void setTag(const QString& tag) { m_tag = tag; }
     bool AllowDelete() const { return m_allowDelete; } ///< Whether the Del key deletes; at start it does.
     void setAllowDelete(bool allow) { m_allowDelete = allow; }
@@ -83,6 +84,8 @@ private:
     void follow();
     std::vector<int> sampledWidths() const;
     void sizeColumns();
+    int margin() const;
+    void widenForFigures();
     void sizeRows();
     bool selectsOnly(int row) const;
     std::vector<jet::Bookmark> rowsToDelete() const;
@@ -95,6 +98,7 @@ private:
     GridHeader* m_header;
     SelectedRows m_selected;
     QString m_emptyText;
+    QString m_closedText;
     QString m_tag;
     bool m_allowDelete = true;
     bool m_following = false; // the current row is being set to the data control's

@@ -81,6 +81,12 @@ void GridHeader::mousePressEvent(QMouseEvent* event)
     QHeaderView::mousePressEvent(event);
 }
 
+void GridHeader::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    m_pressed = true; // on a divider it sizes the column to its contents, which is the user's wish, too
+    QHeaderView::mouseDoubleClickEvent(event);
+}
+
 void GridHeader::mouseReleaseEvent(QMouseEvent* event)
 {
     QHeaderView::mouseReleaseEvent(event);

@@ -10,6 +10,7 @@
 #include "platform/system/Settings.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTest>
@@ -101,7 +102,12 @@ TEST_F(Hauptbildschirm, EinKlickAufDenKopfSortiertEinZweiterUmgekehrt)
         EXPECT_EQ(journal().last(), fall.letzte) << fall.spalte;
         EXPECT_EQ(aktuelleBewegung(), aktuell); // the booking one is at stays current
     }
-    klickeKopf("Journalliste", 1);
+    feld<DataGrid>("Journalliste").setFocus();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_X, Qt::AltModifier); // by the menu, without a mouse
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_S);
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Down);
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Return);
+    EXPECT_EQ(journal().first(), u"07.05. | H2 | Diesel | +1.500,00 | Zukauf"_s);
     tippe("drpLagerOrte", u"H1"_s); // filtering keeps the order
     EXPECT_EQ(journal().first(), u"09.05. | H1 | Hafer | +0,00 | Zukauf"_s);
     EXPECT_EQ(aktuelleBewegung(), aktuell);

@@ -4,6 +4,7 @@
 
 #include "core/Modulzustand.h"
 #include "platform/controls/ComboBox.h"
+#include "platform/controls/DateCombo.h"
 #include "platform/controls/DataGrid.h"
 #include "platform/system/Files.h"
 #include "platform/system/Settings.h"
@@ -115,9 +116,9 @@ TEST_F(Hauptbildschirm, EinGesperrtesJahrIstEineMeldungUndDannWiederDa)
     oeffne();
     const int geduld = jet::engine().LockTimeout();
     jet::engine().setLockTimeout(50);
-    {
+    for (const sys::Answer antwort : {sys::Answer::Abort, sys::Answer::Ignore}) {
         const Fremdprogramm sperre(hof.journaldatei(2024));
-        hof.meldungen().beantworteAlle(sys::Answer::Abort);
+        hof.meldungen().beantworteAlle(antwort);
         drucke("drpArtikel", Qt::Key_F5);
         EXPECT_TRUE(hof.meldungen().abgeholt().value(0).startsWith(bericht(3218)));
     }
@@ -127,6 +128,7 @@ TEST_F(Hauptbildschirm, EinGesperrtesJahrIstEineMeldungUndDannWiederDa)
     jet::engine().setLockTimeout(geduld);
 }
 
+// Dates, status line, rows and the year that is booked into must be of one year, however the user answers.
 TEST_F(Hauptbildschirm, EinBeschaedigtesJahrLaesstDenBildschirmBeimAlten)
 {
     QFile datei(hof.journaldatei(2025));
@@ -134,11 +136,27 @@ TEST_F(Hauptbildschirm, EinBeschaedigtesJahrLaesstDenBildschirmBeimAlten)
     datei.write(QByteArray(5000, 'x'));
     datei.close();
     oeffne();
+    tippe("VonDatum", u"2.4.2024"_s);
+    drucke("Journalliste", Qt::Key_End);
+    for (const sys::Answer antwort : {sys::Answer::Abort, sys::Answer::Ignore}) {
+        hof.meldungen().beantworteAlle(antwort);
+        tippe("drpJahr", u"2025"_s);
+        EXPECT_TRUE(hof.meldungen().abgeholt().value(0).startsWith(bericht(3343)));
+        EXPECT_EQ(feld<ComboBox>("drpJahr").Text(), u"2024"_s);
+        EXPECT_EQ(modulzustand().Jahr, u"2024"_s);
+        EXPECT_EQ(feld<DateCombo>("VonDatum").Date(), QDate(2024, 4, 2));
+        EXPECT_EQ(aktuelleBewegung().left(6), u"09.05."_s);
+        EXPECT_EQ(ueberschrift("Journalliste"), u"5 Bewegungen"_s);
+    }
+}
+
+TEST_F(Hauptbildschirm, WasKeinJahrIstSchreibtNichtsWeiter)
+{
+    oeffne();
     hof.meldungen().beantworteAlle(sys::Answer::Abort);
-    tippe("drpJahr", u"2025"_s);
-    EXPECT_TRUE(hof.meldungen().abgeholt().value(0).startsWith(bericht(3343)));
-    EXPECT_EQ(feld<ComboBox>("drpJahr").Text(), u"2024"_s);
-    EXPECT_EQ(ueberschrift("Journalliste"), u"6 Bewegungen"_s);
+    feld<ComboBox>("drpJahr").setProperty("Text", u"neu"_s);
+    EXPECT_TRUE(hof.meldungen().abgeholt().value(0).contains(u"'neu' ist kein Jahr."_s));
+    EXPECT_EQ(hof.journal(2024).size(), 6U);
 }
 
 TEST_F(Hauptbildschirm, EineAeltereDateiOhneDieSpalteZaehltAlsNein)
@@ -170,13 +188,16 @@ TEST_F(Hauptbildschirm, LeereSpaltenUndUhrzeitenSindZeilenWieAndere)
 TEST_F(Hauptbildschirm, EineVerschwundeneDateiIstEinFehlerUndKehrtZurueck)
 {
     oeffne();
+    klickeKopf("Journalliste", 1);
     const QString datei = hof.journaldatei(2024);
     ASSERT_TRUE(QFile::rename(datei, datei + u".weg"_s));
-    hof.meldungen().beantworteAlle(sys::Answer::Abort);
+    hof.meldungen().beantworteAlle(sys::Answer::Ignore);
     drucke("drpArtikel", Qt::Key_F5);
     EXPECT_TRUE(hof.meldungen().abgeholt().value(0).startsWith(bericht(3024)));
     EXPECT_FALSE(QFile::exists(datei)); // nothing is created by looking for it
+    EXPECT_EQ(ueberschrift("Journalliste"), u"Nicht gelesen"_s);
     ASSERT_TRUE(QFile::rename(datei + u".weg"_s, datei));
     drucke("drpArtikel", Qt::Key_F5);
     EXPECT_EQ(ueberschrift("Journalliste"), u"6 Bewegungen"_s);
+    EXPECT_EQ(journal().first().mid(14, 6), u"Diesel"_s); // sorted as before: the text was not at fault
 }
