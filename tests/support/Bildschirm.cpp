@@ -1,6 +1,7 @@
 #include "tests/support/Bildschirm.h"
 
 #include <QApplication>
+#include <QDeadlineTimer>
 #include <QPointer>
 #include <QTest>
 #include <QTimer>
@@ -16,20 +17,33 @@ bool istOffen(const QPointer<QWidget>& fenster)
     return fenster && fenster->isVisible();
 }
 
+void handle(QWidget& modal, const std::function<void(QWidget& fenster)>& handlung)
+{
+    const QPointer<QWidget> fenster = &modal;
+    // Its native window is active a little earlier than the one that keys go to.
+    EXPECT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == fenster; }, Geduld));
+    handlung(*fenster);
+    if (QTest::qWaitFor([&] { return !istOffen(fenster); }, Geduld)) return;
+    ADD_FAILURE() << "the window stayed open: " << fenster->windowTitle().toStdString();
+    fenster->hide(); // ends its loop, whatever it says to a close
+}
+
+/// Asks again and again instead of waiting in a loop of its own: the program may be processing events on its way to the
+/// window.
+void warteAufFenster(const std::function<void(QWidget& fenster)>& handlung, QDeadlineTimer geduld)
+{
+    constexpr int Takt = 5; // ms
+    QTimer::singleShot(Takt, qApp, [handlung, geduld] {
+        QWidget* const fenster = QApplication::activeModalWidget();
+        if (fenster) return handle(*fenster, handlung);
+        if (!geduld.hasExpired()) return warteAufFenster(handlung, geduld);
+        ADD_FAILURE() << "no modal window came";
+    });
+}
+
 } // namespace
 
 void imNaechstenFenster(const std::function<void(QWidget& fenster)>& handlung)
 {
-    QTimer::singleShot(0, qApp, [handlung] {
-        if (!QTest::qWaitFor([] { return QApplication::activeModalWidget() != nullptr; }, Geduld)) {
-            ADD_FAILURE() << "no modal window came";
-            return;
-        }
-        const QPointer<QWidget> fenster = QApplication::activeModalWidget();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(fenster));
-        handlung(*fenster);
-        if (QTest::qWaitFor([&] { return !istOffen(fenster); }, Geduld)) return;
-        ADD_FAILURE() << "the window stayed open: " << fenster->windowTitle().toStdString();
-        fenster->hide(); // ends its loop, whatever it says to a close
-    });
+    warteAufFenster(handlung, QDeadlineTimer(Geduld));
 }

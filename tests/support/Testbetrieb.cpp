@@ -28,9 +28,9 @@ sys::Answer Meldungsprotokoll::show(const QString& text, int flags)
 {
     m_texte.append(text);
     if ((flags & (sys::YesNo | sys::AbortRetryIgnore)) == 0) return sys::Answer::OK;
-    const auto antwort = std::find_if(m_antworten.begin(), m_antworten.end(),
+    const auto antwort = std::find_if(m_antworten.rbegin(), m_antworten.rend(),
                                       [&](const auto& eintrag) { return eintrag.first == text; });
-    if (antwort != m_antworten.end()) return antwort->second;
+    if (antwort != m_antworten.rend()) return antwort->second;
     if (m_jede) return *m_jede;
     ADD_FAILURE() << "a question without an answer: " << text.toStdString();
     return (flags & sys::YesNo) != 0 ? sys::Answer::No : sys::Answer::Abort;
