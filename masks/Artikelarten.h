@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QString>
+#include <QStringView>
+
+#include <span>
+
+/// A kind of article, and where the master data keep its articles.
+struct Artikelart {
+    QStringView name;    ///< As rows of the journal have it.
+    QStringView abfrage; ///< The statement of its articles up to the filter; blocked ones are never offered.
+    QStringView ordnung; ///< What ends the statement.
+};
+
+/// All kinds, in the order in which masks offer them.
+std::span<const Artikelart> artikelarten();
+
+/// The kind of a name; null for any other text.
+const Artikelart* artikelartZu(QStringView name);
+
+/// The one whose articles are always offered from the journal: they are grown, not bought.
+inline constexpr QStringView PflanzlicheErzeugnisse = u"Pflanzliche Erzeugnisse";

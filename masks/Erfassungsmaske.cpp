@@ -1,0 +1,269 @@
+#include "masks/Erfassungsmaske.h"
+
+#include "core/Modulzustand.h"
+#include "masks/ErfassungsmaskenModul.h"
+#include "masks/Maskenteile.h"
+#include "platform/controls/TasteUmsetzen.h"
+#include "platform/controls/Wiring.h"
+#include "platform/system/Clock.h"
+#include "platform/system/ErrorReport.h"
+#include "platform/system/Messages.h"
+#include "platform/system/Settings.h"
+
+#include <QPointer>
+#include <QScopeGuard>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString Abschnitt = u"Lagerverwaltung"_s;
+
+} // namespace
+
+Erfassungsmaske::Erfassungsmaske(const Hauptansicht& haupt, QWidget* parent)
+    : QDialog(parent), m_haupt(haupt), m_lagerauswahl(new DataControl(this)), m_artikelauswahl(new DataControl(this))
+{
+    m_lagerauswahl->setObjectName(u"Lagerauswahl"_s);
+    m_artikelauswahl->setObjectName(u"Artikelauswahl"_s);
+    if (modulzustand().Aenderungsmodus) m_id = journaldaten().Recordset()[u"ID"].toLong();
+}
+
+void Erfassungsmaske::verbinde(Maskenkopf& kopf, Maskenfuss& fuss, NumberEdit& txtMenge, TextBox& txtEinheit,
+                               AmpelLED& Ampel)
+{
+    m_kopf = &kopf;
+    m_fuss = &fuss;
+    m_einheit = &txtEinheit;
+    m_felder.emplace(Maskenfelder{*kopf.Buchdatum, *kopf.drpLagerort, *kopf.drpGruppe, *kopf.drpArtikel, txtMenge,
+                                  Ampel, *fuss.Command2_0_, *fuss.Command2_1_, *m_lagerauswahl, *m_artikelauswahl});
+    nummeriere(u"Command2"_s, {fuss.Command2_0_, fuss.Command2_1_});
+    for (QPushButton* knopf : findChildren<QPushButton*>())
+        knopf->setAutoDefault(false);
+    fuss.Command1->setProperty("CausesValidation", false);
+    new FieldKeys(*this);
+    richteListenEin();
+    verdrahteKopf();
+    verdrahte(&txtMenge, &NumberEdit::Change, this, [this] { txtMenge_Change(); });
+    verdrahte(fuss.Command1, &QPushButton::clicked, this, [this] { reject(); });
+    verdrahte(fuss.Command2_0_, &QPushButton::clicked, this, [this] { Command2_Click(0); });
+    verdrahte(fuss.Command2_1_, &QPushButton::clicked, this, [this] { Command2_Click(1); });
+}
+
+void Erfassungsmaske::richteListenEin()
+{
+    DataCombo& orte = felder().drpLagerort;
+    m_kopf->lblLagerort->setBuddy(orte);
+    orte.setDataFieldToDisplay(u"KurzKu"_s);
+    orte.setDataFieldToFind(u"Name"_s);
+    orte.addColumn(u"Name"_s, u"Name"_s);
+    orte.addColumn(u"Kürzel"_s, u"KurzKu"_s);
+    orte.setDataSource(*m_lagerauswahl);
+    DataCombo& artikel = felder().drpArtikel;
+    m_kopf->lblArtikel->setBuddy(artikel);
+    artikel.setDataFieldToDisplay(u"NAME"_s);
+    artikel.addColumn(u"Artikel"_s, u"NAME"_s);
+    artikel.addColumn(u"Einheit"_s, u"Einheit"_s); // a name booked in two units is listed twice
+    artikel.setDataSource(*m_artikelauswahl);
+    fuelleArtikelarten(felder().drpGruppe);
+}
+
+void Erfassungsmaske::verdrahteKopf()
+{
+    verdrahte(m_kopf->Buchdatum, &DateCombo::Change, this, [this] { FelderFullen(); });
+    verdrahte(m_kopf->Command3, &QPushButton::clicked, this, &Erfassungsmaske::Command3_Click);
+    verdrahte(m_kopf->lblLagerort, &ClickLabel::Click, this, &Erfassungsmaske::ladeLagerliste);
+    verdrahte(m_kopf->drpLagerort, &DataCombo::DropDown, this, &Erfassungsmaske::ladeLagerliste);
+    verdrahte(m_kopf->drpLagerort, &DataCombo::Click, this, &Erfassungsmaske::drpLagerort_Click);
+    verdrahte(m_kopf->drpGruppe, &ComboBox::Click, this, &Erfassungsmaske::drpGruppe_Click);
+    verdrahte(m_kopf->lblArtikel, &ClickLabel::Click, this,
+              [this] { ladeArtikelstamm(*m_artikelauswahl, felder().drpArtikel, felder().drpGruppe.Text()); });
+    verdrahte(m_kopf->drpArtikel, &DataCombo::DropDown, this, &Erfassungsmaske::ladeArtikelliste);
+    verdrahte(m_kopf->drpArtikel, &DataCombo::Click, this, [this] { FelderFullen(); });
+    verdrahte(m_kopf->drpArtikel, &DataCombo::Validate, this, &Erfassungsmaske::drpArtikel_Validate);
+    verdrahte(m_kopf->chkVorhanden, &CheckBox::Click, this, &Erfassungsmaske::ladeArtikelliste);
+}
+
+void Erfassungsmaske::stelleWiederHer()
+{
+    setWindowTitle(modulzustand().AktBuchungsart + u" erfassen"_s);
+    const QString groesse = sys::GetSetting(Abschnitt, u"Fenster"_s + objectName());
+    restoreGeometry(QByteArray::fromBase64(groesse.toLatin1()));
+    chkVorhanden().setValue(sys::GetSetting(Abschnitt, u"NurVorhandenAnzeigen"_s, u"0"_s).toInt());
+}
+
+void Erfassungsmaske::uebernimmZeile()
+{
+    const jet::Recordset& zeile = journaldaten().Recordset();
+    felder().Buchdatum.setDate(zeile[u"Datum"].toDate());
+    felder().drpArtikel.setText(zeile[u"Artikel"].toText());
+    felder().drpGruppe.setText(zeile[u"Artikelart"].toText());
+    felder().drpLagerort.setText(zeile[u"LagerortKurzKu"].toText());
+    Einheit().setText(zeile[u"Einheit"].toText());
+    m_fuss->txtKommentar->setText(zeile[u"Kommentar"].toText());
+}
+
+void Erfassungsmaske::zeigeErstesLeeresFeld()
+{
+    for (ComboField* feld :
+         std::initializer_list<ComboField*>{&felder().drpLagerort, &felder().drpGruppe, &felder().drpArtikel})
+        if (feld->Text().isEmpty()) return feld->setFocus();
+    felder().txtMenge.setFocus();
+}
+
+CheckBox& Erfassungsmaske::chkVorhanden() const
+{
+    return *m_kopf->chkVorhanden;
+}
+
+/// Without the check that belongs to opening the combo: the place of a row that is changed may be no longer offered.
+void Erfassungsmaske::oeffneLagerliste()
+{
+    m_lagerauswahl->Refresh();
+    zeigeLagername();
+}
+
+void Erfassungsmaske::ladeLagerliste()
+{
+    ladeLagerorte(*m_lagerauswahl, felder().drpLagerort);
+    zeigeLagername();
+}
+
+void Erfassungsmaske::ladeArtikelliste()
+{
+    bool nurVorhandene = chkVorhanden().Value() == 1;
+    ladeArtikel(*m_artikelauswahl, felder().drpArtikel, felder().drpGruppe.Text(), nurVorhandene);
+    chkVorhanden().setValue(nurVorhandene);
+}
+
+/// The name behind the short code that the combo shows.
+void Erfassungsmaske::zeigeLagername()
+{
+    m_kopf->lblLagername->clear();
+    if (!felder().drpLagerort.IsItemInList()) return;
+    m_lagerauswahl->FindFirst(u"KurzKu = '"_s + felder().drpLagerort.Text() + u"'"_s);
+    if (!m_lagerauswahl->NoMatch()) m_kopf->lblLagername->setText(m_lagerauswahl->Recordset()[u"Name"].toText());
+}
+
+void Erfassungsmaske::drpLagerort_Click()
+{
+    sys::underErrorReport({[this] { zeigeLagername(); }, [this] { FelderFullen(); }});
+}
+
+void Erfassungsmaske::drpGruppe_Click()
+{
+    sys::underErrorReport(
+        {[this] { ladeArtikelliste(); }, [this] { Ansichteinstellen(); }, [this] { FelderFullen(); }});
+}
+
+/// A listed name with an apostrophe breaks the statements that look it up. It may be left all the same when the user has
+/// read the error: the row itself can be written.
+void Erfassungsmaske::drpArtikel_Validate(Cancel& cancel)
+{
+    bool gelistet = true;
+    sys::underErrorReport({
+        [&] { gelistet = pruefeEintrag(felder().drpArtikel, *m_artikelauswahl, u"Name"_s); },
+        [&] {
+            if (gelistet) FelderFullen();
+        },
+    });
+    if (gelistet) return;
+    cancel = true;
+    sys::critical(u"Bitte tragen Sie eine gültigen Artikel ein oder wählen Sie eineb Artikel aus !"_s); // sic
+}
+
+/// The second bound was never given a day and counts as day zero, so no day lies before it: the date stays as it is. Kept,
+/// as users know the button so.
+void Erfassungsmaske::Command3_Click()
+{
+    const QDate letzterTag = nulldatum();
+    if (felder().Buchdatum.MinDate() <= sys::heute() && letzterTag >= sys::heute())
+        felder().Buchdatum.enterDate(sys::heute());
+}
+
+/// A row without a date would count in no stock, so an empty or impossible one is refused as well.
+bool Erfassungsmaske::darfSpeichern()
+{
+    if (!pruefeEingabe(felder())) return false;
+    if (felder().Buchdatum.Date().isValid()) return true;
+    sys::critical(u"Bitte tragen Sie ein Datum ein !"_s);
+    felder().Buchdatum.setFocus();
+    return false;
+}
+
+void Erfassungsmaske::merkeEinstellungen()
+{
+    if (chkVorhanden().isVisible())
+        sys::SaveSetting(Abschnitt, u"NurVorhandenAnzeigen"_s, QString::number(chkVorhanden().Value()));
+}
+
+/// One step of the error report, from the new row to its being written: ignoring an error cannot store half a row.
+void Erfassungsmaske::schreibe()
+{
+    auto verwirf = qScopeGuard([this] { journaldaten().UpdateControls(); }); // drops the pending row
+    if (aendert()) {
+        journaldaten().Edit();
+    } else {
+        journaldaten().AddNew();
+        journaldaten().Set(u"BuchungsID", 0); // of no sibling program
+    }
+    journaldaten().Set(u"Datum", felder().Buchdatum.Date());
+    journaldaten().Set(u"Artikel", felder().drpArtikel.Text());
+    journaldaten().Set(u"Artikelart", felder().drpGruppe.Text());
+    journaldaten().Set(u"LagerortKurzKu", felder().drpLagerort.Text());
+    journaldaten().Set(u"Buchungsart", modulzustand().AktBuchungsart);
+    journaldaten().Set(u"Einheit", Einheit().Text());
+    journaldaten().Set(u"Kommentar", m_fuss->txtKommentar->Text());
+    setzeSpalten();
+    journaldaten().Update();
+    verwirf.dismiss();
+}
+
+/// Whether the row was written; if not, the mask stays as it was typed, and can be saved again.
+bool Erfassungsmaske::speichere()
+{
+    const QPointer<QWidget> fokus = focusWidget(); // a button that is disabled gives it away
+    const auto sperre = [this](bool gesperrt) {
+        for (QPushButton* knopf : {&felder().naechster, &felder().beenden})
+            knopf->setDisabled(gesperrt);
+    };
+    sperre(true);
+    const auto entsperre = qScopeGuard([&] {
+        sperre(false);
+        if (fokus) fokus->setFocus();
+    });
+    bool geschrieben = false;
+    sys::underErrorReport({[this] { merkeEinstellungen(); },
+                           [&] {
+                               schreibe();
+                               geschrieben = true;
+                           }});
+    return geschrieben;
+}
+
+void Erfassungsmaske::positioniere()
+{
+    if (!aendert()) journaldaten().MoveLast();
+    m_haupt.Bestanddaten.Refresh();
+    m_haupt.Bestanddaten.FindFirst(u"Artikel = '"_s + felder().drpArtikel.Text() + u"' AND LagerortKurzKu = '"_s +
+                                   felder().drpLagerort.Text() + u"'"_s);
+}
+
+void Erfassungsmaske::Command2_Click(int index)
+{
+    if (!owedChecksPass(*this)) return; // a mnemonic presses the button without leaving the field
+    if (!darfSpeichern() || !speichere()) return;
+    // Guarded by itself: what fails now, as by an apostrophe in a name, must not lead to a second row.
+    sys::underErrorReport({[this] { positioniere(); }});
+    if (index == 1) return accept();
+    leereFuerNaechste();
+    AmpelEinstellen();
+}
+
+void Erfassungsmaske::done(int result)
+{
+    sys::underErrorReport({[this] {
+        sys::SaveSetting(Abschnitt, u"Fenster"_s + objectName(), QString::fromLatin1(saveGeometry().toBase64()));
+    }});
+    QDialog::done(result);
+}

@@ -1,0 +1,181 @@
+#include "masks/ErfassungsmaskenModul.h"
+
+#include "core/Modulzustand.h"
+#include "core/Verzeichnisse.h"
+#include "masks/Artikelarten.h"
+#include "platform/controls/DataGrid.h"
+#include "platform/jet/Engine.h"
+#include "platform/system/Blanks.h"
+#include "platform/system/Clock.h"
+#include "platform/system/Messages.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int Rot = 3; // of the traffic light
+
+void stelleAufStammdaten(DataControl& daten)
+{
+    daten.setDatabaseName(datenverzeichnis() + u"\\Grundstamm.mdb"_s);
+    daten.setConnect(u";pwd=RT-58KX"_s);
+}
+
+/// "'Hafer','Weizen'": the articles that the journal has booked under a kind. Names are not escaped.
+QString gebuchteArtikel(const QString& Artikelart)
+{
+    const auto journal = oeffneJournaldatei();
+    const auto zeilen = journal->OpenRecordset(
+        u"SELECT DISTINCT ARTIKEL FROM LAGERJOURNAL WHERE ARTIKELART = '"_s + Artikelart + u"'"_s, jet::Kind::Snapshot);
+    QString liste;
+    for (; !zeilen->Eof(); zeilen->MoveNext()) {
+        if (!liste.isEmpty()) liste += u',';
+        liste += u"'"_s + (*zeilen)[u"ARTIKEL"].toText() + u"'"_s;
+    }
+    return liste;
+}
+
+void leereFremdenText(DataControl& daten, DataCombo& combo, const QString& feld)
+{
+    const QString text = sys::trimBlanks(combo.Text());
+    if (text.isEmpty()) return;
+    daten.FindFirst(feld + u" = '"_s + text + u"'"_s);
+    if (daten.NoMatch()) combo.setText({});
+}
+
+void stelleAufLagerorte(DataControl& daten)
+{
+    daten.setDatabaseName(modulzustand().Anlagenverzeichnis + u"\\Anlagen.mdb"_s);
+    daten.setConnect(u";pwd=volmira"_s);
+    daten.setRecordSource(u"Select * From Objekte where (Objektart = 'Lager' Or Objektart = 'Düngersammelstelle')"
+                          u"  AND Anzeigen=True order by Name"_s);
+}
+
+/// Shows the articles that a source was set for; none was while no kind is chosen.
+void zeigeArtikel(DataControl& Artikelauswahl, DataCombo& drpArtikel)
+{
+    if (Artikelauswahl.RecordSource().isEmpty()) return;
+    Artikelauswahl.Refresh();
+    leereFremdenText(Artikelauswahl, drpArtikel, u"NAME"_s);
+}
+
+} // namespace
+
+std::unique_ptr<jet::Database> oeffneJournaldatei()
+{
+    return jet::engine().OpenDatabase(modulzustand().Lagerdatei, modulzustand().Lagerpasswort);
+}
+
+void fuelleArtikelarten(ComboBox& drpGruppe)
+{
+    drpGruppe.setColumns({u"Bezeichnung"_s}, 0);
+    for (const Artikelart& art : artikelarten())
+        drpGruppe.AddItem(art.name.toString());
+}
+
+void ladeArtikel(DataControl& Artikelauswahl, DataCombo& drpArtikel, const QString& Artikelart, bool& nurVorhandene)
+{
+    if (Artikelart == PflanzlicheErzeugnisse) nurVorhandene = true;
+    const QString gebuchte = gebuchteArtikel(Artikelart);
+    if (!nurVorhandene || gebuchte.isEmpty()) return ladeArtikelstamm(Artikelauswahl, drpArtikel, Artikelart);
+    Artikelauswahl.setDatabaseName(modulzustand().Lagerdatei);
+    Artikelauswahl.setConnect(modulzustand().Lagerpasswort);
+    Artikelauswahl.setRecordSource(
+        u"SELECT DISTINCT ARTIKEL AS NAME, EINHEIT, PREISFAKTOR FROM LAGERJOURNAL WHERE ARTIKELART = '"_s + Artikelart +
+        u"' AND ARTIKEL IN ("_s + gebuchte + u')');
+    zeigeArtikel(Artikelauswahl, drpArtikel);
+}
+
+void ladeArtikelstamm(DataControl& Artikelauswahl, DataCombo& drpArtikel, const QString& Artikelart)
+{
+    if (const auto* art = artikelartZu(Artikelart)) {
+        stelleAufStammdaten(Artikelauswahl);
+        Artikelauswahl.setRecordSource(art->abfrage.toString() + art->ordnung.toString());
+    }
+    zeigeArtikel(Artikelauswahl, drpArtikel);
+}
+
+void ladeGeschaeftspartner(DataControl& HandlerDaten)
+{
+    stelleAufStammdaten(HandlerDaten);
+    HandlerDaten.setRecordSource(u"SELECT * FROM HANDLER WHERE SPERRE = False order by KURZKU"_s);
+    HandlerDaten.Refresh();
+}
+
+void ladeLagerorte(DataControl& Lagerauswahl, DataCombo& drpLagerort)
+{
+    stelleAufLagerorte(Lagerauswahl);
+    Lagerauswahl.Refresh();
+    leereFremdenText(Lagerauswahl, drpLagerort, u"KurzKu"_s);
+}
+
+bool pruefeEintrag(DataCombo& combo, DataControl& daten, const QString& feld)
+{
+    const QString text = sys::trimBlanks(combo.Text());
+    if (text.isEmpty()) return true;
+    if (!combo.IsItemInList()) {
+        combo.setDroppedDown(true);
+        return false;
+    }
+    daten.FindFirst(u"LCASE(TRIM("_s + feld + u")) = '"_s + text.toLower() + u"'"_s);
+    if (!daten.NoMatch()) combo.setText(daten.Recordset()[feld].toText());
+    return true;
+}
+
+QDate vorgabedatum(const QString& Buchungsart)
+{
+    const auto journal = oeffneJournaldatei();
+    const auto letzte = journal->OpenRecordset(u"SELECT DATUM FROM Lagerjournal WHERE BUCHUNGSART = '"_s + Buchungsart +
+                                                   u"' ORDER BY DATUM DESC"_s,
+                                               jet::Kind::Dynaset);
+    const QDate tag = letzte->Eof() ? QDate() : (*letzte)[u"DATUM"].toDate();
+    if (tag.isValid()) return tag;
+    const int jahr = modulzustand().Jahr.toInt();
+    return sys::heute().year() == jahr ? sys::heute() : QDate(jahr, 12, 31);
+}
+
+void bereiteMaskeVor(const Maskenfelder& maske)
+{
+    stelleAufLagerorte(maske.Lagerauswahl);
+    stelleAufStammdaten(maske.Artikelauswahl);
+    const int jahr = modulzustand().Jahr.toInt();
+    maske.Buchdatum.setMinDate(QDate(jahr, 1, 1));
+    maske.Buchdatum.setMaxDate(QDate(jahr, 12, 31));
+    if (!modulzustand().Aenderungsmodus) return maske.Buchdatum.setDate(vorgabedatum(modulzustand().AktBuchungsart));
+    // Only one booking is changed: the button that ends the mask takes the place of the one that goes on.
+    maske.naechster.hide();
+    QFont fett = maske.beenden.font();
+    fett.setBold(true);
+    maske.beenden.setFont(fett);
+}
+
+bool pruefeEingabe(const Maskenfelder& maske)
+{
+    const auto fehlt = [](QWidget& feld, const QString& meldung) {
+        sys::critical(meldung);
+        feld.setFocus();
+        return false;
+    };
+    if (maske.Ampel.Ampel() == Rot) {
+        const auto antwort = sys::messages().show(u"Der Lagerstand wird negativ."_s + u"\r\n\r\n"_s +
+                                                      u"Wollen Sie die Buchung trotzdem abspeichern ?"_s,
+                                                  sys::YesNo | sys::Question | sys::DefaultButton2);
+        if (antwort != sys::Answer::Yes) return false;
+    }
+    if (sys::trimBlanks(maske.drpLagerort.Text()).isEmpty())
+        return fehlt(maske.drpLagerort, u"Bitte wählen Sie einen Lagerort aus !"_s);
+    if (sys::trimBlanks(maske.drpArtikel.Text()).isEmpty()) {
+        QWidget& ziel = sys::trimBlanks(maske.drpGruppe.Text()).isEmpty() ? static_cast<QWidget&>(maske.drpGruppe)
+                                                                          : static_cast<QWidget&>(maske.drpArtikel);
+        return fehlt(ziel, u"Bitte wählen Sie einen Artikel aus !"_s);
+    }
+    if (modulzustand().AktBuchungsart == u"Korrektur") return true; // a count may confirm a stock
+    if (maske.txtMenge.Value() == 0) return fehlt(maske.txtMenge, u"Bitte tragen Sie eine Menge ein !"_s);
+    return true;
+}
+
+void waehleNurAktuelleZeile(DataGrid& liste)
+{
+    liste.SelBookmarks().RemoveAll();
+    liste.SelBookmarks().Add(liste.Bookmark());
+}

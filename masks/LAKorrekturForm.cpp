@@ -1,0 +1,137 @@
+#include "masks/LAKorrekturForm.h"
+
+#include "ui_LAKorrekturForm.h"
+
+#include "masks/ErfassungsmaskenModul.h"
+#include "masks/Lagerstand.h"
+#include "masks/Maskenraster.h"
+#include "masks/Maskenteile.h"
+#include "platform/system/Blanks.h"
+#include "platform/system/ErrorReport.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int Gruen = 1;
+constexpr int Rot = 3;
+
+} // namespace
+
+LAKorrekturForm::LAKorrekturForm(const Hauptansicht& haupt, QWidget* parent)
+    : Erfassungsmaske(haupt, parent), ui(std::make_unique<Ui::LAKorrekturForm>())
+{
+    ui->setupUi(this);
+    richteAus({ui->Kopf->Kopf, ui->Bestaende, ui->Fuss->Kommentarzeile});
+    verbinde(*ui->Kopf, *ui->Fuss, *ui->txtMenge, *ui->txtEinheit, *ui->Ampel);
+    Form_Load();
+}
+
+LAKorrekturForm::~LAKorrekturForm() = default;
+
+void LAKorrekturForm::Form_Load()
+{
+    sys::underErrorReport({
+        [this] { stelleWiederHer(); },
+        [this] {
+            if (aendert()) uebernimmZeile();
+        },
+        [this] { bereiteMaskeVor(felder()); },
+        [this] { oeffneLagerliste(); },
+        [this] { ladeArtikelliste(); },
+        [this] { aendert() ? zeigeZaehlung() : FelderFullen(); },
+        [this] { zeigeErstesLeeresFeld(); },
+    });
+}
+
+/// The count that the stored difference came from; the unit stays the row's own.
+void LAKorrekturForm::zeigeZaehlung()
+{
+    zeigeBisher();
+    ui->txtMenge->setValue(ui->txtBisher->Value() + journaldaten().Recordset()[u"Menge"].toDouble());
+    berechneDifferenz();
+    AmpelEinstellen();
+}
+
+void LAKorrekturForm::AmpelEinstellen()
+{
+    ui->Ampel->setAmpel(ui->txtMenge->Value() < 0 ? Rot : Gruen);
+}
+
+void LAKorrekturForm::FelderFullen()
+{
+    zeigeBisher();
+    berechneDifferenz();
+    ermittleEinheit();
+    AmpelEinstellen();
+}
+
+void LAKorrekturForm::zeigeBisher()
+{
+    for (NumberEdit* feld : {ui->txtBisher, ui->txtBisherGesamt})
+        feld->setValue(0); // where the look-up fails no other article's stock may stay
+    m_bisher = Bisher::Unbekannt;
+    const auto journal = oeffneJournaldatei();
+    const QString artikel = felder().drpArtikel.Text();
+    ui->txtBisher->setValue(lagerstand(*journal, artikel, felder().drpLagerort.Text(), ID()));
+    ui->txtBisherGesamt->setValue(lagerstand(*journal, artikel, ID()));
+    m_bisher = Bisher::Bekannt;
+}
+
+/// The count of this place less the stock of all places has no meaning of its own; it is shown and not booked.
+void LAKorrekturForm::berechneDifferenz()
+{
+    ui->txtNeu->setValue(ui->txtMenge->Value() - ui->txtBisher->Value());
+    ui->txtNeuGesamt->setValue(ui->txtMenge->Value() - ui->txtBisherGesamt->Value());
+}
+
+void LAKorrekturForm::ermittleEinheit()
+{
+    const QString artikel = sys::trimBlanks(felder().drpArtikel.Text()).toLower();
+    const auto uebernimm = [this](const jet::Recordset& zeile) { Einheit().setText(zeile[u"Einheit"].toText()); };
+    const auto journal = oeffneJournaldatei();
+    const auto letzte = journal->OpenRecordset(
+        u"SELECT Preis, Einheit, Preisfaktor FROM LAGERJOURNAL WHERE Trim(lcase(ARTIKEL)) = '"_s + artikel +
+            u"' AND Buchungsart IN ('Zukauf','Anfangsbestand') ORDER BY DATUM DESC"_s,
+        jet::Kind::Dynaset);
+    if (!letzte->Eof()) return uebernimm(*letzte);
+    if (artikel.isEmpty() || !felder().Artikelauswahl.isOpen()) return;
+    felder().Artikelauswahl.FindFirst(u"TRIM(LCASE(NAME)) = '"_s + artikel + u"'"_s);
+    if (!felder().Artikelauswahl.NoMatch()) uebernimm(felder().Artikelauswahl.Recordset());
+}
+
+/// After "Speichern und &nächster" the article stays and its stock shows 0: a new count needs the real one.
+void LAKorrekturForm::txtMenge_Change()
+{
+    if (m_bisher == Bisher::Geleert) zeigeBisher();
+    berechneDifferenz();
+    AmpelEinstellen();
+}
+
+/// A count has no difference to a stock that could not be looked up: what failed is tried again, and reported.
+bool LAKorrekturForm::darfSpeichern()
+{
+    if (!Erfassungsmaske::darfSpeichern()) return false;
+    if (m_bisher == Bisher::Unbekannt) FelderFullen();
+    return true;
+}
+
+void LAKorrekturForm::setzeSpalten()
+{
+    journaldaten().Set(u"Menge", ui->txtNeu->Value());
+    journaldaten().Set(u"Buchungsmenge", ui->txtNeu->Value());
+}
+
+void LAKorrekturForm::positioniere()
+{
+    Erfassungsmaske::positioniere();
+    if (haupt().Bestanddaten.RecordCount() > 0) waehleNurAktuelleZeile(haupt().BestandListe);
+}
+
+void LAKorrekturForm::leereFuerNaechste()
+{
+    for (NumberEdit* zahlfeld : {ui->txtMenge, ui->txtBisher, ui->txtBisherGesamt, ui->txtNeu, ui->txtNeuGesamt})
+        zahlfeld->setValue(0);
+    m_bisher = Bisher::Geleert;
+    felder().Buchdatum.setFocus();
+}

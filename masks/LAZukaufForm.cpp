@@ -1,0 +1,254 @@
+#include "masks/LAZukaufForm.h"
+
+#include "ui_LAZukaufForm.h"
+
+#include "core/Modulzustand.h"
+#include "masks/Artikelarten.h"
+#include "masks/Buchungsbild.h"
+#include "masks/ErfassungsmaskenModul.h"
+#include "masks/Lagerstand.h"
+#include "masks/Maskenraster.h"
+#include "masks/Maskenteile.h"
+#include "platform/controls/Wiring.h"
+#include "platform/jet/Rounding.h"
+#include "platform/system/Blanks.h"
+#include "platform/system/ErrorReport.h"
+#include "platform/system/Messages.h"
+#include "platform/system/Settings.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int Gruen = 1;
+constexpr int Rot = 3;
+const QString Biologisch = u"BIOJA"_s;
+const QString Gebeizt = u"GEBEIZT"_s;
+
+/// Another spelling is no other article: it keeps its price.
+QString vergleichsform(const QString& artikel)
+{
+    return sys::trimBlanks(artikel).toLower();
+}
+
+/// "2,5" as texts of rows have it.
+double zahl(const QString& text)
+{
+    return QString(text).replace(u',', u'.').toDouble();
+}
+
+} // namespace
+
+LAZukaufForm::LAZukaufForm(const Hauptansicht& haupt, QWidget* parent)
+    : Erfassungsmaske(haupt, parent), ui(std::make_unique<Ui::LAZukaufForm>()),
+      m_bild(buchungsbildZu(modulzustand().AktBuchungsart)), m_handlerDaten(new DataControl(this))
+{
+    ui->setupUi(this);
+    m_handlerDaten->setObjectName(u"HandlerDaten"_s);
+    ui->stHandler->setDataFieldToDisplay(u"KurzKu"_s);
+    ui->stHandler->setDataFieldToFind(u"NAME"_s);
+    ui->stHandler->addColumn(u"Kürzel:"_s, u"KurzKu"_s);
+    ui->stHandler->addColumn(u"Name:"_s, u"NAME"_s);
+    ui->stHandler->addColumn(u"Vorname:"_s, u"VORNAME"_s);
+    ui->stHandler->addColumn(u"Sraße:"_s, u"Strasse"_s); // sic
+    ui->stHandler->setDataSource(*m_handlerDaten);
+    ui->txtPreis->setNumberFormat(u"##,##0.00##"_s);
+    ui->txtBetrag->setNumberFormat(u"##,##0.00"_s);
+    ui->txtPreisFaktor->setNumberFormat(u"0.##"_s);
+    const int feldspalte = richteAus(
+        {ui->Kopf->Kopf, ui->Mengenzeile, ui->Preise, ui->Partnerzeile, ui->Bestaende, ui->Fuss->Kommentarzeile});
+    if (!m_bild.mitPreis) ui->Mitte->setContentsMargins(feldspalte, 0, 0, 0); // the dressing stands under the fields
+    verbinde(*ui->Kopf, *ui->Fuss, *ui->txtMenge, *ui->txtEinheit, *ui->Ampel);
+
+    verdrahte(ui->stHandler, &DataCombo::DropDown, this, [this] { ladeGeschaeftspartner(*m_handlerDaten); });
+    verdrahte(ui->chkBiologisch, &CheckBox::Click, this, &LAZukaufForm::Ansichteinstellen);
+    verdrahte(ui->txtPreis, &NumberEdit::Change, this, &LAZukaufForm::berechneBetrag);
+    verdrahte(ui->txtBetrag, &NumberEdit::Change, this, &LAZukaufForm::txtBetrag_Change);
+    verdrahte(ui->txtPreisFaktor, &NumberEdit::Change, this, &LAZukaufForm::zeigePreiseinheit);
+    verdrahte(ui->txtEinheit, &TextBox::Change, this, &LAZukaufForm::zeigePreiseinheit);
+    Form_Load();
+}
+
+LAZukaufForm::~LAZukaufForm() = default;
+
+void LAZukaufForm::Form_Load()
+{
+    sys::underErrorReport({
+        [this] { stelleWiederHer(); },
+        [this] { ui->chkBiologisch->setValue(sys::GetSetting(u"Lagerverwaltung"_s, u"BioZukauf"_s, u"0"_s).toInt()); },
+        [this] { passeAn(); },
+        [this] {
+            if (aendert()) uebernimmZeile();
+        },
+        [this] { bereiteMaskeVor(felder()); },
+        [this] { Ansichteinstellen(); },
+        [this] { oeffneLagerliste(); },
+        [this] { ladeGeschaeftspartner(*m_handlerDaten); },
+        [this] { ladeArtikelliste(); },
+        [this] { FelderFullen(); },
+        [this] { zeigeErstesLeeresFeld(); },
+    });
+}
+
+/// What differs from kind to kind.
+void LAZukaufForm::passeAn()
+{
+    ui->SSPanel4->setText(m_bild.Mengentitel.toString());
+    ui->SSPanel5->setText(m_bild.Werttitel.toString());
+    for (QWidget* feld : std::initializer_list<QWidget*>{ui->stHandler, ui->SSPanel6, ui->PreisPanel})
+        feld->setVisible(m_bild.mitPreis);
+    for (QWidget* feld : std::initializer_list<QWidget*>{ui->lblBisher, ui->txtBisher, ui->txtBisherGesamt})
+        feld->setVisible(m_bild.mitBisher);
+    ui->KommentarPanel->setVisible(!m_bild.Hinweis.isEmpty());
+    ui->KommentarPanel->setText(m_bild.Hinweis.toString());
+}
+
+/// The row's own columns; its article counts as last priced, so that opening a row never changes its price.
+void LAZukaufForm::uebernimmZeile()
+{
+    Erfassungsmaske::uebernimmZeile();
+    const jet::Recordset& zeile = journaldaten().Recordset();
+    const double menge = zeile[u"Menge"].toDouble();
+    ui->txtMenge->setValue(m_bild.ausgang ? -menge : menge);
+    ui->txtPreisFaktor->setValue(zahl(zeile[u"Preisfaktor"].toText()));
+    ui->txtPreis->setValue(zeile[u"Preis"].toDouble());
+    ui->stHandler->setText(zeile[u"Uberstallt_alt"].toText());
+    const QString merkmal = zeile[u"Verfuttert_an"].toText();
+    ui->chkBiologisch->setValue(merkmal == Biologisch);
+    (merkmal == Gebeizt ? ui->OptJa : ui->OptNein)->setValue(true);
+    m_bepreisterArtikel = vergleichsform(zeile[u"Artikel"].toText());
+}
+
+void LAZukaufForm::AmpelEinstellen()
+{
+    ui->Ampel->setAmpel(ui->txtNeu->Value() < 0 || ui->txtNeuGesamt->Value() < 0 ? Rot : Gruen);
+}
+
+void LAZukaufForm::Ansichteinstellen()
+{
+    const QString art = felder().drpGruppe.Text();
+    const bool ohneBeizung = art == u"Wirtschaftsdünger" || art == PflanzlicheErzeugnisse || art == u"Futtermittel";
+    const bool saatgut = art == u"Saatgut/Sorten" || art == u"Zwischenfruchtsaatgut";
+    ui->chkBiologisch->setVisible(ohneBeizung || saatgut);
+    // Of other kinds the dressing shows all the same while the hidden tick is clear: users know the mask so.
+    ui->frmBeizung->setVisible(!ohneBeizung && ui->chkBiologisch->Value() == 0);
+}
+
+void LAZukaufForm::FelderFullen()
+{
+    for (NumberEdit* feld : {ui->txtBisher, ui->txtBisherGesamt})
+        feld->setValue(0); // where the look-up fails no other article's stock may stay
+    berechneBestaende();
+    AmpelEinstellen();
+    const auto journal = oeffneJournaldatei();
+    const QString artikel = felder().drpArtikel.Text();
+    ui->txtBisher->setValue(lagerstand(*journal, artikel, felder().drpLagerort.Text(), ID()));
+    ui->txtBisherGesamt->setValue(lagerstand(*journal, artikel, ID()));
+    const bool erzeugnis = felder().drpGruppe.Text() == PflanzlicheErzeugnisse;
+    if (erzeugnis) chkVorhanden().setValue(1);
+    chkVorhanden().setVisible(!erzeugnis);
+    berechneBestaende();
+    if (vergleichsform(artikel) != m_bepreisterArtikel) ermittlePreis(vergleichsform(artikel));
+    m_bepreisterArtikel = vergleichsform(artikel);
+    if (ui->txtPreisFaktor->Value() == 0) ui->txtPreisFaktor->setValue(1);
+    berechneBetrag();
+    zeigePreiseinheit();
+    AmpelEinstellen();
+}
+
+/// The latest price that the journal knows, or that of the master data where those are offered.
+void LAZukaufForm::ermittlePreis(const QString& artikel)
+{
+    const auto uebernimm = [this](const jet::Recordset& zeile) {
+        ui->txtPreis->setValue(zeile[u"Preis"].toDouble());
+        Einheit().setText(zeile[u"Einheit"].toText());
+        ui->txtPreisFaktor->setValue(zahl(zeile[u"Preisfaktor"].toText()));
+    };
+    const auto journal = oeffneJournaldatei();
+    const auto letzte = journal->OpenRecordset(
+        u"SELECT Preis, Einheit, Preisfaktor FROM LAGERJOURNAL WHERE Trim(lcase(ARTIKEL)) = '"_s + artikel +
+            u"' AND Buchungsart IN ('Zukauf','Anfangsbestand','Ernte') ORDER BY DATUM DESC"_s,
+        jet::Kind::Dynaset);
+    if (!letzte->Eof()) return uebernimm(*letzte);
+    if (artikel.isEmpty() || chkVorhanden().Value() == 1 || !felder().Artikelauswahl.isOpen()) return;
+    felder().Artikelauswahl.FindFirst(u"TRIM(LCASE(NAME)) = '"_s + artikel + u"'"_s);
+    if (!felder().Artikelauswahl.NoMatch()) uebernimm(felder().Artikelauswahl.Recordset());
+}
+
+double LAZukaufForm::gebuchteMenge() const
+{
+    return m_bild.ausgang ? -ui->txtMenge->Value() : ui->txtMenge->Value();
+}
+
+/// A factor of 0, easily typed, counts as 1, and is stored so.
+double LAZukaufForm::preisfaktor() const
+{
+    return ui->txtPreisFaktor->Value() == 0 ? 1 : ui->txtPreisFaktor->Value();
+}
+
+void LAZukaufForm::berechneBestaende()
+{
+    ui->txtNeu->setValue(ui->txtBisher->Value() + gebuchteMenge());
+    ui->txtNeuGesamt->setValue(ui->txtBisherGesamt->Value() + gebuchteMenge());
+}
+
+void LAZukaufForm::berechneBetrag()
+{
+    ui->txtBetrag->setValue(ui->txtPreis->Value() / preisfaktor() * ui->txtMenge->Value());
+}
+
+void LAZukaufForm::txtBetrag_Change()
+{
+    if (ui->txtMenge->Value() == 0) return;
+    ui->txtPreis->setValue(ui->txtBetrag->Value() * preisfaktor() / ui->txtMenge->Value());
+}
+
+void LAZukaufForm::txtMenge_Change()
+{
+    berechneBetrag();
+    berechneBestaende();
+    AmpelEinstellen();
+}
+
+void LAZukaufForm::zeigePreiseinheit()
+{
+    ui->PreisEinheitPanel->setText(u" per "_s + jet::Value(jet::Round(preisfaktor(), 0)).toText() + u" "_s +
+                                   Einheit().Text());
+}
+
+bool LAZukaufForm::darfSpeichern()
+{
+    if (!Erfassungsmaske::darfSpeichern()) return false;
+    if (!ui->stHandler->isVisible() || !sys::trimBlanks(ui->stHandler->Text()).isEmpty()) return true;
+    return sys::messages().show(u"Sie haben keine Geschäftspartner eingetragen."_s + u"\r\n\r\n"_s +
+                                    u"Wollen Sie den Zukauf trotzdem abspeichern ?"_s,
+                                sys::YesNo | sys::Question | sys::DefaultButton2) == sys::Answer::Yes;
+}
+
+void LAZukaufForm::merkeEinstellungen()
+{
+    sys::SaveSetting(u"Lagerverwaltung"_s, u"BioZukauf"_s, QString::number(ui->chkBiologisch->Value()));
+    Erfassungsmaske::merkeEinstellungen();
+}
+
+void LAZukaufForm::setzeSpalten()
+{
+    DataControl& zeile = journaldaten();
+    zeile.Set(u"Menge", gebuchteMenge());
+    zeile.Set(u"Buchungsmenge", gebuchteMenge());
+    zeile.Set(u"Preisfaktor", jet::Value(preisfaktor()).toText());
+    zeile.Set(u"Preis", ui->txtPreis->Value());
+    zeile.Set(u"Uberstallt_alt", ui->stHandler->Text());
+    const bool biologisch = ui->chkBiologisch->Value() == 1;
+    zeile.Set(u"Verfuttert_an", biologisch ? Biologisch : ui->OptJa->Value() ? Gebeizt : QString());
+}
+
+void LAZukaufForm::leereFuerNaechste()
+{
+    felder().drpArtikel.setText({});
+    m_bepreisterArtikel.clear();
+    for (NumberEdit* zahlfeld :
+         {ui->txtMenge, ui->txtBisher, ui->txtBisherGesamt, ui->txtNeu, ui->txtNeuGesamt, ui->txtPreis, ui->txtBetrag})
+        zahlfeld->setValue(0);
+    felder().Buchdatum.setFocus();
+}

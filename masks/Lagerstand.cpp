@@ -1,0 +1,34 @@
+#include "masks/Lagerstand.h"
+
+#include "platform/jet/Recordset.h"
+#include "platform/system/Blanks.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString vergleichsform(const QString& text)
+{
+    return sys::trimBlanks(text).toLower();
+}
+
+double summe(jet::Database& journal, const QString& abfrage)
+{
+    const auto ergebnis = journal.OpenRecordset(abfrage, jet::Kind::Snapshot);
+    return ergebnis->Eof() ? 0 : (*ergebnis)[u"Bestand"].toDouble(); // NULL, no bookings, counts as 0
+}
+
+} // namespace
+
+double lagerstand(jet::Database& journal, const QString& Artikel, qint64 ID)
+{
+    return summe(journal, u"SELECT SUM(MENGE) AS Bestand FROM LAGERJOURNAL WHERE LCASE(TRIM(ARTIKEL)) = '"_s +
+                              vergleichsform(Artikel) + u"' AND ID <> "_s + QString::number(ID));
+}
+
+double lagerstand(jet::Database& journal, const QString& Artikel, const QString& Lagerort, qint64 ID)
+{
+    return summe(journal, u"SELECT SUM(MENGE) AS Bestand FROM LAGERJOURNAL WHERE LCASE(TRIM(ARTIKEL)) = '"_s +
+                              vergleichsform(Artikel) + u"' AND LCASE(TRIM(LAGERORTKURZKU)) = '"_s +
+                              vergleichsform(Lagerort) + u"' AND ID <> "_s + QString::number(ID));
+}

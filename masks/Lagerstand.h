@@ -1,0 +1,14 @@
+#pragma once
+
+#include "platform/jet/Database.h"
+
+#include <QString>
+
+/// What masks show while a booking is typed: the stock of the whole year file, whatever the booking's day, in the unit of
+/// the bookings. Names are compared trimmed and in lower case. The row that is being changed, `ID`, does not count; a new
+/// booking passes 0, which no row has. \throws jet::Error, as for a name with an apostrophe.
+
+/// Over all storage places.
+double lagerstand(jet::Database& journal, const QString& Artikel, qint64 ID);
+/// At one storage place, given by its short code.
+double lagerstand(jet::Database& journal, const QString& Artikel, const QString& Lagerort, qint64 ID);
