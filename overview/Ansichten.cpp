@@ -114,6 +114,17 @@ void oeffne(DataControl& daten, DataGrid& liste, const QString& ersteQuelle, con
     });
 }
 
+/// What finds the stock list's current row again; empty where there is none. An apostrophe in a name is doubled: this
+/// look-up is no user's.
+QString aktuellerBestand(const DataControl& daten)
+{
+    if (daten.AbsolutePosition() < 0) return {};
+    const auto wert = [&](QStringView feld) {
+        return u"'"_s + daten.Recordset()[feld].toText().replace(u'\'', u"''"_s) + u"'"_s;
+    };
+    return u"Artikel = "_s + wert(u"Artikel") + u" AND LagerortKurzKu = "_s + wert(u"LagerortKurzKu");
+}
+
 template <std::size_t Anzahl>
 QString ersatz(const Ersatz (&liste)[Anzahl], const QString& feld)
 {
@@ -176,8 +187,10 @@ void filtereJournal(DataControl& daten, DataGrid& liste, const QString& eingrenz
 void filtereBestandsliste(DataControl& daten, DataGrid& liste, const QString& eingrenzung,
                           const Bestandsansicht& ansicht)
 {
+    const QString bestand = aktuellerBestand(daten);
     liste.Columns(u"LagerortKurzKu").setVisible(!ansicht.inSumme);
     oeffne(daten, liste, Bestandsquelle, bestandsquelle(eingrenzung, ansicht, SQLAbOrder(daten.RecordSource())));
+    if (!bestand.isEmpty()) daten.FindFirst(bestand);
 }
 
 void sortiereJournal(DataControl& daten, DataGrid& liste, int spalte)

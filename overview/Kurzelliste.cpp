@@ -18,6 +18,13 @@ constexpr Kurzel Liste[] = {
 };
 // clang-format on
 
+template <class Bedingung>
+const Kurzel* gesucht(Bedingung bedingung)
+{
+    const auto* const gefunden = std::find_if(std::begin(Liste), std::end(Liste), bedingung);
+    return gefunden == std::end(Liste) ? nullptr : gefunden;
+}
+
 } // namespace
 
 std::span<const Kurzel> kurzelliste()
@@ -27,7 +34,10 @@ std::span<const Kurzel> kurzelliste()
 
 const Kurzel* kurzelZu(QStringView kurzel)
 {
-    const auto* const gefunden =
-        std::find_if(std::begin(Liste), std::end(Liste), [&](const Kurzel& zeile) { return zeile.kurzel == kurzel; });
-    return gefunden == std::end(Liste) ? nullptr : gefunden;
+    return gesucht([kurzel](const Kurzel& zeile) { return zeile.kurzel == kurzel; });
+}
+
+const Kurzel* kurzelZuBuchungsart(QStringView Buchungsart)
+{
+    return gesucht([Buchungsart](const Kurzel& zeile) { return zeile.Buchungsart == Buchungsart; });
 }

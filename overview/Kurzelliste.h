@@ -21,3 +21,5 @@ std::span<const Kurzel> kurzelliste();
 
 /// The entry of a short code; null when no entry has it. "K" has none and opens nothing.
 const Kurzel* kurzelZu(QStringView kurzel);
+/// The entry whose rows have a booking kind; null for rows that other programs write.
+const Kurzel* kurzelZuBuchungsart(QStringView Buchungsart);

@@ -10,8 +10,8 @@
 #include "overview/Ansichten.h"
 #include "overview/Auswahllisten.h"
 #include "overview/Bildschirmzustand.h"
+#include "overview/Buchungsbefehle.h"
 #include "overview/Hilfe.h"
-#include "overview/Kurzelliste.h"
 #include "overview/Sortiermenue.h"
 #include "overview/Spaltenbreiten.h"
 #include "overview/Statusmeldung.h"
@@ -70,6 +70,9 @@ LagerbestandNeu::LagerbestandNeu(QWidget* parent)
     ui->KurzEingabe->setFixedWidth(2 * ui->KurzEingabe->sizeHint().height()); // one letter
     richteMenuEin();
     sperreBefehle();
+    new Buchungsbefehle(
+        {*ui->KurzEingabe, *ui->DrpBuchart, *ui->Command7_0_, *ui->Command7_1_},
+        {*Journaldaten, *ui->Journalliste, *Bestanddaten, *ui->BestandListe}, [this] { aktualisiere(); }, this);
     for (QPushButton* knopf : findChildren<QPushButton*>())
         knopf->setAutoDefault(false); // Enter belongs to the field that has the focus
     for (ComboBox* liste : {ui->drpLagerOrte, ui->drpArtikelGruppe, ui->drpArtikel, ui->drpJahr, ui->DrpGruppierung})
@@ -105,9 +108,9 @@ void LagerbestandNeu::richteMenuEin()
 /// What no command stands behind yet.
 void LagerbestandNeu::sperreBefehle()
 {
-    for (QWidget* befehl : std::initializer_list<QWidget*>{
-             ui->KurzEingabe, ui->DrpBuchart, ui->Command7_0_, ui->Command7_1_, ui->Command4, ui->Command2,
-             ui->ExcelButton, ui->Command3, ui->Command5, ui->SSOption1, ui->SSOption2, ui->DrpGruppierung})
+    for (QWidget* befehl :
+         std::initializer_list<QWidget*>{ui->Command4, ui->Command2, ui->ExcelButton, ui->Command3, ui->Command5,
+                                         ui->SSOption1, ui->SSOption2, ui->DrpGruppierung})
         befehl->setEnabled(false);
     ui->M_PflanzschPrufen->setEnabled(false);
     ui->Journalliste->setAllowDelete(false);
@@ -170,7 +173,6 @@ void LagerbestandNeu::Form_Load()
         [this] { AuswahllistenFullen(); },
         [this] { m_ersteAktivierung = true; },
         [this] { stelleWiederHer(); },
-        [this] { fuelleBuchungsarten(); },
         [this] { uebernimmLagerort(); },
         [this] { FilterEinstellen(); },
         [this] { GruppierungLaden(); },
@@ -189,13 +191,6 @@ void LagerbestandNeu::stelleWiederHer()
     stelleSpaltenbreiten(*ui->Journalliste, text(SpaltenJournal));
     stelleSpaltenbreiten(*ui->BestandListe, text(SpaltenBestand));
     m_wiederhergestellt = true;
-}
-
-void LagerbestandNeu::fuelleBuchungsarten()
-{
-    ui->DrpBuchart->setColumns({u"Kürzel"_s, u"Art der Eintragung"_s}, 1);
-    for (const Kurzel& zeile : kurzelliste())
-        ui->DrpBuchart->AddItem({zeile.kurzel.toString(), zeile.eintragung.toString()});
 }
 
 /// A host may have asked for one storage place.
@@ -445,6 +440,7 @@ void LagerbestandNeu::M_Vorjahr_Click(bool ohneVorjahr)
 
 void LagerbestandNeu::Journaldaten_Reposition()
 {
+    ui->Command7_1_->setEnabled(Journaldaten->RecordCount() > 0);
     if (!Journaldaten->isOpen()) return ui->Journalliste->setCaption(NichtGelesen);
     const qsizetype zeilen = Journaldaten->RecordCount();
     ui->Journalliste->setCaption(zeilen == 1 ? u"1 Bewegung"_s : QString::number(zeilen) + u" Bewegungen"_s);

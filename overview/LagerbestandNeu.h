@@ -57,7 +57,6 @@ private:
     void schreibeWeiter();
     void aktualisiere();
     void fuelleJahre();
-    void fuelleBuchungsarten();
     void stelleWiederHer();
     void uebernimmLagerort();
     void zeigeVorjahr();

@@ -119,3 +119,9 @@ QString Hauptbildschirm::ueberschrift(const char* liste) const
 {
     return feld<DataGrid>(liste).Caption();
 }
+
+QString Hauptbildschirm::bericht(int nummer)
+{
+    return u"Es ist ein kritischer Zustand aufgetreten.\r\rFehler: "_s + QString::number(nummer) +
+           u" wurde ausgelöst durch ZABLAGER\r"_s;
+}

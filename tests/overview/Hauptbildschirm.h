@@ -31,6 +31,7 @@ protected:
     QStringList bestaende() const;    ///< "Weizen | H1 | 100,00 | 20,00 | 80,00", without the place when it is hidden.
     QString aktuelleBewegung() const; ///< Of the journal's current row, as journal() gives it.
     QString ueberschrift(const char* liste) const;
+    static QString bericht(int nummer); ///< The beginning of the error report for a number.
 
     Testbetrieb hof{QDate(2024, 6, 1)};
     std::unique_ptr<LagerbestandNeu> fenster;

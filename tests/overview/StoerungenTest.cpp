@@ -4,8 +4,8 @@
 
 #include "core/Modulzustand.h"
 #include "platform/controls/ComboBox.h"
-#include "platform/controls/DateCombo.h"
 #include "platform/controls/DataGrid.h"
+#include "platform/controls/DateCombo.h"
 #include "platform/system/Files.h"
 #include "platform/system/Settings.h"
 #include "tests/support/Fremdprogramm.h"
@@ -14,17 +14,6 @@
 #include <QFile>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-/// The beginning of the error report for a number.
-QString bericht(int nummer)
-{
-    return u"Es ist ein kritischer Zustand aufgetreten.\r\rFehler: "_s + QString::number(nummer) +
-           u" wurde ausgelöst durch ZABLAGER\r"_s;
-}
-
-} // namespace
 
 TEST_F(Hauptbildschirm, EinNameDerDieAnweisungBrichtVerdirbtNurDieseWahl)
 {

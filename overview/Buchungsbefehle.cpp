@@ -1,0 +1,104 @@
+#include "overview/Buchungsbefehle.h"
+
+#include "core/Modulzustand.h"
+#include "masks/LAKorrekturForm.h"
+#include "masks/LAZukaufForm.h"
+#include "overview/Kurzelliste.h"
+#include "platform/controls/DataGrid.h"
+#include "platform/controls/TextBox.h"
+#include "platform/controls/Wiring.h"
+#include "platform/system/Blanks.h"
+#include "platform/system/Messages.h"
+#include "platform/system/Pointer.h"
+
+#include <QCoreApplication>
+
+using namespace Qt::StringLiterals;
+
+Buchungsbefehle::Buchungsbefehle(const Felder& felder, const Hauptansicht& haupt, std::function<void()> danach,
+                                 QWidget* bildschirm)
+    : QObject(bildschirm), m_felder(felder), m_haupt(haupt), m_danach(std::move(danach)), m_bildschirm(bildschirm)
+{
+    fuelleBuchungsarten();
+    verdrahte(&felder.KurzEingabe, &TextBox::KeyPress, this, [](QChar& zeichen) { zeichen = zeichen.toUpper(); });
+    verdrahte(&felder.KurzEingabe, &TextBox::KeyUp, this, &Buchungsbefehle::KurzEingabe_KeyUp);
+    verdrahte(&felder.KurzEingabe, &TextBox::GotFocus, this, [this] { m_felder.KurzEingabe.selectAll(); });
+    verdrahte(&felder.DrpBuchart, &ComboBox::Click, this, &Buchungsbefehle::DrpBuchart_Click);
+    verdrahte(&felder.neu, &QPushButton::clicked, this, &Buchungsbefehle::beginne);
+    verdrahte(&felder.aendern, &QPushButton::clicked, this, &Buchungsbefehle::aendere);
+    verdrahte(&haupt.Journalliste, &DataGrid::DblClick, this, &Buchungsbefehle::aendere);
+}
+
+void Buchungsbefehle::fuelleBuchungsarten()
+{
+    m_felder.DrpBuchart.setColumns({u"Kürzel"_s, u"Art der Eintragung"_s}, 1);
+    for (const Kurzel& zeile : kurzelliste())
+        m_felder.DrpBuchart.AddItem({zeile.kurzel.toString(), zeile.eintragung.toString()});
+}
+
+void Buchungsbefehle::KurzEingabe_KeyUp()
+{
+    const Kurzel* kurzel = kurzelZu(m_felder.KurzEingabe.Text());
+    if (!kurzel) return m_felder.KurzEingabe.setText({});
+    m_felder.DrpBuchart.setText(kurzel->eintragung.toString());
+    m_felder.KurzEingabe.selectAll();
+    QCoreApplication::processEvents(); // show the choice before the mask covers it
+    m_felder.neu.click();
+}
+
+void Buchungsbefehle::DrpBuchart_Click()
+{
+    const int zeile = m_felder.DrpBuchart.ListIndex();
+    if (zeile >= 0) m_felder.KurzEingabe.setText(m_felder.DrpBuchart.Cell(zeile, 0));
+}
+
+void Buchungsbefehle::beginne()
+{
+    Modulzustand& zustand = modulzustand();
+    zustand.Aenderungsmodus = false;
+    const Kurzel* kurzel = kurzelZu(m_felder.KurzEingabe.Text());
+    if (!kurzel) return; // "K" among them: once a kind of its own, it opens nothing
+    zustand.AktBuchungsart = kurzel->Buchungsart.toString();
+    switch (kurzel->maske) {
+    case Maske::Buchung: return zeige([this] { return std::make_unique<LAZukaufForm>(m_haupt, m_bildschirm); });
+    case Maske::Korrektur: return zeige([this] { return std::make_unique<LAKorrekturForm>(m_haupt, m_bildschirm); });
+    case Maske::Umbuchung: return;
+    }
+}
+
+void Buchungsbefehle::aendere()
+{
+    if (m_haupt.Journaldaten.RecordCount() == 0) return;
+    Modulzustand& zustand = modulzustand();
+    const jet::Recordset& zeile = m_haupt.Journaldaten.Recordset();
+    const QString art = zeile[u"Buchungsart"].isNull() ? QString() : zeile[u"Buchungsart"].toText();
+    zustand.Aenderungsmodus = true;
+    zustand.AktBuchungsart = art;
+    if (zeile[u"BEErfassungsnummer"].toDouble() > 0) {
+        sys::critical(u"Diese Buchung wurde mit einem angeschlossenen ZAB - Programm erfasst"
+                      u" (z.B. ZAB - Schollwart, ZAB - Quittor, ZAB - Herdon)\r\r"
+                      u"Eine Änderung kann nur in diesem Programm erfolgen."_s);
+        return;
+    }
+    const Kurzel* const eintrag = kurzelZuBuchungsart(art);
+    if (!eintrag) {
+        // sic: with and without blanks
+        sys::critical(u"Diese Buchung wurde gemeinsam mit einer Schollwart - Maßnahme erfasst und kann nur durch"
+                      u" Änderung der betroffenen Schollwart-Maßnahme verändert werden."_s);
+        return;
+    }
+    switch (eintrag->maske) {
+    case Maske::Buchung: return zeige([this] { return std::make_unique<LAZukaufForm>(m_haupt, m_bildschirm); });
+    case Maske::Korrektur: return zeige([this] { return std::make_unique<LAKorrekturForm>(m_haupt, m_bildschirm); });
+    case Maske::Umbuchung: return;
+    }
+}
+
+void Buchungsbefehle::zeige(const std::function<std::unique_ptr<Erfassungsmaske>()>& maske)
+{
+    sys::MausWarten();
+    const auto fenster = maske();
+    sys::MausNormal();
+    fenster->exec();
+    m_danach();
+}

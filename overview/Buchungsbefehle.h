@@ -1,0 +1,39 @@
+#pragma once
+
+#include "masks/Maskenfelder.h"
+
+#include <QObject>
+#include <QString>
+
+#include <functional>
+
+class Erfassungsmaske;
+class TextBox;
+
+/// The short entry and the change of a booking: which mask opens for a letter or a row, and which rows may be changed.
+class Buchungsbefehle : public QObject {
+    Q_OBJECT
+
+public:
+    struct Felder {
+        TextBox& KurzEingabe;
+        ComboBox& DrpBuchart;
+        QPushButton& neu;
+        QPushButton& aendern;
+    };
+    /// `danach` is called once after a mask has closed: the views may have to show something else.
+    Buchungsbefehle(const Felder& felder, const Hauptansicht& haupt, std::function<void()> danach, QWidget* bildschirm);
+
+private:
+    void fuelleBuchungsarten();
+    void KurzEingabe_KeyUp();
+    void DrpBuchart_Click();
+    void beginne(); ///< A new booking, Command7(0).
+    void aendere(); ///< The journal's current row, Command7(1).
+    void zeige(const std::function<std::unique_ptr<Erfassungsmaske>()>& maske);
+
+    const Felder m_felder;
+    const Hauptansicht m_haupt;
+    const std::function<void()> m_danach;
+    QWidget* const m_bildschirm;
+};

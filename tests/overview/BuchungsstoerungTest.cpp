@@ -1,0 +1,249 @@
+// What goes wrong while a booking is typed or saved: the mask says so, keeps what was typed, and no row comes twice or half.
+
+#include "tests/overview/Buchung.h"
+
+#include "platform/controls/DataCombo.h"
+#include "platform/system/Files.h"
+#include "tests/support/Fremdprogramm.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString Tausenderpunkt =
+    u"\"1.5\" ist keine Zahl. Bitte trennen Sie Dezimalstellen mit einem Komma; ein Punkt kann "
+    u"nur Tausender gruppieren."_s;
+
+/// The article's list opens when its text is refused, and shows what can be chosen.
+void schliesseListe(QWidget& maske, const char* feld)
+{
+    auto* const liste = maske.findChild<DataCombo*>(QString::fromLatin1(feld));
+    if (!liste) return;
+    EXPECT_TRUE(QTest::qWaitFor([&] { return liste->DroppedDown(); }));
+    EXPECT_EQ(liste->Text(), u""_s); // what the list does not have
+    liste->setDroppedDown(false);
+}
+
+} // namespace
+
+TEST_F(Buchung, EingabenDieFehlenWerdenGenannt)
+{
+    oeffne();
+    imNaechstenFenster([&](QWidget& maske) {
+        const auto meldung = [&] {
+            speichere(maske);
+            return hof.meldungen().abgeholt().join(u'|');
+        };
+        EXPECT_EQ(meldung(), u"Bitte wählen Sie einen Lagerort aus !"_s);
+        setze(maske, "drpLagerort", u"H1"_s);
+        EXPECT_EQ(meldung(), u"Bitte wählen Sie einen Artikel aus !"_s);
+        EXPECT_TRUE(widget(maske, "drpGruppe").hasFocus());
+        setze(maske, "drpGruppe", u"Treib"_s);
+        EXPECT_EQ(meldung(), u"Bitte wählen Sie einen Artikel aus !"_s);
+        EXPECT_TRUE(widget(maske, "drpArtikel").hasFocus());
+        setze(maske, "drpArtikel", u"Dies"_s);
+        EXPECT_EQ(meldung(), u"Bitte tragen Sie eine Menge ein !"_s);
+        EXPECT_TRUE(widget(maske, "txtMenge").hasFocus());
+        setze(maske, "txtMenge", u"7"_s);
+        setze(maske, "Buchdatum", {});
+        EXPECT_EQ(meldung(), u"Bitte tragen Sie ein Datum ein !"_s);
+        esc();
+    });
+    kurzel('p');
+    EXPECT_EQ(anzahl(), 6);
+}
+
+TEST_F(Buchung, WasKeineEingabeIstWirdNichtGenommen)
+{
+    struct Fall {
+        const char *feld, *getippt;
+        QString steht,
+            meldung; ///< What the field shows then, and what was said; the focus stays when it was something.
+    };
+    const Fall faelle[] = {
+        {"txtMenge", "12abc", u"12,00"_s, {}},
+        {"txtPreis", "1e30", u"130,00"_s, {}},
+        {"txtMenge", "1.5", u"1.5"_s, Tausenderpunkt},
+        {"Buchdatum", "1.1.2025", u"01.01.2025"_s,
+         u"Das Datum 01.01.2025 ist zu spät. Das letzte mögliche Datum ist der 31.12.2024."_s},
+        {"drpArtikel", "Benzin", u"Benzin"_s, KeinArtikel},
+        {"drpArtikel", "Altroggen", u"Altroggen"_s, KeinArtikel}, // blocked
+    };
+    oeffne();
+    hof.meldungen().beantworte(PartnerFrage, sys::Answer::No);
+    for (const Fall& fall : faelle) {
+        SCOPED_TRACE(fall.getippt);
+        const QStringList meldung = fall.meldung.isEmpty() ? QStringList() : QStringList(fall.meldung);
+        for (const bool verlaesst : {true, false}) {
+            imNaechstenFenster([&](QWidget& maske) {
+                erfasse(maske, u"Saatgut"_s, u"Roggen"_s, u"7"_s);
+                schreibe(maske, fall.feld, QString::fromLatin1(fall.getippt));
+                if (verlaesst)
+                    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+                else // the letter presses without leaving the field; the partner's question ends the save otherwise
+                    speichere(maske);
+                EXPECT_EQ(hof.meldungen().abgeholt().value(0),
+                          verlaesst || !meldung.isEmpty() ? meldung.value(0) : PartnerFrage);
+                EXPECT_TRUE(meldung.isEmpty() || widget(maske, fall.feld).hasFocus());
+                EXPECT_EQ(text(maske, fall.feld), fall.steht);
+                schliesseListe(maske, fall.feld);
+                verlaesst ? esc() : brichAb(maske);
+            });
+            kurzel('z');
+        }
+    }
+    EXPECT_EQ(hof.meldungen().abgeholt(), QStringList());
+    EXPECT_EQ(anzahl(), 6);
+}
+
+TEST_F(Buchung, EineUngeheureMengeSprengtNichts)
+{
+    oeffne();
+    imNaechstenFenster([&](QWidget& maske) {
+        erfasse(maske, u"Saatgut"_s, u"Roggen"_s, {});
+        setze(maske, "stHandler", u"Huber"_s);
+        widget(maske, "txtMenge").setProperty("Value", 1e308); // not to be typed
+        EXPECT_EQ(wert(maske, "txtNeu"), 1e308);
+        speichere(maske);
+    });
+    kurzel('z');
+    EXPECT_EQ(letzteZeile(),
+              u"H1 | Roggen | Saatgut/Sorten | 1E+308 | 1E+308 | kg | 42 | 100 | Zukauf | 0 | HUBER |  | "_s);
+}
+
+TEST_F(Buchung, EinApostrophImNamenBringtGenauEineZeile)
+{
+    oeffne();
+    hof.meldungen().beantworteAlle(sys::Answer::Ignore);
+    imNaechstenFenster([&](QWidget& maske) {
+        erfasse(maske, u"Saatgut"_s, u"Bauer"_s, {});
+        EXPECT_TRUE(hof.meldungen().abgeholt().value(0).startsWith(bericht(3075)));
+        EXPECT_EQ(text(maske, "drpArtikel"), u"Bauer's Mix"_s);
+        setze(maske, "txtMenge", u"7"_s);
+        setze(maske, "txtEinheit", u"kg"_s);
+        hof.meldungen().abgeholt();
+        speichere(maske);
+    });
+    kurzel('p');
+    EXPECT_TRUE(
+        hof.meldungen().abgeholt().contains(bericht(3077) + u"Syntaxfehler (fehlender Operator) in Ausdruck."_s));
+    EXPECT_EQ(anzahl(), 7);
+    EXPECT_EQ(letzteZeile(), u"H1 | Bauer's Mix | Saatgut/Sorten | 7 | 7 | kg | 0 | 1 | Produktion | 0 |  |  | "_s);
+}
+
+TEST_F(Buchung, EineZaehlungOhneBekanntenBestandWirdNichtGebucht)
+{
+    oeffne();
+    hof.meldungen().beantworteAlle(sys::Answer::Ignore);
+    imNaechstenFenster([&](QWidget& maske) {
+        erfasse(maske, u"Saatgut"_s, u"Bauer"_s, u"7"_s);
+        hof.meldungen().abgeholt();
+        speichere(maske);
+        EXPECT_TRUE(hof.meldungen().abgeholt().value(0).startsWith(bericht(3075)));
+        esc();
+    });
+    kurzel('l');
+    hof.meldungen().abgeholt();
+    EXPECT_EQ(anzahl(), 6);
+}
+
+TEST_F(Buchung, EinZuLangerPreisfaktorWirdBerichtet)
+{
+    oeffne();
+    hof.meldungen().beantworteAlle(sys::Answer::Ignore);
+    imNaechstenFenster([&](QWidget& maske) {
+        erfasse(maske, u"Saatgut"_s, u"Roggen"_s, u"7"_s);
+        setze(maske, "txtPreisFaktor", u"1000"_s);
+        setze(maske, "stHandler", u"Huber"_s);
+        widget(maske, "Command2(1)").setFocus();
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+        const QStringList meldungen = hof.meldungen().abgeholt();
+        EXPECT_EQ(meldungen.size(), 1);
+        EXPECT_TRUE(meldungen.value(0).startsWith(bericht(3163)));
+        EXPECT_TRUE(widget(maske, "Command2(1)").hasFocus()); // the next press must not meet "Abbrechen"
+        EXPECT_EQ(wert(maske, "txtMenge"), 7);
+        setze(maske, "txtPreisFaktor", u"10"_s);
+        speichere(maske);
+    });
+    kurzel('z');
+    EXPECT_EQ(anzahl(), 7);
+    EXPECT_EQ(letzteZeile(), u"H1 | Roggen | Saatgut/Sorten | 7 | 7 | kg | 42 | 10 | Zukauf | 0 | HUBER |  | "_s);
+}
+
+TEST_F(Buchung, OhneStammdatenBleibtDieMaskeBedienbar)
+{
+    struct Fall {
+        QString datei;
+        bool fehlt; ///< Otherwise it has another password.
+        int nummer;
+    };
+    const QString stamm = hof.ort().daten() + u"/Grundstamm.mdb"_s;
+    const QString anlagen = hof.ort().anlagen() + u"/Anlagen.mdb"_s;
+    const Fall faelle[] = {{stamm, true, 3024}, {anlagen, true, 3024}, {stamm, false, 3031}, {anlagen, false, 3031}};
+    oeffne();
+    hof.meldungen().beantworteAlle(sys::Answer::Ignore);
+    for (const Fall& fall : faelle) {
+        SCOPED_TRACE(fall.datei.toStdString() + ' ' + std::to_string(fall.nummer));
+        ASSERT_TRUE(QFile::rename(fall.datei, fall.datei + u".weg"_s));
+        if (!fall.fehlt) jet::engine().CreateDatabase(fall.datei, u";LANGID=0x0409;CP=1252;COUNTRY=0;pwd=anders"_s);
+        for (const char art : {'e', 'l'}) {
+            imNaechstenFenster([&](QWidget& maske) {
+                EXPECT_EQ(text(maske, "Buchdatum").right(4), u"2024"_s);
+                setze(maske, "drpLagerort", u"H1"_s);
+                setze(maske, "drpGruppe", u"Saatgut"_s);
+                setze(maske, "drpGruppe", u"Pflanzliche"_s);
+                setze(maske, "drpArtikel", u"Weizen"_s);
+                setze(maske, "txtMenge", u"7"_s);
+                const QStringList meldungen = hof.meldungen().abgeholt();
+                EXPECT_FALSE(meldungen.isEmpty());
+                for (const QString& meldung : meldungen)
+                    EXPECT_TRUE(meldung.startsWith(bericht(fall.nummer))) << meldung.toStdString();
+                EXPECT_EQ(wert(maske, "txtBisher"), 80);
+                art == 'e' ? esc() : brichAb(maske);
+            });
+            kurzel(art);
+        }
+        hof.meldungen().abgeholt();
+        QFile::remove(fall.datei);
+        ASSERT_TRUE(QFile::rename(fall.datei + u".weg"_s, fall.datei));
+    }
+    EXPECT_EQ(anzahl(), 6);
+}
+
+TEST_F(Buchung, EinGesperrtesJournalBekommtDieZeileGenauEinmal)
+{
+    oeffne();
+    const int geduld = jet::engine().LockTimeout();
+    jet::engine().setLockTimeout(50);
+    hof.meldungen().beantworteAlle(sys::Answer::Ignore);
+    const auto speichereGesperrt = [&](QWidget& maske, double menge) {
+        {
+            const Fremdprogramm anderes(hof.journaldatei(2024));
+            speichere(maske);
+            speichere(maske);
+        }
+        EXPECT_EQ(hof.meldungen().abgeholt().size(), 2);
+        EXPECT_TRUE(maske.isVisible());
+        EXPECT_EQ(wert(maske, "txtMenge"), menge); // as typed
+        speichere(maske);
+    };
+    imNaechstenFenster([&](QWidget& maske) {
+        erfasse(maske, u"Pflanzliche"_s, u"Weizen"_s, u"7"_s);
+        speichereGesperrt(maske, 7);
+    });
+    kurzel('e');
+    EXPECT_EQ(anzahl(), 7);
+    EXPECT_EQ(hof.journal(2024).back().menge, -7);
+    imNaechstenFenster([&](QWidget& maske) {
+        setze(maske, "txtMenge", u"8"_s);
+        speichereGesperrt(maske, 8);
+    });
+    aendere();
+    EXPECT_EQ(anzahl(), 7);
+    EXPECT_EQ(hof.journal(2024).back().menge, -8);
+    jet::engine().setLockTimeout(geduld);
+}
