@@ -3,14 +3,10 @@
 #include "core/Modulzustand.h"
 #include "masks/ErfassungsmaskenModul.h"
 #include "masks/Maskenteile.h"
-#include "platform/controls/TasteUmsetzen.h"
 #include "platform/controls/Wiring.h"
-#include "platform/system/Clock.h"
 #include "platform/system/ErrorReport.h"
-#include "platform/system/Messages.h"
 #include "platform/system/Settings.h"
 
-#include <QPointer>
 #include <QScopeGuard>
 
 using namespace Qt::StringLiterals;
@@ -22,11 +18,10 @@ const QString Abschnitt = u"Lagerverwaltung"_s;
 } // namespace
 
 Erfassungsmaske::Erfassungsmaske(const Hauptansicht& haupt, QWidget* parent)
-    : QDialog(parent), m_haupt(haupt), m_lagerauswahl(new DataControl(this)), m_artikelauswahl(new DataControl(this))
+    : Maskenfenster(haupt, parent), m_lagerauswahl(new DataControl(this)), m_artikelauswahl(new DataControl(this))
 {
     m_lagerauswahl->setObjectName(u"Lagerauswahl"_s);
     m_artikelauswahl->setObjectName(u"Artikelauswahl"_s);
-    if (modulzustand().Aenderungsmodus) m_id = journaldaten().Recordset()[u"ID"].toLong();
 }
 
 void Erfassungsmaske::verbinde(Maskenkopf& kopf, Maskenfuss& fuss, NumberEdit& txtMenge, TextBox& txtEinheit,
@@ -37,41 +32,25 @@ void Erfassungsmaske::verbinde(Maskenkopf& kopf, Maskenfuss& fuss, NumberEdit& t
     m_einheit = &txtEinheit;
     m_felder.emplace(Maskenfelder{*kopf.Buchdatum, *kopf.drpLagerort, *kopf.drpGruppe, *kopf.drpArtikel, txtMenge,
                                   Ampel, *fuss.Command2_0_, *fuss.Command2_1_, *m_lagerauswahl, *m_artikelauswahl});
-    nummeriere(u"Command2"_s, {fuss.Command2_0_, fuss.Command2_1_});
-    for (QPushButton* knopf : findChildren<QPushButton*>())
-        knopf->setAutoDefault(false);
-    fuss.Command1->setProperty("CausesValidation", false);
-    new FieldKeys(*this);
+    richteFensterEin(fuss);
     richteListenEin();
     verdrahteKopf();
     verdrahte(&txtMenge, &NumberEdit::Change, this, [this] { txtMenge_Change(); });
-    verdrahte(fuss.Command1, &QPushButton::clicked, this, [this] { reject(); });
-    verdrahte(fuss.Command2_0_, &QPushButton::clicked, this, [this] { Command2_Click(0); });
-    verdrahte(fuss.Command2_1_, &QPushButton::clicked, this, [this] { Command2_Click(1); });
 }
 
 void Erfassungsmaske::richteListenEin()
 {
-    DataCombo& orte = felder().drpLagerort;
-    m_kopf->lblLagerort->setBuddy(orte);
-    orte.setDataFieldToDisplay(u"KurzKu"_s);
-    orte.setDataFieldToFind(u"Name"_s);
-    orte.addColumn(u"Name"_s, u"Name"_s);
-    orte.addColumn(u"Kürzel"_s, u"KurzKu"_s);
-    orte.setDataSource(*m_lagerauswahl);
-    DataCombo& artikel = felder().drpArtikel;
-    m_kopf->lblArtikel->setBuddy(artikel);
-    artikel.setDataFieldToDisplay(u"NAME"_s);
-    artikel.addColumn(u"Artikel"_s, u"NAME"_s);
-    artikel.addColumn(u"Einheit"_s, u"Einheit"_s); // a name booked in two units is listed twice
-    artikel.setDataSource(*m_artikelauswahl);
+    m_kopf->lblLagerort->setBuddy(felder().drpLagerort);
+    m_kopf->lblArtikel->setBuddy(felder().drpArtikel);
+    verbindeLagerorte(felder().drpLagerort, *m_lagerauswahl);
+    verbindeArtikel(felder().drpArtikel, *m_artikelauswahl);
     fuelleArtikelarten(felder().drpGruppe);
 }
 
 void Erfassungsmaske::verdrahteKopf()
 {
     verdrahte(m_kopf->Buchdatum, &DateCombo::Change, this, [this] { FelderFullen(); });
-    verdrahte(m_kopf->Command3, &QPushButton::clicked, this, &Erfassungsmaske::Command3_Click);
+    verdrahte(m_kopf->Command3, &QPushButton::clicked, this, [this] { stelleAufHeute(felder().Buchdatum); });
     verdrahte(m_kopf->lblLagerort, &ClickLabel::Click, this, &Erfassungsmaske::ladeLagerliste);
     verdrahte(m_kopf->drpLagerort, &DataCombo::DropDown, this, &Erfassungsmaske::ladeLagerliste);
     verdrahte(m_kopf->drpLagerort, &DataCombo::Click, this, &Erfassungsmaske::drpLagerort_Click);
@@ -87,8 +66,6 @@ void Erfassungsmaske::verdrahteKopf()
 void Erfassungsmaske::stelleWiederHer()
 {
     setWindowTitle(modulzustand().AktBuchungsart + u" erfassen"_s);
-    const QString groesse = sys::GetSetting(Abschnitt, u"Fenster"_s + objectName());
-    restoreGeometry(QByteArray::fromBase64(groesse.toLatin1()));
     chkVorhanden().setValue(sys::GetSetting(Abschnitt, u"NurVorhandenAnzeigen"_s, u"0"_s).toInt());
 }
 
@@ -156,39 +133,14 @@ void Erfassungsmaske::drpGruppe_Click()
         {[this] { ladeArtikelliste(); }, [this] { Ansichteinstellen(); }, [this] { FelderFullen(); }});
 }
 
-/// A listed name with an apostrophe breaks the statements that look it up. It may be left all the same when the user has
-/// read the error: the row itself can be written.
 void Erfassungsmaske::drpArtikel_Validate(Cancel& cancel)
 {
-    bool gelistet = true;
-    sys::underErrorReport({
-        [&] { gelistet = pruefeEintrag(felder().drpArtikel, *m_artikelauswahl, u"Name"_s); },
-        [&] {
-            if (gelistet) FelderFullen();
-        },
-    });
-    if (gelistet) return;
-    cancel = true;
-    sys::critical(u"Bitte tragen Sie eine gültigen Artikel ein oder wählen Sie eineb Artikel aus !"_s); // sic
+    cancel = !darfArtikelVerlassen(felder().drpArtikel, *m_artikelauswahl, [this] { FelderFullen(); });
 }
 
-/// The second bound was never given a day and counts as day zero, so no day lies before it: the date stays as it is. Kept,
-/// as users know the button so.
-void Erfassungsmaske::Command3_Click()
-{
-    const QDate letzterTag = nulldatum();
-    if (felder().Buchdatum.MinDate() <= sys::heute() && letzterTag >= sys::heute())
-        felder().Buchdatum.enterDate(sys::heute());
-}
-
-/// A row without a date would count in no stock, so an empty or impossible one is refused as well.
 bool Erfassungsmaske::darfSpeichern()
 {
-    if (!pruefeEingabe(felder())) return false;
-    if (felder().Buchdatum.Date().isValid()) return true;
-    sys::critical(u"Bitte tragen Sie ein Datum ein !"_s);
-    felder().Buchdatum.setFocus();
-    return false;
+    return pruefeEingabe(felder()) && pruefeDatum(felder().Buchdatum);
 }
 
 void Erfassungsmaske::merkeEinstellungen()
@@ -219,51 +171,22 @@ void Erfassungsmaske::schreibe()
     verwirf.dismiss();
 }
 
-/// Whether the row was written; if not, the mask stays as it was typed, and can be saved again.
-bool Erfassungsmaske::speichere()
-{
-    const QPointer<QWidget> fokus = focusWidget(); // a button that is disabled gives it away
-    const auto sperre = [this](bool gesperrt) {
-        for (QPushButton* knopf : {&felder().naechster, &felder().beenden})
-            knopf->setDisabled(gesperrt);
-    };
-    sperre(true);
-    const auto entsperre = qScopeGuard([&] {
-        sperre(false);
-        if (fokus) fokus->setFocus();
-    });
-    bool geschrieben = false;
-    sys::underErrorReport({[this] { merkeEinstellungen(); },
-                           [&] {
-                               schreibe();
-                               geschrieben = true;
-                           }});
-    return geschrieben;
-}
-
 void Erfassungsmaske::positioniere()
 {
     if (!aendert()) journaldaten().MoveLast();
-    m_haupt.Bestanddaten.Refresh();
-    m_haupt.Bestanddaten.FindFirst(u"Artikel = '"_s + felder().drpArtikel.Text() + u"' AND LagerortKurzKu = '"_s +
+    haupt().Bestanddaten.Refresh();
+    haupt().Bestanddaten.FindFirst(u"Artikel = '"_s + felder().drpArtikel.Text() + u"' AND LagerortKurzKu = '"_s +
                                    felder().drpLagerort.Text() + u"'"_s);
 }
 
 void Erfassungsmaske::Command2_Click(int index)
 {
     if (!owedChecksPass(*this)) return; // a mnemonic presses the button without leaving the field
-    if (!darfSpeichern() || !speichere()) return;
+    if (!darfSpeichern()) return;
+    if (!speichereUnterBericht([this] { merkeEinstellungen(); }, [this] { schreibe(); })) return;
     // Guarded by itself: what fails now, as by an apostrophe in a name, must not lead to a second row.
     sys::underErrorReport({[this] { positioniere(); }});
     if (index == 1) return accept();
     leereFuerNaechste();
     AmpelEinstellen();
-}
-
-void Erfassungsmaske::done(int result)
-{
-    sys::underErrorReport({[this] {
-        sys::SaveSetting(Abschnitt, u"Fenster"_s + objectName(), QString::fromLatin1(saveGeometry().toBase64()));
-    }});
-    QDialog::done(result);
 }

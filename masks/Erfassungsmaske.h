@@ -1,9 +1,7 @@
 #pragma once
 
-#include "masks/Maskenfelder.h"
+#include "masks/Maskenfenster.h"
 #include "platform/controls/TextBox.h"
-
-#include <QDialog>
 
 #include <optional>
 
@@ -12,12 +10,10 @@ class Maskenkopf;
 
 /// What the masks for bookings at one place have in common: the lists and their refreshing, the check of the article, the
 /// way of a save. The shared state says what is booked and whether the journal's current row is changed.
-class Erfassungsmaske : public QDialog {
+class Erfassungsmaske : public Maskenfenster {
     Q_OBJECT
 
 public:
-    void done(int result) override;
-
     virtual void AmpelEinstellen() = 0; ///< Sets the traffic light by the figures.
     virtual void Ansichteinstellen() {} ///< Shows and hides fields for the kind of article.
     virtual void FelderFullen() = 0;    ///< Computes the figures for article, place and day.
@@ -29,7 +25,7 @@ protected:
     void verbinde(Maskenkopf& kopf, Maskenfuss& fuss, NumberEdit& txtMenge, TextBox& txtEinheit, AmpelLED& Ampel);
 
     // The steps of opening, in their order.
-    void stelleWiederHer();        ///< Title, size and ticks as they were left.
+    void stelleWiederHer();        ///< Title and ticks as they were left.
     virtual void uebernimmZeile(); ///< The row that is changed: the columns that all masks share.
     void oeffneLagerliste();
     void ladeArtikelliste();
@@ -38,10 +34,6 @@ protected:
     const Maskenfelder& felder() const { return *m_felder; }
     TextBox& Einheit() const { return *m_einheit; }
     CheckBox& chkVorhanden() const;
-    DataControl& journaldaten() const { return m_haupt.Journaldaten; }
-    const Hauptansicht& haupt() const { return m_haupt; }
-    bool aendert() const { return m_id != 0; }
-    qint64 ID() const { return m_id; } ///< Of the row that is changed; 0: a new booking.
 
     virtual bool darfSpeichern();         ///< The checks before a save.
     virtual void merkeEinstellungen();    ///< What the mask remembers from one booking to the next.
@@ -58,17 +50,13 @@ private:
     void drpLagerort_Click();
     void drpGruppe_Click();
     void drpArtikel_Validate(Cancel& cancel);
-    void Command2_Click(int index);
-    void Command3_Click();
-    bool speichere();
+    void Command2_Click(int index) override;
     void schreibe();
 
-    const Hauptansicht m_haupt;
     DataControl* m_lagerauswahl;
     DataControl* m_artikelauswahl;
     Maskenkopf* m_kopf = nullptr;
     Maskenfuss* m_fuss = nullptr;
     TextBox* m_einheit = nullptr;
     std::optional<Maskenfelder> m_felder;
-    qint64 m_id = 0;
 };

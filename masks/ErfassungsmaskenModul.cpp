@@ -7,6 +7,7 @@
 #include "platform/jet/Engine.h"
 #include "platform/system/Blanks.h"
 #include "platform/system/Clock.h"
+#include "platform/system/ErrorReport.h"
 #include "platform/system/Messages.h"
 
 using namespace Qt::StringLiterals;
@@ -73,6 +74,23 @@ void fuelleArtikelarten(ComboBox& drpGruppe)
         drpGruppe.AddItem(art.name.toString());
 }
 
+void verbindeLagerorte(DataCombo& combo, DataControl& Lagerauswahl)
+{
+    combo.setDataFieldToDisplay(u"KurzKu"_s);
+    combo.setDataFieldToFind(u"Name"_s);
+    combo.addColumn(u"Name"_s, u"Name"_s);
+    combo.addColumn(u"Kürzel"_s, u"KurzKu"_s);
+    combo.setDataSource(Lagerauswahl);
+}
+
+void verbindeArtikel(DataCombo& combo, DataControl& Artikelauswahl)
+{
+    combo.setDataFieldToDisplay(u"NAME"_s);
+    combo.addColumn(u"Artikel"_s, u"NAME"_s);
+    combo.addColumn(u"Einheit"_s, u"Einheit"_s);
+    combo.setDataSource(Artikelauswahl);
+}
+
 void ladeArtikel(DataControl& Artikelauswahl, DataCombo& drpArtikel, const QString& Artikelart, bool& nurVorhandene)
 {
     if (Artikelart == PflanzlicheErzeugnisse) nurVorhandene = true;
@@ -122,6 +140,20 @@ bool pruefeEintrag(DataCombo& combo, DataControl& daten, const QString& feld)
     return true;
 }
 
+bool darfArtikelVerlassen(DataCombo& drpArtikel, DataControl& Artikelauswahl, const std::function<void()>& fuelle)
+{
+    bool gelistet = true;
+    sys::underErrorReport({
+        [&] { gelistet = pruefeEintrag(drpArtikel, Artikelauswahl, u"Name"_s); },
+        [&] {
+            if (gelistet) fuelle();
+        },
+    });
+    if (!gelistet)
+        sys::critical(u"Bitte tragen Sie eine gültigen Artikel ein oder wählen Sie eineb Artikel aus !"_s); // sic
+    return gelistet;
+}
+
 QDate vorgabedatum(const QString& Buchungsart)
 {
     const auto journal = oeffneJournaldatei();
@@ -147,6 +179,22 @@ void bereiteMaskeVor(const Maskenfelder& maske)
     QFont fett = maske.beenden.font();
     fett.setBold(true);
     maske.beenden.setFont(fett);
+}
+
+/// The second bound was never given a day and counts as day zero, so no day lies before it: the date stays as it is. Kept,
+/// as users know the button so.
+void stelleAufHeute(DateCombo& Buchdatum)
+{
+    const QDate letzterTag = nulldatum();
+    if (Buchdatum.MinDate() <= sys::heute() && letzterTag >= sys::heute()) Buchdatum.enterDate(sys::heute());
+}
+
+bool pruefeDatum(DateCombo& Buchdatum)
+{
+    if (Buchdatum.Date().isValid()) return true;
+    sys::critical(u"Bitte tragen Sie ein Datum ein !"_s);
+    Buchdatum.setFocus();
+    return false;
 }
 
 bool pruefeEingabe(const Maskenfelder& maske)

@@ -5,6 +5,8 @@
 #include <QDate>
 #include <QString>
 
+#include <functional>
+
 /// The rules that all entry masks share. They read the shared state (data directory, open journal, booking kind, year,
 /// mode of change) and keep none of their own. What the database refuses is thrown to the mask's handler.
 
@@ -13,6 +15,11 @@ std::unique_ptr<jet::Database> oeffneJournaldatei();
 
 /// Fills the list of article kinds.
 void fuelleArtikelarten(ComboBox& drpGruppe);
+
+/// Binds a combo to the storage places: its text is the short code, its list shows name and code, a typed name picks it.
+void verbindeLagerorte(DataCombo& combo, DataControl& Lagerauswahl);
+/// Binds a combo to articles, with their units: a name booked in two units is listed twice.
+void verbindeArtikel(DataCombo& combo, DataControl& Artikelauswahl);
 
 /// Offers the articles of a kind. With `nurVorhandene` those that the journal has ever booked under it, each name with
 /// each of its units; where it has none, and otherwise, those of the master data. Harvested produce is always offered from
@@ -30,6 +37,11 @@ void ladeLagerorte(DataControl& Lagerauswahl, DataCombo& drpLagerort);
 /// listed opens the list.
 bool pruefeEintrag(DataCombo& combo, DataControl& daten, const QString& feld);
 
+/// Whether an article combo may be left, with the message if not; if so, `fuelle` computes the figures for the article. A
+/// listed name with an apostrophe breaks the statements that look it up; it may be left all the same when the user has
+/// read the error: the row itself can be written.
+bool darfArtikelVerlassen(DataCombo& drpArtikel, DataControl& Artikelauswahl, const std::function<void()>& fuelle);
+
 /// The day that a new booking begins with: that of the last booking of the kind; without one today, where that lies in the
 /// open year, else the year's last day.
 QDate vorgabedatum(const QString& Buchungsart);
@@ -38,8 +50,14 @@ QDate vorgabedatum(const QString& Buchungsart);
 /// buttons of the mode, for a new booking the date.
 void bereiteMaskeVor(const Maskenfelder& maske);
 
+/// "Heute", which leaves the date as it is.
+void stelleAufHeute(DateCombo& Buchdatum);
+
 /// The checks before a save, with their messages and the focus where something is missing.
 bool pruefeEingabe(const Maskenfelder& maske);
+
+/// That the booking has a day: without one it would count in no stock.
+bool pruefeDatum(DateCombo& Buchdatum);
 
 /// Makes the current row the only selected one.
 void waehleNurAktuelleZeile(DataGrid& liste);
