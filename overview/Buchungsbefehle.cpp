@@ -3,6 +3,7 @@
 #include "core/Modulzustand.h"
 #include "masks/LAKorrekturForm.h"
 #include "masks/LAZukaufForm.h"
+#include "overview/FremdeBuchung.h"
 #include "overview/Kurzelliste.h"
 #include "platform/controls/DataGrid.h"
 #include "platform/controls/TextBox.h"
@@ -10,6 +11,7 @@
 #include "platform/system/Blanks.h"
 #include "platform/system/Messages.h"
 #include "platform/system/Pointer.h"
+#include "transfer/LAUmbuchForm.h"
 
 #include <QCoreApplication>
 
@@ -59,11 +61,7 @@ void Buchungsbefehle::beginne()
     const Kurzel* kurzel = kurzelZu(m_felder.KurzEingabe.Text());
     if (!kurzel) return; // "K" among them: once a kind of its own, it opens nothing
     zustand.AktBuchungsart = kurzel->Buchungsart.toString();
-    switch (kurzel->maske) {
-    case Maske::Buchung: return zeige([this] { return std::make_unique<LAZukaufForm>(m_haupt, m_bildschirm); });
-    case Maske::Korrektur: return zeige([this] { return std::make_unique<LAKorrekturForm>(m_haupt, m_bildschirm); });
-    case Maske::Umbuchung: return;
-    }
+    zeige(kurzel->maske);
 }
 
 void Buchungsbefehle::aendere()
@@ -74,12 +72,7 @@ void Buchungsbefehle::aendere()
     const QString art = zeile[u"Buchungsart"].isNull() ? QString() : zeile[u"Buchungsart"].toText();
     zustand.Aenderungsmodus = true;
     zustand.AktBuchungsart = art;
-    if (zeile[u"BEErfassungsnummer"].toDouble() > 0) {
-        sys::critical(u"Diese Buchung wurde mit einem angeschlossenen ZAB - Programm erfasst"
-                      u" (z.B. ZAB - Schollwart, ZAB - Quittor, ZAB - Herdon)\r\r"
-                      u"Eine Änderung kann nur in diesem Programm erfolgen."_s);
-        return;
-    }
+    if (istFremdeBuchung(zeile, u"Eine Änderung kann nur in diesem Programm erfolgen."_s)) return;
     const Kurzel* const eintrag = kurzelZuBuchungsart(art);
     if (!eintrag) {
         // sic: with and without blanks
@@ -87,17 +80,23 @@ void Buchungsbefehle::aendere()
                       u" Änderung der betroffenen Schollwart-Maßnahme verändert werden."_s);
         return;
     }
-    switch (eintrag->maske) {
-    case Maske::Buchung: return zeige([this] { return std::make_unique<LAZukaufForm>(m_haupt, m_bildschirm); });
-    case Maske::Korrektur: return zeige([this] { return std::make_unique<LAKorrekturForm>(m_haupt, m_bildschirm); });
-    case Maske::Umbuchung: return;
-    }
+    zeige(eintrag->maske);
 }
 
-void Buchungsbefehle::zeige(const std::function<std::unique_ptr<Erfassungsmaske>()>& maske)
+std::unique_ptr<QDialog> Buchungsbefehle::erzeuge(Maske maske) const
+{
+    switch (maske) {
+    case Maske::Buchung: return std::make_unique<LAZukaufForm>(m_haupt, m_bildschirm);
+    case Maske::Korrektur: return std::make_unique<LAKorrekturForm>(m_haupt, m_bildschirm);
+    case Maske::Umbuchung: return std::make_unique<LAUmbuchForm>(m_haupt, m_bildschirm);
+    }
+    return {};
+}
+
+void Buchungsbefehle::zeige(Maske maske)
 {
     sys::MausWarten();
-    const auto fenster = maske();
+    const auto fenster = erzeuge(maske);
     sys::MausNormal();
     fenster->exec();
     m_danach();

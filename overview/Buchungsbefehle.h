@@ -1,13 +1,14 @@
 #pragma once
 
 #include "masks/Maskenfelder.h"
+#include "overview/Kurzelliste.h"
 
-#include <QObject>
+#include <QDialog>
 #include <QString>
 
 #include <functional>
+#include <memory>
 
-class Erfassungsmaske;
 class TextBox;
 
 /// The short entry and the change of a booking: which mask opens for a letter or a row, and which rows may be changed.
@@ -30,7 +31,8 @@ private:
     void DrpBuchart_Click();
     void beginne(); ///< A new booking, Command7(0).
     void aendere(); ///< The journal's current row, Command7(1).
-    void zeige(const std::function<std::unique_ptr<Erfassungsmaske>()>& maske);
+    std::unique_ptr<QDialog> erzeuge(Maske maske) const;
+    void zeige(Maske maske);
 
     const Felder m_felder;
     const Hauptansicht m_haupt;

@@ -12,6 +12,7 @@
 #include "overview/Bildschirmzustand.h"
 #include "overview/Buchungsbefehle.h"
 #include "overview/Hilfe.h"
+#include "overview/Loeschung.h"
 #include "overview/Sortiermenue.h"
 #include "overview/Spaltenbreiten.h"
 #include "overview/Statusmeldung.h"
@@ -73,6 +74,8 @@ LagerbestandNeu::LagerbestandNeu(QWidget* parent)
     new Buchungsbefehle(
         {*ui->KurzEingabe, *ui->DrpBuchart, *ui->Command7_0_, *ui->Command7_1_},
         {*Journaldaten, *ui->Journalliste, *Bestanddaten, *ui->BestandListe}, [this] { aktualisiere(); }, this);
+    new Loeschung(
+        *ui->Command4, *Journaldaten, *ui->Journalliste, [this] { aktualisiere(); }, this);
     for (QPushButton* knopf : findChildren<QPushButton*>())
         knopf->setAutoDefault(false); // Enter belongs to the field that has the focus
     for (ComboBox* liste : {ui->drpLagerOrte, ui->drpArtikelGruppe, ui->drpArtikel, ui->drpJahr, ui->DrpGruppierung})
@@ -108,12 +111,10 @@ void LagerbestandNeu::richteMenuEin()
 /// What no command stands behind yet.
 void LagerbestandNeu::sperreBefehle()
 {
-    for (QWidget* befehl :
-         std::initializer_list<QWidget*>{ui->Command4, ui->Command2, ui->ExcelButton, ui->Command3, ui->Command5,
-                                         ui->SSOption1, ui->SSOption2, ui->DrpGruppierung})
+    for (QWidget* befehl : std::initializer_list<QWidget*>{ui->Command2, ui->ExcelButton, ui->Command3, ui->Command5,
+                                                           ui->SSOption1, ui->SSOption2, ui->DrpGruppierung})
         befehl->setEnabled(false);
     ui->M_PflanzschPrufen->setEnabled(false);
-    ui->Journalliste->setAllowDelete(false);
 }
 
 void LagerbestandNeu::verdrahteAlles()
@@ -440,7 +441,8 @@ void LagerbestandNeu::M_Vorjahr_Click(bool ohneVorjahr)
 
 void LagerbestandNeu::Journaldaten_Reposition()
 {
-    ui->Command7_1_->setEnabled(Journaldaten->RecordCount() > 0);
+    for (QPushButton* befehl : {ui->Command7_1_, ui->Command4})
+        befehl->setEnabled(Journaldaten->RecordCount() > 0);
     if (!Journaldaten->isOpen()) return ui->Journalliste->setCaption(NichtGelesen);
     const qsizetype zeilen = Journaldaten->RecordCount();
     ui->Journalliste->setCaption(zeilen == 1 ? u"1 Bewegung"_s : QString::number(zeilen) + u" Bewegungen"_s);

@@ -36,10 +36,15 @@ void Buchung::kurzel(char buchstabe) const
     QTest::keyClick(&eingabe, buchstabe);
 }
 
+void Buchung::aktiviere() const
+{
+    fenster->activateWindow();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == fenster.get(); }));
+}
+
 void Buchung::aendere() const
 {
-    fenster->activateWindow(); // as a window manager does when a mask has closed
-    ASSERT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == fenster.get(); }));
+    aktiviere();
     druecke(*fenster, Qt::Key_D, "Command7(1)");
 }
 

@@ -13,7 +13,8 @@ protected:
 
     /// Types a code on the main screen; what the user does in the mask has been queued before.
     void kurzel(char buchstabe) const;
-    void aendere() const; ///< "Än&dern" by its letter.
+    void aktiviere() const; ///< As a window manager does when a mask has closed.
+    void aendere() const;   ///< "Än&dern" by its letter.
     void waehleBewegung(int zeile) const;
 
     static void schreibe(QWidget& maske, const char* name, const QString& text); ///< Over a field, and stays in it.

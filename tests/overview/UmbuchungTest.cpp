@@ -1,0 +1,170 @@
+// Transfers as users book and change them: the mask by keyboard, then both rows of the file are asked.
+
+#include "tests/overview/Buchung.h"
+
+#include "platform/controls/ComboField.h"
+#include "platform/controls/DataGrid.h"
+
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class Umbuchung : public Buchung {
+protected:
+    /// Ten of the wheat at H1 to H2 on 1 June; with the comment.
+    void bucheUm()
+    {
+        imNaechstenFenster([&](QWidget& maske) {
+            setze(maske, "Buchdatum", u"1.6."_s);
+            erfasse(maske, u"Pflanzliche"_s, u"Weizen"_s, u"10"_s);
+            setze(maske, "drpLagerorte2", u"H2"_s);
+            setze(maske, "DrpArtikel2", u"Weizen"_s);
+            setze(maske, "txtKommentar", u"umgelagert"_s);
+            speichere(maske);
+        });
+        kurzel('u');
+    }
+
+    /// Both rows: "7 | H1 | Weizen | -10 | dt | 8 | umgelagert".
+    QStringList paare() const
+    {
+        return hof.zeigt(2024, u"SELECT ID, LagerortKurzKu, Artikel, Menge, Einheit, Verfuttert_an, Kommentar"
+                               u" FROM LAGERJOURNAL WHERE Buchungsart = 'Umbuchung' ORDER BY ID"_s);
+    }
+
+    const QStringList neuesPaar{u"7 | H1 | Weizen | -10 | dt | 8 | umgelagert"_s,
+                                u"8 | H2 | Weizen | 10 | dt | 7 | umgelagert"_s};
+};
+
+const QString ZugangNegativ =
+    QStringLiteral("Der Lagerstand wird negativ.\r\rWollen Sie die Buchung trotzdem abspeichern ?");
+
+} // namespace
+
+TEST_F(Umbuchung, NimmtHierUndGibtDort)
+{
+    oeffne();
+    imNaechstenFenster([&](QWidget& maske) {
+        EXPECT_EQ(maske.windowTitle(), u"Lagerbestände umbuchen"_s);
+        EXPECT_TRUE(widget(maske, "drpLagerort").hasFocus());
+        setze(maske, "drpLagerort", u"halle n"_s);
+        setze(maske, "drpGruppe", u"Pflanzliche"_s);
+        setze(maske, "drpArtikel", u"Weizen"_s);
+        EXPECT_EQ(text(maske, "drpGruppe2"), u"Pflanzliche Erzeugnisse"_s); // taken over
+        EXPECT_EQ(wert(maske, "txtBisher"), 80);
+        setze(maske, "drpLagerorte2", u"H2"_s);
+        setze(maske, "DrpArtikel2", u"Weizen"_s);
+        EXPECT_EQ(wert(maske, "txtBisher2"), 50);
+        setze(maske, "txtMenge", u"80,5"_s);
+        EXPECT_EQ(wert(maske, "txtNeu"), -0.5);
+        EXPECT_EQ(wert(maske, "txtNeu2"), 130.5);
+        EXPECT_EQ(widget(maske, "Ampel").property("Ampel"), 3);
+        EXPECT_EQ(widget(maske, "Ampel2").property("Ampel"), 1);
+        setze(maske, "txtMenge", u"80"_s);
+        EXPECT_EQ(widget(maske, "Ampel").property("Ampel"), 1); // 0 is enough
+        setze(maske, "Buchdatum", u"1.6."_s);
+        speichereUndNaechster(maske);
+        EXPECT_EQ(text(maske, "drpArtikel") + text(maske, "DrpArtikel2"), QString());
+        EXPECT_EQ(text(maske, "drpLagerorte2"), u"H2"_s);
+        EXPECT_EQ(wert(maske, "txtMenge"), 0);
+        setze(maske, "drpArtikel", u"Weizen"_s);
+        setze(maske, "DrpArtikel2", u"Weizen"_s);
+        setze(maske, "txtMenge", u"-200"_s);
+        hof.meldungen().beantworte(ZugangNegativ, sys::Answer::No);
+        speichere(maske);
+        esc();
+    });
+    kurzel('u');
+    EXPECT_EQ(hof.meldungen().abgeholt(), QStringList(ZugangNegativ));
+    EXPECT_EQ(paare(), (QStringList{u"7 | H1 | Weizen | -80 | dt | 8 | "_s, u"8 | H2 | Weizen | 80 | dt | 7 | "_s}));
+    EXPECT_EQ(aktuelleBewegung(), u"01.06. | H2 | Weizen | +80,00 | Umbuchung"_s);
+}
+
+// From the issue or the receipt, on view or hidden by the filter: both rows of the same pair change.
+TEST_F(Umbuchung, AendertBeideZeilenVonJederSeite)
+{
+    oeffne();
+    bucheUm();
+    ASSERT_EQ(paare(), neuesPaar);
+    double menge = 10;
+    for (const char* ort : {"H1", "H2", "Alle"}) {
+        SCOPED_TRACE(ort);
+        tippe("drpLagerOrte", QString::fromLatin1(ort));
+        waehleBewegung(feld<DataGrid>("Journalliste").model()->rowCount() - 1);
+        imNaechstenFenster([&](QWidget& maske) {
+            EXPECT_EQ(text(maske, "drpLagerort") + text(maske, "drpLagerorte2"), u"H1H2"_s);
+            EXPECT_EQ(wert(maske, "txtMenge"), menge);
+            EXPECT_EQ(wert(maske, "txtBisher"), 80); // without the pair itself
+            EXPECT_EQ(wert(maske, "txtBisher2"), 50);
+            setze(maske, "txtMenge", QString::number(++menge));
+            speichere(maske);
+        });
+        aendere();
+        EXPECT_EQ(paare(), (QStringList{u"7 | H1 | Weizen | -%1 | dt | 8 | umgelagert"_s.arg(menge),
+                                        u"8 | H2 | Weizen | %1 | dt | 7 | umgelagert"_s.arg(menge)}));
+    }
+    EXPECT_EQ(hof.meldungen().abgeholt(), QStringList());
+}
+
+TEST_F(Umbuchung, EinHalbesPaarWirdNichtZumGanzen)
+{
+    oeffne();
+    bucheUm();
+    const struct {
+        const char* weg;
+        QString meldung;
+    } faelle[] = {{"8", bericht(3021)}, {"10", u"Bitte wählen Sie einen Lagerort aus !"_s}};
+    for (const auto& fall : faelle) {
+        SCOPED_TRACE(fall.weg);
+        hof.fuehreAus(2024, u"DELETE FROM LAGERJOURNAL WHERE Buchungsart = 'Umbuchung' AND ID = "_s +
+                                QString::fromLatin1(fall.weg));
+        // A sibling program's row that has the same number for something else is no partner.
+        hof.fuehreAus(2024, u"INSERT INTO LAGERJOURNAL (Datum, Artikel, Menge, Buchungsart, Verfuttert_an) VALUES"
+                            u" (#5/30/2024#, 'Hafer', 1, 'Fütterung', '7')"_s);
+        const QStringList vorher = paare();
+        aktiviere();
+        drucke("Journalliste", Qt::Key_F5);
+        waehleBewegung(feld<DataGrid>("Journalliste").model()->rowCount() - 1);
+        hof.meldungen().beantworteAlle(sys::Answer::Abort);
+        imNaechstenFenster([&](QWidget& maske) {
+            speichere(maske);
+            esc();
+        });
+        aendere();
+        const QStringList meldungen = hof.meldungen().abgeholt();
+        EXPECT_EQ(meldungen.size(), 1);
+        EXPECT_TRUE(meldungen.value(0).startsWith(fall.meldung)) << meldungen.join(u'|').toStdString();
+        EXPECT_EQ(paare(), vorher);
+        if (fall.weg[0] == '8') bucheUm(); // as 10 and 11
+    }
+}
+
+TEST_F(Umbuchung, LoeschenNimmtBeideZeilen)
+{
+    oeffne();
+    const QString frage = u"Wollen Sie die markierte Zeile wirklich löschen ?"_s;
+    for (const char* ort : {"H1", "H2", "Alle"}) { // the other row is hidden, then not
+        SCOPED_TRACE(ort);
+        bucheUm();
+        aktiviere();
+        tippe("drpLagerOrte", QString::fromLatin1(ort));
+        waehleBewegung(feld<DataGrid>("Journalliste").model()->rowCount() - 1);
+        hof.meldungen().beantworte(frage, sys::Answer::No);
+        druecke(*fenster, Qt::Key_L, "Command4");
+        EXPECT_EQ(paare().size(), 2);
+        hof.meldungen().beantworte(frage, sys::Answer::Yes);
+        drucke("Journalliste", Qt::Key_Delete);
+        EXPECT_EQ(paare(), QStringList());
+        EXPECT_EQ(hof.meldungen().abgeholt(), (QStringList{frage, frage}));
+        EXPECT_EQ(anzahl(), 6);
+        tippe("drpLagerOrte", u"Alle"_s);
+    }
+    hof.fuehreAus(2024, u"UPDATE LAGERJOURNAL SET BEErfassungsnummer = 1 WHERE Artikel = 'Hafer'"_s);
+    drucke("Journalliste", Qt::Key_F5);
+    waehleBewegung(5);
+    drucke("Journalliste", Qt::Key_Delete);
+    EXPECT_TRUE(hof.meldungen().abgeholt().value(0).endsWith(u"Eine Löschung kann nur in diesem Programm erfolgen."_s));
+    EXPECT_EQ(anzahl(), 6);
+}

@@ -1,0 +1,338 @@
+#include "transfer/LAUmbuchForm.h"
+
+#include "ui_LAUmbuchForm.h"
+
+#include "core/Modulzustand.h"
+#include "core/ZeilenumbruchEntfernen.h"
+#include "masks/ErfassungsmaskenModul.h"
+#include "masks/Lagerstand.h"
+#include "masks/Maskenteile.h"
+#include "platform/controls/TextBox.h"
+#include "platform/controls/Wiring.h"
+#include "platform/jet/Errors.h"
+#include "platform/system/Blanks.h"
+#include "platform/system/ErrorReport.h"
+#include "platform/system/Messages.h"
+#include "platform/system/Settings.h"
+#include "transfer/Umbuchseite.h"
+#include "transfer/Umbuchungspartner.h"
+
+#include <QScopeGuard>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int Gruen = 1;
+constexpr int Rot = 3;
+const QString Abschnitt = u"Lagerverwaltung"_s;
+
+std::unique_ptr<jet::Recordset> zeileMit(DataControl& journal, qint64 ID)
+{
+    auto zeile = journal.Database().OpenRecordset(u"SELECT * FROM LAGERJOURNAL WHERE ID = "_s + QString::number(ID),
+                                                  jet::Kind::Dynaset);
+    if (zeile->Eof()) jet::raise(jet::ErrorNumber::NoCurrentRecord);
+    return zeile;
+}
+
+} // namespace
+
+LAUmbuchForm::LAUmbuchForm(const Hauptansicht& haupt, QWidget* parent)
+    : Maskenfenster(haupt, parent), ui(std::make_unique<Ui::LAUmbuchForm>()), m_lagerauswahl(new DataControl(this)),
+      m_artikelauswahl(new DataControl(this)), m_artikelauswahl2(new DataControl(this))
+{
+    ui->setupUi(this);
+    m_lagerauswahl->setObjectName(u"Lagerauswahl"_s);
+    m_artikelauswahl->setObjectName(u"Artikelauswahl"_s);
+    m_artikelauswahl2->setObjectName(u"Artikelauswahl2"_s);
+    ui->Zugang->nenneZweite();
+    ui->Abgang->verbinde(*m_lagerauswahl, *m_artikelauswahl);
+    ui->Zugang->verbinde(*m_lagerauswahl, *m_artikelauswahl2);
+    m_abgang.emplace(Seite{*ui->Abgang, *m_artikelauswahl, *ui->txtAbgangsID, -1});
+    m_zugang.emplace(Seite{*ui->Zugang, *m_artikelauswahl2, *ui->txtZugangsID, 1});
+    m_felder.emplace(Maskenfelder{*ui->Buchdatum, *ui->Abgang->drpLagerort, *ui->Abgang->drpGruppe,
+                                  *ui->Abgang->drpArtikel, *ui->txtMenge, *ui->Abgang->Ampel, *ui->Fuss->Command2_0_,
+                                  *ui->Fuss->Command2_1_, *m_lagerauswahl, *m_artikelauswahl});
+    richteFensterEin(*ui->Fuss);
+    verdrahte(ui->Command3, &QPushButton::clicked, this, [this] { stelleAufHeute(*ui->Buchdatum); });
+    verdrahte(ui->txtMenge, &NumberEdit::Change, this, &LAUmbuchForm::txtMenge_Change);
+    verdrahteSeite(*m_abgang, &LAUmbuchForm::FelderFullen);
+    verdrahteSeite(*m_zugang, &LAUmbuchForm::FelderFullen2);
+    verdrahte(ui->Abgang->lblArtikel, &ClickLabel::Click, this,
+              [this] { ladeArtikelstamm(*m_artikelauswahl, *ui->Abgang->drpArtikel, ui->Abgang->drpGruppe->Text()); });
+    // The kind was looked for in a field that the combo does not have and that is always empty: the list is only read
+    // again. Kept, as the list that stands there is the right one.
+    verdrahte(ui->Zugang->lblArtikel, &ClickLabel::Click, this,
+              [this] { ladeArtikelstamm(*m_artikelauswahl2, *ui->Zugang->drpArtikel, QString()); });
+    Form_Load();
+}
+
+LAUmbuchForm::~LAUmbuchForm() = default;
+
+void LAUmbuchForm::verdrahteSeite(const Seite& seite, void (LAUmbuchForm::*fuelle)())
+{
+    Umbuchseite& felder = seite.felder;
+    const auto ladeUndFuelle = [this, &seite, fuelle] {
+        sys::underErrorReport({[&] { ladeArtikelliste(seite); }, [&] { (this->*fuelle)(); }});
+    };
+    const auto ladeOrte = [this, &felder] { ladeLagerorte(*m_lagerauswahl, *felder.drpLagerort); };
+    verdrahte(felder.drpLagerort, &DataCombo::DropDown, this, ladeOrte);
+    verdrahte(felder.lblLagerort, &ClickLabel::Click, this, ladeOrte);
+    verdrahte(felder.drpLagerort, &DataCombo::Click, this, fuelle);
+    verdrahte(felder.drpGruppe, &ComboBox::Click, this, ladeUndFuelle);
+    verdrahte(felder.chkVorhanden, &CheckBox::Click, this, ladeUndFuelle);
+    verdrahte(felder.drpArtikel, &DataCombo::DropDown, this, [this, &seite] { ladeArtikelliste(seite); });
+    verdrahte(felder.drpArtikel, &DataCombo::Click, this, fuelle);
+    verdrahte(felder.drpArtikel, &DataCombo::Validate, this, [this, &seite, fuelle](Cancel& cancel) {
+        cancel = !darfArtikelVerlassen(*seite.felder.drpArtikel, seite.Artikelauswahl,
+                                       [this, fuelle] { (this->*fuelle)(); });
+    });
+}
+
+void LAUmbuchForm::Form_Load()
+{
+    sys::underErrorReport({
+        [this] { bereiteMaskeVor(*m_felder); },
+        [this] { m_lagerauswahl->Refresh(); },
+        // sic: the tick of the issuing side is remembered under the name with the 2, this one read without it
+        [this] {
+            const QString nurVorhandene = sys::GetSetting(Abschnitt, u"NurVorhandenAnzeigen"_s, u"0"_s);
+            ui->Zugang->chkVorhanden->setValue(nurVorhandene.toInt() != 0);
+        },
+        [this] {
+            if (aendert()) uebernimmPaar();
+        },
+    });
+    QWidget* const erstes = aendert() ? static_cast<QWidget*>(ui->txtMenge) : ui->Abgang->drpLagerort;
+    erstes->setFocus();
+}
+
+/// Whichever of its rows was chosen, the pair is shown alike. A receipt without its issue leaves both sides empty. Without
+/// a receipt the issue stands on both sides, and the save is refused.
+void LAUmbuchForm::uebernimmPaar()
+{
+    const jet::Recordset& gewaehlte = journaldaten().Recordset();
+    ui->Buchdatum->setDate(gewaehlte[u"Datum"].toDate());
+    ui->Buchdatum->setTag(ui->Buchdatum->Text());
+    std::optional<qint64> abgang = ID();
+    if (gewaehlte[u"Menge"].toDouble() > 0) abgang = umbuchungspartner(journaldaten(), ID());
+    if (!abgang) return;
+    const auto abgangszeile = zeileMit(journaldaten(), *abgang);
+    uebernimmSeite(*m_abgang, *abgangszeile);
+    ui->txtMenge->setValue(-(*abgangszeile)[u"Menge"].toDouble());
+    ui->txtMenge->setTag(ui->txtMenge->Text());
+    const qint64 zugang = umbuchungspartner(journaldaten(), *abgang).value_or(*abgang);
+    const auto zugangszeile = zeileMit(journaldaten(), zugang);
+    uebernimmSeite(*m_zugang, *zugangszeile);
+    ui->Fuss->txtKommentar->setText((*zugangszeile)[u"Kommentar"].toText());
+    FelderFullen();
+    FelderFullen2();
+}
+
+void LAUmbuchForm::uebernimmSeite(const Seite& seite, const jet::Recordset& zeile)
+{
+    Umbuchseite& felder = seite.felder;
+    seite.ID.setValue(zeile[u"ID"].toDouble());
+    felder.drpGruppe->setText(zeile[u"Artikelart"].toText());
+    ladeArtikelliste(seite);
+    felder.drpArtikel->setText(zeile[u"Artikel"].toText());
+    felder.drpArtikel->setTag(felder.drpArtikel->Text());
+    felder.drpLagerort->setText(zeile[u"LagerortKurzKu"].toText());
+    felder.txtEinheit->setText(zeile[u"Einheit"].toText());
+}
+
+void LAUmbuchForm::ladeArtikelliste(const Seite& seite)
+{
+    bool nurVorhandene = seite.felder.chkVorhanden->Value() == 1;
+    ladeArtikel(seite.Artikelauswahl, *seite.felder.drpArtikel, seite.felder.drpGruppe->Text(), nurVorhandene);
+}
+
+void LAUmbuchForm::AmpelEinstellen()
+{
+    for (const Umbuchseite* seite : {ui->Abgang, ui->Zugang})
+        seite->Ampel->setAmpel(seite->txtNeu->Value() < 0 ? Rot : Gruen);
+}
+
+void LAUmbuchForm::berechne(const Seite& seite)
+{
+    seite.felder.txtBisher->setValue(0); // where the look-up fails no other article's stock may stay
+    const auto journal = oeffneJournaldatei();
+    const qint64 ohne = aendert() ? static_cast<qint64>(seite.ID.Value()) : 0;
+    seite.felder.txtBisher->setValue(
+        lagerstand(*journal, seite.felder.drpArtikel->Text(), seite.felder.drpLagerort->Text(), ohne));
+    seite.felder.txtNeu->setValue(seite.felder.txtBisher->Value() + seite.vorzeichen * ui->txtMenge->Value());
+}
+
+void LAUmbuchForm::ermittleEinheit(const Seite& seite)
+{
+    const QString artikel = sys::trimBlanks(seite.felder.drpArtikel->Text()).toLower();
+    if (artikel.isEmpty() || !seite.Artikelauswahl.isOpen()) return;
+    seite.Artikelauswahl.FindFirst(u"TRIM(LCASE(NAME)) = '"_s + artikel + u"'"_s);
+    if (seite.Artikelauswahl.NoMatch()) return;
+    seite.felder.txtEinheit->setText(seite.Artikelauswahl.Recordset()[u"Einheit"].toText());
+}
+
+/// The tag holds the article of the pair that is changed and is empty for a new one: then every article of the issuing side
+/// takes its kind to the receiving side, since most transfers only change the place.
+void LAUmbuchForm::FelderFullen()
+{
+    berechne(*m_abgang);
+    AmpelEinstellen();
+    if (ui->Abgang->drpArtikel->Text() == ui->Abgang->drpArtikel->Tag()) return;
+    ermittleEinheit(*m_abgang);
+    ui->Zugang->drpGruppe->setText(ui->Abgang->drpGruppe->Text());
+    ladeArtikelliste(*m_zugang);
+    FelderFullen2();
+}
+
+void LAUmbuchForm::FelderFullen2()
+{
+    berechne(*m_zugang);
+    AmpelEinstellen();
+    if (ui->Zugang->drpArtikel->Text() != ui->Zugang->drpArtikel->Tag()) ermittleEinheit(*m_zugang);
+}
+
+void LAUmbuchForm::txtMenge_Change()
+{
+    const double menge = ui->txtMenge->Value();
+    for (const Seite& seite : {*m_abgang, *m_zugang})
+        seite.felder.txtNeu->setValue(seite.felder.txtBisher->Value() + seite.vorzeichen * menge);
+    AmpelEinstellen();
+}
+
+bool LAUmbuchForm::darfSpeichern()
+{
+    if (!pruefeEingabe(*m_felder)) return false;
+    const auto fehlt = [](QWidget& feld, const QString& meldung) {
+        sys::critical(meldung);
+        feld.setFocus();
+        return false;
+    };
+    Umbuchseite& zugang = *ui->Zugang;
+    if (zugang.Ampel->Ampel() == Rot) {
+        const auto antwort = sys::messages().show(u"Der Lagerstand wird negativ."_s + u"\r\r"_s +
+                                                      u"Wollen Sie die Buchung trotzdem abspeichern ?"_s,
+                                                  sys::YesNo | sys::Question | sys::DefaultButton2);
+        if (antwort != sys::Answer::Yes) return false;
+    }
+    if (sys::trimBlanks(zugang.drpLagerort->Text()).isEmpty())
+        return fehlt(*zugang.drpLagerort, u"Bitte wählen Sie einen Lagerort aus !"_s);
+    if (sys::trimBlanks(zugang.drpArtikel->Text()).isEmpty()) {
+        QWidget* const ziel = sys::trimBlanks(zugang.drpGruppe->Text()).isEmpty()
+                                  ? static_cast<QWidget*>(zugang.drpGruppe)
+                                  : zugang.drpArtikel;
+        return fehlt(*ziel, u"Bitte wählen Sie einen Artikel aus !"_s);
+    }
+    return pruefeDatum(*ui->Buchdatum);
+}
+
+void LAUmbuchForm::Command2_Click(int index)
+{
+    if (!owedChecksPass(*this)) return; // a mnemonic presses the button without leaving the field
+    if (!darfSpeichern()) return;
+    const auto merke = [this] {
+        sys::SaveSetting(Abschnitt, u"NurVorhandenAnzeigen2"_s, QString::number(ui->Abgang->chkVorhanden->Value()));
+    };
+    if (!speichereUnterBericht(merke, [this] { schreibe(); })) return;
+    // Guarded by itself: what fails now, as by an apostrophe in a name, must not lead to a second pair.
+    sys::underErrorReport({[this] { positioniere(); }});
+    if (index == 1) return accept();
+    leereFuerNaechste();
+}
+
+/// One step of the error report: ignoring an error cannot go on with half a pair.
+void LAUmbuchForm::schreibe()
+{
+    auto verwirf = qScopeGuard([this] { journaldaten().UpdateControls(); }); // drops the pending row
+    aendert() ? aendere() : bucheNeu();
+    verwirf.dismiss();
+}
+
+/// Both rows are looked up before the first is written; a half pair is refused.
+void LAUmbuchForm::aendere()
+{
+    const auto abgang = static_cast<qint64>(ui->txtAbgangsID->Value());
+    const auto zugang = static_cast<qint64>(ui->txtZugangsID->Value());
+    if (abgang == 0 || zugang == 0 || abgang == zugang) jet::raise(jet::ErrorNumber::NoCurrentRecord);
+    zeileMit(journaldaten(), abgang);
+    zeileMit(journaldaten(), zugang);
+    bearbeite(abgang, *m_abgang);
+    bearbeite(zugang, *m_zugang);
+}
+
+/// What an earlier try has written already is written over, not doubled.
+void LAUmbuchForm::bucheNeu()
+{
+    m_neuerAbgang = schreibeNeue(m_neuerAbgang, *m_abgang);
+    if (haupt().Bestanddaten.RecordCount() > 0) waehleNurAktuelleZeile(haupt().BestandListe);
+    m_neuerZugang = schreibeNeue(m_neuerZugang, *m_zugang);
+    journaldaten().Database().Execute(u"UPDATE LAGERJOURNAL SET Verfuttert_an = '"_s + QString::number(*m_neuerZugang) +
+                                      u"' WHERE ID = "_s + QString::number(*m_neuerAbgang));
+    m_neuerAbgang.reset();
+    m_neuerZugang.reset();
+}
+
+/// \returns the ID of the new row: it is the last one, since rows of other programs come with a refresh only.
+qint64 LAUmbuchForm::schreibeNeue(std::optional<qint64> schonGeschrieben, const Seite& seite)
+{
+    if (schonGeschrieben) {
+        bearbeite(*schonGeschrieben, seite);
+        return *schonGeschrieben;
+    }
+    DataControl& journal = journaldaten();
+    journal.AddNew();
+    setzeSpalten(journal, seite);
+    journal.Set(u"BuchungsID", 0); // of no sibling program
+    if (m_neuerAbgang) journal.Set(u"Verfuttert_an", QString::number(*m_neuerAbgang));
+    journal.Update();
+    journal.MoveLast();
+    return journal.Recordset()[u"ID"].toLong();
+}
+
+/// Changes a row of a pair, also one that the journal's filter hides.
+void LAUmbuchForm::bearbeite(qint64 ID, const Seite& seite)
+{
+    DataControl& journal = journaldaten();
+    const auto aendere = [&](auto& zeile) {
+        zeile.Edit();
+        setzeSpalten(zeile, seite);
+        zeile.Update();
+    };
+    if (bewegeZu(journal, ID)) return aendere(journal);
+    aendere(*zeileMit(journal, ID));
+}
+
+template <class Zeile>
+void LAUmbuchForm::setzeSpalten(Zeile& zeile, const Seite& seite) const
+{
+    const double menge = seite.vorzeichen * ui->txtMenge->Value();
+    zeile.Set(u"Datum", ui->Buchdatum->Date());
+    zeile.Set(u"Artikel", seite.felder.drpArtikel->Text());
+    zeile.Set(u"Artikelart", seite.felder.drpGruppe->Text());
+    zeile.Set(u"LagerortKurzKu", seite.felder.drpLagerort->Text());
+    zeile.Set(u"Menge", menge);
+    zeile.Set(u"Buchungsmenge", menge);
+    zeile.Set(u"Buchungsart", modulzustand().AktBuchungsart);
+    zeile.Set(u"Einheit", seite.felder.txtEinheit->Text());
+    zeile.Set(u"Kommentar", ZeilenumbruchEntfernen(ui->Fuss->txtKommentar->Text()));
+}
+
+void LAUmbuchForm::positioniere()
+{
+    DataControl& bestand = haupt().Bestanddaten;
+    bestand.Refresh();
+    bestand.FindFirst(u"Artikel = '"_s + ui->Abgang->drpArtikel->Text() + u"' AND LagerortKurzKu = '"_s +
+                      ui->Abgang->drpLagerort->Text() + u"'"_s);
+    if (!bestand.NoMatch()) waehleNurAktuelleZeile(haupt().BestandListe);
+}
+
+void LAUmbuchForm::leereFuerNaechste()
+{
+    ui->txtMenge->setValue(0);
+    for (Umbuchseite* seite : {ui->Abgang, ui->Zugang}) {
+        seite->drpArtikel->setText({});
+        seite->setzeBestand(0, 0);
+    }
+    AmpelEinstellen();
+    ui->Buchdatum->setFocus();
+}

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "masks/Maskenfenster.h"
+
+#include <memory>
+#include <optional>
+
+class Umbuchseite;
+namespace jet {
+class Recordset;
+}
+namespace Ui {
+class LAUmbuchForm;
+}
+
+/// Transfers: a quantity leaves one storage place and arrives at another, or becomes another article.
+///
+/// It is stored as two rows, an issue and a receipt, each of which names the other in Verfuttert_an. The sign of Menge
+/// tells which is which. Both are written one after the other without a transaction: a program that is stopped in between
+/// leaves the issue alone. A save that failed there goes on with that issue when it is tried again.
+class LAUmbuchForm final : public Maskenfenster {
+    Q_OBJECT
+
+public:
+    explicit LAUmbuchForm(const Hauptansicht& haupt, QWidget* parent = nullptr);
+    ~LAUmbuchForm() override;
+
+    void AmpelEinstellen(); ///< Red where a new stock is below 0.
+    void FelderFullen();    ///< Computes the issuing side.
+    void FelderFullen2();   ///< Computes the receiving side.
+
+private:
+    /// What is the same for both sides.
+    struct Seite {
+        Umbuchseite& felder;
+        DataControl& Artikelauswahl;
+        NumberEdit& ID; ///< Of the row that is changed.
+        int vorzeichen; ///< Of the quantity in its row.
+    };
+
+    void verdrahteSeite(const Seite& seite, void (LAUmbuchForm::*fuelle)());
+    void Form_Load();
+    void uebernimmPaar();
+    void uebernimmSeite(const Seite& seite, const jet::Recordset& zeile);
+    void ladeArtikelliste(const Seite& seite);
+    void ermittleEinheit(const Seite& seite);
+    void berechne(const Seite& seite);
+    void txtMenge_Change();
+
+    void Command2_Click(int index) override;
+    bool darfSpeichern();
+    void schreibe();
+    void aendere();
+    void bucheNeu();
+    qint64 schreibeNeue(std::optional<qint64> schonGeschrieben, const Seite& seite);
+    void bearbeite(qint64 ID, const Seite& seite);
+    template <class Zeile>
+    void setzeSpalten(Zeile& zeile, const Seite& seite) const;
+    void positioniere();
+    void leereFuerNaechste();
+
+    std::unique_ptr<Ui::LAUmbuchForm> ui;
+    DataControl* m_lagerauswahl;
+    DataControl* m_artikelauswahl;
+    DataControl* m_artikelauswahl2;
+    std::optional<Seite> m_abgang, m_zugang;
+    std::optional<Maskenfelder> m_felder;
+    /// Of a new pair that could not be written to its end yet.
+    std::optional<qint64> m_neuerAbgang, m_neuerZugang;
+};

@@ -1,0 +1,37 @@
+#include "transfer/Umbuchseite.h"
+
+#include "masks/ErfassungsmaskenModul.h"
+
+using namespace Qt::StringLiterals;
+
+Umbuchseite::Umbuchseite(QWidget* parent) : QGroupBox(parent)
+{
+    constexpr int Feldzeichen = 30; // of average width: the longest kind of articles fits
+    setupUi(this);
+    Seite->setColumnMinimumWidth(1, Feldzeichen * fontMetrics().averageCharWidth());
+}
+
+void Umbuchseite::nenneZweite()
+{
+    drpLagerort->setObjectName(u"drpLagerorte2"_s);
+    drpGruppe->setObjectName(u"drpGruppe2"_s);
+    drpArtikel->setObjectName(u"DrpArtikel2"_s);
+    for (QWidget* feld :
+         std::initializer_list<QWidget*>{chkVorhanden, txtBisher, txtNeu, txtEinheit, Ampel, lblLagerort, lblArtikel})
+        feld->setObjectName(feld->objectName() + u'2');
+}
+
+void Umbuchseite::verbinde(DataControl& Lagerauswahl, DataControl& Artikelauswahl)
+{
+    lblLagerort->setBuddy(*drpLagerort);
+    lblArtikel->setBuddy(*drpArtikel);
+    verbindeLagerorte(*drpLagerort, Lagerauswahl);
+    verbindeArtikel(*drpArtikel, Artikelauswahl);
+    fuelleArtikelarten(*drpGruppe);
+}
+
+void Umbuchseite::setzeBestand(double bisher, double neu)
+{
+    txtBisher->setValue(bisher);
+    txtNeu->setValue(neu);
+}

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "ui_Umbuchseite.h"
+
+#include <QGroupBox>
+
+/// One side of a transfer: where, what, and the stock before and after.
+class Umbuchseite : public QGroupBox, public Ui::Umbuchseite {
+public:
+    explicit Umbuchseite(QWidget* parent = nullptr);
+
+    void nenneZweite(); ///< Gives the controls the names of the receiving side.
+    /// Where its lists come from.
+    void verbinde(DataControl& Lagerauswahl, DataControl& Artikelauswahl);
+    void setzeBestand(double bisher, double neu);
+};
