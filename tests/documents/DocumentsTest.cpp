@@ -14,7 +14,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QStringList Handbook = {u"docs/handbuch/index.adoc"_s, u"docs/handbuch/hauptbildschirm.adoc"_s};
+const QStringList Handbook = {u"docs/handbuch/index.adoc"_s, u"docs/handbuch/hauptbildschirm.adoc"_s,
+                              u"docs/handbuch/buchen.adoc"_s};
 const QStringList Documents = QStringList{u"README.md"_s, u"docs/architecture.md"_s, u"docs/contributing.md"_s,
                                           u"docs/hosts.md"_s, u"bench/README.md"_s} +
                               Handbook;
@@ -56,7 +57,7 @@ QString help()
 QStringList textsOfTheProgram()
 {
     QStringList texts;
-    for (const auto& room : {u"overview"_s, u"core"_s, u"platform"_s}) {
+    for (const auto& room : {u"overview"_s, u"transfer"_s, u"masks"_s, u"core"_s, u"platform"_s}) {
         QDirIterator files(tree().filePath(room), {u"*.ui"_s, u"*.cpp"_s, u"*.h"_s}, QDir::Files,
                            QDirIterator::Subdirectories);
         while (files.hasNext()) {
