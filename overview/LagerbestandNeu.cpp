@@ -16,6 +16,7 @@
 #include "overview/Sortiermenue.h"
 #include "overview/Spaltenbreiten.h"
 #include "overview/Statusmeldung.h"
+#include "platform/controls/TasteUmsetzen.h"
 #include "platform/controls/Wiring.h"
 #include "platform/family/DatabaseFile.h"
 #include "platform/jet/Engine.h"
@@ -78,6 +79,8 @@ LagerbestandNeu::LagerbestandNeu(QWidget* parent)
         *ui->Command4, *Journaldaten, *ui->Journalliste, [this] { aktualisiere(); }, this);
     for (QPushButton* knopf : findChildren<QPushButton*>())
         knopf->setAutoDefault(false); // Enter belongs to the field that has the focus
+    new FieldKeys(*this);
+    ui->KurzEingabe->setProperty("KeepsEnter", true); // it opens the mask of the code that stands there
     for (ComboBox* liste : {ui->drpLagerOrte, ui->drpArtikelGruppe, ui->drpArtikel, ui->drpJahr, ui->DrpGruppierung})
         liste->setListOnly(true);
     ui->drpLagerOrte->setColumns({u"Bezeichnung"_s}, 0);
@@ -485,9 +488,7 @@ bool LagerbestandNeu::event(QEvent* event)
 void LagerbestandNeu::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_Escape) return; // a slip of the finger must not close a day's screen
-    const bool istEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (!istEnter) return QDialog::keyPressEvent(event);
-    if (auto* const knopf = qobject_cast<QPushButton*>(focusWidget())) knopf->click(); // elsewhere it presses none
+    QDialog::keyPressEvent(event);
 }
 
 void LagerbestandNeu::done(int result)

@@ -12,7 +12,14 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr QStringView ToShow = u"##,##0.00########";
-constexpr QStringView ToEdit = u"0.00########";
+constexpr qsizetype Decimals = 10; // that a value holds
+
+/// The pattern without thousands and with all decimals: what the user changes must be what is there.
+QString toEdit(const QString& pattern)
+{
+    const qsizetype fixed = pattern.section(u'.', 1).count(u'0');
+    return u"0."_s + QString(fixed, u'0') + QString(Decimals - fixed, u'#');
+}
 
 class NumberValidator final : public QValidator {
 public:
@@ -76,7 +83,7 @@ void NumberEdit::take(double value)
 QString NumberEdit::shown() const
 {
     const bool edited = isEntered() && !Locked();
-    return formatted(m_value, edited ? ToEdit : m_pattern);
+    return formatted(m_value, edited ? toEdit(m_pattern) : m_pattern);
 }
 
 void NumberEdit::show()

@@ -61,7 +61,7 @@ bool FieldKeys::eventFilter(QObject* watched, QEvent* event)
         return true;
     }
     if (key->key() != Qt::Key_Return && key->key() != Qt::Key_Enter) return false;
-    if (qobject_cast<QPlainTextEdit*>(field)) return false;
+    if (qobject_cast<QPlainTextEdit*>(field) || field->property("KeepsEnter").toBool()) return false;
     if (key->isAutoRepeat()) return true; // a key held too long leaves one field, not all
     if (QAbstractButton* const button = pressable(field)) {
         button->click();

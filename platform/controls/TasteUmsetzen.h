@@ -10,7 +10,8 @@ class QWidget;
 void TasteUmsetzen(int& KeyCode);
 
 /// Lets the keys of all fields of a screen go through TasteUmsetzen while the screen lives. On a focused button Enter
-/// presses that button, and in a text of several lines it begins a new one.
+/// presses that button, in a text of several lines it begins a new one, and a field with the property KeepsEnter gets it
+/// itself.
 class FieldKeys : public QObject {
     Q_OBJECT
 

@@ -69,6 +69,7 @@ void Hauptbildschirm::tippe(const char* feldname, const QString& text) const
     zeile->selectAll();
     QTest::keyClicks(&ziel, text);
     QTest::keyClick(&ziel, Qt::Key_Return);
+    QCoreApplication::processEvents(); // Enter goes on to the next field, and leaving takes what was typed
 }
 
 void Hauptbildschirm::drucke(const char* feldname, Qt::Key taste, Qt::KeyboardModifiers dazu) const

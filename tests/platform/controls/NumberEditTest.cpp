@@ -90,14 +90,14 @@ TEST_F(NumberEditTest, HoldsItsValueWithoutDust)
 
 TEST_F(NumberEditTest, IsTypedOverOnceEntered)
 {
-    m_field.setValue(-1250);
-    m_field.setNumberFormat(u"0"_s);
+    m_field.setValue(-1250.125);
+    m_field.setNumberFormat(u"##,##0.0"_s);
     show();
-    EXPECT_EQ(m_field.selectedText(), u"-1250,00"_s) << "the first field of the window";
+    EXPECT_EQ(m_field.selectedText(), u"-1250,125"_s) << "the first field of the window";
     m_next.setFocus();
-    EXPECT_EQ(m_field.Text(), u"-1250"_s);
+    EXPECT_EQ(m_field.Text(), u"-1.250,1"_s);
     QTest::mouseClick(&m_field, Qt::LeftButton);
-    EXPECT_EQ(m_field.selectedText(), u"-1250,00"_s);
+    EXPECT_EQ(m_field.selectedText(), u"-1250,125"_s);
     QTest::keyClick(&m_field, Qt::Key_7);
     QTest::keyClick(&m_field, Qt::Key_Period, Qt::KeypadModifier);
     QTest::keyClick(&m_field, Qt::Key_5);
