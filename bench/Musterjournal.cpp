@@ -51,6 +51,11 @@ QString Musterjournal::artikel(int paar)
     return ware(paar).name.toString() + u" "_s + QString::number(paar / OrteJeArtikel + 1);
 }
 
+QString Musterjournal::artikelart(int paar)
+{
+    return ware(paar).art.toString();
+}
+
 QString Musterjournal::lagerort(int paar)
 {
     return Orte[paar % OrteJeArtikel].toString();
@@ -79,7 +84,7 @@ void Musterjournal::schreibe(jet::Database& journal) const
         tabelle->AddNew();
         tabelle->Set(u"Datum", neu.tag);
         tabelle->Set(u"Artikel", artikel(neu.paar));
-        tabelle->Set(u"Artikelart", ware(neu.paar).art.toString());
+        tabelle->Set(u"Artikelart", artikelart(neu.paar));
         tabelle->Set(u"LagerortKurzKu", lagerort(neu.paar));
         tabelle->Set(u"Menge", neu.menge);
         tabelle->Set(u"Buchungsmenge", neu.menge);

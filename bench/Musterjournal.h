@@ -26,6 +26,7 @@ public:
     Musterjournal(int jahr, int zeilen, int paare);
 
     static QString artikel(int paar);
+    static QString artikelart(int paar);
     static QString lagerort(int paar);
     Musterzeile zeile(int nummer) const;
     /// Writes all rows with every column that masks fill.

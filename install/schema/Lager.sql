@@ -25,7 +25,7 @@ CREATE INDEX Artikelliste ON LAGERJOURNAL (Artikelart, Artikel, Einheit, Preisfa
 CREATE INDEX Buchungen ON LAGERJOURNAL (Buchungsart, Artikel, LagerortKurzKu, Datum);
 CREATE INDEX Partner ON LAGERJOURNAL (Verfuttert_an);
 CREATE INDEX Lieferscheine ON LAGERJOURNAL (Lieferscheinnummer);
-CREATE INDEX Suche ON LAGERJOURNAL (LCASE(TRIM(Artikel)));
+CREATE INDEX Suche ON LAGERJOURNAL (LCASE(TRIM(Artikel)), Datum, ID, Menge, LagerortKurzKu, Buchungsart);
 CREATE TABLE Einstellungen (ID Counter PRIMARY KEY, OhneVorjahr Boolean);
 CREATE TABLE Liefereinstellungen (
     Lieferscheinformular Text(255),
