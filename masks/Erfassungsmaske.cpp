@@ -113,13 +113,9 @@ void Erfassungsmaske::ladeArtikelliste()
     chkVorhanden().setValue(nurVorhandene);
 }
 
-/// The name behind the short code that the combo shows.
 void Erfassungsmaske::zeigeLagername()
 {
-    m_kopf->lblLagername->clear();
-    if (!felder().drpLagerort.IsItemInList()) return;
-    m_lagerauswahl->FindFirst(u"KurzKu = '"_s + felder().drpLagerort.Text() + u"'"_s);
-    if (!m_lagerauswahl->NoMatch()) m_kopf->lblLagername->setText(m_lagerauswahl->Recordset()[u"Name"].toText());
+    ::zeigeLagername(*m_kopf->lblLagername, felder().drpLagerort, *m_lagerauswahl);
 }
 
 void Erfassungsmaske::drpLagerort_Click()

@@ -127,6 +127,14 @@ void ladeLagerorte(DataControl& Lagerauswahl, DataCombo& drpLagerort)
     leereFremdenText(Lagerauswahl, drpLagerort, u"KurzKu"_s);
 }
 
+void zeigeLagername(QLabel& name, const DataCombo& drpLagerort, DataControl& Lagerauswahl)
+{
+    name.clear();
+    if (!drpLagerort.IsItemInList()) return;
+    Lagerauswahl.FindFirst(u"KurzKu = '"_s + drpLagerort.Text() + u"'"_s);
+    if (!Lagerauswahl.NoMatch()) name.setText(Lagerauswahl.Recordset()[u"Name"].toText());
+}
+
 bool pruefeEintrag(DataCombo& combo, DataControl& daten, const QString& feld)
 {
     const QString text = sys::trimBlanks(combo.Text());

@@ -159,10 +159,10 @@ bool brauchtFilter(const DataControl& daten)
     return daten.RecordSource() == Journalquelle || daten.RecordSource() == Bestandsquelle;
 }
 
-std::optional<qint64> aktuelleBewegung(const DataControl& daten)
+std::optional<qint64> bewegung(const DataControl& daten, qsizetype platz)
 {
-    if (daten.AbsolutePosition() < 0) return {};
-    const auto zeile = daten.Recordset().RowAt(daten.AbsolutePosition());
+    if (platz < 0 || platz >= daten.RecordCount()) return {};
+    const auto zeile = daten.Recordset().RowAt(platz);
     if (!zeile) return {};
     const auto& felder = daten.Recordset().Fields();
     for (std::size_t i = 0; i < felder.size(); ++i) {
@@ -171,9 +171,24 @@ std::optional<qint64> aktuelleBewegung(const DataControl& daten)
     return {};
 }
 
+std::optional<qint64> aktuelleBewegung(const DataControl& daten)
+{
+    return bewegung(daten, daten.AbsolutePosition());
+}
+
 void sucheBewegung(DataControl& daten, std::optional<qint64> ID)
 {
     if (ID) daten.FindFirst(u"ID = "_s + QString::number(*ID));
+}
+
+void sucheEine(DataControl& daten, const Wiederfinden& gesucht)
+{
+    if (daten.RecordCount() == 0) return;
+    for (const qint64 ID : gesucht.IDs) {
+        sucheBewegung(daten, ID);
+        if (!daten.NoMatch()) return;
+    }
+    daten.MoveTo(std::clamp(gesucht.platz, qsizetype{0}, daten.RecordCount() - 1));
 }
 
 void filtereJournal(DataControl& daten, DataGrid& liste, const QString& eingrenzung)

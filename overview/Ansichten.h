@@ -3,6 +3,7 @@
 #include "overview/Filter.h"
 
 #include <optional>
+#include <vector>
 
 class DataControl;
 class DataGrid;
@@ -23,8 +24,18 @@ bool brauchtFilter(const DataControl& daten);
 
 /// The journal's current booking; none where there is none, or where another program has deleted it.
 std::optional<qint64> aktuelleBewegung(const DataControl& daten);
+/// The booking at a place of the journal, from 0; none where there is none any more.
+std::optional<qint64> bewegung(const DataControl& daten, qsizetype platz);
 /// Makes a booking current again where it is still in view.
 void sucheBewegung(DataControl& daten, std::optional<qint64> ID);
+
+/// What is to be current when the journal has been read anew: the first of these bookings that is on view, else what
+/// stands at the place.
+struct Wiederfinden {
+    std::vector<qint64> IDs = {};
+    qsizetype platz = 0;
+};
+void sucheEine(DataControl& daten, const Wiederfinden& gesucht);
 
 /// Shows the rows of a restriction (see eingrenzung()) in their present order. The journal keeps its current booking
 /// where it is still in view. \throws jet::Error.

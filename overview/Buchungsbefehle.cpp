@@ -17,8 +17,8 @@
 
 using namespace Qt::StringLiterals;
 
-Buchungsbefehle::Buchungsbefehle(const Felder& felder, const Hauptansicht& haupt, std::function<void()> danach,
-                                 QWidget* bildschirm)
+Buchungsbefehle::Buchungsbefehle(const Felder& felder, const Hauptansicht& haupt,
+                                 std::function<void(const Wiederfinden&)> danach, QWidget* bildschirm)
     : QObject(bildschirm), m_felder(felder), m_haupt(haupt), m_danach(std::move(danach)), m_bildschirm(bildschirm)
 {
     fuelleBuchungsarten();
@@ -95,9 +95,17 @@ std::unique_ptr<QDialog> Buchungsbefehle::erzeuge(Maske maske) const
 
 void Buchungsbefehle::zeige(Maske maske)
 {
+    const DataControl& journal = m_haupt.Journaldaten;
+    const auto vorher = aktuelleBewegung(journal);
+    const qsizetype platz = journal.AbsolutePosition();
+    const qsizetype zeilen = journal.RecordCount();
     sys::MausWarten();
     const auto fenster = erzeuge(maske);
     sys::MausNormal();
     fenster->exec();
-    m_danach();
+    Wiederfinden gesucht{.platz = platz};
+    for (qsizetype neue = journal.RecordCount() - 1; neue >= zeilen; --neue) // new rows stand at the end
+        if (const auto ID = bewegung(journal, neue)) gesucht.IDs.push_back(*ID);
+    if (vorher) gesucht.IDs.push_back(*vorher);
+    m_danach(gesucht);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "masks/Maskenfelder.h"
+#include "overview/Ansichten.h"
 #include "overview/Kurzelliste.h"
 
 #include <QDialog>
@@ -22,8 +23,10 @@ public:
         QPushButton& neu;
         QPushButton& aendern;
     };
-    /// `danach` is called once after a mask has closed: the views may have to show something else.
-    Buchungsbefehle(const Felder& felder, const Hauptansicht& haupt, std::function<void()> danach, QWidget* bildschirm);
+    /// `danach` is called once after a mask has closed: the views may have to show something else, the newest booking
+    /// first of all, or else what was current before.
+    Buchungsbefehle(const Felder& felder, const Hauptansicht& haupt, std::function<void(const Wiederfinden&)> danach,
+                    QWidget* bildschirm);
 
 private:
     void fuelleBuchungsarten();
@@ -36,6 +39,6 @@ private:
 
     const Felder m_felder;
     const Hauptansicht m_haupt;
-    const std::function<void()> m_danach;
+    const std::function<void(const Wiederfinden&)> m_danach;
     QWidget* const m_bildschirm;
 };

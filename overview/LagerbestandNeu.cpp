@@ -2,7 +2,6 @@
 
 #include "ui_LagerbestandNeu.h"
 
-#include "core/FeldVorhanden.h"
 #include "core/JahresUbertrag.h"
 #include "core/Journaldatei.h"
 #include "core/Modulzustand.h"
@@ -16,6 +15,7 @@
 #include "overview/Sortiermenue.h"
 #include "overview/Spaltenbreiten.h"
 #include "overview/Statusmeldung.h"
+#include "overview/Vorjahr.h"
 #include "platform/controls/TasteUmsetzen.h"
 #include "platform/controls/Wiring.h"
 #include "platform/family/DatabaseFile.h"
@@ -72,11 +72,13 @@ LagerbestandNeu::LagerbestandNeu(QWidget* parent)
     ui->KurzEingabe->setFixedWidth(2 * ui->KurzEingabe->sizeHint().height()); // one letter
     richteMenuEin();
     sperreBefehle();
-    new Buchungsbefehle(
-        {*ui->KurzEingabe, *ui->DrpBuchart, *ui->Command7_0_, *ui->Command7_1_},
-        {*Journaldaten, *ui->Journalliste, *Bestanddaten, *ui->BestandListe}, [this] { aktualisiere(); }, this);
-    new Loeschung(
-        *ui->Command4, *Journaldaten, *ui->Journalliste, [this] { aktualisiere(); }, this);
+    const auto danach = [this](const Wiederfinden& gesucht) {
+        aktualisiere();
+        sucheEine(*Journaldaten, gesucht);
+    };
+    new Buchungsbefehle({*ui->KurzEingabe, *ui->DrpBuchart, *ui->Command7_0_, *ui->Command7_1_},
+                        {*Journaldaten, *ui->Journalliste, *Bestanddaten, *ui->BestandListe}, danach, this);
+    new Loeschung(*ui->Command4, *Journaldaten, *ui->Journalliste, danach, this);
     for (QPushButton* knopf : findChildren<QPushButton*>())
         knopf->setAutoDefault(false); // Enter belongs to the field that has the focus
     new FieldKeys(*this);
@@ -309,7 +311,7 @@ void LagerbestandNeu::FilterEinstellen()
         [this] {
             if (m_gemalt) zeigeBestandsliste();
         },
-        [this] { zeigeVorjahr(); },
+        [this] { ui->M_Vorjahr->setChecked(ohneVorjahr(*oeffneJahr())); },
     });
     constexpr int Lange = 1000; // ms; by the last time, since nobody knows before
     m_liestLange = uhr.elapsed() > Lange;
@@ -341,21 +343,6 @@ void LagerbestandNeu::nachErstemMalen()
         sys::underErrorReport({[this] { zeigeBestandsliste(); }});
     };
     QMetaObject::invokeMethod(this, lade, Qt::QueuedConnection);
-}
-
-void LagerbestandNeu::zeigeVorjahr()
-{
-    const auto journal = oeffneJahr();
-    const auto einstellungen = journal->OpenRecordset(u"SELECT * FROM EINSTELLUNGEN"_s, jet::Kind::Dynaset);
-    if (einstellungen->Eof()) {
-        einstellungen->AddNew();
-        einstellungen->Update();
-        ui->M_Vorjahr->setChecked(false);
-        return;
-    }
-    // Older files lack the column.
-    const bool hatSpalte = FeldVorhanden(*journal, u"Einstellungen"_s, u"Ohnevorjahr"_s);
-    ui->M_Vorjahr->setChecked(hatSpalte && (*einstellungen)[u"Ohnevorjahr"].toBool());
 }
 
 void LagerbestandNeu::drpJahr_Click()
@@ -420,20 +407,16 @@ void LagerbestandNeu::drpArtikelGruppe_Click()
 }
 
 /// A failed write leaves the tick as it was.
-void LagerbestandNeu::M_Vorjahr_Click(bool ohneVorjahr)
+void LagerbestandNeu::M_Vorjahr_Click(bool ohne)
 {
     const auto warten = sanduhr();
     const auto ID = aktuelleBewegung(*Journaldaten);
     bool geschrieben = false;
     sys::underErrorReport({[&] {
-        const auto journal = oeffneJahr();
-        const auto einstellungen = journal->OpenRecordset(u"SELECT * FROM EINSTELLUNGEN"_s, jet::Kind::Dynaset);
-        einstellungen->Edit();
-        einstellungen->Set(u"Ohnevorjahr", ohneVorjahr);
-        einstellungen->Update();
+        setzeOhneVorjahr(*oeffneJahr(), ohne);
         geschrieben = true;
     }});
-    if (!geschrieben) return ui->M_Vorjahr->setChecked(!ohneVorjahr);
+    if (!geschrieben) return ui->M_Vorjahr->setChecked(!ohne);
     sys::underErrorReport({
         [this] { schreibeWeiter(); },
         [this] { LagerDateiEinstellen(); },

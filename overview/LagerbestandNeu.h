@@ -43,7 +43,7 @@ private:
     void SSTab1_Click();
     void Journaldaten_Reposition();
     void Bestanddaten_Reposition();
-    void M_Vorjahr_Click(bool ohneVorjahr);
+    void M_Vorjahr_Click(bool ohne);
 
     void LagerDateiEinstellen();
     void AuswahllistenFullen();
@@ -59,7 +59,6 @@ private:
     void fuelleJahre();
     void stelleWiederHer();
     void uebernimmLagerort();
-    void zeigeVorjahr();
     QString gewaehlteEingrenzung() const;
     void zeigeBestandsliste();
     void nachErstemMalen();

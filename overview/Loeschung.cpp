@@ -24,7 +24,7 @@ const QString OhneFrage = u"LÖSCHEN"_s;
 } // namespace
 
 Loeschung::Loeschung(QPushButton& Command4, DataControl& Journaldaten, DataGrid& Journalliste,
-                     std::function<void()> danach, QObject* bildschirm)
+                     std::function<void(const Wiederfinden&)> danach, QObject* bildschirm)
     : QObject(bildschirm), m_journal(Journaldaten), m_liste(Journalliste), m_danach(std::move(danach))
 {
     verdrahte(&Command4, &QPushButton::clicked, this, &Loeschung::Command4_Click);
@@ -60,8 +60,10 @@ void Loeschung::Journalliste_AfterDelete()
     const QString tag = sys::trimBlanks(m_liste.Tag());
     if (tag == OhneFrage) return;
     m_liste.setTag({});
+    Wiederfinden gesucht{.platz = m_journal.AbsolutePosition()};
+    if (const auto ID = aktuelleBewegung(m_journal)) gesucht.IDs.push_back(*ID);
     if (!tag.isEmpty()) sys::underErrorReport({[&] { loeschePartner(tag.toLongLong()); }});
-    m_danach(); // reads the journal anew
+    m_danach(gesucht); // reads the journal anew
 }
 
 void Loeschung::loeschePartner(qint64 ID)
@@ -72,11 +74,8 @@ void Loeschung::loeschePartner(qint64 ID)
         m_journal.Database().Execute(u"DELETE * FROM LAGERJOURNAL WHERE ID = "_s + QString::number(*partner));
         return;
     }
-    {
-        // Taken back however it ends, or the next delete would ask nothing.
-        const auto fragt = qScopeGuard([this] { m_liste.setTag({}); });
-        m_liste.setTag(OhneFrage);
-        m_liste.Delete();
-    }
-    if (m_journal.RecordCount() > 0) m_journal.MoveLast();
+    // Taken back however it ends, or the next delete would ask nothing.
+    const auto fragt = qScopeGuard([this] { m_liste.setTag({}); });
+    m_liste.setTag(OhneFrage);
+    m_liste.Delete();
 }

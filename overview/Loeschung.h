@@ -1,5 +1,7 @@
 #pragma once
 
+#include "overview/Ansichten.h"
+
 #include <QObject>
 
 #include <functional>
@@ -15,9 +17,10 @@ class Loeschung : public QObject {
     Q_OBJECT
 
 public:
-    /// `danach` is called once after each booking that is gone, with its partner: the views show something else now.
-    Loeschung(QPushButton& Command4, DataControl& Journaldaten, DataGrid& Journalliste, std::function<void()> danach,
-              QObject* bildschirm);
+    /// `danach` is called once after each booking that is gone, with its partner: the views show something else now, the
+    /// booking behind it first of all.
+    Loeschung(QPushButton& Command4, DataControl& Journaldaten, DataGrid& Journalliste,
+              std::function<void(const Wiederfinden&)> danach, QObject* bildschirm);
 
 private:
     void Command4_Click();
@@ -27,5 +30,5 @@ private:
 
     DataControl& m_journal;
     DataGrid& m_liste;
-    const std::function<void()> m_danach;
+    const std::function<void(const Wiederfinden&)> m_danach;
 };

@@ -75,10 +75,15 @@ void LAUmbuchForm::verdrahteSeite(const Seite& seite, void (LAUmbuchForm::*fuell
     const auto ladeUndFuelle = [this, &seite, fuelle] {
         sys::underErrorReport({[&] { ladeArtikelliste(seite); }, [&] { (this->*fuelle)(); }});
     };
-    const auto ladeOrte = [this, &felder] { ladeLagerorte(*m_lagerauswahl, *felder.drpLagerort); };
+    const auto ladeOrte = [this, &seite] {
+        ladeLagerorte(*m_lagerauswahl, *seite.felder.drpLagerort);
+        zeigeOrt(seite);
+    };
     verdrahte(felder.drpLagerort, &DataCombo::DropDown, this, ladeOrte);
     verdrahte(felder.lblLagerort, &ClickLabel::Click, this, ladeOrte);
-    verdrahte(felder.drpLagerort, &DataCombo::Click, this, fuelle);
+    verdrahte(felder.drpLagerort, &DataCombo::Click, this, [this, &seite, fuelle] {
+        sys::underErrorReport({[&] { zeigeOrt(seite); }, [&] { (this->*fuelle)(); }});
+    });
     verdrahte(felder.drpGruppe, &ComboBox::Click, this, ladeUndFuelle);
     verdrahte(felder.chkVorhanden, &CheckBox::Click, this, ladeUndFuelle);
     verdrahte(felder.drpArtikel, &DataCombo::DropDown, this, [this, &seite] { ladeArtikelliste(seite); });
@@ -89,6 +94,7 @@ void LAUmbuchForm::verdrahteSeite(const Seite& seite, void (LAUmbuchForm::*fuell
     });
 }
 
+/// Each step is reported by itself: a list that cannot be read must not cost the row that is changed.
 void LAUmbuchForm::Form_Load()
 {
     sys::underErrorReport({
@@ -101,6 +107,16 @@ void LAUmbuchForm::Form_Load()
         },
         [this] {
             if (aendert()) uebernimmPaar();
+        },
+        [this] { zeigeOrt(*m_abgang); },
+        [this] { zeigeOrt(*m_zugang); },
+        [this] { bieteArtikelAn(*m_abgang); },
+        [this] { bieteArtikelAn(*m_zugang); },
+        [this] {
+            if (aendert()) FelderFullen();
+        },
+        [this] {
+            if (aendert()) FelderFullen2();
         },
     });
     QWidget* const erstes = aendert() ? static_cast<QWidget*>(ui->txtMenge) : ui->Abgang->drpLagerort;
@@ -125,20 +141,31 @@ void LAUmbuchForm::uebernimmPaar()
     const auto zugangszeile = zeileMit(journaldaten(), zugang);
     uebernimmSeite(*m_zugang, *zugangszeile);
     ui->Fuss->txtKommentar->setText((*zugangszeile)[u"Kommentar"].toText());
-    FelderFullen();
-    FelderFullen2();
 }
 
 void LAUmbuchForm::uebernimmSeite(const Seite& seite, const jet::Recordset& zeile)
 {
     Umbuchseite& felder = seite.felder;
     seite.ID.setValue(zeile[u"ID"].toDouble());
-    felder.drpGruppe->setText(zeile[u"Artikelart"].toText());
-    ladeArtikelliste(seite);
     felder.drpArtikel->setText(zeile[u"Artikel"].toText());
     felder.drpArtikel->setTag(felder.drpArtikel->Text());
+    felder.drpGruppe->setText(zeile[u"Artikelart"].toText());
     felder.drpLagerort->setText(zeile[u"LagerortKurzKu"].toText());
     felder.txtEinheit->setText(zeile[u"Einheit"].toText());
+}
+
+void LAUmbuchForm::zeigeOrt(const Seite& seite)
+{
+    zeigeLagername(*seite.felder.lblLagername, *seite.felder.drpLagerort, *m_lagerauswahl);
+}
+
+/// The list of the row that is changed. Its article stays, also when it is no longer offered.
+void LAUmbuchForm::bieteArtikelAn(const Seite& seite)
+{
+    if (seite.ID.Value() == 0) return;
+    const QString artikel = seite.felder.drpArtikel->Text();
+    ladeArtikelliste(seite);
+    seite.felder.drpArtikel->setText(artikel);
 }
 
 void LAUmbuchForm::ladeArtikelliste(const Seite& seite)
@@ -263,29 +290,38 @@ void LAUmbuchForm::aendere()
 /// What an earlier try has written already is written over, not doubled.
 void LAUmbuchForm::bucheNeu()
 {
-    m_neuerAbgang = schreibeNeue(m_neuerAbgang, *m_abgang);
+    const qint64 abgang = schreibeNeue(m_neuerAbgang, *m_abgang);
     if (haupt().Bestanddaten.RecordCount() > 0) waehleNurAktuelleZeile(haupt().BestandListe);
-    m_neuerZugang = schreibeNeue(m_neuerZugang, *m_zugang);
-    journaldaten().Database().Execute(u"UPDATE LAGERJOURNAL SET Verfuttert_an = '"_s + QString::number(*m_neuerZugang) +
-                                      u"' WHERE ID = "_s + QString::number(*m_neuerAbgang));
+    const qint64 zugang = schreibeNeue(m_neuerZugang, *m_zugang, abgang);
+    journaldaten().Database().Execute(u"UPDATE LAGERJOURNAL SET Verfuttert_an = '"_s + QString::number(zugang) +
+                                      u"' WHERE ID = "_s + QString::number(abgang));
     m_neuerAbgang.reset();
     m_neuerZugang.reset();
 }
 
-/// \returns the ID of the new row: it is the last one, since rows of other programs come with a refresh only.
-qint64 LAUmbuchForm::schreibeNeue(std::optional<qint64> schonGeschrieben, const Seite& seite)
+/// Writes a new row, or that of an earlier try once more. `neue` is set the moment that the row is stored, since all that
+/// follows may fail. \returns its ID.
+qint64 LAUmbuchForm::schreibeNeue(std::optional<jet::Bookmark>& neue, const Seite& seite, std::optional<qint64> partner)
 {
-    if (schonGeschrieben) {
-        bearbeite(*schonGeschrieben, seite);
-        return *schonGeschrieben;
-    }
     DataControl& journal = journaldaten();
-    journal.AddNew();
+    if (neue) {
+        journal.setBookmark(*neue);
+        journal.Edit();
+    } else {
+        journal.AddNew();
+        journal.Set(u"BuchungsID", 0); // of no sibling program
+    }
     setzeSpalten(journal, seite);
-    journal.Set(u"BuchungsID", 0); // of no sibling program
-    if (m_neuerAbgang) journal.Set(u"Verfuttert_an", QString::number(*m_neuerAbgang));
-    journal.Update();
-    journal.MoveLast();
+    if (partner) journal.Set(u"Verfuttert_an", QString::number(*partner));
+    {
+        const jet::Bookmark vorher = journal.Recordset().LastModified();
+        const auto merke = qScopeGuard([&] {
+            const jet::Bookmark letzte = journal.Recordset().LastModified();
+            if (letzte != vorher) neue = letzte;
+        });
+        journal.Update();
+    }
+    journal.setBookmark(*neue);
     return journal.Recordset()[u"ID"].toLong();
 }
 

@@ -6,9 +6,6 @@
 #include <optional>
 
 class Umbuchseite;
-namespace jet {
-class Recordset;
-}
 namespace Ui {
 class LAUmbuchForm;
 }
@@ -42,6 +39,8 @@ private:
     void Form_Load();
     void uebernimmPaar();
     void uebernimmSeite(const Seite& seite, const jet::Recordset& zeile);
+    void zeigeOrt(const Seite& seite);
+    void bieteArtikelAn(const Seite& seite);
     void ladeArtikelliste(const Seite& seite);
     void ermittleEinheit(const Seite& seite);
     void berechne(const Seite& seite);
@@ -52,7 +51,7 @@ private:
     void schreibe();
     void aendere();
     void bucheNeu();
-    qint64 schreibeNeue(std::optional<qint64> schonGeschrieben, const Seite& seite);
+    qint64 schreibeNeue(std::optional<jet::Bookmark>& neue, const Seite& seite, std::optional<qint64> partner = {});
     void bearbeite(qint64 ID, const Seite& seite);
     template <class Zeile>
     void setzeSpalten(Zeile& zeile, const Seite& seite) const;
@@ -66,5 +65,5 @@ private:
     std::optional<Seite> m_abgang, m_zugang;
     std::optional<Maskenfelder> m_felder;
     /// Of a new pair that could not be written to its end yet.
-    std::optional<qint64> m_neuerAbgang, m_neuerZugang;
+    std::optional<jet::Bookmark> m_neuerAbgang, m_neuerZugang;
 };

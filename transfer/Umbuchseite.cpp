@@ -16,8 +16,8 @@ void Umbuchseite::nenneZweite()
     drpLagerort->setObjectName(u"drpLagerorte2"_s);
     drpGruppe->setObjectName(u"drpGruppe2"_s);
     drpArtikel->setObjectName(u"DrpArtikel2"_s);
-    for (QWidget* feld :
-         std::initializer_list<QWidget*>{chkVorhanden, txtBisher, txtNeu, txtEinheit, Ampel, lblLagerort, lblArtikel})
+    for (QWidget* feld : std::initializer_list<QWidget*>{chkVorhanden, txtBisher, txtNeu, txtEinheit, Ampel,
+                                                         lblLagerort, lblLagername, lblArtikel})
         feld->setObjectName(feld->objectName() + u'2');
 }
 
