@@ -1,6 +1,7 @@
 #include "masks/Erfassungsmaske.h"
 
 #include "core/Modulzustand.h"
+#include "masks/Artikelarten.h"
 #include "masks/ErfassungsmaskenModul.h"
 #include "masks/Maskenteile.h"
 #include "platform/controls/Wiring.h"
@@ -50,7 +51,7 @@ void Erfassungsmaske::richteListenEin()
 void Erfassungsmaske::verdrahteKopf()
 {
     verdrahte(m_kopf->Buchdatum, &DateCombo::Change, this, [this] { FelderFullen(); });
-    verdrahte(m_kopf->Command3, &QPushButton::clicked, this, [this] { stelleAufHeute(felder().Buchdatum); });
+    verdrahte(m_kopf->Command3, &QPushButton::clicked, this, &Erfassungsmaske::Command3_Click);
     verdrahte(m_kopf->lblLagerort, &ClickLabel::Click, this, &Erfassungsmaske::ladeLagerliste);
     verdrahte(m_kopf->drpLagerort, &DataCombo::DropDown, this, &Erfassungsmaske::ladeLagerliste);
     verdrahte(m_kopf->drpLagerort, &DataCombo::Click, this, &Erfassungsmaske::drpLagerort_Click);
@@ -74,6 +75,7 @@ void Erfassungsmaske::uebernimmZeile()
     const jet::Recordset& zeile = journaldaten().Recordset();
     felder().Buchdatum.setDate(zeile[u"Datum"].toDate());
     felder().drpArtikel.setText(zeile[u"Artikel"].toText());
+    felder().drpArtikel.setTag(felder().drpArtikel.Text());
     felder().drpGruppe.setText(zeile[u"Artikelart"].toText());
     felder().drpLagerort.setText(zeile[u"LagerortKurzKu"].toText());
     Einheit().setText(zeile[u"Einheit"].toText());
@@ -106,6 +108,22 @@ void Erfassungsmaske::ladeLagerliste()
     zeigeLagername();
 }
 
+/// The article of a row that is changed stays, also when it is no longer offered.
+void Erfassungsmaske::oeffneArtikelliste()
+{
+    const QString artikel = felder().drpArtikel.Text();
+    ladeArtikelliste();
+    felder().drpArtikel.setText(artikel);
+}
+
+/// Produce is always offered from the journal: there is nothing to tick.
+void Erfassungsmaske::zeigeVorhanden()
+{
+    const bool erzeugnis = felder().drpGruppe.Text() == PflanzlicheErzeugnisse;
+    if (erzeugnis) chkVorhanden().setValue(1);
+    chkVorhanden().setVisible(!erzeugnis);
+}
+
 void Erfassungsmaske::ladeArtikelliste()
 {
     bool nurVorhandene = chkVorhanden().Value() == 1;
@@ -116,6 +134,13 @@ void Erfassungsmaske::ladeArtikelliste()
 void Erfassungsmaske::zeigeLagername()
 {
     ::zeigeLagername(*m_kopf->lblLagername, felder().drpLagerort, *m_lagerauswahl);
+}
+
+/// Enter presses the button it has come to, and goes on.
+void Erfassungsmaske::Command3_Click()
+{
+    stelleAufHeute(felder().Buchdatum);
+    if (m_kopf->Command3->hasFocus()) focusNextChild();
 }
 
 void Erfassungsmaske::drpLagerort_Click()
@@ -170,9 +195,8 @@ void Erfassungsmaske::schreibe()
 void Erfassungsmaske::positioniere()
 {
     if (!aendert()) journaldaten().MoveLast();
-    haupt().Bestanddaten.Refresh();
-    haupt().Bestanddaten.FindFirst(u"Artikel = '"_s + felder().drpArtikel.Text() + u"' AND LagerortKurzKu = '"_s +
-                                   felder().drpLagerort.Text() + u"'"_s);
+    const bool gefunden = zeigeBestand(haupt().Bestanddaten, felder().drpArtikel.Text(), felder().drpLagerort.Text());
+    if (gefunden) waehleNurAktuelleZeile(haupt().BestandListe);
 }
 
 void Erfassungsmaske::Command2_Click(int index)

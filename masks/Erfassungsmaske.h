@@ -28,12 +28,13 @@ protected:
     void stelleWiederHer();        ///< Title and ticks as they were left.
     virtual void uebernimmZeile(); ///< The row that is changed: the columns that all masks share.
     void oeffneLagerliste();
-    void ladeArtikelliste();
+    void oeffneArtikelliste();
     void zeigeErstesLeeresFeld();
 
     const Maskenfelder& felder() const { return *m_felder; }
     TextBox& Einheit() const { return *m_einheit; }
     CheckBox& chkVorhanden() const;
+    void zeigeVorhanden();
 
     virtual bool darfSpeichern();         ///< The checks before a save.
     virtual void merkeEinstellungen();    ///< What the mask remembers from one booking to the next.
@@ -46,7 +47,9 @@ private:
     void richteListenEin();
     void verdrahteKopf();
     void ladeLagerliste();
+    void ladeArtikelliste();
     void zeigeLagername();
+    void Command3_Click();
     void drpLagerort_Click();
     void drpGruppe_Click();
     void drpArtikel_Validate(Cancel& cancel);

@@ -70,6 +70,8 @@ std::unique_ptr<jet::Database> oeffneJournaldatei()
 void fuelleArtikelarten(ComboBox& drpGruppe)
 {
     drpGruppe.setColumns({u"Bezeichnung"_s}, 0);
+    drpGruppe.setColumns({u"Bezeichnung"_s}, 0);
+    drpGruppe.setListOnly(true);
     for (const Artikelart& art : artikelarten())
         drpGruppe.AddItem(art.name.toString());
 }
@@ -151,8 +153,11 @@ bool pruefeEintrag(DataCombo& combo, DataControl& daten, const QString& feld)
 bool darfArtikelVerlassen(DataCombo& drpArtikel, DataControl& Artikelauswahl, const std::function<void()>& fuelle)
 {
     bool gelistet = true;
+    const bool unveraendert = !drpArtikel.Tag().isEmpty() && drpArtikel.Text() == drpArtikel.Tag();
     sys::underErrorReport({
-        [&] { gelistet = pruefeEintrag(drpArtikel, Artikelauswahl, u"Name"_s); },
+        [&] {
+            if (!unveraendert) gelistet = pruefeEintrag(drpArtikel, Artikelauswahl, u"Name"_s);
+        },
         [&] {
             if (gelistet) fuelle();
         },
@@ -169,8 +174,8 @@ QDate vorgabedatum(const QString& Buchungsart)
                                                    u"' ORDER BY DATUM DESC"_s,
                                                jet::Kind::Dynaset);
     const QDate tag = letzte->Eof() ? QDate() : (*letzte)[u"DATUM"].toDate();
-    if (tag.isValid()) return tag;
     const int jahr = modulzustand().Jahr.toInt();
+    if (tag.year() == jahr) return tag; // other programs date as they like
     return sys::heute().year() == jahr ? sys::heute() : QDate(jahr, 12, 31);
 }
 
@@ -199,8 +204,10 @@ void stelleAufHeute(DateCombo& Buchdatum)
 
 bool pruefeDatum(DateCombo& Buchdatum)
 {
-    if (Buchdatum.Date().isValid()) return true;
-    sys::critical(u"Bitte tragen Sie ein Datum ein !"_s);
+    const QDate tag = Buchdatum.Date();
+    if (tag.isValid() && QString::number(tag.year()) == modulzustand().Jahr) return true;
+    sys::critical(tag.isValid() ? u"Das Datum liegt nicht im Jahr "_s + modulzustand().Jahr + u" !"_s
+                                : u"Bitte tragen Sie ein Datum ein !"_s);
     Buchdatum.setFocus();
     return false;
 }
@@ -228,6 +235,16 @@ bool pruefeEingabe(const Maskenfelder& maske)
     if (modulzustand().AktBuchungsart == u"Korrektur") return true; // a count may confirm a stock
     if (maske.txtMenge.Value() == 0) return fehlt(maske.txtMenge, u"Bitte tragen Sie eine Menge ein !"_s);
     return true;
+}
+
+bool zeigeBestand(DataControl& Bestanddaten, const QString& Artikel, const QString& Lagerort)
+{
+    const qsizetype platz = Bestanddaten.AbsolutePosition();
+    Bestanddaten.Refresh();
+    Bestanddaten.FindFirst(u"Artikel = '"_s + Artikel + u"' AND LagerortKurzKu = '"_s + Lagerort + u"'"_s);
+    if (!Bestanddaten.NoMatch()) return true;
+    if (platz >= 0 && platz < Bestanddaten.RecordCount()) Bestanddaten.MoveTo(platz);
+    return false;
 }
 
 void waehleNurAktuelleZeile(DataGrid& liste)

@@ -41,7 +41,8 @@ void zeigeLagername(QLabel& name, const DataCombo& drpLagerort, DataControl& Lag
 /// listed opens the list.
 bool pruefeEintrag(DataCombo& combo, DataControl& daten, const QString& feld);
 
-/// Whether an article combo may be left, with the message if not; if so, `fuelle` computes the figures for the article. A
+/// Whether an article combo may be left, with the message if not. What stands in its tag, the article of the row that is
+/// changed, may stay also when it is no longer offered. If it may be left, `fuelle` computes the figures for the article. A
 /// listed name with an apostrophe breaks the statements that look it up; it may be left all the same when the user has
 /// read the error: the row itself can be written.
 bool darfArtikelVerlassen(DataCombo& drpArtikel, DataControl& Artikelauswahl, const std::function<void()>& fuelle);
@@ -60,8 +61,12 @@ void stelleAufHeute(DateCombo& Buchdatum);
 /// The checks before a save, with their messages and the focus where something is missing.
 bool pruefeEingabe(const Maskenfelder& maske);
 
-/// That the booking has a day: without one it would count in no stock.
+/// That the booking has a day, without which it would count in no stock, and one of the open year.
 bool pruefeDatum(DateCombo& Buchdatum);
+
+/// Reads the stock list anew and makes the line of an article at a place current. False: there is none, as with the places
+/// in sum; then the list stays where it was.
+bool zeigeBestand(DataControl& Bestanddaten, const QString& Artikel, const QString& Lagerort);
 
 /// Makes the current row the only selected one.
 void waehleNurAktuelleZeile(DataGrid& liste);

@@ -6,8 +6,10 @@
 #include "masks/Lagerstand.h"
 #include "masks/Maskenraster.h"
 #include "masks/Maskenteile.h"
+#include "platform/controls/Wiring.h"
 #include "platform/system/Blanks.h"
 #include "platform/system/ErrorReport.h"
+#include "platform/system/Messages.h"
 
 using namespace Qt::StringLiterals;
 
@@ -24,6 +26,7 @@ LAKorrekturForm::LAKorrekturForm(const Hauptansicht& haupt, QWidget* parent)
     ui->setupUi(this);
     richteAus({ui->Kopf->Kopf, ui->Bestaende, ui->Fuss->Kommentarzeile});
     verbinde(*ui->Kopf, *ui->Fuss, *ui->txtMenge, *ui->txtEinheit, *ui->Ampel);
+    verdrahte(ui->txtMenge, &QLineEdit::textEdited, this, [this] { m_gezaehlt = true; }); // a 0 over the 0, too
     Form_Load();
 }
 
@@ -36,10 +39,15 @@ void LAKorrekturForm::Form_Load()
         [this] {
             if (aendert()) uebernimmZeile();
         },
+        [this] {
+            if (aendert()) zeigeZaehlung();
+        },
         [this] { bereiteMaskeVor(felder()); },
         [this] { oeffneLagerliste(); },
-        [this] { ladeArtikelliste(); },
-        [this] { aendert() ? zeigeZaehlung() : FelderFullen(); },
+        [this] { oeffneArtikelliste(); },
+        [this] {
+            if (!aendert()) FelderFullen();
+        },
         [this] { zeigeErstesLeeresFeld(); },
     });
 }
@@ -61,6 +69,7 @@ void LAKorrekturForm::AmpelEinstellen()
 void LAKorrekturForm::FelderFullen()
 {
     zeigeBisher();
+    zeigeVorhanden();
     berechneDifferenz();
     ermittleEinheit();
     AmpelEinstellen();
@@ -108,12 +117,19 @@ void LAKorrekturForm::txtMenge_Change()
     AmpelEinstellen();
 }
 
-/// A count has no difference to a stock that could not be looked up: what failed is tried again, and reported.
+/// A count has no difference to a stock that could not be looked up, or that was not looked up since the last save: that
+/// is done now, and reported when it fails. Where nothing was counted there is nothing to book.
 bool LAKorrekturForm::darfSpeichern()
 {
+    if (m_bisher == Bisher::Unbekannt && aendert() && !m_gezaehlt)
+        zeigeZaehlung();
+    else if (m_bisher == Bisher::Unbekannt || (m_bisher == Bisher::Geleert && m_gezaehlt))
+        FelderFullen();
     if (!Erfassungsmaske::darfSpeichern()) return false;
-    if (m_bisher == Bisher::Unbekannt) FelderFullen();
-    return true;
+    if (m_bisher == Bisher::Bekannt) return true;
+    sys::critical(u"Bitte tragen Sie eine Menge ein !"_s);
+    ui->txtMenge->setFocus();
+    return false;
 }
 
 void LAKorrekturForm::setzeSpalten()
@@ -122,16 +138,11 @@ void LAKorrekturForm::setzeSpalten()
     journaldaten().Set(u"Buchungsmenge", ui->txtNeu->Value());
 }
 
-void LAKorrekturForm::positioniere()
-{
-    Erfassungsmaske::positioniere();
-    if (haupt().Bestanddaten.RecordCount() > 0) waehleNurAktuelleZeile(haupt().BestandListe);
-}
-
 void LAKorrekturForm::leereFuerNaechste()
 {
     for (NumberEdit* zahlfeld : {ui->txtMenge, ui->txtBisher, ui->txtBisherGesamt, ui->txtNeu, ui->txtNeuGesamt})
         zahlfeld->setValue(0);
     m_bisher = Bisher::Geleert;
+    m_gezaehlt = false;
     felder().Buchdatum.setFocus();
 }

@@ -30,9 +30,9 @@ private:
 
     bool darfSpeichern() override;
     void setzeSpalten() override;
-    void positioniere() override;
     void leereFuerNaechste() override;
 
     std::unique_ptr<Ui::LAKorrekturForm> ui;
-    Bisher m_bisher = Bisher::Bekannt;
+    Bisher m_bisher = Bisher::Unbekannt;
+    bool m_gezaehlt = false; ///< The user has typed a count.
 };

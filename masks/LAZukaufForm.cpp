@@ -84,7 +84,7 @@ void LAZukaufForm::Form_Load()
         [this] { Ansichteinstellen(); },
         [this] { oeffneLagerliste(); },
         [this] { ladeGeschaeftspartner(*m_handlerDaten); },
-        [this] { ladeArtikelliste(); },
+        [this] { oeffneArtikelliste(); },
         [this] { FelderFullen(); },
         [this] { zeigeErstesLeeresFeld(); },
     });
@@ -144,9 +144,7 @@ void LAZukaufForm::FelderFullen()
     const QString artikel = felder().drpArtikel.Text();
     ui->txtBisher->setValue(lagerstand(*journal, artikel, felder().drpLagerort.Text(), ID()));
     ui->txtBisherGesamt->setValue(lagerstand(*journal, artikel, ID()));
-    const bool erzeugnis = felder().drpGruppe.Text() == PflanzlicheErzeugnisse;
-    if (erzeugnis) chkVorhanden().setValue(1);
-    chkVorhanden().setVisible(!erzeugnis);
+    zeigeVorhanden();
     berechneBestaende();
     if (vergleichsform(artikel) != m_bepreisterArtikel) ermittlePreis(vergleichsform(artikel));
     m_bepreisterArtikel = vergleichsform(artikel);

@@ -14,6 +14,7 @@
 #include "transfer/LAUmbuchForm.h"
 
 #include <QCoreApplication>
+#include <QScopedValueRollback>
 
 using namespace Qt::StringLiterals;
 
@@ -22,7 +23,10 @@ Buchungsbefehle::Buchungsbefehle(const Felder& felder, const Hauptansicht& haupt
     : QObject(bildschirm), m_felder(felder), m_haupt(haupt), m_danach(std::move(danach)), m_bildschirm(bildschirm)
 {
     fuelleBuchungsarten();
-    verdrahte(&felder.KurzEingabe, &TextBox::KeyPress, this, [](QChar& zeichen) { zeichen = zeichen.toUpper(); });
+    verdrahte(&felder.KurzEingabe, &TextBox::KeyPress, this, [this](QChar& zeichen) {
+        zeichen = zeichen.toUpper();
+        m_felder.KurzEingabe.selectAll(); // a letter takes the place of the one before, wherever a click set the cursor
+    });
     verdrahte(&felder.KurzEingabe, &TextBox::KeyUp, this, &Buchungsbefehle::KurzEingabe_KeyUp);
     verdrahte(&felder.KurzEingabe, &TextBox::GotFocus, this, [this] { m_felder.KurzEingabe.selectAll(); });
     verdrahte(&felder.DrpBuchart, &ComboBox::Click, this, &Buchungsbefehle::DrpBuchart_Click);
@@ -38,8 +42,11 @@ void Buchungsbefehle::fuelleBuchungsarten()
         m_felder.DrpBuchart.AddItem({zeile.kurzel.toString(), zeile.eintragung.toString()});
 }
 
+/// A key that waits behind the one that is looked up, as Enter does when somebody types fast, opens no second mask.
 void Buchungsbefehle::KurzEingabe_KeyUp()
 {
+    if (m_oeffnet) return;
+    const QScopedValueRollback oeffnet(m_oeffnet, true);
     const Kurzel* kurzel = kurzelZu(m_felder.KurzEingabe.Text());
     if (!kurzel) return m_felder.KurzEingabe.setText({});
     m_felder.DrpBuchart.setText(kurzel->eintragung.toString());

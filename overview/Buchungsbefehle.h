@@ -41,4 +41,5 @@ private:
     const Hauptansicht m_haupt;
     const std::function<void(const Wiederfinden&)> m_danach;
     QWidget* const m_bildschirm;
+    bool m_oeffnet = false; ///< A code is being looked up, or its mask is open.
 };

@@ -54,7 +54,7 @@ LAUmbuchForm::LAUmbuchForm(const Hauptansicht& haupt, QWidget* parent)
                                   *ui->Abgang->drpArtikel, *ui->txtMenge, *ui->Abgang->Ampel, *ui->Fuss->Command2_0_,
                                   *ui->Fuss->Command2_1_, *m_lagerauswahl, *m_artikelauswahl});
     richteFensterEin(*ui->Fuss);
-    verdrahte(ui->Command3, &QPushButton::clicked, this, [this] { stelleAufHeute(*ui->Buchdatum); });
+    verdrahte(ui->Command3, &QPushButton::clicked, this, &LAUmbuchForm::Command3_Click);
     verdrahte(ui->txtMenge, &NumberEdit::Change, this, &LAUmbuchForm::txtMenge_Change);
     verdrahteSeite(*m_abgang, &LAUmbuchForm::FelderFullen);
     verdrahteSeite(*m_zugang, &LAUmbuchForm::FelderFullen2);
@@ -219,6 +219,13 @@ void LAUmbuchForm::FelderFullen2()
     if (ui->Zugang->drpArtikel->Text() != ui->Zugang->drpArtikel->Tag()) ermittleEinheit(*m_zugang);
 }
 
+/// Enter presses the button it has come to, and goes on.
+void LAUmbuchForm::Command3_Click()
+{
+    stelleAufHeute(*ui->Buchdatum);
+    if (ui->Command3->hasFocus()) focusNextChild();
+}
+
 void LAUmbuchForm::txtMenge_Change()
 {
     const double menge = ui->txtMenge->Value();
@@ -355,11 +362,8 @@ void LAUmbuchForm::setzeSpalten(Zeile& zeile, const Seite& seite) const
 
 void LAUmbuchForm::positioniere()
 {
-    DataControl& bestand = haupt().Bestanddaten;
-    bestand.Refresh();
-    bestand.FindFirst(u"Artikel = '"_s + ui->Abgang->drpArtikel->Text() + u"' AND LagerortKurzKu = '"_s +
-                      ui->Abgang->drpLagerort->Text() + u"'"_s);
-    if (!bestand.NoMatch()) waehleNurAktuelleZeile(haupt().BestandListe);
+    if (zeigeBestand(haupt().Bestanddaten, ui->Abgang->drpArtikel->Text(), ui->Abgang->drpLagerort->Text()))
+        waehleNurAktuelleZeile(haupt().BestandListe);
 }
 
 void LAUmbuchForm::leereFuerNaechste()

@@ -44,6 +44,7 @@ private:
     void ladeArtikelliste(const Seite& seite);
     void ermittleEinheit(const Seite& seite);
     void berechne(const Seite& seite);
+    void Command3_Click();
     void txtMenge_Change();
 
     void Command2_Click(int index) override;
