@@ -5,9 +5,13 @@
 #include "platform/controls/ComboField.h"
 #include "platform/controls/DataGrid.h"
 #include "platform/controls/DateCombo.h"
+#include "platform/controls/TextBox.h"
+#include "platform/jet/Engine.h"
 #include "platform/system/Clock.h"
 
 #include <QApplication>
+#include <QFile>
+#include <QKeyEvent>
 #include <QPushButton>
 #include <QTest>
 
@@ -337,4 +341,99 @@ TEST_F(Buchung, EineWahlInDerListeSchreibtDasKurzel)
         esc();
     });
     QTest::keyClick(&feld<QPushButton>("Command7(0)"), Qt::Key_Return);
+}
+
+// Enter alone leads from the first field to the buttons, also past "Heute", which it presses.
+TEST_F(Buchung, EnterFuehrtVomDatumBisZumSpeichern)
+{
+    oeffne();
+    imNaechstenFenster([&](QWidget& maske) {
+        setze(maske, "drpLagerort", u"H1"_s);
+        setze(maske, "drpGruppe", u"Saatgut"_s);
+        setze(maske, "drpArtikel", u"Roggen"_s);
+        setze(maske, "txtMenge", u"2"_s);
+        widget(maske, "Buchdatum").setFocus();
+        const QString tag = text(maske, "Buchdatum");
+        QStringList weg;
+        while (!widget(maske, "Command2(0)").hasFocus() && weg.size() < 30) {
+            QWidget* const feld = QApplication::focusWidget();
+            weg.append(feld->objectName());
+            QTest::keyClick(feld, Qt::Key_Return);
+            EXPECT_TRUE(QTest::qWaitFor([&] { return QApplication::focusWidget() != feld; }))
+                << weg.last().toStdString();
+        }
+        EXPECT_TRUE(widget(maske, "Command2(0)").hasFocus()) << weg.join(u' ').toStdString();
+        EXPECT_EQ(text(maske, "Buchdatum"), tag); // "Heute" leaves it
+        esc();
+    });
+    kurzel('p');
+}
+
+// A click sets the cursor behind the letter, and keys may wait behind the one that opens the mask.
+TEST_F(Buchung, DasKurzelGiltWieEsGetipptIst)
+{
+    oeffne();
+    auto& eingabe = feld<TextBox>("KurzEingabe");
+    eingabe.setText(u"Z"_s);
+    QTest::mouseClick(&eingabe, Qt::LeftButton);
+    QStringList masken;
+    imNaechstenFenster([&](QWidget& maske) {
+        masken.append(maske.windowTitle());
+        esc();
+    });
+    for (const auto& [taste, buchstabe] : {std::pair{Qt::Key_V, u"v"_s}, std::pair{Qt::Key_Return, u"\r"_s}})
+        for (const auto art : {QEvent::KeyPress, QEvent::KeyRelease})
+            QCoreApplication::postEvent(&eingabe, new QKeyEvent(art, taste, Qt::NoModifier, buchstabe));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !masken.isEmpty() && !QApplication::activeModalWidget(); }));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(masken, QStringList(u"Verkauf erfassen"_s));
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+}
+
+TEST_F(Buchung, EineZaehlungBrauchtEineZahl)
+{
+    oeffne();
+    hof.meldungen().beantworteAlle(sys::Answer::OK);
+    imNaechstenFenster([&](QWidget& maske) {
+        erfasse(maske, u"Pflanzliche"_s, u"Weizen"_s, u"60"_s);
+        speichereUndNaechster(maske);
+        speichere(maske); // nothing was counted since
+        EXPECT_EQ(hof.meldungen().abgeholt(), QStringList(u"Bitte tragen Sie eine Menge ein !"_s));
+        schreibe(maske, "txtMenge", u"0"_s); // nothing is left
+        speichere(maske);
+    });
+    kurzel('l');
+    EXPECT_EQ(letzteZeile().left(38), u"H1 | Weizen | Pflanzliche Erzeugnisse "_s);
+    EXPECT_EQ(letzteZeile().section(u" | "_s, 3, 3), u"-60"_s);
+    EXPECT_EQ(anzahl(), 8);
+}
+
+TEST_F(Buchung, WasNichtMehrPasstBleibtStehen)
+{
+    hof.fuehreAus(2024, u"INSERT INTO LAGERJOURNAL (Datum, Artikel, Artikelart, LagerortKurzKu, Menge, Buchungsart)"
+                        u" VALUES (#2/3/2025#, 'Roggen', 'Saatgut/Sorten', 'H1', 1, 'Produktion')"_s);
+    hof.fuehreAus(2024, u"INSERT INTO LAGERJOURNAL (Datum, Artikel, Artikelart, LagerortKurzKu, Menge, Buchungsart)"
+                        u" VALUES (#12/3/2024#, 'Altroggen', 'Saatgut/Sorten', 'H1', -30, 'Korrektur')"_s);
+    oeffne();
+    imNaechstenFenster([&](QWidget& maske) {
+        EXPECT_EQ(text(maske, "Buchdatum"), u"01.06.2024"_s); // no day of another year is proposed
+        esc();
+    });
+    kurzel('p');
+    waehleBewegung(6);
+    // The opening is left: the count is not known, and is looked up at the save.
+    const QString anlagen = hof.ort().anlagen() + u"/Anlagen.mdb"_s;
+    jet::engine().release();
+    ASSERT_TRUE(QFile::rename(anlagen, anlagen + u".weg"_s));
+    hof.meldungen().beantworteAlle(sys::Answer::Abort);
+    imNaechstenFenster([&](QWidget& maske) {
+        EXPECT_EQ(text(maske, "drpArtikel"), u"Altroggen"_s); // no longer offered
+        setze(maske, "txtKommentar", u"Inventur"_s);
+        hof.meldungen().beantworteAlle(sys::Answer::Yes); // 30 below nothing
+        speichere(maske);
+    });
+    aendere();
+    ASSERT_TRUE(QFile::rename(anlagen + u".weg"_s, anlagen));
+    EXPECT_EQ(letzteZeile().section(u" | "_s, 1, 3), u"Altroggen | Saatgut/Sorten | -30"_s);
+    EXPECT_TRUE(hof.meldungen().abgeholt().value(0).startsWith(bericht(3024)));
 }
