@@ -1,0 +1,106 @@
+// Several programs that book into one year file at the same time, and one that is killed while it does.
+
+#include "tests/overview/Buchung.h"
+
+#include "platform/controls/DataGrid.h"
+
+#include <QProcess>
+
+#include <map>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// How many bookings each program makes; a thousand by hand: BUCHUNGEN=1000.
+int anzahlBuchungen()
+{
+    const int anzahl = qEnvironmentVariableIntValue("BUCHUNGEN");
+    return anzahl > 0 ? anzahl : 100;
+}
+
+class MehrereWirte : public Buchung {
+protected:
+    std::unique_ptr<QProcess> starte(const QString& name, int anzahl, const QString& was) const
+    {
+        auto programm = std::make_unique<QProcess>();
+        programm->setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        programm->start(QStringLiteral(BUCHUNGSWIRT),
+                        {hof.ort().verzeichnis(), u"2024"_s, name, QString::number(anzahl), was});
+        return programm;
+    }
+
+    /// Two programs at once, each `anzahl` bookings.
+    void bucheZuZweit(int anzahl, const QString& was) const
+    {
+        constexpr int Minuten = 10;
+        const auto erstes = starte(u"A"_s, anzahl, was);
+        const auto zweites = starte(u"B"_s, anzahl, was);
+        for (const auto& programm : {erstes.get(), zweites.get()}) {
+            ASSERT_TRUE(programm->waitForFinished(Minuten * 60'000));
+            EXPECT_EQ(programm->exitCode(), 0);
+        }
+    }
+};
+
+} // namespace
+
+TEST_F(MehrereWirte, KeineBuchungGehtVerlorenOderKommtZweimal)
+{
+    const int anzahl = anzahlBuchungen();
+    bucheZuZweit(anzahl, u"zukauf"_s);
+    std::map<QString, int> gezaehlt;
+    for (const QString& kommentar : hof.zeigt(2024, u"SELECT Kommentar FROM LAGERJOURNAL WHERE Artikel = 'Roggen'"_s))
+        ++gezaehlt[kommentar];
+    EXPECT_EQ(gezaehlt.size(), std::size_t(2 * anzahl));
+    for (const auto& [kommentar, mal] : gezaehlt)
+        EXPECT_EQ(mal, 1) << kommentar.toStdString();
+}
+
+TEST_F(MehrereWirte, JedeUmbuchungNenntIhrenEigenenPartner)
+{
+    const int anzahl = anzahlBuchungen();
+    bucheZuZweit(anzahl, u"umbuchung"_s);
+    struct Haelfte {
+        QString partner, kommentar, menge;
+    };
+    std::map<QString, Haelfte> zeilen;
+    for (const QString& zeile : hof.zeigt(2024, u"SELECT ID, Verfuttert_an, Kommentar, Menge FROM LAGERJOURNAL"
+                                                u" WHERE Buchungsart = 'Umbuchung'"_s)) {
+        const QStringList zellen = zeile.split(u" | "_s);
+        zeilen[zellen[0]] = {zellen[1], zellen[2], zellen[3]};
+    }
+    EXPECT_EQ(zeilen.size(), std::size_t(4 * anzahl));
+    for (const auto& [ID, haelfte] : zeilen) {
+        const Haelfte& andere = zeilen[haelfte.partner];
+        EXPECT_EQ(andere.partner, ID);
+        EXPECT_EQ(andere.kommentar, haelfte.kommentar);
+        EXPECT_NE(andere.menge, haelfte.menge);
+    }
+}
+
+// The single row is shown, opening it touches nothing, it cannot be saved as a transfer, and it can be deleted.
+TEST_F(MehrereWirte, EinGetoetetesProgrammLaesstEineEinzelneZeile)
+{
+    const auto programm = starte(u"A"_s, 1, u"abbruch"_s);
+    ASSERT_TRUE(programm->waitForFinished());
+    EXPECT_EQ(programm->exitStatus(), QProcess::CrashExit);
+    const QString zeilen = u"SELECT LagerortKurzKu, Menge, Verfuttert_an FROM LAGERJOURNAL"
+                           u" WHERE Buchungsart = 'Umbuchung'"_s;
+    const QStringList einzelne{u"H1 | -1 | NULL"_s};
+    ASSERT_EQ(hof.zeigt(2024, zeilen), einzelne);
+    oeffne();
+    waehleBewegung(int(anzahl()) - 1);
+    hof.meldungen().beantworteAlle(sys::Answer::Abort);
+    imNaechstenFenster([&](QWidget& maske) {
+        speichere(maske);
+        esc();
+    });
+    aendere();
+    EXPECT_TRUE(hof.meldungen().abgeholt().value(0).startsWith(bericht(3021)));
+    EXPECT_EQ(hof.zeigt(2024, zeilen), einzelne);
+    hof.meldungen().beantworteAlle(sys::Answer::Yes);
+    drucke("Journalliste", Qt::Key_Delete);
+    EXPECT_EQ(hof.meldungen().abgeholt().size(), 1);
+    EXPECT_EQ(hof.zeigt(2024, zeilen), QStringList());
+}
