@@ -3,7 +3,7 @@
 #include "platform/controls/DataControl.h"
 #include "platform/controls/DateFormat.h"
 #include "platform/controls/GridColumn.h"
-#include "platform/controls/NumberFormat.h"
+#include "platform/jet/NumberFormat.h"
 #include "platform/jet/Errors.h"
 #include "platform/system/ErrorReport.h"
 
@@ -30,7 +30,7 @@ QColor legible(const QColor& colour)
 QString usualText(const jet::Value& value, const QString& format)
 {
     if (value.isNull()) return {};
-    if (!format.isEmpty() && jet::isNumber(value.type())) return formatted(value.toDouble(), format);
+    if (!format.isEmpty() && jet::isNumber(value.type())) return jet::formatted(value.toDouble(), format);
     if (value.type() == jet::Type::Date) return formatDate(value.toDate());
     return value.toText().simplified(); // a cell is one line
 }

@@ -1,7 +1,7 @@
 #include "platform/controls/NumberEdit.h"
 
 #include "platform/controls/NumberEntry.h"
-#include "platform/controls/NumberFormat.h"
+#include "platform/jet/NumberFormat.h"
 #include "platform/system/Messages.h"
 
 #include <QKeyEvent>
@@ -83,7 +83,7 @@ void NumberEdit::take(double value)
 QString NumberEdit::shown() const
 {
     const bool edited = isEntered() && !Locked();
-    return formatted(m_value, edited ? toEdit(m_pattern) : m_pattern);
+    return jet::formatted(m_value, edited ? toEdit(m_pattern) : m_pattern);
 }
 
 void NumberEdit::show()

@@ -21,7 +21,7 @@ public:
     void setValue(double value);   ///< Fires no handler, also not that of other figures which follow from it.
     void enterValue(double value); ///< As the user would.
 
-    /// See formatted(). At first "##,##0.00########": two decimals, and more where the value has them.
+    /// See jet::formatted(). At first "##,##0.00########": two decimals, and more where the value has them.
     QString NumberFormat() const { return m_pattern; }
     void setNumberFormat(const QString& pattern);
 

@@ -1,4 +1,4 @@
-#include "platform/controls/NumberFormat.h"
+#include "platform/jet/NumberFormat.h"
 
 #include "platform/jet/Conversion.h"
 
@@ -6,6 +6,8 @@
 
 #include <algorithm>
 #include <cmath>
+
+namespace jet {
 
 namespace {
 
@@ -36,7 +38,7 @@ QByteArray roundedDigits(double magnitude, int decimals)
 
 QString formatted(double value, QStringView format)
 {
-    if (!(std::fabs(value) <= LargestWritten)) return jet::numberText(value);
+    if (!(std::fabs(value) <= LargestWritten)) return numberText(value);
     const qsizetype point = format.indexOf(u'.');
     const QStringView whole = point < 0 ? format : format.left(point);
     qsizetype decimals = point < 0 ? 0 : format.size() - point - 1;
@@ -54,3 +56,5 @@ QString formatted(double value, QStringView format)
     if (decimals > 0) text += ',' + digits.right(decimals);
     return QString::fromLatin1(value < 0 && !isZero ? '-' + text : text);
 }
+
+} // namespace jet

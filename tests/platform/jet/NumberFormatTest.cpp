@@ -1,4 +1,4 @@
-#include "platform/controls/NumberFormat.h"
+#include "platform/jet/NumberFormat.h"
 #include "tests/support/Print.h"
 
 #include <gtest/gtest.h>
@@ -33,9 +33,9 @@ TEST(NumberFormat, ShowsNumbersTheGermanWay)
     };
     for (const auto& c : cases)
         for (const QString& format : {u"##,##0.00"_s, u"##,#0.00"_s})
-            EXPECT_EQ(formatted(c.value, format), QString::fromUtf8(c.shown));
-    EXPECT_EQ(formatted(1234.5, u"0"), u"1235"_s);
-    EXPECT_EQ(formatted(7, u"000.0"), u"007,0"_s);
+            EXPECT_EQ(jet::formatted(c.value, format), QString::fromUtf8(c.shown));
+    EXPECT_EQ(jet::formatted(1234.5, u"0"), u"1235"_s);
+    EXPECT_EQ(jet::formatted(7, u"000.0"), u"007,0"_s);
 }
 
 TEST(NumberFormat, ShowsOptionalDecimalsOnlyWhereTheNumberHasThem)
@@ -56,5 +56,5 @@ TEST(NumberFormat, ShowsOptionalDecimalsOnlyWhereTheNumberHasThem)
         {1e308, u"##,##0.00", u"1E+308"_s},
     };
     for (const auto& c : cases)
-        EXPECT_EQ(formatted(c.value, c.pattern), c.text);
+        EXPECT_EQ(jet::formatted(c.value, c.pattern), c.text);
 }
