@@ -1,0 +1,16 @@
+#include "platform/report/GermanDialogs.h"
+
+#include <QCoreApplication>
+#include <QLibraryInfo>
+
+using namespace Qt::StringLiterals;
+
+namespace report {
+
+GermanDialogs::GermanDialogs()
+{
+    if (m_translator.load(u"qtbase_de"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QCoreApplication::installTranslator(&m_translator);
+}
+
+} // namespace report

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QTranslator>
+
+namespace report {
+
+/// While it lives, the toolkit's own dialogs (printer, files) that are made speak German, where its translations are
+/// installed. Hosts keep their language.
+class GermanDialogs {
+public:
+    GermanDialogs();
+
+private:
+    QTranslator m_translator; // leaves the application when it goes
+};
+
+} // namespace report

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "platform/report/Paginator.h"
+
+#include <QString>
+
+#include <memory>
+
+class QProgressDialog;
+class QWidget;
+
+namespace report {
+
+/// A box that comes up when work takes longer than a second, with a button that ends it. Goes with this object.
+class ProgressBox {
+public:
+    ProgressBox(const QString& what, QWidget* parent);
+    ~ProgressBox();
+    Q_DISABLE_COPY_MOVE(ProgressBox)
+
+    Progress progress(); ///< Lives no longer than the box.
+
+private:
+    std::unique_ptr<QProgressDialog> m_box;
+};
+
+} // namespace report

@@ -1,0 +1,138 @@
+#include "platform/system/Clock.h"
+#include "tests/platform/report/Desk.h"
+#include "tests/support/Print.h"
+
+#include <QProcess>
+#include <QStandardPaths>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// An evaluation file as the main screen builds it, but for columns that no form shows.
+void fill(const Desk& desk)
+{
+    QStringList statements = {
+        u"CREATE TABLE JOURNAL (Abgang Double, Zugang Double, ID Counter, Datum Date, Artikel Text(50), Artikelart Text(25), LagerortKurzKu Text(15), Menge Double, Preis Double, Einheit Text(15), Buchungsart Text(20), Kommentar Text(255), Uberstallt_alt Text(15), Untergruppe Text(50))"_s,
+        u"ALTER TABLE Journal ADD COLUMN Gruppe Text(100)"_s, u"ALTER TABLE Journal ADD COLUMN Giftigkeit Text(255)"_s};
+    const char* const rows[] = {
+        "0, 100, #1/1/2024#, 'Weizen', 'Ernte', 'H1', 100, 0, 'dt', 'Anfangsbestand', NULL, NULL",
+        "0, 1234.5, #8/2/2024#, 'Weizen', 'Ernte', 'H1', 1234.5, 0, 'dt', 'Ernte', NULL, NULL",
+        "300, 0, #9/1/2024#, 'Weizen', 'Ernte', 'H2', -300, 21.5, 'dt', 'Verkauf', NULL, NULL",
+        "0, 20, #3/5/2024#, 'Quendolar', 'Pflanzenschutzmittel', 'PSM', 20, 12, 'l', 'Zukauf', 'Herbizid', 'reizend'",
+        "20, 0, #4/5/2024#, 'Quendolar', 'Pflanzenschutzmittel', 'PSM', -20, 12, 'l', 'Eigenverbrauch', 'Herbizid', 'reizend'",
+        "0, 0, #4/6/2024#, NULL, NULL, 'H1', NULL, NULL, NULL, 'Korrektur', NULL, NULL"};
+    for (const char* const row : rows)
+        statements.append(
+            u"INSERT INTO JOURNAL (Abgang, Zugang, Datum, Artikel, Artikelart, LagerortKurzKu, Menge, Preis, Einheit, Buchungsart, Gruppe, Giftigkeit) VALUES ("_s +
+            QString::fromUtf8(row) + u')');
+    desk.execute(statements);
+}
+
+report::Job job(const Desk& desk, const QString& form, const QMap<int, QString>& formulas, const QString& field)
+{
+    report::Job job = desk.job(QStringLiteral(SHIPPED_FORMS) + u'/' + form);
+    job.formulas = {{0, u"Betriebsnummer = '4711'"_s},        {1, u"Betriebsname = 'Demohof'"_s},
+                    {2, u"Betriebsadresse = 'Dorf 1'"_s},     {4, u"Stichdatum = 'Von 01.01.2024 bis 31.12.2024'"_s},
+                    {5, u"Eingrenzung = 'Alle Lagerorte'"_s}, {7, u"Uberschrift2 = 'Fortlaufend'"_s}};
+    job.formulas.insert(formulas);
+    job.sortFields[0] = u"+{JOURNAL."_s + field + u'}';
+    return job;
+}
+
+} // namespace
+
+TEST(ShippedForms, KeepToTheSchema)
+{
+    if (QStandardPaths::findExecutable(u"xmllint"_s).isEmpty())
+        GTEST_SKIP() << "xmllint is not installed (package libxml2-utils)";
+    for (const QString& form : {u"Lagerjournal.rpt"_s, u"Lagerbestand.rpt"_s}) {
+        QProcess check;
+        check.setWorkingDirectory(QStringLiteral(SHIPPED_FORMS));
+        check.start(u"xmllint"_s, {u"--noout"_s, u"--schema"_s, u"report.xsd"_s, form});
+        ASSERT_TRUE(check.waitForFinished());
+        EXPECT_EQ(check.exitCode(), 0) << check.readAllStandardError().toStdString();
+    }
+}
+
+TEST(ShippedForms, PrintTheMovementJournal)
+{
+    NEEDS_PDFTOTEXT;
+    sys::stelleUhr(QDate(2024, 12, 31));
+    const Desk desk;
+    fill(desk);
+    const QStringList head = {u"Bewegungsjournal Demohof"_s, u"Dorf 1"_s,
+                              u"Von 01.01.2024 bis 31.12.2024 Betrieb 4711"_s};
+    const QString columns =
+        u"Datum Artikel Artikelgruppe Buchungsart Lagerort Zugang Abgang Einheit Preis Partner Kommentar"_s;
+    const QString first = u"01.01.2024 Weizen Ernte Anfangsbestand H1 100,00 dt"_s;
+    const QString harvest = u"02.08.2024 Weizen Ernte Ernte H1 1.234,50 dt"_s;
+    const QString sale = u"01.09.2024 Weizen Ernte Verkauf H2 300,00 dt 21,50"_s;
+    const QStringList bought = {u"05.03.2024 Quendolar Pflanzenschutzmittel Zukauf PSM 20,00 l 12,00"_s,
+                                u"Herbizid Giftigkeit: reizend"_s};
+    const QStringList used = {u"05.04.2024 Quendolar Pflanzenschutzmittel Eigenverbrauch PSM 20,00 l 12,00"_s,
+                              u"Herbizid Giftigkeit: reizend"_s};
+    const QString corrected = u"06.04.2024 Korrektur H1"_s;
+    const QStringList foot = {u"6 Bewegungen"_s, u"Gedruckt am 31.12.2024 Seite 1 von 1"_s};
+
+    const QMap<int, QString> continuous = {{8, u"MitGruppierung = 'J'"_s}};
+    const QStringList printed = desk.printedLines(job(desk, u"Lagerjournal.rpt"_s, continuous, u"Datum"_s));
+    EXPECT_EQ(printed, head + QStringList({u"Fortlaufend: Alle Lagerorte"_s, columns, first}) + bought + used +
+                           QStringList({corrected, harvest, sale}) + foot);
+
+    const QMap<int, QString> byArticle = {{3, u"MitSumme = 'J'"_s},
+                                          {6, u"Gruppenfeld = {JOURNAL.Artikel}"_s},
+                                          {7, u"Uberschrift2 = 'Gruppiert nach Artikel'"_s},
+                                          {8, u"MitGruppierung = 'J'"_s}};
+    const QStringList grouped = desk.printedLines(job(desk, u"Lagerjournal.rpt"_s, byArticle, u"Zugang"_s));
+    EXPECT_EQ(grouped, head +
+                           QStringList({u"Gruppiert nach Artikel: Alle Lagerorte"_s, columns, u"ohne Angabe"_s,
+                                        corrected, u"Summe 0,00 0,00 Saldo 0,00"_s, u"Quendolar"_s}) +
+                           used + bought +
+                           QStringList({u"Summe 20,00 20,00 l Saldo 0,00 l"_s, u"Weizen"_s, sale, first, harvest,
+                                        u"Summe 1.334,50 300,00 dt Saldo 1.034,50 dt"_s}) +
+                           foot);
+    sys::stelleUhr(std::nullopt);
+}
+
+TEST(ShippedForms, PrintTheStockList)
+{
+    NEEDS_PDFTOTEXT;
+    const Desk desk;
+    fill(desk);
+    const QString quendolar = u"Quendolar Pflanzenschutzmittel PSM 20,00 20,00 0,00 l"_s;
+    const QString poison = u"Herbizid Giftigkeit: reizend"_s;
+    const QString unnamed = u"H1 0,00"_s;
+    const QString h1 = u"Weizen Ernte H1 1.334,50 1.334,50 dt"_s;
+    const QString h2 = u"Weizen Ernte H2 300,00 -300,00 dt"_s;
+    const QMap<int, QString> split = {{8, u"MitGruppierung = 'N'"_s}, {9, u"Uberschrift2 = 'Aufgeteilt'"_s}};
+    QMap<int, QString> inSum = {{3, u"MitSumme = 'J'"_s},
+                                {8, u"MitGruppierung = 'J'"_s},
+                                {9, u"Uberschrift2 = 'Alle Lagerorte in Summe'"_s},
+                                {10, u"NullAusblenden = 'J'"_s}};
+    const struct {
+        const char* name;
+        QMap<int, QString> formulas;
+        QString field;
+        QStringList lines; // from the table's head to the page's foot
+    } cases[] = {
+        {"by article", split, u"Artikel"_s, {unnamed, quendolar, poison, h1, h2, u"4 Artikel und Lagerorte"_s}},
+        {"by stock", split, u"Bestand"_s, {h2, unnamed, quendolar, poison, h1, u"4 Artikel und Lagerorte"_s}},
+        {"unsorted on the screen",
+         split,
+         u"Datum"_s,
+         {unnamed, quendolar, poison, h1, h2, u"4 Artikel und Lagerorte"_s}},
+        {"in sum, without empty stocks",
+         inSum,
+         u"LagerortKurzKu"_s,
+         {u"Weizen Ernte 1.334,50 300,00 1.034,50 dt"_s, u"1 Artikel"_s}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        const QStringList lines = desk.printedLines(job(desk, u"Lagerbestand.rpt"_s, c.formulas, c.field));
+        EXPECT_EQ(lines[3], c.formulas[9].section(u'\'', 1, 1)) << "the later heading wins";
+        EXPECT_EQ(lines.mid(6, lines.size() - 7), c.lines);
+    }
+}
