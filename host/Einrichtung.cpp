@@ -2,6 +2,7 @@
 
 #include "platform/jet/Engine.h"
 #include "platform/system/Files.h"
+#include "platform/system/Path.h"
 
 #include <zablager/FileError.h>
 
@@ -39,6 +40,15 @@ void legeDatenbankAn(const QString& datei, const QString& schema, const QString&
     sys::CopyWhereMissing(entwurf, datei);
 }
 
+/// A form that the farm's adviser has changed stays as it is.
+void legeBerichtsformulareAn(const Installation& ort)
+{
+    const QString ordner = sys::localPath(ort.programm() + u"/Report/Lagerverwaltung"_s);
+    legeVerzeichnisAn(ordner);
+    for (const QString& formular : QDir(u":/report"_s).entryList(QDir::Files))
+        sys::CopyWhereMissing(u":/report/"_s + formular, ordner + u'/' + formular);
+}
+
 } // namespace
 
 void legeVerzeichnisAn(const QString& pfad)
@@ -58,6 +68,7 @@ void richteEin(const Installation& ort, const QString& Betriebsnummer, int jahr)
     legeDatenbankAn(ort.daten() + u"/Grundstamm.mdb"_s, u"Grundstamm"_s, u"RT-58KX"_s);
     legeDatenbankAn(ort.anlagen() + u"/Anlagen.mdb"_s, u"Anlagen"_s, u"volmira"_s);
     legeDatenbankAn(stammdaten, u"ZABStammdaten"_s, u"RT-58KX"_s);
+    legeBerichtsformulareAn(ort);
 
     const QString journal = ort.journaldatei(Betriebsnummer, jahr);
     if (!sys::Exist(journal)) {

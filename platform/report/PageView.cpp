@@ -72,9 +72,9 @@ void PageView::applyZoom(double zoom)
     m_zoom = std::clamp(zoom, SmallestZoom, LargestZoom);
     const double height = pageCount() * step() + Gap;
     const double width = pageSize().width() + 2 * Gap;
-    verticalScrollBar()->setRange(0, std::max(0, static_cast<int>(std::ceil(height)) - viewport()->height()));
+    verticalScrollBar()->setRange(0, std::max(0, static_cast<int>(std::lround(height)) - viewport()->height()));
     verticalScrollBar()->setPageStep(viewport()->height());
-    horizontalScrollBar()->setRange(0, std::max(0, static_cast<int>(std::ceil(width)) - viewport()->width()));
+    horizontalScrollBar()->setRange(0, std::max(0, static_cast<int>(std::lround(width)) - viewport()->width()));
     horizontalScrollBar()->setPageStep(viewport()->width());
     verticalScrollBar()->setValue(static_cast<int>(std::lround(position * step())));
     viewport()->update();

@@ -1,6 +1,6 @@
 #include "platform/report/Place.h"
 
-#include <zablager/DatabaseError.h>
+#include "platform/jet/Errors.h"
 
 using namespace Qt::StringLiterals;
 

@@ -3,8 +3,7 @@
 #include "platform/report/Output.h"
 #include "platform/report/PreviewWindow.h"
 #include "platform/report/ProgressBox.h"
-
-#include <zablager/FileError.h>
+#include "platform/system/FileFault.h"
 
 #include <QPrinter>
 #include <QPrinterInfo>

@@ -1,9 +1,8 @@
 #include "platform/report/Rows.h"
 
+#include "platform/jet/Errors.h"
 #include "platform/report/Evaluation.h"
 #include "platform/system/Clock.h"
-
-#include <zablager/DatabaseError.h>
 
 #include <algorithm>
 

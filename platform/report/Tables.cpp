@@ -1,8 +1,7 @@
 #include "platform/report/Tables.h"
 
 #include "platform/jet/Engine.h"
-
-#include <zablager/DatabaseError.h>
+#include "platform/jet/Errors.h"
 
 #include <algorithm>
 

@@ -50,7 +50,7 @@ TEST_F(Zablager, EinrichtenErgaenztWasFehlt)
 {
     ASSERT_EQ(einrichten(u"4711"_s, u"2024"_s).ende, 0);
     const QStringList zuerst = dateien();
-    EXPECT_EQ(zuerst.join(u'\n').count(u'\n'), 5) << zuerst.join(u'\n').toStdString();
+    EXPECT_EQ(zuerst.join(u'\n').count(u'\n'), 8) << zuerst.join(u'\n').toStdString();
     ASSERT_EQ(einrichten(u"4711"_s, u"2024"_s).ende, 0); // nothing is missing
     EXPECT_EQ(dateien(), zuerst);
 
@@ -61,6 +61,7 @@ TEST_F(Zablager, EinrichtenErgaenztWasFehlt)
     EXPECT_EQ(danach.size(), zuerst.size() + 2);
     EXPECT_TRUE(QFile::exists(ort + u"/daten/B4712/Lager.2025"_s));
     EXPECT_TRUE(QFile::exists(ort + u"/programm/ZABStammdaten_2025.mdb"_s));
+    EXPECT_TRUE(QFile::exists(ort + u"/programm/Report/Lagerverwaltung/Lagerjournal.rpt"_s));
 }
 
 TEST_F(Zablager, JedeDatenbankHatIhreTabellenUndIhrKennwort)
