@@ -25,7 +25,7 @@ Element::Element(QXmlStreamReader& xml, const QString& file)
 
 Place Element::here() const
 {
-    return {u"Das Berichtsformular '"_s + m_file + u"' ist fehlerhaft, Zeile "_s + QString::number(m_xml.lineNumber())};
+    return formPlace(m_file, m_xml.lineNumber());
 }
 
 QString Element::text(const QString& attribute)
@@ -108,6 +108,14 @@ QString Element::content()
     return text.trimmed();
 }
 
+void Element::finish()
+{
+    while (!m_xml.atEnd()) {
+        m_xml.readNext();
+        refuseBrokenXml();
+    }
+}
+
 void Element::refuseUnknownAttributes() const
 {
     for (const QXmlStreamAttribute& attribute : m_attributes) {
@@ -139,7 +147,7 @@ void Element::refuseBrokenXml() const
     default:
         here().refuse(u"Hier ist das XML nicht richtig geschrieben, zum Beispiel ein Element <"_s + m_name +
                       u"> falsch geschlossen, ein Anführungszeichen vergessen oder ein < im Text. Die Zeichen < und & "
-                      "werden als &lt; und &amp; geschrieben, die Datei ist in UTF-8 gespeichert."_s);
+                      "werden als &lt; und &amp; geschrieben."_s);
     }
 }
 

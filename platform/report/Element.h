@@ -52,6 +52,8 @@ public:
     QString content();
     /// For an element with nothing inside.
     void end() { children({}); }
+    /// For the outermost element: nothing but comments may stand behind it.
+    void finish();
 
 private:
     void refuseUnknownAttributes() const;

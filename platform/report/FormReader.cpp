@@ -6,6 +6,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QStringDecoder>
 
 #include <cerrno>
 
@@ -30,6 +31,7 @@ public:
         if (root.name() != u"report")
             root.place().refuse(u"Die Datei ist kein Berichtsformular, sie beginnt nicht mit <report>."_s);
         readReport(root);
+        root.finish();
         if (m_form.data.table.isEmpty()) root.place().refuse(u"Das Element <data> fehlt."_s);
         return m_form;
     }
@@ -37,7 +39,7 @@ public:
 private:
     void readReport(Element& element)
     {
-        m_form.title = element.text(u"title"_s, {});
+        m_form.title = element.text(u"title"_s, QFileInfo(m_form.file).completeBaseName());
         m_form.paper = element.word<QPageSize::PageSizeId>(
             u"paper"_s, {{u"A3"_s, QPageSize::A3}, {u"A4"_s, QPageSize::A4}, {u"A5"_s, QPageSize::A5}}, QPageSize::A4);
         m_form.orientation = element.word<QPageLayout::Orientation>(
@@ -152,6 +154,19 @@ private:
     bool m_hasBands = false;
 };
 
+/// Editors of old save umlauts in another encoding; the XML reader would tell of it without a line.
+void refuseOtherEncodings(const QByteArray& bytes, const QString& file)
+{
+    int number = 0;
+    for (const QByteArray& line : bytes.split('\n')) {
+        ++number;
+        QStringDecoder decoder(QStringDecoder::Utf8);
+        const QString decoded = decoder(line);
+        if (decoder.hasError())
+            formPlace(file, number).refuse(u"Die Datei ist nicht in UTF-8 gespeichert: "_s + decoded.trimmed());
+    }
+}
+
 } // namespace
 
 Form readForm(const QString& file)
@@ -161,7 +176,9 @@ Form readForm(const QString& file)
         throw sys::FileError(sys::FileErrorNumber::FileNotFound,
                              u"Das Berichtsformular '"_s + source.fileName() + u"' gibt es nicht."_s);
     if (!source.open(QIODevice::ReadOnly)) throw sys::fileFault(errno, source.fileName());
-    QXmlStreamReader xml(&source);
+    const QByteArray bytes = source.readAll();
+    refuseOtherEncodings(bytes, source.fileName());
+    QXmlStreamReader xml(bytes);
     return FormReader(source.fileName()).read(xml);
 }
 

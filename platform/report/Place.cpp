@@ -11,4 +11,9 @@ void Place::refuse(const QString& what) const
     throw jet::Error(jet::ErrorNumber::InvalidArgument, name + u": "_s + what);
 }
 
+Place formPlace(const QString& file, qint64 line)
+{
+    return {u"Das Berichtsformular '"_s + file + u"' ist fehlerhaft, Zeile "_s + QString::number(line)};
+}
+
 } // namespace report

@@ -12,4 +12,7 @@ struct Place {
     [[noreturn]] void refuse(const QString& what) const;
 };
 
+/// A line of a report form, from 1.
+Place formPlace(const QString& file, qint64 line);
+
 } // namespace report

@@ -190,7 +190,7 @@ void PreviewWindow::PdfSpeichern_Click()
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setNameFilter(u"PDF-Dateien (*.pdf)"_s);
     dialog.setDefaultSuffix(u"pdf"_s);
-    dialog.selectFile(m_document.title + u".pdf"_s);
+    dialog.selectFile(QString(m_document.title).replace(u'/', u'-') + u".pdf"_s);
     if (dialog.exec() != QDialog::Accepted) return;
     ProgressBox box(u"Der Bericht wird gespeichert ..."_s, this);
     writePdf(m_document, dialog.selectedFiles().constFirst(), box.progress());

@@ -21,6 +21,8 @@ ProgressBox::ProgressBox(const QString& what, QWidget* parent)
     m_box->setWindowModality(Qt::ApplicationModal);
     m_box->setMinimumDuration(Patience);
     m_box->setAutoReset(false);
+    m_box->setRange(0, 1);
+    m_box->setValue(0); // from now on time is taken
 }
 
 ProgressBox::~ProgressBox() = default;

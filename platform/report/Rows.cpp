@@ -2,6 +2,7 @@
 
 #include "platform/jet/Errors.h"
 #include "platform/report/Evaluation.h"
+#include "platform/report/FormNames.h"
 #include "platform/system/Clock.h"
 
 #include <algorithm>
@@ -23,7 +24,7 @@ auto named(const std::vector<Named>& all, const QString& name, QString Named::*m
 
 Rows::Rows(Form& form, const Job& job) : m_form(form), m_tables(form, job)
 {
-    m_selection = readCondition(job.selection, {u"Die Auswahl der Zeilen"_s});
+    m_selection = FormNames(form).condition(job.selection, {u"Die Auswahl der Zeilen"_s}, TotalsAllowed::No);
     bindFormulas();
     bindSummary();
     checkComputed();
@@ -119,8 +120,6 @@ void Rows::bind(Reference& reference)
     if (!reference.hasColumn()) return;
     if (m_tables.isLookup(reference.table))
         reference.constant = m_tables.lookUp(reference.table, reference.name);
-    else if (reference.table.compare(m_form.data.table, Qt::CaseInsensitive) != 0) // only a selection can name others
-        reference.place.refuse(u"Der Bericht hat keine Tabelle '"_s + reference.table + u"'."_s);
     else
         reference.column = select(reference.name);
 }

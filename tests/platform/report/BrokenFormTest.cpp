@@ -13,6 +13,10 @@ struct Case {
     QString text;        // behind file name and "ist fehlerhaft, "
 };
 
+const QString NotXml =
+    u"Hier ist das XML nicht richtig geschrieben, zum Beispiel ein Element <%1> falsch geschlossen, ein "
+    "Anführungszeichen vergessen oder ein < im Text. Die Zeichen < und & werden als &lt; und &amp; geschrieben."_s;
+
 const Case Cases[] = {
     {"an element that does not exist", "<data table='J'/>\n<detail><txt x='0'/></detail>",
      u"Zeile 3: Das Element <txt> ist hier nicht zulässig. In <detail> darf nur stehen: <text>, <line>, <box>."_s},
@@ -27,9 +31,9 @@ const Case Cases[] = {
     {"a format that does not exist", "<data table='J'/><detail><text x='0' width='9' format='%d'/></detail>",
      u"Zeile 2: Das Format \"%d\" ist unbekannt. Möglich sind Formate wie ##,##0.00 und dd.mm.yyyy."_s},
     {"a tag that is not closed", "<data table='J'>\n<sort column='A'>\n</data>",
-     u"Zeile 4: Hier ist das XML nicht richtig geschrieben, zum Beispiel ein Element <sort> falsch geschlossen, ein "
-     "Anführungszeichen vergessen oder ein < im Text. Die Zeichen < und & werden als &lt; und &amp; geschrieben, die "
-     "Datei ist in UTF-8 gespeichert."_s},
+     u"Zeile 4: "_s + NotXml.arg(u"sort"_s)},
+    {"another encoding", "<data table='J'/>\n<detail><text x='0' width='9'>\xC4pfel</text></detail>",
+     u"Zeile 3: Die Datei ist nicht in UTF-8 gespeichert: <detail><text x='0' width='9'>\uFFFDpfel</text></detail></report>"_s},
     {"text between the bands", "<data table='J'/>\nTitel", u"Zeile 3: Text steht hier an falscher Stelle: Titel"_s},
     {"no data", "<detail/>", u"Zeile 1: Das Element <data> fehlt."_s},
     {"data behind the bands", "<detail/>\n<data table='J'/>", u"Zeile 3: <data> steht vor den Bändern."_s},
@@ -73,6 +77,8 @@ TEST(BrokenForm, IsToldApartFromWhatIsNoForm)
               fault + u"1: Die Datei ist kein Berichtsformular, sie beginnt nicht mit <report>."_s);
     EXPECT_EQ(Desk::refusal(desk.job(desk.write(u"form.rpt"_s, "<report>\n<data table='J'/>\n"))),
               fault + u"3: Die Datei ist unvollständig: Das Ende von <report> fehlt."_s);
+    EXPECT_EQ(Desk::refusal(desk.job(desk.write(u"form.rpt"_s, "<report><data table='J'/></report>\n<rest/>"))),
+              fault + u"2: "_s + NotXml.arg(u"report"_s));
     EXPECT_EQ(Desk::refusal(desk.job(desk.path(u"kein.rpt"_s))),
               u"Das Berichtsformular '"_s + desk.path(u"kein.rpt"_s) + u"' gibt es nicht."_s);
 }

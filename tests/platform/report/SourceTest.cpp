@@ -126,6 +126,10 @@ TEST(Source, IsNamedWhereItIsMissing)
     job.sortFields[0] = u"{J.Nr}"_s;
     EXPECT_EQ(Desk::refusal(job), u"Das Sortierfeld '{J.Nr}': Es beginnt nicht mit + oder -."_s);
 
+    job = desk.job(form);
+    job.selection = u"{@Kopf} = 'J'"_s;
+    EXPECT_EQ(Desk::refusal(job), u"Die Auswahl der Zeilen: Die Formel 'Kopf' ist nicht mit <formula> angegeben."_s);
+
     desk.form(R"(<data table="J"/><detail><text x="0" width="9">{J.Preis}</text></detail>)");
     EXPECT_EQ(Desk::refusal(desk.job(form)), prefix + u"Spalte 'Preis', die die Tabelle 'J' nicht hat."_s);
     desk.form(R"(<data table="K"/>)");
