@@ -15,7 +15,7 @@ constexpr double LargestSize = 200;
 
 QString format(Element& element)
 {
-    const QString format = element.text(u"format"_s, {});
+    QString format = element.text(u"format"_s, {});
     const auto hasOnly = [&format](QStringView allowed) {
         return std::all_of(format.begin(), format.end(), [allowed](QChar c) { return allowed.contains(c); });
     };

@@ -21,6 +21,7 @@ constexpr double Rounding = 1;           // dots by which a text may be wider th
 std::vector<const Text*> fromTopToBottom(const std::vector<Text>& texts)
 {
     std::vector<const Text*> sorted;
+    sorted.reserve(texts.size());
     for (const Text& text : texts)
         sorted.push_back(&text);
     std::stable_sort(sorted.begin(), sorted.end(), [](const Text* a, const Text* b) { return a->y < b->y; });

@@ -2,6 +2,7 @@
 #include "tests/platform/report/Desk.h"
 #include "tests/support/Print.h"
 
+#include <QFile>
 #include <QProcess>
 #include <QStandardPaths>
 
@@ -15,19 +16,21 @@ namespace {
 void fill(const Desk& desk)
 {
     QStringList statements = {
-        u"CREATE TABLE JOURNAL (Abgang Double, Zugang Double, ID Counter, Datum Date, Artikel Text(50), Artikelart Text(25), LagerortKurzKu Text(15), Menge Double, Preis Double, Einheit Text(15), Buchungsart Text(20), Kommentar Text(255), Uberstallt_alt Text(15), Untergruppe Text(50))"_s,
+        u"CREATE TABLE JOURNAL (Abgang Double, Zugang Double, ID Counter, Datum Date, Artikel Text(50), Artikelart Text(25), "
+        "LagerortKurzKu Text(15), Menge Double, Preis Double, Einheit Text(15), Buchungsart Text(20), "
+        "Kommentar Text(255), Uberstallt_alt Text(15), Untergruppe Text(50))"_s,
         u"ALTER TABLE Journal ADD COLUMN Gruppe Text(100)"_s, u"ALTER TABLE Journal ADD COLUMN Giftigkeit Text(255)"_s};
     const char* const rows[] = {
-        "0, 100, #1/1/2024#, 'Weizen', 'Ernte', 'H1', 100, 0, 'dt', 'Anfangsbestand', NULL, NULL",
-        "0, 1234.5, #8/2/2024#, 'Weizen', 'Ernte', 'H1', 1234.5, 0, 'dt', 'Ernte', NULL, NULL",
-        "300, 0, #9/1/2024#, 'Weizen', 'Ernte', 'H2', -300, 21.5, 'dt', 'Verkauf', NULL, NULL",
-        "0, 20, #3/5/2024#, 'Quendolar', 'Pflanzenschutzmittel', 'PSM', 20, 12, 'l', 'Zukauf', 'Herbizid', 'reizend'",
-        "20, 0, #4/5/2024#, 'Quendolar', 'Pflanzenschutzmittel', 'PSM', -20, 12, 'l', 'Eigenverbrauch', 'Herbizid', 'reizend'",
-        "0, 0, #4/6/2024#, NULL, NULL, 'H1', NULL, NULL, NULL, 'Korrektur', NULL, NULL"};
+        "0, 100, #1/1/2024#, 'Weizen', 'Ernte', 'H1', 100, 0, 'dt', 'Anfangsbestand', NULL, NULL, NULL",
+        "0, 1234.5, #8/2/2024#, 'Weizen', 'Ernte', 'H1', 1234.5, 0, 'dt', 'Ernte', NULL, NULL, NULL",
+        "300, 0, #9/1/2024#, 'Weizen', 'Ernte', 'H2', -300, 21.5, 'dt', 'Verkauf', NULL, NULL, 'bar'",
+        "0, 20, #3/5/2024#, 'Quendolar', 'Pflanzenschutzmittel', 'PSM', 20, 12, 'l', 'Zukauf', 'Herbizid', 'reizend', NULL",
+        "20, 0, #4/5/2024#, 'Quendolar', 'Pflanzenschutzmittel', 'PSM', -20, 12, 'l', 'Eigenverbrauch', 'Herbizid', 'reizend', NULL",
+        "0, 0, #4/6/2024#, NULL, NULL, 'H1', NULL, NULL, NULL, 'Korrektur', NULL, NULL, NULL"};
     for (const char* const row : rows)
-        statements.append(
-            u"INSERT INTO JOURNAL (Abgang, Zugang, Datum, Artikel, Artikelart, LagerortKurzKu, Menge, Preis, Einheit, Buchungsart, Gruppe, Giftigkeit) VALUES ("_s +
-            QString::fromUtf8(row) + u')');
+        statements.append(u"INSERT INTO JOURNAL (Abgang, Zugang, Datum, Artikel, Artikelart, LagerortKurzKu, "
+                          "Menge, Preis, Einheit, Buchungsart, Gruppe, Giftigkeit, Kommentar) VALUES ("_s +
+                          QString::fromUtf8(row) + u')');
     desk.execute(statements);
 }
 
@@ -42,19 +45,43 @@ report::Job job(const Desk& desk, const QString& form, const QMap<int, QString>&
     return job;
 }
 
+/// The first form that docs/report-forms.md shows.
+QByteArray exampleOfTheDocument()
+{
+    QFile document(QStringLiteral(SHIPPED_FORMS) + u"/../../docs/report-forms.md"_s);
+    EXPECT_TRUE(document.open(QIODevice::ReadOnly));
+    const QByteArray text = document.readAll();
+    const qsizetype begin = text.indexOf("<?xml");
+    return text.mid(begin, text.indexOf("</report>") - begin) + "</report>\n";
+}
+
 } // namespace
 
 TEST(ShippedForms, KeepToTheSchema)
 {
     if (QStandardPaths::findExecutable(u"xmllint"_s).isEmpty())
         GTEST_SKIP() << "xmllint is not installed (package libxml2-utils)";
-    for (const QString& form : {u"Lagerjournal.rpt"_s, u"Lagerbestand.rpt"_s}) {
+    const Desk desk;
+    const QString documented = desk.write(u"beispiel.rpt"_s, exampleOfTheDocument());
+    for (const QString& form : {u"Lagerjournal.rpt"_s, u"Lagerbestand.rpt"_s, documented}) {
         QProcess check;
         check.setWorkingDirectory(QStringLiteral(SHIPPED_FORMS));
         check.start(u"xmllint"_s, {u"--noout"_s, u"--schema"_s, u"report.xsd"_s, form});
         ASSERT_TRUE(check.waitForFinished());
         EXPECT_EQ(check.exitCode(), 0) << check.readAllStandardError().toStdString();
     }
+}
+
+TEST(ShippedForms, AndTheExampleOfTheDocumentPrint)
+{
+    NEEDS_PDFTOTEXT;
+    const Desk desk;
+    fill(desk);
+    report::Job example = desk.job(desk.write(u"beispiel.rpt"_s, exampleOfTheDocument()));
+    example.selection = u"{JOURNAL.Artikel} = 'weizen'"_s;
+    EXPECT_EQ(desk.printedLines(example),
+              (QStringList{u"ohne Namen"_s, u"Weizen"_s, u"01.01.2024 100,00"_s, u"02.08.2024 1.234,50"_s,
+                           u"01.09.2024 -300,00 Hinweis: bar"_s, u"1.034,50"_s, u"Seite 1 von 1"_s}));
 }
 
 TEST(ShippedForms, PrintTheMovementJournal)
@@ -69,7 +96,7 @@ TEST(ShippedForms, PrintTheMovementJournal)
         u"Datum Artikel Artikelgruppe Buchungsart Lagerort Zugang Abgang Einheit Preis Partner Kommentar"_s;
     const QString first = u"01.01.2024 Weizen Ernte Anfangsbestand H1 100,00 dt"_s;
     const QString harvest = u"02.08.2024 Weizen Ernte Ernte H1 1.234,50 dt"_s;
-    const QString sale = u"01.09.2024 Weizen Ernte Verkauf H2 300,00 dt 21,50"_s;
+    const QString sale = u"01.09.2024 Weizen Ernte Verkauf H2 300,00 dt 21,50 bar"_s;
     const QStringList bought = {u"05.03.2024 Quendolar Pflanzenschutzmittel Zukauf PSM 20,00 l 12,00"_s,
                                 u"Herbizid Giftigkeit: reizend"_s};
     const QStringList used = {u"05.04.2024 Quendolar Pflanzenschutzmittel Eigenverbrauch PSM 20,00 l 12,00"_s,
