@@ -28,13 +28,12 @@ bool weiter(qsizetype, qsizetype)
 /// The evaluation file of a year, as the main screen builds it.
 QString auswertungsdatei(const Messbetrieb& betrieb)
 {
-    const QString datei = betrieb.verzeichnis() + u"/Lagerauswertung.mdb"_s;
+    QString datei = betrieb.verzeichnis() + u"/Lagerauswertung.mdb"_s;
     jet::engine().CreateDatabase(datei, u";LANGID=0x0409;CP=1252;COUNTRY=0"_s)->Close();
-    jet::engine()
-        .OpenDatabase(betrieb.journaldatei(Messbetrieb::ErstesJahr))
-        ->Execute(
-            u"Select IIF(Menge < 0, -Menge,0) as Abgang, IIF(Menge > 0, Menge,0) as Zugang, LAGERJOURNAL.* INTO JOURNAL IN '"_s +
-            datei + u"' FROM LAGERJOURNAL"_s);
+    const auto journal = jet::engine().OpenDatabase(betrieb.journaldatei(Messbetrieb::ErstesJahr));
+    journal->Execute(u"Select IIF(Menge < 0, -Menge,0) as Abgang, IIF(Menge > 0, Menge,0) as Zugang, LAGERJOURNAL.*"
+                     " INTO JOURNAL IN '"_s +
+                     datei + u"' FROM LAGERJOURNAL"_s);
     const auto auswertung = jet::engine().OpenDatabase(datei);
     auswertung->Execute(u"ALTER TABLE Journal ADD COLUMN Gruppe Text(100)"_s);
     auswertung->Execute(u"ALTER TABLE Journal ADD COLUMN Giftigkeit Text(255)"_s);

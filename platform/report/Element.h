@@ -14,8 +14,8 @@
 
 namespace report {
 
-/// One element of a form's XML while it is read, with its attributes as what they mean. Everything that is not understood
-/// is refused with file and line; nothing is passed over.
+/// One element of a form's XML while it is read, with its attributes as what they mean. Everything that is not
+/// understood is refused with file and line; nothing is passed over.
 class Element {
 public:
     /// The reader stands at the element's start.

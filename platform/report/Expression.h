@@ -55,8 +55,8 @@ using Condition = std::vector<std::vector<Comparison>>;
 
 /// \throws jet::Error InvalidArgument, the place in front.
 Template readTemplate(QStringView text, const Place& place);
-/// "{@MitSumme} = 'J' and {sum(JOURNAL.Menge)} <> 0"; an empty text is always met. Texts stand in ' or ", the mark itself
-/// doubled; numbers have a point.
+/// "{@MitSumme} = 'J' and {sum(JOURNAL.Menge)} <> 0"; an empty text is always met. Texts stand in ' or ", the mark
+/// itself doubled; numbers have a point.
 Condition readCondition(QStringView text, const Place& place);
 /// One text, number or {reference}, which is all that a formula may be.
 Operand readOperand(QStringView text, const Place& place);

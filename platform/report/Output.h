@@ -14,8 +14,8 @@ namespace report {
 /// \throws sys::FileError when it cannot be written.
 bool writePdf(const Document& document, const QString& file, const Progress& progress);
 
-/// Prints the pages that the printer is set to, or all. \returns false when it was ended by `progress`; the printer gets
-/// nothing then. \throws sys::FileError when the printer takes nothing.
+/// Prints the pages that the printer is set to, or all. \returns false when it was ended by `progress`; the printer
+/// gets nothing then. \throws sys::FileError when the printer takes nothing.
 bool print(const Document& document, QPrinter& printer, const Progress& progress);
 
 } // namespace report

@@ -21,7 +21,8 @@ public:
     void execute(const QStringList& statements) const; ///< On the data file.
 
     report::Job job(const QString& form) const; ///< With the data file.
-    /// The pages of a print, each as its lines with single blanks between words, as another program reads them in the PDF.
+    /// The pages of a print, each as its lines with single blanks between words, as another program reads them in the
+    /// PDF.
     std::vector<QStringList> print(const report::Job& job) const;
     QStringList printedLines(const report::Job& job) const; ///< Of all pages.
     /// The text of the refusal; empty, and a failure of the test, when there was none.

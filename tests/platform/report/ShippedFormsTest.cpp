@@ -16,16 +16,16 @@ namespace {
 void fill(const Desk& desk)
 {
     QStringList statements = {
-        u"CREATE TABLE JOURNAL (Abgang Double, Zugang Double, ID Counter, Datum Date, Artikel Text(50), Artikelart Text(25), "
-        "LagerortKurzKu Text(15), Menge Double, Preis Double, Einheit Text(15), Buchungsart Text(20), "
+        u"CREATE TABLE JOURNAL (Abgang Double, Zugang Double, ID Counter, Datum Date, Artikel Text(50), "
+        "Artikelart Text(25), LagerortKurzKu Text(15), Menge Double, Preis Double, Einheit Text(15), Buchungsart Text(20), "
         "Kommentar Text(255), Uberstallt_alt Text(15), Untergruppe Text(50))"_s,
         u"ALTER TABLE Journal ADD COLUMN Gruppe Text(100)"_s, u"ALTER TABLE Journal ADD COLUMN Giftigkeit Text(255)"_s};
     const char* const rows[] = {
         "0, 100, #1/1/2024#, 'Weizen', 'Ernte', 'H1', 100, 0, 'dt', 'Anfangsbestand', NULL, NULL, NULL",
         "0, 1234.5, #8/2/2024#, 'Weizen', 'Ernte', 'H1', 1234.5, 0, 'dt', 'Ernte', NULL, NULL, NULL",
         "300, 0, #9/1/2024#, 'Weizen', 'Ernte', 'H2', -300, 21.5, 'dt', 'Verkauf', NULL, NULL, 'bar'",
-        "0, 20, #3/5/2024#, 'Quendolar', 'Pflanzenschutzmittel', 'PSM', 20, 12, 'l', 'Zukauf', 'Herbizid', 'reizend', NULL",
-        "20, 0, #4/5/2024#, 'Quendolar', 'Pflanzenschutzmittel', 'PSM', -20, 12, 'l', 'Eigenverbrauch', 'Herbizid', 'reizend', NULL",
+        "0, 20, #3/5/2024#, 'Quendolar', 'Pflanzenschutz', 'PSM', 20, 12, 'l', 'Zukauf', 'Herbizid', 'reizend', NULL",
+        "20, 0, #4/5/2024#, 'Quendolar', 'Pflanzenschutz', 'PSM', -20, 12, 'l', 'Schwund', 'Herbizid', 'reizend', NULL",
         "0, 0, #4/6/2024#, NULL, NULL, 'H1', NULL, NULL, NULL, 'Korrektur', NULL, NULL, NULL"};
     for (const char* const row : rows)
         statements.append(u"INSERT INTO JOURNAL (Abgang, Zugang, Datum, Artikel, Artikelart, LagerortKurzKu, "
@@ -97,9 +97,9 @@ TEST(ShippedForms, PrintTheMovementJournal)
     const QString first = u"01.01.2024 Weizen Ernte Anfangsbestand H1 100,00 dt"_s;
     const QString harvest = u"02.08.2024 Weizen Ernte Ernte H1 1.234,50 dt"_s;
     const QString sale = u"01.09.2024 Weizen Ernte Verkauf H2 300,00 dt 21,50 bar"_s;
-    const QStringList bought = {u"05.03.2024 Quendolar Pflanzenschutzmittel Zukauf PSM 20,00 l 12,00"_s,
+    const QStringList bought = {u"05.03.2024 Quendolar Pflanzenschutz Zukauf PSM 20,00 l 12,00"_s,
                                 u"Herbizid Giftigkeit: reizend"_s};
-    const QStringList used = {u"05.04.2024 Quendolar Pflanzenschutzmittel Eigenverbrauch PSM 20,00 l 12,00"_s,
+    const QStringList used = {u"05.04.2024 Quendolar Pflanzenschutz Schwund PSM 20,00 l 12,00"_s,
                               u"Herbizid Giftigkeit: reizend"_s};
     const QString corrected = u"06.04.2024 Korrektur H1"_s;
     const QStringList foot = {u"6 Bewegungen"_s, u"Gedruckt am 31.12.2024 Seite 1 von 1"_s};
@@ -129,7 +129,7 @@ TEST(ShippedForms, PrintTheStockList)
     NEEDS_PDFTOTEXT;
     const Desk desk;
     fill(desk);
-    const QString quendolar = u"Quendolar Pflanzenschutzmittel PSM 20,00 20,00 0,00 l"_s;
+    const QString quendolar = u"Quendolar Pflanzenschutz PSM 20,00 20,00 0,00 l"_s;
     const QString poison = u"Herbizid Giftigkeit: reizend"_s;
     const QString unnamed = u"H1 0,00"_s;
     const QString h1 = u"Weizen Ernte H1 1.334,50 1.334,50 dt"_s;
