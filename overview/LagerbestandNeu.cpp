@@ -8,6 +8,7 @@
 #include "core/Verzeichnisse.h"
 #include "overview/Ansichten.h"
 #include "overview/Auswahllisten.h"
+#include "overview/Auswertung.h"
 #include "overview/Bildschirmzustand.h"
 #include "overview/Buchungsbefehle.h"
 #include "overview/Hilfe.h"
@@ -78,6 +79,11 @@ LagerbestandNeu::LagerbestandNeu(QWidget* parent)
     };
     new Buchungsbefehle({*ui->KurzEingabe, *ui->DrpBuchart, *ui->Command7_0_, *ui->Command7_1_},
                         {*Journaldaten, *ui->Journalliste, *Bestanddaten, *ui->BestandListe}, danach, this);
+    new Auswertung(
+        {*ui->Command2, *ui->drpLagerOrte, *ui->drpArtikelGruppe, *ui->drpArtikel, *ui->drpJahr, *ui->VonDatum,
+         *ui->Buchdatum, *ui->chkOhneNull, *ui->chkNurSumme, *ui->SSOption2, *ui->DrpGruppierung, *Journaldaten,
+         *ui->Journalliste, *ui->BestandListe},
+        [this] { return journalGezeigt(); }, m_arbeitsverzeichnis.path(), this);
     new Loeschung(*ui->Command4, *Journaldaten, *ui->Journalliste, danach, this);
     for (QPushButton* knopf : findChildren<QPushButton*>())
         knopf->setAutoDefault(false); // Enter belongs to the field that has the focus
@@ -105,10 +111,7 @@ void LagerbestandNeu::richteMenuEin()
     QMenu* const extras = leiste->addMenu(u"E&xtras"_s);
     extras->addAction(ui->M_PflanzschPrufen);
     extras->addMenu(new Sortiermenue(
-        [this]() -> DataGrid& {
-            return ui->SSTab1->currentWidget() == ui->TabJournal ? *ui->Journalliste : *ui->BestandListe;
-        },
-        this));
+        [this]() -> DataGrid& { return journalGezeigt() ? *ui->Journalliste : *ui->BestandListe; }, this));
     leiste->addMenu(u"&Hilfe"_s)->addAction(ui->M_Hilfe);
     layout()->setMenuBar(leiste);
 }
@@ -116,8 +119,7 @@ void LagerbestandNeu::richteMenuEin()
 /// What no command stands behind yet.
 void LagerbestandNeu::sperreBefehle()
 {
-    for (QWidget* befehl : std::initializer_list<QWidget*>{ui->Command2, ui->ExcelButton, ui->Command3, ui->Command5,
-                                                           ui->SSOption1, ui->SSOption2, ui->DrpGruppierung})
+    for (QPushButton* befehl : {ui->ExcelButton, ui->Command3, ui->Command5})
         befehl->setEnabled(false);
     ui->M_PflanzschPrufen->setEnabled(false);
 }
@@ -440,9 +442,14 @@ void LagerbestandNeu::Bestanddaten_Reposition()
     ui->BestandListe->setCaption(QString::number(Bestanddaten->RecordCount()) + u" Artikel"_s);
 }
 
+bool LagerbestandNeu::journalGezeigt() const
+{
+    return ui->SSTab1->currentWidget() == ui->TabJournal;
+}
+
 void LagerbestandNeu::SSTab1_Click()
 {
-    const bool journal = ui->SSTab1->currentWidget() == ui->TabJournal;
+    const bool journal = journalGezeigt();
     ui->Command2->setText(journal ? u"Bewegungsjournal drucken"_s : u"Lagerstandsliste drucken"_s);
     ui->Frame3->setVisible(journal);
     GruppierungLaden();
@@ -450,7 +457,7 @@ void LagerbestandNeu::SSTab1_Click()
 
 void LagerbestandNeu::GruppierungLaden()
 {
-    const bool journal = ui->SSTab1->currentWidget() == ui->TabJournal;
+    const bool journal = journalGezeigt();
     ComboBox& liste = *ui->DrpGruppierung;
     liste.Clear();
     const QString text = liste.Text();

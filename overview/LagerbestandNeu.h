@@ -49,6 +49,7 @@ private:
     void AuswahllistenFullen();
     void FilterEinstellen();
     void GruppierungLaden();
+    bool journalGezeigt() const;
 
     int gewaehltesJahr() const;
     void bindeJahr();

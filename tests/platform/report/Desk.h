@@ -2,6 +2,7 @@
 
 #include "platform/jet/Database.h"
 #include "platform/report/Job.h"
+#include "tests/support/Pdf.h"
 
 #include <QStringList>
 #include <QTemporaryDir>
@@ -31,10 +32,3 @@ public:
 private:
     QTemporaryDir m_directory;
 };
-
-bool canReadPdf(); ///< False where the program that reads texts out of PDF files is not installed.
-/// The pages of a PDF file; see Desk::print.
-std::vector<QStringList> readPdf(const QString& file);
-
-#define NEEDS_PDFTOTEXT                                                                                                \
-    if (!canReadPdf()) GTEST_SKIP() << "pdftotext is not installed (package poppler-utils)"

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "platform/report/PrintControl.h"
+
+#include <QObject>
+#include <QPushButton>
+
+#include <functional>
+
+class CheckBox;
+class ComboBox;
+class DataControl;
+class DataGrid;
+class DateCombo;
+class OptionButton;
+
+/// Printing of the view that is looked at: the movement journal, continuous or grouped, or the stock list.
+class Auswertung : public QObject {
+    Q_OBJECT
+
+public:
+    struct Felder {
+        QPushButton& Command2;
+        ComboBox &drpLagerOrte, &drpArtikelGruppe, &drpArtikel, &drpJahr;
+        DateCombo &VonDatum, &Buchdatum;
+        CheckBox &chkOhneNull, &chkNurSumme;
+        OptionButton& SSOption2; ///< "Gruppiert und summiert nach"
+        ComboBox& DrpGruppierung;
+        DataControl& Journaldaten;
+        DataGrid &Journalliste, &BestandListe;
+    };
+    /// `journalGezeigt` tells whether the journal's tab is on view, `verzeichnis` where the evaluation file is built.
+    Auswertung(const Felder& felder, std::function<bool()> journalGezeigt, const QString& verzeichnis,
+               QWidget* bildschirm);
+
+private:
+    void Command2_Click();
+    void setzeFormeln(const QString& sortiertNach);
+    void setzeJournalformeln();
+    void setzeBestandsformeln();
+    void setzeSortierung();
+
+    const Felder m_felder;
+    const std::function<bool()> m_journalGezeigt;
+    const QString m_datei;
+    report::PrintControl* const Report;
+};
+
+/// The journal column that a grouping caption stands for; other captions are columns themselves.
+QString GruppenKurzel(const QString& Gruppierung);

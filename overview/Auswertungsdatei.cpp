@@ -1,0 +1,75 @@
+#include "overview/Auswertungsdatei.h"
+
+#include "core/Modulzustand.h"
+#include "core/Verzeichnisse.h"
+#include "platform/jet/Engine.h"
+#include "platform/system/ErrorReport.h"
+#include "platform/system/Files.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qsizetype LaengeGiftigkeit = 255;
+
+} // namespace
+
+bool Auswertungsdatei::baue(const QString& eingrenzung, const QString& Jahr) const
+{
+    const auto ausgang = sys::underErrorReport({
+        [&] { legeAn(); },
+        [&] { kopiere(eingrenzung); },
+        [&] { ergaenzeSpalte(u"Gruppe Text(100)"_s); },
+        [&] { ergaenzeSpalte(u"Giftigkeit Text(255)"_s); },
+        [&] { reichereAn(Jahr); },
+    });
+    if (ausgang == sys::Outcome::Completed) return true;
+    sys::underErrorReport({[&] { loesche(); }});
+    return false;
+}
+
+void Auswertungsdatei::loesche() const
+{
+    if (sys::Exist(m_datei)) sys::Kill(m_datei);
+}
+
+void Auswertungsdatei::legeAn() const
+{
+    loesche();
+    jet::engine().CreateDatabase(m_datei, u";LANGID=0x0409;CP=1252;COUNTRY=0"_s)->Close();
+}
+
+void Auswertungsdatei::kopiere(const QString& eingrenzung) const
+{
+    const auto journal = jet::engine().OpenDatabase(modulzustand().Lagerdatei, modulzustand().Lagerpasswort);
+    journal->Execute(u"Select IIF(Menge < 0, -Menge,0) as Abgang, IIF(Menge > 0, Menge,0) as Zugang, LAGERJOURNAL.*"
+                     u" INTO JOURNAL IN '"_s +
+                     m_datei + u"' FROM LAGERJOURNAL "_s + eingrenzung);
+}
+
+void Auswertungsdatei::ergaenzeSpalte(const QString& spalte) const
+{
+    jet::engine().OpenDatabase(m_datei)->Execute(u"ALTER TABLE Journal ADD COLUMN "_s + spalte);
+}
+
+/// All rows in one commit: nobody else has this file, and a commit for each would be felt.
+void Auswertungsdatei::reichereAn(const QString& Jahr) const
+{
+    const auto stamm =
+        jet::engine().OpenDatabase(ProgrammVerzeichnis() + u"\\ZABStammdaten_"_s + Jahr + u".mdb"_s, u";pwd=RT-58KX"_s);
+    const auto mittel = stamm->OpenRecordset(u"SELECT * FROM PFLANZENSCHUTZMITTEL"_s, jet::Kind::Dynaset);
+    const auto auswertung = jet::engine().OpenDatabase(m_datei);
+    auswertung->BeginTrans();
+    const auto zeilen = auswertung->OpenRecordset(u"SELECT * FROM JOURNAL WHERE ARTIKELART = 'Pflanzenschutzmittel'"_s,
+                                                  jet::Kind::Dynaset);
+    for (; !zeilen->Eof(); zeilen->MoveNext()) {
+        mittel->FindFirst(u"NAME = '"_s + (*zeilen)[u"Artikel"].toText() + u"'"_s);
+        if (mittel->NoMatch()) continue;
+        zeilen->Edit();
+        zeilen->Set(u"Gruppe", (*mittel)[u"Gruppe"]);
+        const jet::Value& giftig = (*mittel)[u"Giftig"];
+        zeilen->Set(u"Giftigkeit", giftig.isNull() ? jet::Value() : jet::Value(giftig.toText().left(LaengeGiftigkeit)));
+        zeilen->Update();
+    }
+    auswertung->CommitTrans();
+}
