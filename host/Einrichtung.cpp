@@ -43,7 +43,7 @@ void legeDatenbankAn(const QString& datei, const QString& schema, const QString&
 /// A form that the farm's adviser has changed stays as it is.
 void legeBerichtsformulareAn(const Installation& ort)
 {
-    const QString ordner = sys::localPath(ort.programm() + u"/Report/Lagerverwaltung"_s);
+    const QString ordner = sys::localPath(ort.formulare());
     legeVerzeichnisAn(ordner);
     for (const QString& formular : QDir(u":/report"_s).entryList(QDir::Files))
         sys::CopyWhereMissing(u":/report/"_s + formular, ordner + u'/' + formular);

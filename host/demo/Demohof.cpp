@@ -86,6 +86,7 @@ void verschiebeDateien(const QString& von, const QString& nach)
 void uebernimm(const Installation& baustelle, const Installation& ort)
 {
     verschiebeDateien(baustelle.programm(), ort.programm());
+    verschiebeDateien(baustelle.formulare(), ort.formulare());
     verschiebeDateien(baustelle.anlagen(), ort.anlagen());
     verschiebeDateien(baustelle.daten(), ort.daten());
     ort.verwende();
