@@ -41,6 +41,9 @@ protected:
 
 inline const QString NegativFrage =
     QStringLiteral("Der Lagerstand wird negativ.\r\n\r\nWollen Sie die Buchung trotzdem abspeichern ?");
+inline const QString ZugangNegativ =
+    QStringLiteral("Der Lagerstand wird negativ.\r\rWollen Sie die Buchung trotzdem abspeichern ?");
+inline const QString Loeschfrage = QStringLiteral("Wollen Sie die markierte Zeile wirklich löschen ?");
 inline const QString PartnerFrage =
     QStringLiteral("Sie haben keine Geschäftspartner eingetragen.\r\n\r\nWollen Sie den Zukauf trotzdem abspeichern ?");
 inline const QString KeinArtikel =

@@ -39,9 +39,6 @@ protected:
                                 u"8 | H2 | Weizen | 10 | dt | 7 | umgelagert"_s};
 };
 
-const QString ZugangNegativ =
-    QStringLiteral("Der Lagerstand wird negativ.\r\rWollen Sie die Buchung trotzdem abspeichern ?");
-
 } // namespace
 
 TEST_F(Umbuchung, NimmtHierUndGibtDort)
@@ -244,7 +241,6 @@ TEST_F(Umbuchung, HakenUndWoerter)
 TEST_F(Umbuchung, LoeschenNimmtBeideZeilen)
 {
     oeffne();
-    const QString frage = u"Wollen Sie die markierte Zeile wirklich löschen ?"_s;
     for (const char* ort : {"H1", "H2", "Alle"}) { // the other row is hidden, then not
         SCOPED_TRACE(ort);
         bucheUm();
@@ -255,13 +251,13 @@ TEST_F(Umbuchung, LoeschenNimmtBeideZeilen)
         aktiviere();
         tippe("drpLagerOrte", QString::fromLatin1(ort));
         waehleBewegung(feld<DataGrid>("Journalliste").model()->rowCount() - 1);
-        hof.meldungen().beantworte(frage, sys::Answer::No);
+        hof.meldungen().beantworte(Loeschfrage, sys::Answer::No);
         druecke(*fenster, Qt::Key_L, "Command4");
         EXPECT_EQ(paare().size(), 2);
-        hof.meldungen().beantworte(frage, sys::Answer::Yes);
+        hof.meldungen().beantworte(Loeschfrage, sys::Answer::Yes);
         drucke("Journalliste", Qt::Key_Delete);
         EXPECT_EQ(paare(), QStringList());
-        EXPECT_EQ(hof.meldungen().abgeholt(), (QStringList{frage, frage}));
+        EXPECT_EQ(hof.meldungen().abgeholt(), (QStringList{Loeschfrage, Loeschfrage}));
         EXPECT_EQ(anzahl(), 6);
         tippe("drpLagerOrte", u"Alle"_s);
     }
