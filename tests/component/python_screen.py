@@ -55,6 +55,7 @@ def look(screen):
     place.setFocus()
     QTest.keyClicks(place, "h2")
     QTest.keyClick(place, Qt.Key.Key_Return)
+    application.processEvents()  # Enter goes on to the next field, and leaving takes what was typed
     seen["filtered"] = journal.property("Caption")
     rows = journal.model()
     seen["row"] = [rows.index(0, column).data() for column in (0, 1, 4, 6)]
@@ -70,6 +71,9 @@ def look(screen):
 
 def press(window, name, key=Qt.Key.Key_Return):
     """A key on a control that has the focus; Enter presses a button."""
+    window.activateWindow()  # as a window manager does when a mask has closed
+    while QApplication.activeWindow() is not window:
+        application.processEvents()
     control = window.findChild(QWidget, name)
     control.setFocus()
     QTest.keyClick(control, key)
