@@ -13,6 +13,7 @@
 #include "overview/Buchungsbefehle.h"
 #include "overview/Hilfe.h"
 #include "overview/Loeschung.h"
+#include "overview/Registerbefehl.h"
 #include "overview/Sortiermenue.h"
 #include "overview/Spaltenbreiten.h"
 #include "overview/Statusmeldung.h"
@@ -84,6 +85,10 @@ LagerbestandNeu::LagerbestandNeu(QWidget* parent)
          *ui->Buchdatum, *ui->chkOhneNull, *ui->chkNurSumme, *ui->SSOption2, *ui->DrpGruppierung, *Journaldaten,
          *ui->Journalliste, *ui->BestandListe},
         [this] { return journalGezeigt(); }, m_arbeitsverzeichnis.path(), this);
+    new Registerbefehl(
+        {*ui->M_PflanzschPrufen, *ui->drpLagerOrte, *ui->drpArtikelGruppe, *ui->drpArtikel, *ui->drpJahr, *ui->VonDatum,
+         *ui->Buchdatum, *Bestanddaten},
+        [this] { FilterEinstellen(); }, this);
     new Loeschung(*ui->Command4, *Journaldaten, *ui->Journalliste, danach, this);
     for (QPushButton* knopf : findChildren<QPushButton*>())
         knopf->setAutoDefault(false); // Enter belongs to the field that has the focus
@@ -121,7 +126,6 @@ void LagerbestandNeu::sperreBefehle()
 {
     for (QPushButton* befehl : {ui->ExcelButton, ui->Command3, ui->Command5})
         befehl->setEnabled(false);
-    ui->M_PflanzschPrufen->setEnabled(false);
 }
 
 void LagerbestandNeu::verdrahteAlles()

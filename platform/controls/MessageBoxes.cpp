@@ -1,10 +1,12 @@
 #include "platform/controls/MessageBoxes.h"
 
+#include "platform/controls/LongMessage.h"
 #include "platform/system/Application.h"
 
 #include <QApplication>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QStyle>
 
 using namespace Qt::StringLiterals;
 
@@ -41,6 +43,12 @@ QString caption(sys::Answer answer)
 
 sys::Answer MessageBoxes::show(const QString& text, int flags)
 {
+    if (sys::buttons(flags).size() == 1 && isLongMessage(text)) {
+        QGuiApplication::setOverrideCursor(Qt::ArrowCursor);
+        showLongMessage(sys::withLineFeeds(text), QApplication::style()->standardIcon(QStyle::SP_MessageBoxCritical));
+        QGuiApplication::restoreOverrideCursor();
+        return sys::defaultAnswer(flags);
+    }
     QMessageBox box(QApplication::activeWindow());
     box.setWindowTitle(sys::applicationTitle());
     box.setIcon(icon(flags));

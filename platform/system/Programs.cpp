@@ -34,4 +34,11 @@ void openDocument(const QString& path)
                     u"Es gibt auf diesem Rechner kein Programm, das die Datei '"_s + file + u"' öffnet."_s);
 }
 
+void startProgram(const QString& path)
+{
+    const QString program = localPath(path);
+    if (QProcess::startDetached(program, {})) return;
+    throw FileError(FileErrorNumber::FileNotFound, u"Das Programm '"_s + program + u"' lässt sich nicht starten."_s);
+}
+
 } // namespace sys

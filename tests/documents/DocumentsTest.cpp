@@ -15,7 +15,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QStringList Handbook = {u"docs/handbuch/index.adoc"_s, u"docs/handbuch/hauptbildschirm.adoc"_s,
-                              u"docs/handbuch/buchen.adoc"_s, u"docs/handbuch/drucken.adoc"_s};
+                              u"docs/handbuch/buchen.adoc"_s, u"docs/handbuch/drucken.adoc"_s,
+                              u"docs/handbuch/pruefen.adoc"_s};
 const QStringList Documents = QStringList{u"README.md"_s,     u"docs/architecture.md"_s, u"docs/contributing.md"_s,
                                           u"docs/hosts.md"_s, u"docs/report-forms.md"_s, u"bench/README.md"_s} +
                               Handbook;

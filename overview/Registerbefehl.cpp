@@ -1,0 +1,56 @@
+#include "overview/Registerbefehl.h"
+
+#include "core/TextImEditorZeigen.h"
+#include "core/Verzeichnisse.h"
+#include "overview/Filter.h"
+#include "overview/Registerpruefung.h"
+#include "platform/controls/ComboBox.h"
+#include "platform/controls/DataControl.h"
+#include "platform/controls/DateCombo.h"
+#include "platform/controls/Wiring.h"
+#include "platform/jet/Engine.h"
+#include "platform/system/Files.h"
+#include "platform/system/Messages.h"
+#include "platform/system/Path.h"
+#include "platform/system/Pointer.h"
+
+#include <QScopeGuard>
+
+using namespace Qt::StringLiterals;
+
+Registerbefehl::Registerbefehl(const Felder& felder, std::function<void()> filtere, QObject* bildschirm)
+    : QObject(bildschirm), m_felder(felder), m_filtere(std::move(filtere))
+{
+    verdrahte(&felder.M_PflanzschPrufen, &QAction::triggered, this, [this] { M_PflanzschPrufen_Click(); });
+}
+
+void Registerbefehl::M_PflanzschPrufen_Click()
+{
+    const QString Jahr = m_felder.drpJahr.Text();
+    const QString datei = ProgrammVerzeichnis() + u"\\ZABStammdaten_"_s + Jahr + u".mdb"_s;
+    if (!sys::Exist(datei)) {
+        sys::critical(u"Die für die Prüfung notwendige Stammdatenbank mit der Bezeichnung "_s + sys::localPath(datei) +
+                      u" ist nicht vorhanden.\r\n\r\nDie Prüfung kann nicht durchgeführt werden."_s);
+        return;
+    }
+    QString befund;
+    {
+        sys::MausWarten();
+        const auto normal = qScopeGuard(&sys::MausNormal);
+        grenzeEin(Jahr.toInt());
+        const auto stamm = jet::engine().OpenDatabase(datei, u";pwd=RT-58KX"_s);
+        befund = registerpruefung(m_felder.Bestanddaten.Recordset(), *stamm, Jahr.toInt());
+    }
+    TextImEditorZeigen(befund);
+}
+
+/// The stock list then holds exactly the year's plant-protection products; it stays so after the check.
+void Registerbefehl::grenzeEin(int Jahr)
+{
+    m_felder.drpLagerOrte.setText(AlleLagerorte);
+    m_felder.drpArtikelGruppe.setText(u"Pflanzenschutzmittel"_s);
+    m_felder.drpArtikel.setText(AlleArtikel);
+    m_felder.VonDatum.setDate(QDate(Jahr, 1, 1));
+    m_felder.Buchdatum.setDate(QDate(Jahr, 12, 31));
+    m_filtere();
+}

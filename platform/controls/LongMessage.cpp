@@ -1,0 +1,76 @@
+#include "platform/controls/LongMessage.h"
+
+#include "platform/controls/Wiring.h"
+#include "platform/system/Application.h"
+#include "platform/system/Messages.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QFileDialog>
+#include <QFontDatabase>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QSaveFile>
+#include <QStyle>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qsizetype MostLines = 20; // of a message box
+constexpr qsizetype MostCharacters = 2000;
+constexpr QSize Size(900, 500);
+
+void save(QWidget& dialog, const QString& text)
+{
+    const QString name =
+        QFileDialog::getSaveFileName(&dialog, u"Speichern"_s, u"Meldung.txt"_s, u"Textdateien (*.txt)"_s);
+    if (name.isEmpty()) return;
+    QSaveFile file(name); // takes its name only when it is complete
+    const bool saved =
+        file.open(QIODevice::WriteOnly | QIODevice::Text) && file.write(text.toUtf8()) >= 0 && file.commit();
+    if (!saved) sys::critical(u"Die Datei '"_s + name + u"' kann nicht geschrieben werden. "_s + file.errorString());
+}
+
+} // namespace
+
+bool isLongMessage(const QString& text)
+{
+    return text.size() > MostCharacters || text.count(u'\n') > MostLines;
+}
+
+void showLongMessage(const QString& text, const QIcon& icon)
+{
+    QDialog dialog(QApplication::activeWindow());
+    dialog.setWindowTitle(sys::applicationTitle());
+    auto* const picture = new QLabel(&dialog);
+    const int side = dialog.style()->pixelMetric(QStyle::PM_MessageBoxIconSize);
+    picture->setPixmap(icon.pixmap(side));
+    auto* const shown = new QPlainTextEdit(text, &dialog);
+    shown->setReadOnly(true);
+    shown->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    auto* const saving = new QPushButton(u"&Speichern ..."_s, &dialog);
+    auto* const closing = new QPushButton(u"OK"_s, &dialog);
+    saving->setAutoDefault(false);
+    closing->setDefault(true);
+
+    auto* const buttons = new QHBoxLayout;
+    buttons->addWidget(saving);
+    buttons->addStretch();
+    buttons->addWidget(closing);
+    auto* const upper = new QHBoxLayout;
+    upper->addWidget(picture, 0, Qt::AlignTop);
+    upper->addWidget(shown, 1);
+    auto* const all = new QVBoxLayout(&dialog);
+    all->addLayout(upper);
+    all->addLayout(buttons);
+
+    verdrahte(saving, &QPushButton::clicked, &dialog, [&] { save(dialog, text); });
+    verdrahte(closing, &QPushButton::clicked, &dialog, [&] { dialog.accept(); });
+    dialog.resize(Size);
+    closing->setFocus();
+    dialog.exec();
+}
