@@ -33,6 +33,11 @@ QString Messbetrieb::journaldatei(int jahr) const
     return m_ort.journaldatei(Betriebsnummer, jahr);
 }
 
+QString Messbetrieb::stammdaten(int jahr) const
+{
+    return m_ort.programm() + QStringLiteral("/ZABStammdaten_") + QString::number(jahr) + QStringLiteral(".mdb");
+}
+
 Messbetrieb::~Messbetrieb()
 {
     jet::engine().release();

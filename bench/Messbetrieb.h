@@ -18,6 +18,7 @@ public:
     static void melde(const Installation& ort);
 
     QString journaldatei(int jahr) const;
+    QString stammdaten(int jahr) const;
     QString verzeichnis() const { return m_ort.verzeichnis(); }
 
 private:

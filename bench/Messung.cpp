@@ -101,6 +101,20 @@ QString Messung::zeile(const Weg& weg, const Weg& grenze)
            fach(mindestens / kuerzeste(grenze.zeiten)) + u") of at most "_s + QString::number(weg.ziel) + u"x"_s;
 }
 
+void missEinzeln(const QString& titel, double hoechstensMs, int runden, const std::function<void(int i)>& arbeit)
+{
+    std::vector<double> zeiten;
+    for (int i = 0; i < runden; ++i) {
+        QElapsedTimer uhr;
+        uhr.start();
+        arbeit(i);
+        zeiten.push_back(static_cast<double>(uhr.nsecsElapsed()) / 1e6);
+    }
+    std::ranges::sort(zeiten);
+    drucke(titel + u": "_s + QString::number(zeiten[zeiten.size() / 2], 'f', 2) + u" ms (least "_s +
+           QString::number(zeiten.front(), 'f', 2) + u") of at most "_s + QString::number(hoechstensMs) + u" ms"_s);
+}
+
 int messe(int argc, char** argv, Umfang vorgabe, Umfang voll, const std::function<void(const Umfang&)>& arbeit)
 {
     return messe(QCoreApplication(argc, argv), vorgabe, voll, arbeit);

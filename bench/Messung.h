@@ -40,6 +40,10 @@ private:
     std::vector<Weg> m_wege;
 };
 
+/// Times something that must be done within a time, not in relation to another work: prints its median and least time.
+/// `i` counts the rounds.
+void missEinzeln(const QString& titel, double hoechstensMs, int runden, const std::function<void(int i)>& arbeit);
+
 /// The main function of a measuring program. \returns its exit code: 0, or 1 when a result was wrong or a limit that
 /// does not hang on the machine was passed.
 int messe(int argc, char** argv, Umfang vorgabe, Umfang voll, const std::function<void(const Umfang&)>& arbeit);

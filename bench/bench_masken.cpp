@@ -10,9 +10,7 @@
 #include "platform/controls/DataGrid.h"
 
 #include <QApplication>
-#include <QElapsedTimer>
 
-#include <algorithm>
 #include <cmath>
 
 using namespace Qt::StringLiterals;
@@ -54,22 +52,6 @@ private:
     std::unique_ptr<LAZukaufForm> m_maske;
 };
 
-/// Times an act of the user with the painting that it leads to; `i` counts the rounds.
-void miss(const QString& titel, double hoechstens, int runden, const std::function<void(int i)>& handlung)
-{
-    std::vector<double> zeiten;
-    for (int i = 0; i < runden; ++i) {
-        QElapsedTimer uhr;
-        uhr.start();
-        handlung(i);
-        QCoreApplication::processEvents();
-        zeiten.push_back(static_cast<double>(uhr.nsecsElapsed()) / 1e6);
-    }
-    std::ranges::sort(zeiten);
-    drucke(titel + u": "_s + QString::number(zeiten[zeiten.size() / 2], 'f', 2) + u" ms (least "_s +
-           QString::number(zeiten.front(), 'f', 2) + u") of at most "_s + QString::number(hoechstens) + u" ms"_s);
-}
-
 void messeMasken(const Umfang& umfang)
 {
     const Messbetrieb betrieb(umfang.zeilen, umfang.paare);
@@ -86,10 +68,14 @@ void messeMasken(const Umfang& umfang)
 
     drucke(u"Booking mask, "_s + QString::number(umfang.zeilen) + u" rows, "_s + QString::number(umfang.paare) +
            u" pairs, "_s + QString::number(umfang.runden) + u" rounds"_s);
-    miss(u"  figures and light of an article"_s, Bild, umfang.runden,
-         [&](int i) { artikel.enterText(Musterjournal::artikel(i % 2 == 0 ? ZweiterArtikel : 0)); });
-    miss(u"  list of the articles of a kind that the journal has"_s, Liste, umfang.runden,
-         [&](int i) { gruppe.enterText(Musterjournal::artikelart(i % 2 == 0 ? ZweiteArt : 0)); });
+    missEinzeln(u"  figures and light of an article"_s, Bild, umfang.runden, [&](int i) {
+        artikel.enterText(Musterjournal::artikel(i % 2 == 0 ? ZweiterArtikel : 0));
+        QCoreApplication::processEvents();
+    });
+    missEinzeln(u"  list of the articles of a kind that the journal has"_s, Liste, umfang.runden, [&](int i) {
+        gruppe.enterText(Musterjournal::artikelart(i % 2 == 0 ? ZweiteArt : 0));
+        QCoreApplication::processEvents();
+    });
 }
 
 } // namespace
