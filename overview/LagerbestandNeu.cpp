@@ -182,7 +182,6 @@ void LagerbestandNeu::Form_Load()
             bindeJahr();
             zeigeJahr();
         },
-        [this] { AuswahllistenFullen(); },
         [this] { m_ersteAktivierung = true; },
         [this] { stelleWiederHer(); },
         [this] { uebernimmLagerort(); },
@@ -338,7 +337,8 @@ void LagerbestandNeu::zeigeBestandsliste()
                          {.inSumme = ui->chkNurSumme->isChecked(), .ohneNull = ui->chkOhneNull->isChecked()});
 }
 
-/// The journal is to be seen at once; the sums of a large year take half a second more, on a tab that is still behind.
+/// The journal is to be seen at once. What takes half a second more in a large year lies behind a tab or in lists that are
+/// closed.
 void LagerbestandNeu::nachErstemMalen()
 {
     if (m_gemalt) return;
@@ -346,7 +346,7 @@ void LagerbestandNeu::nachErstemMalen()
     if (!m_geladen) return; // the user left, and knows why nothing is there
     const auto lade = [this] {
         const auto warten = sanduhr();
-        sys::underErrorReport({[this] { zeigeBestandsliste(); }});
+        sys::underErrorReport({[this] { AuswahllistenFullen(); }, [this] { zeigeBestandsliste(); }});
     };
     QMetaObject::invokeMethod(this, lade, Qt::QueuedConnection);
 }
