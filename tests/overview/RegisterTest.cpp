@@ -7,7 +7,12 @@
 #include "platform/jet/Engine.h"
 
 #include <QAction>
+#include <QClipboard>
 #include <QFile>
+#include <QGuiApplication>
+#include <QScopeGuard>
+#include <QTemporaryDir>
+#include <QTest>
 
 using namespace Qt::StringLiterals;
 
@@ -82,4 +87,20 @@ TEST_F(Register, OhneMittelUndOhneStammdaten)
     EXPECT_EQ(pruefe(), u"Die für die Prüfung notwendige Stammdatenbank mit der Bezeichnung "_s + stammdaten() +
                             u" ist nicht vorhanden.\r\n\r\nDie Prüfung kann nicht durchgeführt werden."_s);
     EXPECT_EQ(feld<ComboBox>("drpArtikelGruppe").Text(), u"Treib- und Brennstoffe"_s); // untouched
+}
+
+TEST_F(Register, DerEditorBekommtDenTextUeberDieZwischenablage)
+{
+    const QTemporaryDir windows;
+    QFile editor(windows.filePath(u"Notepad.exe"_s));
+    ASSERT_TRUE(editor.open(QIODevice::WriteOnly));
+    editor.write("#!/bin/sh\n: > \"$0.gestartet\"\n");
+    editor.close();
+    ASSERT_TRUE(editor.setPermissions(QFile::ReadOwner | QFile::ExeOwner));
+    qputenv("windir", windows.path().toLocal8Bit());
+    const auto zurueck = qScopeGuard([] { qunsetenv("windir"); });
+    oeffne();
+    EXPECT_EQ(pruefe(), QString()); // no message
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), u"Keine abgelaufenen Pflanzenschutzmittel gefunden."_s);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return QFile::exists(editor.fileName() + u".gestartet"_s); }));
 }

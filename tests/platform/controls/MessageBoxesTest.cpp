@@ -8,9 +8,13 @@
 #include <zablager/DatabaseError.h>
 
 #include <QApplication>
+#include <QFile>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMessageBox>
+#include <QPlainTextEdit>
 #include <QPushButton>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -120,4 +124,32 @@ TEST(MessageBoxes, CarryTheCommonErrorReport)
               Outcome::Completed);
     EXPECT_EQ(tries, 2);
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr); // the report has ended the hourglass
+}
+
+// A text of many lines scrolls, letter for letter, and can be kept.
+TEST(MessageBoxes, ALongTextScrollsAndIsSaved)
+{
+    const QTemporaryDir directory;
+    const QString name = directory.filePath(u"befund.txt"_s);
+    QString text;
+    for (int line = 1; line <= 60; ++line)
+        text += u"\r\nZeile "_s + QString::number(line) + u" für Mittel"_s;
+    imNaechstenFenster([&](QWidget& box) {
+        auto* const shown = box.findChild<QPlainTextEdit*>();
+        ASSERT_TRUE(shown);
+        EXPECT_EQ(shown->toPlainText(), QString(text).remove(u'\r'));
+        imNaechstenFenster([&](QWidget& dialog) {
+            auto* const edit = dialog.findChild<QLineEdit*>(u"fileNameEdit"_s);
+            edit->setText(name);
+            QTest::keyClick(edit, Qt::Key_Return);
+        });
+        auto* const saving = box.findChildren<QPushButton*>().constFirst();
+        EXPECT_EQ(saving->text(), u"&Speichern ..."_s);
+        saving->click();
+        box.close();
+    });
+    EXPECT_EQ(MessageBoxes().show(text, OKOnly | Critical), Answer::OK);
+    QFile file(name);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(QString::fromUtf8(file.readAll()), QString(text).remove(u'\r'));
 }
