@@ -101,6 +101,16 @@ std::optional<std::vector<Value>> Recordset::RowAt(qsizetype position) const
     return m_rows->valuesAt(position);
 }
 
+std::vector<std::optional<std::vector<Value>>> Recordset::RowsAt(qsizetype first, qsizetype count) const
+{
+    const sqlite::ReadScope scope(m_rows->connection());
+    std::vector<std::optional<std::vector<Value>>> rows;
+    rows.reserve(static_cast<std::size_t>(count));
+    for (qsizetype position = first; position < first + count; ++position)
+        rows.push_back(m_rows->valuesAt(position));
+    return rows;
+}
+
 Bookmark Recordset::BookmarkAt(qsizetype position) const
 {
     m_rows->connection();

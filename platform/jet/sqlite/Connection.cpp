@@ -186,6 +186,17 @@ void WriteScope::commit()
     m_done = true;
 }
 
+ReadScope::ReadScope(Connection& connection) : m_connection(connection), m_nested(connection.inTransaction())
+{
+    if (!m_nested) connection.execute("BEGIN");
+}
+
+ReadScope::~ReadScope()
+{
+    if (m_nested || !m_connection.inTransaction()) return;
+    sqlite3_exec(m_connection.handle(), "ROLLBACK", nullptr, nullptr, nullptr);
+}
+
 QByteArray quoted(const QString& name)
 {
     QByteArray text = name.toUtf8();

@@ -90,4 +90,16 @@ private:
     bool m_done = false;
 };
 
+/// Several reads under one lock, which sees to it that others write before or after all of them. Not for long: they wait.
+class ReadScope {
+public:
+    explicit ReadScope(Connection& connection);
+    ~ReadScope();
+    Q_DISABLE_COPY_MOVE(ReadScope)
+
+private:
+    Connection& m_connection;
+    bool m_nested;
+};
+
 } // namespace jet::sqlite
