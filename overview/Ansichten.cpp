@@ -63,11 +63,11 @@ constexpr Ersatz Bestandsersatz[] = {
 };
 
 /// A quantity of nothing shows nothing. It is the value that counts: what is rounded to 0,00 shows that.
-QString ohneNullen(const GridColumn& spalte, const jet::Value& wert, const QString& text)
+bool istNullmenge(const GridColumn& spalte, const jet::Value& wert)
 {
+    if (!jet::isNumber(wert.type()) || wert.toDouble() != 0) return false;
     const QString feld = spalte.DataField().toLower();
-    const bool istMenge = feld == u"zugang" || feld == u"abgang" || feld == u"bestand";
-    return istMenge && (wert.isNull() || wert.toDouble() == 0) ? QString() : text;
+    return feld == u"zugang" || feld == u"abgang" || feld == u"bestand";
 }
 
 /// The views begin sorted by their first column.
@@ -76,7 +76,7 @@ void richteEin(DataControl& daten, DataGrid& liste, const Spalte (&spalten)[Anza
 {
     for (const Spalte& spalte : spalten)
         liste.addColumn(spalte.titel.toString(), spalte.feld.toString(), spalte.format.toString());
-    liste.setCellText(ohneNullen);
+    liste.setBlank(istNullmenge);
     liste.setDataSource(daten);
     GridVorsortieren(daten, liste, 0);
 }

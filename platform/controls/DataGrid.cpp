@@ -109,9 +109,9 @@ int DataGrid::ColumnCount() const
     return m_model->columnCount();
 }
 
-void DataGrid::setCellText(GridModel::CellText cellText)
+void DataGrid::setBlank(GridModel::Blank blank)
 {
-    m_model->setCellText(std::move(cellText));
+    m_model->setBlank(std::move(blank));
     viewport()->update();
 }
 

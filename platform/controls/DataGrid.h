@@ -19,6 +19,7 @@ class GridHeader;
 class DataGrid : public QTableView {
     Q_OBJECT
     Q_PROPERTY(QString Caption READ Caption WRITE setCaption)
+    Q_PROPERTY(QString Title READ Title WRITE setTitle)
     Q_PROPERTY(QString EmptyText READ EmptyText WRITE setEmptyText)
     Q_PROPERTY(QString Tag READ Tag WRITE setTag)
     Q_PROPERTY(bool AllowDelete READ AllowDelete WRITE setAllowDelete)
@@ -31,10 +32,12 @@ public:
     GridColumn& Columns(int index) const;
     GridColumn& Columns(QStringView field) const; ///< By its data field, in any case. \throws jet::Error NoSuchField.
     int ColumnCount() const;
-    void setCellText(GridModel::CellText cellText); ///< Shown and copied instead of the usual texts.
+    void setBlank(GridModel::Blank blank); ///< What shows nothing, is copied and handed on as nothing.
 
     QString Caption() const; ///< The line above the columns' captions, and the grid's name for assistive tools.
     void setCaption(const QString& caption);
+    QString Title() const { return m_title; } ///< What it is called outside its screen: in a file that is made of it.
+    void setTitle(const QString& title) { m_title = title; }
     QString EmptyText() const { return m_emptyText; } ///< Stands where the rows would be while there are none.
     void setEmptyText(const QString& text);
     void setClosedText(const QString& text); ///< Stands there while the rows cannot be read; at start nothing does.
@@ -47,6 +50,9 @@ public:
     void setBookmark(const jet::Bookmark& bookmark);
     SelectedRows& SelBookmarks() { return m_selected; }
     const jet::Recordset& rows() const; ///< Those it shows. \throws jet::Error ObjectClosed.
+    /// The values of all columns, hidden ones too, of a stretch of rows counted from 0, read now; NULL for a cell that
+    /// shows nothing. Rows that another program has deleted are left out. \throws jet::Error.
+    std::vector<std::vector<jet::Value>> Values(int first, int count) const { return m_model->values(first, count); }
 
     /// Marks the header of a column that the rows are sorted by; -1 marks none.
     void showSort(int column, Qt::SortOrder order);
@@ -97,6 +103,7 @@ private:
     GridModel* m_model;
     GridHeader* m_header;
     SelectedRows m_selected;
+    QString m_title;
     QString m_emptyText;
     QString m_closedText;
     QString m_tag;

@@ -3,8 +3,8 @@
 #include "platform/controls/DataControl.h"
 #include "platform/controls/DateFormat.h"
 #include "platform/controls/GridColumn.h"
-#include "platform/jet/NumberFormat.h"
 #include "platform/jet/Errors.h"
+#include "platform/jet/NumberFormat.h"
 #include "platform/system/ErrorReport.h"
 
 #include <QFont>
@@ -29,7 +29,6 @@ QColor legible(const QColor& colour)
 
 QString usualText(const jet::Value& value, const QString& format)
 {
-    if (value.isNull()) return {};
     if (!format.isEmpty() && jet::isNumber(value.type())) return jet::formatted(value.toDouble(), format);
     if (value.type() == jet::Type::Date) return formatDate(value.toDate());
     return value.toText().simplified(); // a cell is one line
@@ -159,9 +158,14 @@ Qt::Alignment GridModel::alignment(int column) const
     return Qt::AlignVCenter | (showsNumbers(column) ? Qt::AlignRight : isDate ? Qt::AlignHCenter : Qt::AlignLeft);
 }
 
-GridModel::Row GridModel::read(int row) const
+void GridModel::requireFields() const
 {
     if (std::find(m_fields.begin(), m_fields.end(), -1) != m_fields.end()) jet::raise(jet::ErrorNumber::NoSuchField);
+}
+
+GridModel::Row GridModel::read(int row) const
+{
+    requireFields();
     return m_source->Recordset().RowAt(row);
 }
 
@@ -184,10 +188,18 @@ QString GridModel::drawnText(int row, int column) const
 QString GridModel::text(const Row& row, int column) const
 {
     if (!row) return u"#Gelöscht"_s;
-    const auto index = static_cast<std::size_t>(column);
-    const jet::Value& value = (*row)[static_cast<std::size_t>(m_fields[index])];
-    const QString usual = usualText(value, m_columns[index]->NumberFormat());
-    return m_cellText ? m_cellText(*m_columns[index], value, usual) : usual;
+    const jet::Value& value = cell(*row, column);
+    return isBlank(value, column) ? QString() : usualText(value, this->column(column).NumberFormat());
+}
+
+bool GridModel::isBlank(const jet::Value& value, int column) const
+{
+    return value.isNull() || (m_blank && m_blank(this->column(column), value));
+}
+
+const jet::Value& GridModel::cell(const std::vector<jet::Value>& row, int column) const
+{
+    return row[static_cast<std::size_t>(m_fields[static_cast<std::size_t>(column)])];
 }
 
 QStringList GridModel::texts(int row) const
@@ -197,6 +209,22 @@ QStringList GridModel::texts(int row) const
     for (int column = 0; column < columnCount(); ++column)
         texts.append(text(values, column));
     return texts;
+}
+
+std::vector<std::vector<jet::Value>> GridModel::values(int first, int count) const
+{
+    requireFields();
+    std::vector<std::vector<jet::Value>> rows;
+    for (const Row& read : m_source->Recordset().RowsAt(first, count)) {
+        if (!read) continue;
+        std::vector<jet::Value>& row = rows.emplace_back();
+        row.reserve(m_columns.size());
+        for (int column = 0; column < columnCount(); ++column) {
+            const jet::Value& value = cell(*read, column);
+            row.push_back(isBlank(value, column) ? jet::Value() : value);
+        }
+    }
+    return rows;
 }
 
 void GridModel::noteFailure() const

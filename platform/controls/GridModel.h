@@ -21,14 +21,14 @@ class GridModel : public QAbstractTableModel {
     Q_OBJECT
 
 public:
-    /// Text for a cell instead of the usual one.
-    using CellText = std::function<QString(const GridColumn& column, const jet::Value& value, const QString& usual)>;
+    /// Whether a cell shows nothing although it has a value.
+    using Blank = std::function<bool(const GridColumn& column, const jet::Value& value)>;
 
     using QAbstractTableModel::QAbstractTableModel;
 
     GridColumn& addColumn();
     GridColumn& column(int index) const { return *m_columns[static_cast<std::size_t>(index)]; }
-    void setCellText(CellText cellText) { m_cellText = std::move(cellText); }
+    void setBlank(Blank blank) { m_blank = std::move(blank); }
     void setSource(DataControl* source);
 
     void reload(); ///< All rows are others now.
@@ -45,13 +45,19 @@ public:
     bool showsNumbers(int column) const;
     /// The texts of all columns of a row, read now. \throws jet::Error.
     QStringList texts(int row) const;
+    /// The values of all columns of a stretch of rows, read now; NULL for a cell that shows nothing. Rows that another
+    /// program has deleted are left out. \throws jet::Error.
+    std::vector<std::vector<jet::Value>> values(int first, int count) const;
 
 private:
     using Row = std::optional<std::vector<jet::Value>>; ///< No value: deleted by another program.
 
     QString drawnText(int row, int column) const;
+    void requireFields() const;
     Row read(int row) const;
     QString text(const Row& row, int column) const;
+    bool isBlank(const jet::Value& value, int column) const;
+    const jet::Value& cell(const std::vector<jet::Value>& row, int column) const;
     Qt::Alignment alignment(int column) const;
     void findFields();
     void noteFailure() const;
@@ -63,7 +69,7 @@ private:
     std::vector<GridColumn*> m_columns; // children
     std::vector<int> m_fields;          // of each column, in the record source; -1: none
     std::vector<jet::Type> m_types;     // of each column
-    CellText m_cellText;
+    Blank m_blank;
     int m_rowCount = 0;
     mutable QCache<int, Row> m_rows{KeptRows};
     mutable std::exception_ptr m_failure; // while there is one, no further row is read to be drawn

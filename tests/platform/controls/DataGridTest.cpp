@@ -11,8 +11,8 @@ using namespace Qt::StringLiterals;
 TEST_F(GridScreen, ShowsWhatTheUserReads)
 {
     m_farm.fuehreAus(2024, u"UPDATE LAGERJOURNAL SET Kommentar = 'zwei\r\nZeilen' WHERE ID = 2"_s);
-    m_grid->setCellText([](const GridColumn& column, const jet::Value& value, const QString& usual) {
-        return column.DataField() == u"Zugang"_s && (value.isNull() || value.toDouble() == 0) ? QString() : usual;
+    m_grid->setBlank([](const GridColumn& column, const jet::Value& value) {
+        return column.DataField() == u"Zugang"_s && value.toDouble() == 0;
     });
     show();
     EXPECT_EQ(seen(0), u"01.02.2024 | Weizen | 1.234,50 | "_s);
@@ -218,9 +218,9 @@ TEST_F(GridScreen, ReportsAFailureOfDrawingOnce)
     m_data.Refresh();
     EXPECT_EQ(article(0), u"Weizen"_s);
 
-    m_grid->setCellText([](const GridColumn& column, const jet::Value& value, const QString& usual) {
+    m_grid->setBlank([](const GridColumn& column, const jet::Value& value) {
         if (column.DataField() == u"Zugang"_s && value.toDouble() == 50) jet::engine().OpenDatabase(u"/nirgends"_s);
-        return usual;
+        return false;
     });
     m_grid->grab();
     m_grid->grab();
@@ -239,9 +239,9 @@ TEST_F(GridScreen, ReadsOnlyTheRowsOnView)
     for (int i = 0; i < Doublings; ++i)
         m_farm.fuehreAus(2024, u"INSERT INTO Lang (Artikel, Menge) SELECT Artikel, Menge FROM Lang"_s);
     int cells = 0;
-    m_grid->setCellText([&cells](const GridColumn&, const jet::Value&, const QString& usual) {
+    m_grid->setBlank([&cells](const GridColumn&, const jet::Value&) {
         ++cells;
-        return usual;
+        return false;
     });
     m_grid->Columns(0).setDataField(u"ID"_s);
     m_grid->Columns(2).setDataField(u"Menge"_s);
