@@ -14,7 +14,7 @@ namespace {
 constexpr qsizetype LongestFile = 500;
 
 /// A folder and what its files may include besides each other and the standard library: rooms, a folder of rooms,
-/// modules of Qt, or "sqlite3", "icu", "os" (the operating system's own headers) and "test" (test and benchmark tools).
+/// modules of Qt, or "sqlite3", "icu", "xlsxwriter", "zlib", "os" (the operating system's own headers) and "test" (test and benchmark tools).
 struct Room {
     QString folder;
     QStringList mayInclude;
@@ -34,7 +34,7 @@ const std::vector<Room>& rooms()
         {u"platform/jet/sqlite"_s, {u"QtCore"_s, u"icu"_s, u"sqlite3"_s, u"os"_s, api, sys, jet}},
         {u"platform/controls"_s,   qt + QStringList{jet, sys}},
         {u"platform/report"_s,     qt + QStringList{jet, sys}},
-        {u"platform/family"_s,     qt + QStringList{u"platform/controls"_s, jet, sys}},
+        {u"platform/family"_s,     qt + QStringList{u"xlsxwriter"_s, u"zlib"_s, u"platform/controls"_s, jet, sys}},
         {u"core"_s,                {u"QtCore"_s, api, jet, sys}},
         {u"transfer/ampel"_s,      qt},
         {u"masks"_s,               qt + QStringList{u"core"_s, u"transfer/ampel"_s, u"platform"_s}},
@@ -47,8 +47,8 @@ const std::vector<Room>& rooms()
         {u"tests"_s,               qt + QStringList{u"QtTest"_s, u"os"_s, u"test"_s, u"platform"_s, u"core"_s, u"overview"_s,
                                                     u"delivery"_s, u"transfer"_s, u"masks"_s, u"component"_s, u"host"_s, api}},
         {u"tests/package/client"_s, {u"QtCore"_s, api}}, // what others build
-        {u"bench"_s,               qt + QStringList{u"os"_s, u"test"_s, u"sqlite3"_s, u"platform"_s, u"core"_s, u"masks"_s,
-                                                    u"overview"_s, u"host"_s, u"tests"_s, api}},
+        {u"bench"_s,               qt + QStringList{u"os"_s, u"test"_s, u"sqlite3"_s, u"xlsxwriter"_s, u"platform"_s, u"core"_s,
+                                                    u"masks"_s, u"overview"_s, u"host"_s, u"tests"_s, api}},
     };
     return table;
 }
@@ -90,6 +90,8 @@ QString includedThing(const QString& header, bool quoted)
     }
     if (header.startsWith(u"zablager/")) return u"include/zablager"_s;
     if (header == u"sqlite3.h") return u"sqlite3"_s;
+    if (header == u"xlsxwriter.h") return u"xlsxwriter"_s;
+    if (header == u"zlib.h") return u"zlib"_s;
     if (header.startsWith(u"unicode/")) return u"icu"_s;
     if (header.startsWith(u"gtest/") || header.startsWith(u"gmock/") || header.startsWith(u"benchmark/"))
         return u"test"_s;

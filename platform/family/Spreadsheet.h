@@ -1,0 +1,66 @@
+#pragma once
+
+#include "platform/jet/Value.h"
+
+#include <QByteArray>
+#include <QString>
+#include <QStringEncoder>
+
+#include <functional>
+#include <vector>
+
+struct lxw_format;
+struct lxw_workbook;
+struct lxw_worksheet;
+
+struct SheetColumn {
+    QString caption;
+    QString numberFormat; ///< As jet::formatted() reads it; empty: as the value is.
+};
+
+/// A spreadsheet file of one sheet, in the making: captions in a row that stays on view, below it rows from top to bottom.
+/// No more than one row of it is kept in memory. What has not been finished is no file that a program can read.
+class Spreadsheet {
+public:
+    static constexpr int MostRows = 1'048'575; ///< Below the captions; more does no spreadsheet program show.
+
+    /// Begins the file, which must be writable; temporary files go to its directory. The sheet is called `name` without
+    /// what no sheet can be called. \throws sys::FileError.
+    Spreadsheet(const QString& file, const QString& name, const std::vector<SheetColumn>& columns);
+    ~Spreadsheet();
+    Q_DISABLE_COPY_MOVE(Spreadsheet)
+
+    /// One value for each column. Numbers and days become numbers and days in the sheet, everything else a text of one
+    /// line, and NULL an empty cell.
+    void addRow(const std::vector<jet::Value>& values);
+    void requireRoom() const; ///< \throws sys::FileError DiskFull when some of the rows found no room on the disk.
+    /// Gives columns their widths and packs the file. That takes about as long as all rows before, so `meanwhile` is called
+    /// now and then; it must not throw. \throws sys::FileError when the file could not be completed.
+    void finish(const std::function<void()>& meanwhile);
+
+private:
+    struct Column {
+        lxw_format* format;
+        QString numberFormat;
+        qsizetype longest;  ///< Text, in characters.
+        double largest = 0; ///< Number, without its sign.
+    };
+
+    lxw_format* addFormat(const QByteArray& numberFormat);
+    void write(quint16 column, const jet::Value& value);
+    void writeNumber(quint16 column, double number);
+    void writeDate(quint16 column, const QDateTime& moment);
+    void writeText(quint16 column, const QString& text);
+    void setWidths();
+    void close();
+
+    QString m_file;
+    lxw_workbook* m_book;
+    lxw_worksheet* m_sheet;
+    lxw_format* m_day;
+    lxw_format* m_moment;
+    std::vector<Column> m_columns;
+    QStringEncoder m_utf8{QStringEncoder::Utf8};
+    QByteArray m_bytes; // of the text being written
+    quint32 m_row = 0;
+};
