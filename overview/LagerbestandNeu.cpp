@@ -17,6 +17,7 @@
 #include "overview/Sortiermenue.h"
 #include "overview/Spaltenbreiten.h"
 #include "overview/Statusmeldung.h"
+#include "overview/Tabellenuebergabe.h"
 #include "overview/Vorjahr.h"
 #include "platform/controls/TasteUmsetzen.h"
 #include "platform/controls/Wiring.h"
@@ -73,7 +74,7 @@ LagerbestandNeu::LagerbestandNeu(QWidget* parent)
     richteBestandslisteEin(*Bestanddaten, *ui->BestandListe);
     ui->KurzEingabe->setFixedWidth(2 * ui->KurzEingabe->sizeHint().height()); // one letter
     richteMenuEin();
-    sperreBefehle();
+    ui->Command5->setEnabled(false); // no delivery notes yet
     const auto danach = [this](const Wiederfinden& gesucht) {
         aktualisiere();
         sucheEine(*Journaldaten, gesucht);
@@ -90,6 +91,7 @@ LagerbestandNeu::LagerbestandNeu(QWidget* parent)
          *ui->Buchdatum, *Bestanddaten},
         [this] { FilterEinstellen(); }, this);
     new Loeschung(*ui->Command4, *Journaldaten, *ui->Journalliste, danach, this);
+    new Tabellenuebergabe(*ui->ExcelButton, *ui->Journalliste, *ui->Command3, *ui->BestandListe, this);
     for (QPushButton* knopf : findChildren<QPushButton*>())
         knopf->setAutoDefault(false); // Enter belongs to the field that has the focus
     new FieldKeys(*this);
@@ -119,13 +121,6 @@ void LagerbestandNeu::richteMenuEin()
         [this]() -> DataGrid& { return journalGezeigt() ? *ui->Journalliste : *ui->BestandListe; }, this));
     leiste->addMenu(u"&Hilfe"_s)->addAction(ui->M_Hilfe);
     layout()->setMenuBar(leiste);
-}
-
-/// What no command stands behind yet.
-void LagerbestandNeu::sperreBefehle()
-{
-    for (QPushButton* befehl : {ui->ExcelButton, ui->Command3, ui->Command5})
-        befehl->setEnabled(false);
 }
 
 void LagerbestandNeu::verdrahteAlles()

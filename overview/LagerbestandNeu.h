@@ -33,7 +33,6 @@ protected:
 private:
     void richteMenuEin();
     void verdrahteAlles();
-    void sperreBefehle();
 
     void Form_Load();
     void Form_Activate();
