@@ -57,6 +57,7 @@ bool writeSheet(const DataGrid& grid, const QString& file, const QString& name, 
     constexpr qsizetype RowsABlock = 500;
     const std::vector<int> visible = visibleColumns(grid);
     std::vector<SheetColumn> columns;
+    columns.reserve(visible.size());
     for (const int i : visible)
         columns.push_back({grid.Columns(i).Caption(), grid.Columns(i).NumberFormat()});
     const qsizetype rows = grid.rows().RecordCount();
@@ -114,7 +115,7 @@ QString GridExport::Write(const DataGrid& grid, const QString& name, const QStri
     draft.close();
     auto removeDraft = qScopeGuard([&draft] { draft.remove(); });
     if (!writeSheet(grid, draft.fileName(), title, progress)) return {};
-    const QString file = takeFreeName(draft, path);
+    QString file = takeFreeName(draft, path);
     removeDraft.dismiss();
     return file;
 }
