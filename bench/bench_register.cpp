@@ -54,7 +54,7 @@ void messeRegister(const Umfang& umfang)
         u"SELECT NAME AS Artikel, 'Pflanzenschutzmittel' AS Artikelart FROM PFLANZENSCHUTZMITTEL"_s,
         jet::Kind::Snapshot);
     const auto pruefe = [&] { return registerpruefung(*bestand, *stamm, Messbetrieb::ErstesJahr); };
-    const QString text = pruefe();
+    const QString text = pruefe().value();
     fordere(text.count(u"zugelassen"_s) + text.count(u"ausgelaufen"_s) == umfang.paare, u"the check is another one"_s);
     missEinzeln(u"Check of "_s + QString::number(umfang.paare) + u" products, register of "_s +
                     QString::number(umfang.zeilen) + u" entries"_s,

@@ -54,9 +54,9 @@ QString GruppenKurzel(const QString& Gruppierung)
     return Gruppierung;
 }
 
-Auswertung::Auswertung(const Felder& felder, std::function<bool()> journalGezeigt, const QString& verzeichnis,
-                       QWidget* bildschirm)
-    : QObject(bildschirm), m_felder(felder), m_journalGezeigt(std::move(journalGezeigt)),
+Auswertung::Auswertung(const Felder& felder, std::function<bool()> journalGezeigt, std::function<bool()> filtere,
+                       const QString& verzeichnis, QWidget* bildschirm)
+    : QObject(bildschirm), m_felder(felder), m_journalGezeigt(std::move(journalGezeigt)), m_filtere(std::move(filtere)),
       m_datei(verzeichnis + u"\\Lagerauswertung.mdb"_s), Report(new report::PrintControl(bildschirm))
 {
     Report->setObjectName(u"Report"_s);
@@ -67,6 +67,7 @@ void Auswertung::Command2_Click()
 {
     sys::MausWarten();
     const auto normal = qScopeGuard(&sys::MausNormal);
+    if (!m_filtere()) return; // the paper would say another restriction than its rows have
     const Auswertungsdatei auswertung(m_datei);
     if (!auswertung.baue(SQLWhereTeil(m_felder.Journaldaten.RecordSource()), m_felder.drpJahr.Text())) return;
     report::ReportZurucksetzen(*Report);

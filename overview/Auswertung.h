@@ -30,8 +30,9 @@ public:
         DataGrid &Journalliste, &BestandListe;
     };
     /// `journalGezeigt` tells whether the journal's tab is on view, `verzeichnis` where the evaluation file is built.
-    Auswertung(const Felder& felder, std::function<bool()> journalGezeigt, const QString& verzeichnis,
-               QWidget* bildschirm);
+    /// `filtere` makes sure that the views show what the fields say; false: it could not.
+    Auswertung(const Felder& felder, std::function<bool()> journalGezeigt, std::function<bool()> filtere,
+               const QString& verzeichnis, QWidget* bildschirm);
 
 private:
     void Command2_Click();
@@ -42,6 +43,7 @@ private:
 
     const Felder m_felder;
     const std::function<bool()> m_journalGezeigt;
+    const std::function<bool()> m_filtere;
     const QString m_datei;
     report::PrintControl* const Report;
 };

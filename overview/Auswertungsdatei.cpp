@@ -12,18 +12,30 @@ namespace {
 
 constexpr qsizetype LaengeGiftigkeit = 255;
 
+void reichereZeileAn(jet::Recordset& zeile, jet::Recordset& mittel)
+{
+    mittel.FindFirst(u"NAME = '"_s + zeile[u"Artikel"].toText() + u"'"_s);
+    if (mittel.NoMatch()) return;
+    zeile.Edit();
+    zeile.Set(u"Gruppe", mittel[u"Gruppe"]);
+    const jet::Value& giftig = mittel[u"Giftig"];
+    zeile.Set(u"Giftigkeit", giftig.isNull() ? jet::Value() : jet::Value(giftig.toText().left(LaengeGiftigkeit)));
+    zeile.Update();
+}
+
 } // namespace
 
 bool Auswertungsdatei::baue(const QString& eingrenzung, const QString& Jahr) const
 {
+    bool angereichert = true;
     const auto ausgang = sys::underErrorReport({
         [&] { legeAn(); },
         [&] { kopiere(eingrenzung); },
         [&] { ergaenzeSpalte(u"Gruppe Text(100)"_s); },
         [&] { ergaenzeSpalte(u"Giftigkeit Text(255)"_s); },
-        [&] { reichereAn(Jahr); },
+        [&] { angereichert = reichereAn(Jahr); },
     });
-    if (ausgang == sys::Outcome::Completed) return true;
+    if (ausgang == sys::Outcome::Completed && angereichert) return true;
     sys::underErrorReport({[&] { loesche(); }});
     return false;
 }
@@ -52,8 +64,9 @@ void Auswertungsdatei::ergaenzeSpalte(const QString& spalte) const
     jet::engine().OpenDatabase(m_datei)->Execute(u"ALTER TABLE Journal ADD COLUMN "_s + spalte);
 }
 
-/// All rows in one commit: nobody else has this file, and a commit for each would be felt.
-void Auswertungsdatei::reichereAn(const QString& Jahr) const
+/// All rows in one commit: nobody else has this file, and a commit for each would be felt. A row whose name cannot be
+/// looked up is reported by itself and does not cost the others theirs.
+bool Auswertungsdatei::reichereAn(const QString& Jahr) const
 {
     const auto stamm =
         jet::engine().OpenDatabase(ProgrammVerzeichnis() + u"\\ZABStammdaten_"_s + Jahr + u".mdb"_s, u";pwd=RT-58KX"_s);
@@ -63,13 +76,9 @@ void Auswertungsdatei::reichereAn(const QString& Jahr) const
     const auto zeilen = auswertung->OpenRecordset(u"SELECT * FROM JOURNAL WHERE ARTIKELART = 'Pflanzenschutzmittel'"_s,
                                                   jet::Kind::Dynaset);
     for (; !zeilen->Eof(); zeilen->MoveNext()) {
-        mittel->FindFirst(u"NAME = '"_s + (*zeilen)[u"Artikel"].toText() + u"'"_s);
-        if (mittel->NoMatch()) continue;
-        zeilen->Edit();
-        zeilen->Set(u"Gruppe", (*mittel)[u"Gruppe"]);
-        const jet::Value& giftig = (*mittel)[u"Giftig"];
-        zeilen->Set(u"Giftigkeit", giftig.isNull() ? jet::Value() : jet::Value(giftig.toText().left(LaengeGiftigkeit)));
-        zeilen->Update();
+        const auto ausgang = sys::underErrorReport({[&] { reichereZeileAn(*zeilen, *mittel); }});
+        if (ausgang == sys::Outcome::Left) return false;
     }
     auswertung->CommitTrans();
+    return true;
 }

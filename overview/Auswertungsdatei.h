@@ -19,7 +19,7 @@ private:
     void legeAn() const;
     void kopiere(const QString& eingrenzung) const;
     void ergaenzeSpalte(const QString& spalte) const;
-    void reichereAn(const QString& Jahr) const;
+    [[nodiscard]] bool reichereAn(const QString& Jahr) const;
     void loesche() const;
 
     QString m_datei;

@@ -85,11 +85,21 @@ LagerbestandNeu::LagerbestandNeu(QWidget* parent)
         {*ui->Command2, *ui->drpLagerOrte, *ui->drpArtikelGruppe, *ui->drpArtikel, *ui->drpJahr, *ui->VonDatum,
          *ui->Buchdatum, *ui->chkOhneNull, *ui->chkNurSumme, *ui->SSOption2, *ui->DrpGruppierung, *Journaldaten,
          *ui->Journalliste, *ui->BestandListe},
-        [this] { return journalGezeigt(); }, m_arbeitsverzeichnis.path(), this);
+        [this] { return journalGezeigt(); },
+        [this] {
+            if (!m_gefiltert) FilterEinstellen();
+            return m_gefiltert;
+        },
+        m_arbeitsverzeichnis.path(), this);
     new Registerbefehl(
         {*ui->M_PflanzschPrufen, *ui->drpLagerOrte, *ui->drpArtikelGruppe, *ui->drpArtikel, *ui->drpJahr, *ui->VonDatum,
          *ui->Buchdatum, *Bestanddaten},
-        [this] { FilterEinstellen(); }, this);
+        [this] {
+            AuswahllistenFullen();
+            FilterEinstellen();
+            return m_gefiltert;
+        },
+        this);
     new Loeschung(*ui->Command4, *Journaldaten, *ui->Journalliste, danach, this);
     new Tabellenuebergabe(*ui->ExcelButton, *ui->Journalliste, *ui->Command3, *ui->BestandListe, this);
     for (QPushButton* knopf : findChildren<QPushButton*>())
@@ -302,7 +312,8 @@ void LagerbestandNeu::FilterEinstellen()
     if (m_liestLange) meldung.emplace(*ui->Statuszeile, u"Die Ansichten werden gelesen ..."_s);
     QElapsedTimer uhr;
     uhr.start();
-    sys::underErrorReport({
+    m_gefiltert = false;
+    const auto ausgang = sys::underErrorReport({
         [] { // litres were once called so
             oeffneJahr()->Execute(u"UPDATE LAGERJOURNAL SET EINHEIT = 'l' WHERE IIF(Isnull(EINHEIT),'',EINHEIT) = 'Lt'"
                                   u" AND ARTIKELART = 'Pflanzenschutzmittel'"_s);
@@ -313,6 +324,7 @@ void LagerbestandNeu::FilterEinstellen()
         },
         [this] { ui->M_Vorjahr->setChecked(ohneVorjahr(*oeffneJahr())); },
     });
+    m_gefiltert = ausgang == sys::Outcome::Completed && Journaldaten->isOpen();
     constexpr int Lange = 1000; // ms; by the last time, since nobody knows before
     m_liestLange = uhr.elapsed() > Lange;
 }

@@ -70,6 +70,7 @@ private:
     QString m_gebundenesJahr; ///< The year that both views show.
     bool m_ersteAktivierung = false;
     bool m_liestLange = false;        ///< Reading the views took over a second last time.
+    bool m_gefiltert = false;         ///< The views show what the fields say.
     bool m_geladen = false;           ///< Opening went to its end.
     bool m_gemalt = false;            ///< Seen for the first time; until then the stock list waits.
     bool m_wiederhergestellt = false; ///< The remembered state was shown, and may be remembered anew.

@@ -18,7 +18,7 @@
 
 using namespace Qt::StringLiterals;
 
-Registerbefehl::Registerbefehl(const Felder& felder, std::function<void()> filtere, QObject* bildschirm)
+Registerbefehl::Registerbefehl(const Felder& felder, std::function<bool()> filtere, QObject* bildschirm)
     : QObject(bildschirm), m_felder(felder), m_filtere(std::move(filtere))
 {
     verdrahte(&felder.M_PflanzschPrufen, &QAction::triggered, this, [this] { M_PflanzschPrufen_Click(); });
@@ -33,24 +33,24 @@ void Registerbefehl::M_PflanzschPrufen_Click()
                       u" ist nicht vorhanden.\r\n\r\nDie Prüfung kann nicht durchgeführt werden."_s);
         return;
     }
-    QString befund;
+    std::optional<QString> befund;
     {
         sys::MausWarten();
         const auto normal = qScopeGuard(&sys::MausNormal);
-        grenzeEin(Jahr.toInt());
+        if (!grenzeEin(Jahr.toInt())) return; // other rows would be given the all-clear
         const auto stamm = jet::engine().OpenDatabase(datei, u";pwd=RT-58KX"_s);
         befund = registerpruefung(m_felder.Bestanddaten.Recordset(), *stamm, Jahr.toInt());
     }
-    TextImEditorZeigen(befund);
+    if (befund) TextImEditorZeigen(*befund);
 }
 
 /// The stock list then holds exactly the year's plant-protection products; it stays so after the check.
-void Registerbefehl::grenzeEin(int Jahr)
+bool Registerbefehl::grenzeEin(int Jahr)
 {
     m_felder.drpLagerOrte.setText(AlleLagerorte);
     m_felder.drpArtikelGruppe.setText(u"Pflanzenschutzmittel"_s);
     m_felder.drpArtikel.setText(AlleArtikel);
     m_felder.VonDatum.setDate(QDate(Jahr, 1, 1));
     m_felder.Buchdatum.setDate(QDate(Jahr, 12, 31));
-    m_filtere();
+    return m_filtere();
 }

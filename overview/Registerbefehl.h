@@ -21,13 +21,13 @@ public:
         DateCombo &VonDatum, &Buchdatum;
         DataControl& Bestanddaten;
     };
-    /// `filtere` shows both views by what the fields say.
-    Registerbefehl(const Felder& felder, std::function<void()> filtere, QObject* bildschirm);
+    /// `filtere` shows both views by what the fields say; false: it could not.
+    Registerbefehl(const Felder& felder, std::function<bool()> filtere, QObject* bildschirm);
 
 private:
     void M_PflanzschPrufen_Click();
-    void grenzeEin(int Jahr);
+    [[nodiscard]] bool grenzeEin(int Jahr);
 
     const Felder m_felder;
-    const std::function<void()> m_filtere;
+    const std::function<bool()> m_filtere;
 };

@@ -1,6 +1,7 @@
 #include "overview/Registerpruefung.h"
 
 #include "platform/system/Blanks.h"
+#include "platform/system/ErrorReport.h"
 
 #include <QDate>
 
@@ -40,6 +41,7 @@ QString kurzname(const QString& Artikel)
     return anhang < 0 ? Artikel : sys::trimBlanks(Artikel.left(anhang));
 }
 
+/// The tables are looked up by key as dynasets do it: a register has many entries, and only few are asked for.
 class Pruefung {
 public:
     Pruefung(jet::Database& stamm, int Jahr)
@@ -98,7 +100,7 @@ private:
 
 } // namespace
 
-QString registerpruefung(const jet::Recordset& bestand, jet::Database& stamm, int Jahr)
+std::optional<QString> registerpruefung(const jet::Recordset& bestand, jet::Database& stamm, int Jahr)
 {
     Pruefung pruefung(stamm, Jahr);
     const auto& felder = bestand.Fields();
@@ -112,8 +114,9 @@ QString registerpruefung(const jet::Recordset& bestand, jet::Database& stamm, in
     QString text;
     for (qsizetype i = 0; i < bestand.RecordCount(); ++i) {
         const auto zeile = bestand.RowAt(i);
-        if (zeile && (*zeile)[Artikelart].toText() == u"Pflanzenschutzmittel")
-            text += pruefung.text((*zeile)[Artikel].toText());
+        if (!zeile || (*zeile)[Artikelart].toText() != u"Pflanzenschutzmittel") continue;
+        const auto ausgang = sys::underErrorReport({[&] { text += pruefung.text((*zeile)[Artikel].toText()); }});
+        if (ausgang == sys::Outcome::Left) return {};
     }
     return sys::trimBlanks(text).isEmpty() ? u"Keine abgelaufenen Pflanzenschutzmittel gefunden."_s : text;
 }

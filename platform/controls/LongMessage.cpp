@@ -12,6 +12,7 @@
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QSaveFile>
 #include <QStyle>
 #include <QVBoxLayout>
@@ -39,7 +40,8 @@ void save(QWidget& dialog, const QString& text)
 
 bool isLongMessage(const QString& text)
 {
-    return text.size() > MostCharacters || text.count(u'\n') > MostLines;
+    static const QRegularExpression tooWide(u"\\S{100}"_s); // it would not be broken, and widen the box to the screen
+    return text.size() > MostCharacters || text.count(u'\n') > MostLines || text.contains(tooWide);
 }
 
 void showLongMessage(const QString& text, const QIcon& icon)

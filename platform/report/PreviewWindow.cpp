@@ -115,6 +115,7 @@ void PreviewWindow::buildTurning(QHBoxLayout& bar)
     m_page->setKeyboardTracking(false); // "12" does not lead over page 1
     m_page->setAccessibleName(u"Seite"_s);
     caption->setBuddy(m_page);
+    connect(m_page, &QSpinBox::editingFinished, m_pages, [this] { m_pages->setFocus(); }); // keys turn pages again
     bar.addWidget(caption);
     bar.addWidget(m_page);
     bar.addWidget(new QLabel(u"von "_s + QString::number(m_pages->pageCount()), this));

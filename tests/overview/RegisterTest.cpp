@@ -104,3 +104,31 @@ TEST_F(Register, DerEditorBekommtDenTextUeberDieZwischenablage)
     EXPECT_EQ(QGuiApplication::clipboard()->text(), u"Keine abgelaufenen Pflanzenschutzmittel gefunden."_s);
     EXPECT_TRUE(QTest::qWaitFor([&] { return QFile::exists(editor.fileName() + u".gestartet"_s); }));
 }
+
+// What cannot be looked up is told, and costs the other products nothing. What could not be filtered is not checked.
+TEST_F(Register, EinFehlerGibtKeinemMittelEinenFalschenSatz)
+{
+    for (const QString& name : {u"Brennnessel d''Or"_s, u"Gamma"_s})
+        hof.fuehreAus(2024,
+                      u"INSERT INTO LAGERJOURNAL (Datum, Artikel, Artikelart, LagerortKurzKu, Menge, Einheit) VALUES"
+                      u" (#3/1/2024#, '"_s +
+                          name + u"', 'Pflanzenschutzmittel', 'H1', 1, 'l')"_s);
+    oeffne();
+    hof.meldungen().beantworteAlle(sys::Answer::Ignore);
+    feld<QAction>("M_PflanzschPrufen").trigger();
+    QStringList meldungen = hof.meldungen().abgeholt();
+    EXPECT_EQ(meldungen.size(), 2);
+    EXPECT_TRUE(meldungen.value(0).startsWith(bericht(3077))) << meldungen.value(0).toStdString();
+    EXPECT_TRUE(meldungen.value(1).contains(u"Gamma wurde in der Pflanzenschutzmitteldatenbank nicht gefunden."_s));
+
+    const QString datei = hof.journaldatei(2024);
+    jet::engine().release();
+    tippe("drpArtikelGruppe", u"Treib"_s);
+    ASSERT_TRUE(QFile::rename(datei, datei + u".weg"_s));
+    hof.meldungen().beantworteAlle(sys::Answer::Abort);
+    feld<QAction>("M_PflanzschPrufen").trigger();
+    meldungen = hof.meldungen().abgeholt();
+    EXPECT_TRUE(meldungen.value(0).startsWith(bericht(3024)));
+    EXPECT_FALSE(meldungen.contains(u"Keine abgelaufenen Pflanzenschutzmittel gefunden."_s));
+    ASSERT_TRUE(QFile::rename(datei + u".weg"_s, datei));
+}
