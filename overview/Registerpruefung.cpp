@@ -81,7 +81,7 @@ private:
         const QString nummer = (*m_mittel)[u"Regnr"].toText();
         for (const QString& spalte : {u"Regnr"_s, u"RegNrAlt"_s}) {
             QString kriterium = spalte + u" = '"_s + nummer + u"' AND lcase(trim(BEZEICHNUNG)) = '"_s +
-                                      kurzname(Artikel).toLower() + u"'"_s;
+                                kurzname(Artikel).toLower() + u"'"_s;
             zeilen.FindFirst(kriterium);
             if (!zeilen.NoMatch()) return kriterium;
         }
