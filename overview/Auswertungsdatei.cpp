@@ -27,9 +27,14 @@ void reichereZeileAn(jet::Recordset& zeile, jet::Recordset& mittel)
 
 bool Auswertungsdatei::baue(const QString& eingrenzung, const QString& Jahr) const
 {
+    bool angelegt = false;
+    sys::underErrorReport({[&] {
+        legeAn();
+        angelegt = true;
+    }});
+    if (!angelegt) return false; // the rows of an earlier print would stand under a new heading
     bool angereichert = true;
     const auto ausgang = sys::underErrorReport({
-        [&] { legeAn(); },
         [&] { kopiere(eingrenzung); },
         [&] { ergaenzeSpalte(u"Gruppe Text(100)"_s); },
         [&] { ergaenzeSpalte(u"Giftigkeit Text(255)"_s); },
