@@ -3,6 +3,7 @@
 #include "core/Modulzustand.h"
 #include "core/Verzeichnisse.h"
 #include "masks/Artikelarten.h"
+#include "masks/Lagerstand.h"
 #include "platform/controls/DataGrid.h"
 #include "platform/jet/Engine.h"
 #include "platform/system/Blanks.h"
@@ -14,7 +15,17 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int Rot = 3; // of the traffic light
+// Of the traffic light.
+constexpr int Gruen = 1;
+constexpr int Rot = 3;
+
+/// Says what is missing and leads there.
+bool fehlt(QWidget& feld, const QString& meldung)
+{
+    sys::critical(meldung);
+    feld.setFocus();
+    return false;
+}
 
 void stelleAufStammdaten(DataControl& daten)
 {
@@ -205,33 +216,45 @@ void stelleAufHeute(DateCombo& Buchdatum)
 bool pruefeDatum(DateCombo& Buchdatum)
 {
     const QDate tag = Buchdatum.Date();
-    if (tag.isValid() && QString::number(tag.year()) == modulzustand().Jahr) return true;
-    sys::critical(tag.isValid() ? u"Das Datum liegt nicht im Jahr "_s + modulzustand().Jahr + u" !"_s
-                                : u"Bitte tragen Sie ein Datum ein !"_s);
-    Buchdatum.setFocus();
-    return false;
+    if (!tag.isValid()) return fehlt(Buchdatum, u"Bitte tragen Sie ein Datum ein !"_s);
+    if (QString::number(tag.year()) == modulzustand().Jahr) return true;
+    return fehlt(Buchdatum, u"Das Datum liegt nicht im Jahr "_s + modulzustand().Jahr + u" !"_s);
+}
+
+void stelleAmpel(AmpelLED& Ampel, bool negativ)
+{
+    Ampel.setAmpel(negativ ? Rot : Gruen);
+}
+
+bool sucheArtikel(DataControl& Artikelauswahl, const QString& Artikel)
+{
+    const QString artikel = vergleichsform(Artikel);
+    if (artikel.isEmpty() || !Artikelauswahl.isOpen()) return false;
+    Artikelauswahl.FindFirst(u"TRIM(LCASE(NAME)) = '"_s + artikel + u"'"_s);
+    return !Artikelauswahl.NoMatch();
+}
+
+bool darfNegativWerden(AmpelLED& Ampel, const QString& umbruch)
+{
+    if (Ampel.Ampel() != Rot) return true;
+    return sys::messages().show(u"Der Lagerstand wird negativ."_s + umbruch +
+                                    u"Wollen Sie die Buchung trotzdem abspeichern ?"_s,
+                                sys::YesNo | sys::Question | sys::DefaultButton2) == sys::Answer::Yes;
+}
+
+bool pruefeOrtUndArtikel(DataCombo& drpLagerort, ComboBox& drpGruppe, DataCombo& drpArtikel)
+{
+    if (sys::trimBlanks(drpLagerort.Text()).isEmpty())
+        return fehlt(drpLagerort, u"Bitte wählen Sie einen Lagerort aus !"_s);
+    if (!sys::trimBlanks(drpArtikel.Text()).isEmpty()) return true;
+    const bool ohneArt = sys::trimBlanks(drpGruppe.Text()).isEmpty();
+    return fehlt(ohneArt ? static_cast<QWidget&>(drpGruppe) : drpArtikel, u"Bitte wählen Sie einen Artikel aus !"_s);
 }
 
 bool pruefeEingabe(const Maskenfelder& maske)
 {
-    const auto fehlt = [](QWidget& feld, const QString& meldung) {
-        sys::critical(meldung);
-        feld.setFocus();
-        return false;
-    };
-    if (maske.Ampel.Ampel() == Rot) {
-        const auto antwort = sys::messages().show(u"Der Lagerstand wird negativ."_s + u"\r\n\r\n"_s +
-                                                      u"Wollen Sie die Buchung trotzdem abspeichern ?"_s,
-                                                  sys::YesNo | sys::Question | sys::DefaultButton2);
-        if (antwort != sys::Answer::Yes) return false;
-    }
-    if (sys::trimBlanks(maske.drpLagerort.Text()).isEmpty())
-        return fehlt(maske.drpLagerort, u"Bitte wählen Sie einen Lagerort aus !"_s);
-    if (sys::trimBlanks(maske.drpArtikel.Text()).isEmpty()) {
-        QWidget& ziel = sys::trimBlanks(maske.drpGruppe.Text()).isEmpty() ? static_cast<QWidget&>(maske.drpGruppe)
-                                                                          : static_cast<QWidget&>(maske.drpArtikel);
-        return fehlt(ziel, u"Bitte wählen Sie einen Artikel aus !"_s);
-    }
+    if (!darfNegativWerden(maske.Ampel, u"\r\n\r\n"_s)) return false;
+    if (!pruefeOrtUndArtikel(maske.drpLagerort, maske.drpGruppe, maske.drpArtikel)) return false;
     if (modulzustand().AktBuchungsart == u"Korrektur") return true; // a count may confirm a stock
     if (maske.txtMenge.Value() == 0) return fehlt(maske.txtMenge, u"Bitte tragen Sie eine Menge ein !"_s);
     return true;

@@ -58,6 +58,18 @@ void bereiteMaskeVor(const Maskenfelder& maske);
 /// "Heute", which leaves the date as it is.
 void stelleAufHeute(DateCombo& Buchdatum);
 
+/// Sets the traffic light: red where a stock would be negative, else green.
+void stelleAmpel(AmpelLED& Ampel, bool negativ);
+
+/// Finds an article among those offered, trimmed and without regard to case, and makes it current. False: it is not there,
+/// or nothing is offered.
+bool sucheArtikel(DataControl& Artikelauswahl, const QString& Artikel);
+
+/// Parts of the checks before a save, with their messages and the focus where something is missing: the question at a red
+/// light, whose sentences `umbruch` separates; place and article.
+bool darfNegativWerden(AmpelLED& Ampel, const QString& umbruch);
+bool pruefeOrtUndArtikel(DataCombo& drpLagerort, ComboBox& drpGruppe, DataCombo& drpArtikel);
+
 /// The checks before a save, with their messages and the focus where something is missing.
 bool pruefeEingabe(const Maskenfelder& maske);
 

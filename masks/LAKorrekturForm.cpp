@@ -7,18 +7,10 @@
 #include "masks/Maskenraster.h"
 #include "masks/Maskenteile.h"
 #include "platform/controls/Wiring.h"
-#include "platform/system/Blanks.h"
 #include "platform/system/ErrorReport.h"
 #include "platform/system/Messages.h"
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-constexpr int Gruen = 1;
-constexpr int Rot = 3;
-
-} // namespace
 
 LAKorrekturForm::LAKorrekturForm(const Hauptansicht& haupt, QWidget* parent)
     : Erfassungsmaske(haupt, parent), ui(std::make_unique<Ui::LAKorrekturForm>())
@@ -63,7 +55,7 @@ void LAKorrekturForm::zeigeZaehlung()
 
 void LAKorrekturForm::AmpelEinstellen()
 {
-    ui->Ampel->setAmpel(ui->txtMenge->Value() < 0 ? Rot : Gruen);
+    stelleAmpel(*ui->Ampel, ui->txtMenge->Value() < 0);
 }
 
 void LAKorrekturForm::FelderFullen()
@@ -96,7 +88,7 @@ void LAKorrekturForm::berechneDifferenz()
 
 void LAKorrekturForm::ermittleEinheit()
 {
-    const QString artikel = sys::trimBlanks(felder().drpArtikel.Text()).toLower();
+    const QString artikel = vergleichsform(felder().drpArtikel.Text());
     const auto uebernimm = [this](const jet::Recordset& zeile) { Einheit().setText(zeile[u"Einheit"].toText()); };
     const auto journal = oeffneJournaldatei();
     const auto letzte = journal->OpenRecordset(
@@ -104,9 +96,7 @@ void LAKorrekturForm::ermittleEinheit()
             u"' AND Buchungsart IN ('Zukauf','Anfangsbestand') ORDER BY DATUM DESC"_s,
         jet::Kind::Dynaset);
     if (!letzte->Eof()) return uebernimm(*letzte);
-    if (artikel.isEmpty() || !felder().Artikelauswahl.isOpen()) return;
-    felder().Artikelauswahl.FindFirst(u"TRIM(LCASE(NAME)) = '"_s + artikel + u"'"_s);
-    if (!felder().Artikelauswahl.NoMatch()) uebernimm(felder().Artikelauswahl.Recordset());
+    if (sucheArtikel(felder().Artikelauswahl, artikel)) uebernimm(felder().Artikelauswahl.Recordset());
 }
 
 /// After "Speichern und &nächster" the article stays and its stock shows 0: a new count needs the real one.

@@ -20,16 +20,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int Gruen = 1;
-constexpr int Rot = 3;
 const QString Biologisch = u"BIOJA"_s;
 const QString Gebeizt = u"GEBEIZT"_s;
-
-/// Another spelling is no other article: it keeps its price.
-QString vergleichsform(const QString& artikel)
-{
-    return sys::trimBlanks(artikel).toLower();
-}
 
 /// "2,5" as texts of rows have it.
 double zahl(const QString& text)
@@ -121,7 +113,7 @@ void LAZukaufForm::uebernimmZeile()
 
 void LAZukaufForm::AmpelEinstellen()
 {
-    ui->Ampel->setAmpel(ui->txtNeu->Value() < 0 || ui->txtNeuGesamt->Value() < 0 ? Rot : Gruen);
+    stelleAmpel(*ui->Ampel, ui->txtNeu->Value() < 0 || ui->txtNeuGesamt->Value() < 0);
 }
 
 void LAZukaufForm::Ansichteinstellen()
@@ -168,9 +160,8 @@ void LAZukaufForm::ermittlePreis(const QString& artikel)
             u"' AND Buchungsart IN ('Zukauf','Anfangsbestand','Ernte') ORDER BY DATUM DESC"_s,
         jet::Kind::Dynaset);
     if (!letzte->Eof()) return uebernimm(*letzte);
-    if (artikel.isEmpty() || chkVorhanden().Value() == 1 || !felder().Artikelauswahl.isOpen()) return;
-    felder().Artikelauswahl.FindFirst(u"TRIM(LCASE(NAME)) = '"_s + artikel + u"'"_s);
-    if (!felder().Artikelauswahl.NoMatch()) uebernimm(felder().Artikelauswahl.Recordset());
+    if (chkVorhanden().Value() == 1) return;
+    if (sucheArtikel(felder().Artikelauswahl, artikel)) uebernimm(felder().Artikelauswahl.Recordset());
 }
 
 double LAZukaufForm::gebuchteMenge() const

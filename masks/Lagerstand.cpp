@@ -7,11 +7,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString vergleichsform(const QString& text)
-{
-    return sys::trimBlanks(text).toLower();
-}
-
 double summe(jet::Database& journal, const QString& abfrage)
 {
     const auto ergebnis = journal.OpenRecordset(abfrage, jet::Kind::Snapshot);
@@ -19,6 +14,11 @@ double summe(jet::Database& journal, const QString& abfrage)
 }
 
 } // namespace
+
+QString vergleichsform(const QString& name)
+{
+    return sys::trimBlanks(name).toLower();
+}
 
 double lagerstand(jet::Database& journal, const QString& Artikel, qint64 ID)
 {

@@ -4,6 +4,9 @@
 
 #include <QString>
 
+/// A name as masks compare it: trimmed and in lower case. Another spelling is no other article.
+QString vergleichsform(const QString& name);
+
 /// What masks show while a booking is typed: the stock of the whole year file, whatever the booking's day, in the unit of
 /// the bookings. Names are compared trimmed and in lower case. The row that is being changed, `ID`, does not count; a new
 /// booking passes 0, which no row has. \throws jet::Error, as for a name with an apostrophe.

@@ -8,7 +8,6 @@
 #include "platform/controls/DataGrid.h"
 #include "platform/controls/TextBox.h"
 #include "platform/controls/Wiring.h"
-#include "platform/system/Blanks.h"
 #include "platform/system/Messages.h"
 #include "platform/system/Pointer.h"
 #include "transfer/LAUmbuchForm.h"

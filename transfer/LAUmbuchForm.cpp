@@ -10,9 +10,7 @@
 #include "platform/controls/TextBox.h"
 #include "platform/controls/Wiring.h"
 #include "platform/jet/Errors.h"
-#include "platform/system/Blanks.h"
 #include "platform/system/ErrorReport.h"
-#include "platform/system/Messages.h"
 #include "platform/system/Settings.h"
 #include "transfer/Umbuchseite.h"
 #include "transfer/Umbuchungspartner.h"
@@ -23,8 +21,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int Gruen = 1;
-constexpr int Rot = 3;
 const QString Abschnitt = u"Lagerverwaltung"_s;
 
 std::unique_ptr<jet::Recordset> zeileMit(DataControl& journal, qint64 ID)
@@ -177,7 +173,7 @@ void LAUmbuchForm::ladeArtikelliste(const Seite& seite)
 void LAUmbuchForm::AmpelEinstellen()
 {
     for (const Umbuchseite* seite : {ui->Abgang, ui->Zugang})
-        seite->Ampel->setAmpel(seite->txtNeu->Value() < 0 ? Rot : Gruen);
+        stelleAmpel(*seite->Ampel, seite->txtNeu->Value() < 0);
 }
 
 void LAUmbuchForm::berechne(const Seite& seite)
@@ -192,10 +188,7 @@ void LAUmbuchForm::berechne(const Seite& seite)
 
 void LAUmbuchForm::ermittleEinheit(const Seite& seite)
 {
-    const QString artikel = sys::trimBlanks(seite.felder.drpArtikel->Text()).toLower();
-    if (artikel.isEmpty() || !seite.Artikelauswahl.isOpen()) return;
-    seite.Artikelauswahl.FindFirst(u"TRIM(LCASE(NAME)) = '"_s + artikel + u"'"_s);
-    if (seite.Artikelauswahl.NoMatch()) return;
+    if (!sucheArtikel(seite.Artikelauswahl, seite.felder.drpArtikel->Text())) return;
     seite.felder.txtEinheit->setText(seite.Artikelauswahl.Recordset()[u"Einheit"].toText());
 }
 
@@ -236,28 +229,10 @@ void LAUmbuchForm::txtMenge_Change()
 
 bool LAUmbuchForm::darfSpeichern()
 {
-    if (!pruefeEingabe(*m_felder)) return false;
-    const auto fehlt = [](QWidget& feld, const QString& meldung) {
-        sys::critical(meldung);
-        feld.setFocus();
-        return false;
-    };
-    Umbuchseite& zugang = *ui->Zugang;
-    if (zugang.Ampel->Ampel() == Rot) {
-        const auto antwort = sys::messages().show(u"Der Lagerstand wird negativ."_s + u"\r\r"_s +
-                                                      u"Wollen Sie die Buchung trotzdem abspeichern ?"_s,
-                                                  sys::YesNo | sys::Question | sys::DefaultButton2);
-        if (antwort != sys::Answer::Yes) return false;
-    }
-    if (sys::trimBlanks(zugang.drpLagerort->Text()).isEmpty())
-        return fehlt(*zugang.drpLagerort, u"Bitte wählen Sie einen Lagerort aus !"_s);
-    if (sys::trimBlanks(zugang.drpArtikel->Text()).isEmpty()) {
-        QWidget* const ziel = sys::trimBlanks(zugang.drpGruppe->Text()).isEmpty()
-                                  ? static_cast<QWidget*>(zugang.drpGruppe)
-                                  : zugang.drpArtikel;
-        return fehlt(*ziel, u"Bitte wählen Sie einen Artikel aus !"_s);
-    }
-    return pruefeDatum(*ui->Buchdatum);
+    const Umbuchseite& zugang = *ui->Zugang;
+    return pruefeEingabe(*m_felder) && darfNegativWerden(*zugang.Ampel, u"\r\r"_s) &&
+           pruefeOrtUndArtikel(*zugang.drpLagerort, *zugang.drpGruppe, *zugang.drpArtikel) &&
+           pruefeDatum(*ui->Buchdatum);
 }
 
 void LAUmbuchForm::Command2_Click(int index)
