@@ -25,6 +25,16 @@ QMessageBox::Icon icon(int flags)
     }
 }
 
+QStyle::StandardPixmap picture(int flags)
+{
+    switch (icon(flags)) {
+    case QMessageBox::Critical: return QStyle::SP_MessageBoxCritical;
+    case QMessageBox::Question: return QStyle::SP_MessageBoxQuestion;
+    case QMessageBox::Warning: return QStyle::SP_MessageBoxWarning;
+    default: return QStyle::SP_MessageBoxInformation;
+    }
+}
+
 QString caption(sys::Answer answer)
 {
     switch (answer) {
@@ -45,7 +55,7 @@ sys::Answer MessageBoxes::show(const QString& text, int flags)
 {
     if (sys::buttons(flags).size() == 1 && isLongMessage(text)) {
         QGuiApplication::setOverrideCursor(Qt::ArrowCursor);
-        showLongMessage(sys::withLineFeeds(text), QApplication::style()->standardIcon(QStyle::SP_MessageBoxCritical));
+        showLongMessage(sys::withLineFeeds(text), QApplication::style()->standardIcon(picture(flags)));
         QGuiApplication::restoreOverrideCursor();
         return sys::defaultAnswer(flags);
     }
