@@ -106,8 +106,7 @@ void Lagerverwaltungsdaten::Kontrolle_LagerbestandLaden()
     zustand.Betriebsnummer = m_betriebsnummer;
     // The key date is the state's, perhaps another object's: the last one set counts for all.
 
-    sys::MausWarten();
-    const auto pfeil = qScopeGuard(&sys::MausNormal);
+    const sys::Hourglass warten;
     JahresUbertrag();
 }
 

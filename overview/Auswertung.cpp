@@ -17,8 +17,6 @@
 #include "platform/system/ErrorReport.h"
 #include "platform/system/Pointer.h"
 
-#include <QScopeGuard>
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -65,8 +63,7 @@ Auswertung::Auswertung(const Felder& felder, std::function<bool()> journalGezeig
 
 void Auswertung::Command2_Click()
 {
-    sys::MausWarten();
-    const auto normal = qScopeGuard(&sys::MausNormal);
+    const sys::Hourglass warten;
     if (!m_filtere()) return; // the paper would say another restriction than its rows have
     const Auswertungsdatei auswertung(m_datei);
     if (!auswertung.baue(SQLWhereTeil(m_felder.Journaldaten.RecordSource()), m_felder.drpJahr.Text())) return;

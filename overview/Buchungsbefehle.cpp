@@ -91,6 +91,7 @@ void Buchungsbefehle::aendere()
 
 std::unique_ptr<QDialog> Buchungsbefehle::erzeuge(Maske maske) const
 {
+    const sys::Hourglass warten;
     switch (maske) {
     case Maske::Buchung: return std::make_unique<LAZukaufForm>(m_haupt, m_bildschirm);
     case Maske::Korrektur: return std::make_unique<LAKorrekturForm>(m_haupt, m_bildschirm);
@@ -105,9 +106,7 @@ void Buchungsbefehle::zeige(Maske maske)
     const auto vorher = aktuelleBewegung(journal);
     const qsizetype platz = journal.AbsolutePosition();
     const qsizetype zeilen = journal.RecordCount();
-    sys::MausWarten();
     const auto fenster = erzeuge(maske);
-    sys::MausNormal();
     fenster->exec();
     Wiederfinden gesucht{.platz = platz};
     for (qsizetype neue = journal.RecordCount() - 1; neue >= zeilen; --neue) // new rows stand at the end

@@ -52,13 +52,6 @@ std::unique_ptr<jet::Database> oeffneJahr()
     return jet::engine().OpenDatabase(modulzustand().Lagerdatei, modulzustand().Lagerpasswort);
 }
 
-/// The hourglass to the end of the block.
-auto sanduhr()
-{
-    sys::MausWarten();
-    return qScopeGuard(&sys::MausNormal);
-}
-
 } // namespace
 
 LagerbestandNeu::LagerbestandNeu(QWidget* parent)
@@ -146,13 +139,13 @@ void LagerbestandNeu::verdrahteAlles()
     verdrahte(ui->chkNurSumme, &CheckBox::Click, this, &LagerbestandNeu::FilterEinstellen);
     verdrahte(ui->SSTab1, &QTabWidget::currentChanged, this, &LagerbestandNeu::SSTab1_Click);
     verdrahte(ui->Journalliste, &DataGrid::HeadClick, this, [this](int spalte) {
-        const auto warten = sanduhr();
+        const sys::Hourglass warten;
         const bool ungefiltert = brauchtFilter(*Journaldaten);
         sortiereJournal(*Journaldaten, *ui->Journalliste, spalte);
         if (ungefiltert) FilterEinstellen();
     });
     verdrahte(ui->BestandListe, &DataGrid::HeadClick, this, [this](int spalte) {
-        const auto warten = sanduhr();
+        const sys::Hourglass warten;
         const bool ungefiltert = brauchtFilter(*Bestanddaten);
         sortiereBestandsliste(*Bestanddaten, *ui->BestandListe, spalte);
         if (ungefiltert) FilterEinstellen();
@@ -165,7 +158,7 @@ void LagerbestandNeu::verdrahteAlles()
 
 void LagerbestandNeu::Form_Load()
 {
-    const auto warten = sanduhr();
+    const sys::Hourglass warten;
     // Before the first refresh, whose row counts are to be shown.
     verdrahte(Journaldaten, &DataControl::Reposition, this, &LagerbestandNeu::Journaldaten_Reposition);
     verdrahte(Bestanddaten, &DataControl::Reposition, this, &LagerbestandNeu::Bestanddaten_Reposition);
@@ -307,7 +300,7 @@ void LagerbestandNeu::AuswahllistenFullen()
 
 void LagerbestandNeu::FilterEinstellen()
 {
-    const auto warten = sanduhr();
+    const sys::Hourglass warten;
     std::optional<Statusmeldung> meldung;
     if (m_liestLange) meldung.emplace(*ui->Statuszeile, u"Die Ansichten werden gelesen ..."_s);
     QElapsedTimer uhr;
@@ -352,7 +345,7 @@ void LagerbestandNeu::nachErstemMalen()
     m_gemalt = true;
     if (!m_geladen) return; // the user left, and knows why nothing is there
     const auto lade = [this] {
-        const auto warten = sanduhr();
+        const sys::Hourglass warten;
         sys::underErrorReport({[this] { AuswahllistenFullen(); }, [this] { zeigeBestandsliste(); }});
     };
     QMetaObject::invokeMethod(this, lade, Qt::QueuedConnection);
@@ -360,7 +353,7 @@ void LagerbestandNeu::nachErstemMalen()
 
 void LagerbestandNeu::drpJahr_Click()
 {
-    const auto warten = sanduhr();
+    const sys::Hourglass warten;
     const QDate Stichdatum = modulzustand().Stichdatum;
     const auto ID = aktuelleBewegung(*Journaldaten);
     const auto ausgang = sys::underErrorReport({
@@ -397,7 +390,7 @@ void LagerbestandNeu::schreibeWeiter()
 /// Shows what the file and its lists hold now; opens the year when that failed before.
 void LagerbestandNeu::aktualisiere()
 {
-    const auto warten = sanduhr();
+    const sys::Hourglass warten;
     const bool zuerst = !Journaldaten->isOpen();
     sys::underErrorReport({
         [this] {
@@ -411,7 +404,7 @@ void LagerbestandNeu::aktualisiere()
 
 void LagerbestandNeu::drpArtikelGruppe_Click()
 {
-    const auto warten = sanduhr();
+    const sys::Hourglass warten;
     sys::underErrorReport({
         [this] { AuswahllistenFullen(); },
         [this] { ui->drpArtikel->setText(AlleArtikel); },
@@ -422,7 +415,7 @@ void LagerbestandNeu::drpArtikelGruppe_Click()
 /// A failed write leaves the tick as it was.
 void LagerbestandNeu::M_Vorjahr_Click(bool ohne)
 {
-    const auto warten = sanduhr();
+    const sys::Hourglass warten;
     const auto ID = aktuelleBewegung(*Journaldaten);
     bool geschrieben = false;
     sys::underErrorReport({[&] {

@@ -14,8 +14,6 @@
 #include "platform/system/Path.h"
 #include "platform/system/Pointer.h"
 
-#include <QScopeGuard>
-
 using namespace Qt::StringLiterals;
 
 Registerbefehl::Registerbefehl(const Felder& felder, std::function<bool()> filtere, QObject* bildschirm)
@@ -35,8 +33,7 @@ void Registerbefehl::M_PflanzschPrufen_Click()
     }
     std::optional<QString> befund;
     {
-        sys::MausWarten();
-        const auto normal = qScopeGuard(&sys::MausNormal);
+        const sys::Hourglass warten;
         if (!grenzeEin(Jahr.toInt())) return; // other rows would be given the all-clear
         const auto stamm = jet::engine().OpenDatabase(datei, u";pwd=RT-58KX"_s);
         befund = registerpruefung(m_felder.Bestanddaten.Recordset(), *stamm, Jahr.toInt());

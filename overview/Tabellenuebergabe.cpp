@@ -7,7 +7,6 @@
 #include "platform/system/Pointer.h"
 
 #include <QPushButton>
-#include <QScopeGuard>
 
 using namespace Qt::StringLiterals;
 
@@ -21,8 +20,7 @@ Tabellenuebergabe::Tabellenuebergabe(QPushButton& ExcelButton, DataGrid& Journal
 
 void Tabellenuebergabe::uebergib(DataGrid& liste, const QString& titel)
 {
-    sys::MausWarten();
-    const auto normal = qScopeGuard(&sys::MausNormal);
+    const sys::Hourglass warten;
     liste.setTitle(titel + u' ' + modulzustand().Jahr);
     report::ProgressBox fortschritt(u"Die Tabelle wird geschrieben ..."_s, liste.window());
     m_uebergabe.Export(liste, {}, {}, fortschritt.progress());

@@ -51,8 +51,7 @@ void markiere(DataGrid& grid, int spalte, Qt::SortOrder richtung)
 
 void GridSortieren(DataControl& data, DataGrid& grid, int spalte, const Sortierung& sortierung)
 {
-    sys::MausWarten();
-    const auto normal = qScopeGuard([] { sys::MausNormal(); });
+    const sys::Hourglass warten;
     data.UpdateRecord();
     if (spalte < 0) return;
     const Anordnung neu = angeordnet(data, grid, spalte, sortierung);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QtGlobal>
+
 namespace sys {
 
 /// Hourglass, and back. Calls nest: after as many MausNormal as MausWarten the pointer is the normal one again; a
@@ -9,5 +11,13 @@ void MausNormal();
 
 /// The normal pointer, however many MausWarten are still open; the MausNormal that belong to them do nothing.
 void resetPointer();
+
+/// The hourglass to the end of the block.
+class Hourglass {
+public:
+    Hourglass() { MausWarten(); }
+    ~Hourglass() { MausNormal(); }
+    Q_DISABLE_COPY_MOVE(Hourglass)
+};
 
 } // namespace sys
