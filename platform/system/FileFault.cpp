@@ -1,5 +1,8 @@
 #include "platform/system/FileFault.h"
 
+#include <QDir>
+#include <QFileInfo>
+
 #include <cerrno>
 
 namespace sys {
@@ -20,10 +23,11 @@ QString textOf(FileErrorNumber number)
     Q_UNREACHABLE();
 }
 
-FileErrorNumber numberOf(int systemError)
+FileErrorNumber numberOf(int systemError, const QString& path)
 {
     switch (systemError) {
-    case ENOENT: return FileErrorNumber::FileNotFound;
+    case ENOENT: // of the file that is to be written, too
+        return QFileInfo(path).dir().exists() ? FileErrorNumber::FileNotFound : FileErrorNumber::PathNotFound;
     case ENOTDIR: return FileErrorNumber::PathNotFound;
     case ENOSPC:
     case EDQUOT: // the user's share of the disk
@@ -45,7 +49,7 @@ FileError fileFault(FileErrorNumber number, const QString& path)
 
 FileError fileFault(int systemError, const QString& path)
 {
-    return fileFault(numberOf(systemError), path);
+    return fileFault(numberOf(systemError, path), path);
 }
 
 } // namespace sys
