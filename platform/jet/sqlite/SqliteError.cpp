@@ -6,6 +6,8 @@
 
 #include <new>
 
+using namespace Qt::StringLiterals;
+
 namespace jet::sqlite {
 
 namespace {
@@ -30,6 +32,17 @@ constexpr char OwnError[] = "jet:"; // before the number of an Error that one of
     raise(ErrorNumber::ReservedError, {message});
 }
 
+/// The connection's file, and those that are attached to it while a statement needs them: SQLite does not tell which of
+/// them it could not use.
+QString filesOf(sqlite3* connection, QString path)
+{
+    for (int i = 1; const char* const name = sqlite3_db_name(connection, i); ++i) {
+        const char* const attached = sqlite3_db_filename(connection, name);
+        if (attached && *attached) path += u"' oder '"_s + QString::fromUtf8(attached);
+    }
+    return path;
+}
+
 } // namespace
 
 void resultError(sqlite3_context* context, const Error& error)
@@ -42,18 +55,19 @@ void raiseFailure(sqlite3* connection, const QString& path)
 {
     const int code = sqlite3_extended_errcode(connection);
     const QString message = QString::fromUtf8(sqlite3_errmsg(connection));
+    const QString files = filesOf(connection, path);
     switch (code & 0xFF) {
     case SQLITE_CONSTRAINT: raiseConstraint(code, message);
     case SQLITE_BUSY:
-    case SQLITE_LOCKED: raiseOfFile(ErrorNumber::Locked, path);
-    case SQLITE_READONLY: raiseOfFile(ErrorNumber::ReadOnly, path);
-    case SQLITE_FULL: raiseOfFile(ErrorNumber::DiskFull, path);
-    case SQLITE_IOERR: raiseOfFile(ErrorNumber::DiskError, path);
+    case SQLITE_LOCKED: raiseOfFile(ErrorNumber::Locked, files);
+    case SQLITE_READONLY: raiseOfFile(ErrorNumber::ReadOnly, files);
+    case SQLITE_FULL: raiseOfFile(ErrorNumber::DiskFull, files);
+    case SQLITE_IOERR: raiseOfFile(ErrorNumber::DiskError, files);
     case SQLITE_CANTOPEN:
     case SQLITE_PERM:
-    case SQLITE_AUTH: raiseOfFile(ErrorNumber::CannotOpenFile, path);
+    case SQLITE_AUTH: raiseOfFile(ErrorNumber::CannotOpenFile, files);
     case SQLITE_CORRUPT:
-    case SQLITE_NOTADB: raiseOfFile(ErrorNumber::UnknownFormat, path);
+    case SQLITE_NOTADB: raiseOfFile(ErrorNumber::UnknownFormat, files);
     case SQLITE_TOOBIG: raise(ErrorNumber::TooComplex);
     case SQLITE_NOMEM: throw std::bad_alloc();
     default: raiseStatementError(message);
