@@ -2,7 +2,10 @@
 
 #include "platform/system/Application.h"
 
+#include <QCoreApplication>
 #include <QProgressDialog>
+
+#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -19,10 +22,9 @@ ProgressBox::ProgressBox(const QString& what, QWidget* parent)
 {
     m_box->setWindowTitle(sys::applicationTitle());
     m_box->setWindowModality(Qt::ApplicationModal);
-    m_box->setMinimumDuration(Patience);
+    m_box->setMinimumDuration(std::numeric_limits<int>::max()); // it would come up above messages
     m_box->setAutoReset(false);
-    m_box->setRange(0, 1);
-    m_box->setValue(0); // from now on time is taken
+    m_sinceBegin.start();
 }
 
 ProgressBox::~ProgressBox() = default;
@@ -32,6 +34,10 @@ Progress ProgressBox::progress()
     return [this](qsizetype done, qsizetype all) {
         m_box->setMaximum(static_cast<int>(all));
         m_box->setValue(static_cast<int>(done));
+        if (m_sinceBegin.elapsed() >= Patience) {
+            m_box->show();
+            QCoreApplication::processEvents(); // which the box itself does only while the value grows
+        }
         return !m_box->wasCanceled();
     };
 }

@@ -2,6 +2,7 @@
 
 #include "platform/report/Paginator.h"
 
+#include <QElapsedTimer>
 #include <QString>
 
 #include <memory>
@@ -11,7 +12,8 @@ class QWidget;
 
 namespace report {
 
-/// A box that comes up when work takes longer than a second, with a button that ends it. Goes with this object.
+/// A box that comes up when work takes longer than a second, with a button that ends it. Goes with this object. It comes
+/// up, and the button is heard, when progress is told; a message that is shown meanwhile lies above it.
 class ProgressBox {
 public:
     ProgressBox(const QString& what, QWidget* parent);
@@ -22,6 +24,7 @@ public:
 
 private:
     std::unique_ptr<QProgressDialog> m_box;
+    QElapsedTimer m_sinceBegin;
 };
 
 } // namespace report

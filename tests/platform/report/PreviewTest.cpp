@@ -1,5 +1,7 @@
 #include "platform/report/PageView.h"
 #include "platform/report/PrintControl.h"
+#include "platform/report/ProgressBox.h"
+#include "platform/system/Messages.h"
 #include "tests/platform/report/Desk.h"
 #include "tests/support/Bildschirm.h"
 #include "tests/support/Print.h"
@@ -9,6 +11,7 @@
 #include <QFile>
 #include <QLineEdit>
 #include <QPointer>
+#include <QPrinterInfo>
 #include <QPushButton>
 #include <QSpinBox>
 #include <QTest>
@@ -101,4 +104,35 @@ TEST_F(Preview, NeedsNoFileAnyMoreAndSavesThePdf)
     ASSERT_TRUE(QTest::qWaitForWindowActive(window));
     QTest::keyClick(window, Qt::Key_Escape);
     EXPECT_TRUE(QTest::qWaitFor([this] { return window.isNull(); }, Patience));
+}
+
+TEST_F(Preview, TellsWhenThereIsNoPrinter)
+{
+    if (!QPrinterInfo::availablePrinterNames().isEmpty()) GTEST_SKIP() << "this machine has a printer";
+    struct Kept final : sys::Messages {
+        sys::Answer show(const QString& text, int) override
+        {
+            texts.append(text);
+            return sys::Answer::OK;
+        }
+        QStringList texts;
+    } kept;
+    const sys::MessageScope scope(kept);
+    press(Qt::Key_P, Qt::ControlModifier);
+    EXPECT_EQ(kept.texts,
+              QStringList(u"Es ist kein Drucker eingerichtet. Der Bericht kann als PDF gespeichert werden."_s));
+    EXPECT_TRUE(window->isVisible());
+}
+
+TEST_F(Preview, LongWorkShowsABoxThatEndsIt)
+{
+    report::ProgressBox box(u"Der Bericht wird zusammengestellt ..."_s, &screen);
+    const report::Progress progress = box.progress();
+    imNaechstenFenster([](QWidget& dialog) {
+        auto* const end = dialog.findChild<QPushButton*>();
+        EXPECT_EQ(end->text(), u"Abbrechen"_s);
+        QTest::keyClick(end, Qt::Key_Space);
+    });
+    while (progress(1, 2)) {
+    } // nothing gets on
 }
