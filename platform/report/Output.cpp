@@ -1,7 +1,6 @@
 #include "platform/report/Output.h"
 
 #include "platform/system/FileFault.h"
-#include "platform/system/Path.h"
 
 #include <QPainter>
 #include <QPdfWriter>
@@ -25,26 +24,44 @@ void flush(QSaveFile& draft)
     throw sys::fileFault(errno, draft.fileName());
 }
 
-/// Paints pages one after the other. \returns false when it was ended.
-template <class BetweenPages>
-bool paintPages(const Document& document, QPainter& painter, int from, int to, const BetweenPages& turn)
+/// Pages of a document, from 0.
+struct Range {
+    int first, last;
+};
+
+Range allPages(const Document& document)
+{
+    return {0, static_cast<int>(document.pages.size()) - 1};
+}
+
+Range wantedPages(const Document& document, const QPrinter& printer)
+{
+    const Range all = allPages(document);
+    if (printer.printRange() != QPrinter::PageRange || printer.fromPage() <= 0) return all;
+    const int first = std::min(printer.fromPage() - 1, all.last);
+    return {first, std::clamp(printer.toPage() - 1, first, all.last)};
+}
+
+/// Paints pages one after the other. `turn` begins the next one; false ends the work. \returns false when it was ended.
+template <class Turn>
+bool paintPages(const Document& document, QPainter& painter, Range range, const Progress& progress, const Turn& turn)
 {
     const QPaintDevice& device = *painter.device();
     painter.scale(device.logicalDpiX() / DotsPerInch, device.logicalDpiY() / DotsPerInch);
-    for (int page = from; page <= to; ++page) {
-        if (page > from && !turn(page)) return false;
+    for (int page = range.first; page <= range.last; ++page) {
+        if (page > range.first) {
+            if (!progress(page - range.first, range.last - range.first + 1)) return false;
+            turn();
+        }
         document.paint(painter, page);
     }
     return true;
 }
 
-} // namespace
-
-bool writePdf(const Document& document, const QString& file, const Progress& progress)
+bool writePdf(const Document& document, Range range, const QString& file, const Progress& progress)
 {
-    QSaveFile draft(sys::localPath(file)); // takes the file's name when all is written
-    if (!draft.open(QIODevice::WriteOnly)) throw sys::fileFault(errno, draft.fileName());
-    const int last = static_cast<int>(document.pages.size()) - 1;
+    QSaveFile draft(file); // takes the file's name when all is written
+    if (!draft.open(QIODevice::WriteOnly)) throw sys::fileFault(errno, file);
     bool complete = false;
     {
         QPdfWriter writer(&draft);
@@ -52,36 +69,44 @@ bool writePdf(const Document& document, const QString& file, const Progress& pro
         writer.setPageLayout(document.layout);
         writer.setTitle(document.title);
         QPainter painter(&writer);
-        complete = paintPages(document, painter, 0, last, [&](int page) {
+        complete = paintPages(document, painter, range, progress, [&] {
             flush(draft);
-            return progress(page, last + 1) && writer.newPage();
+            writer.newPage();
         });
     }
     if (!complete) return false; // the draft goes
     flush(draft);
-    if (!draft.commit()) throw sys::fileFault(errno, draft.fileName());
+    if (!draft.commit()) throw sys::fileFault(errno, file);
     return true;
+}
+
+sys::FileError refusal(const QPrinter& printer)
+{
+    return {sys::FileErrorNumber::PathAccess, u"Der Drucker '"_s + printer.printerName() + u"' nimmt nichts an."_s};
+}
+
+} // namespace
+
+bool writePdf(const Document& document, const QString& file, const Progress& progress)
+{
+    return writePdf(document, allPages(document), file, progress);
 }
 
 bool print(const Document& document, QPrinter& printer, const Progress& progress)
 {
+    const Range range = wantedPages(document, printer);
+    if (printer.outputFormat() == QPrinter::PdfFormat)
+        return writePdf(document, range, printer.outputFileName(), progress);
     printer.setDocName(document.title);
-    printer.setPageLayout(document.layout);
+    if (!printer.setPageLayout(document.layout)) // it has no such paper
+        printer.setPageOrientation(document.layout.orientation());
     printer.setFullPage(true);
-    const int last = static_cast<int>(document.pages.size()) - 1;
-    const bool isPart = printer.printRange() == QPrinter::PageRange && printer.fromPage() > 0;
-    const int from = isPart ? std::min(printer.fromPage() - 1, last) : 0;
-    const int to = isPart ? std::clamp(printer.toPage() - 1, from, last) : last;
-
     QPainter painter;
-    if (!painter.begin(&printer))
-        throw sys::FileError(sys::FileErrorNumber::PathAccess,
-                             u"Der Drucker '"_s + printer.printerName() + u"' nimmt keinen Auftrag an."_s);
-    const bool complete = paintPages(document, painter, from, to, [&](int page) {
-        return progress(page - from, to - from + 1) && printer.newPage();
+    if (!painter.begin(&printer)) throw refusal(printer);
+    const bool complete = paintPages(document, painter, range, progress, [&] {
+        if (!printer.newPage()) throw refusal(printer);
     });
     if (!complete) printer.abort();
-    painter.end();
     return complete;
 }
 

@@ -4,6 +4,7 @@
 #include "platform/report/PreviewWindow.h"
 #include "platform/report/ProgressBox.h"
 #include "platform/system/FileFault.h"
+#include "platform/system/Path.h"
 
 #include <QPrinter>
 #include <QPrinterInfo>
@@ -28,7 +29,7 @@ void PrintControl::PrintReport()
     case ToPrinter: toPrinter(*document); break;
     case ToFile: {
         ProgressBox box(u"Der Bericht wird gespeichert ..."_s, screen());
-        writePdf(*document, m_file, box.progress());
+        writePdf(*document, sys::localPath(m_file), box.progress());
         break;
     }
     }

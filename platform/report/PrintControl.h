@@ -59,9 +59,9 @@ public:
     void setDestination(Destination destination) { m_destination = destination; }
 
     /// Makes the report and shows, prints or writes it. All data is read before the preview comes up. The user may end
-    /// what takes longer than a second; then nothing is shown, printed or written.
+    /// what takes longer than a second; then nothing is shown or written, and no further page printed.
     /// \throws jet::Error, sys::FileError with a text that names what is missing or broken.
-    Q_INVOKABLE void PrintReport();
+    void PrintReport();
 
 private:
     static void set(QMap<int, QString>& entries, int index, const QString& text);
