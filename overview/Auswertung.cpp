@@ -3,7 +3,6 @@
 #include "core/Modulzustand.h"
 #include "core/SQLTexte.h"
 #include "core/Verzeichnisse.h"
-#include "overview/Auswertungsdatei.h"
 #include "overview/Filter.h"
 #include "platform/controls/CheckBox.h"
 #include "platform/controls/ComboBox.h"
@@ -53,9 +52,9 @@ QString GruppenKurzel(const QString& Gruppierung)
 }
 
 Auswertung::Auswertung(const Felder& felder, std::function<bool()> journalGezeigt, std::function<bool()> filtere,
-                       const QString& verzeichnis, QWidget* bildschirm)
+                       QWidget* bildschirm)
     : QObject(bildschirm), m_felder(felder), m_journalGezeigt(std::move(journalGezeigt)), m_filtere(std::move(filtere)),
-      m_datei(verzeichnis + u"\\Lagerauswertung.mdb"_s), Report(new report::PrintControl(bildschirm))
+      Report(new report::PrintControl(bildschirm))
 {
     Report->setObjectName(u"Report"_s);
     verdrahte(&felder.Command2, &QPushButton::clicked, this, &Auswertung::Command2_Click);
@@ -65,14 +64,19 @@ void Auswertung::Command2_Click()
 {
     const sys::Hourglass warten;
     if (!m_filtere()) return; // the paper would say another restriction than its rows have
-    const Auswertungsdatei auswertung(m_datei);
-    if (!auswertung.baue(SQLWhereTeil(m_felder.Journaldaten.RecordSource()), m_felder.drpJahr.Text())) return;
+    m_datei.emplace(m_verzeichnis.path() + u"\\Lagerauswertung.mdb"_s);
+    if (!m_datei->baue(SQLWhereTeil(m_felder.Journaldaten.RecordSource()), m_felder.drpJahr.Text())) return;
     report::ReportZurucksetzen(*Report);
     const QString formular = m_journalGezeigt() ? u"Lagerjournal.rpt"_s : u"Lagerbestand.rpt"_s;
     Report->setReportFileName(ProgrammVerzeichnis() + u"\\Report\\Lagerverwaltung\\"_s + formular);
     setzeSortierung();
-    Report->setDataFiles(0, m_datei);
+    Report->setDataFiles(0, m_datei->datei());
     Report->PrintReport();
+}
+
+void Auswertung::loesche() const
+{
+    if (m_datei) m_datei->loesche();
 }
 
 void Auswertung::setzeSortierung()

@@ -1,11 +1,14 @@
 #pragma once
 
+#include "overview/Auswertungsdatei.h"
+#include "platform/family/WorkingDirectory.h"
 #include "platform/report/PrintControl.h"
 
 #include <QObject>
 #include <QPushButton>
 
 #include <functional>
+#include <optional>
 
 class CheckBox;
 class ComboBox;
@@ -29,10 +32,11 @@ public:
         DataControl& Journaldaten;
         DataGrid &Journalliste, &BestandListe;
     };
-    /// `journalGezeigt` tells whether the journal's tab is on view, `verzeichnis` where the evaluation file is built.
-    /// `filtere` makes sure that the views show what the fields say; false: it could not.
+    /// `journalGezeigt` tells whether the journal's tab is on view. `filtere` makes sure that the views show what the fields say; false: it could not.
     Auswertung(const Felder& felder, std::function<bool()> journalGezeigt, std::function<bool()> filtere,
-               const QString& verzeichnis, QWidget* bildschirm);
+               QWidget* bildschirm);
+
+    void loesche() const; ///< The evaluation file, where one was built. \throws sys::FileError.
 
 private:
     void Command2_Click();
@@ -44,7 +48,8 @@ private:
     const Felder m_felder;
     const std::function<bool()> m_journalGezeigt;
     const std::function<bool()> m_filtere;
-    const QString m_datei;
+    const WorkingDirectory m_verzeichnis;
+    std::optional<Auswertungsdatei> m_datei; ///< That of the last print.
     report::PrintControl* const Report;
 };
 

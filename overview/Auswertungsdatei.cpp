@@ -6,6 +6,8 @@
 #include "platform/system/ErrorReport.h"
 #include "platform/system/Files.h"
 
+#include <QSet>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -69,8 +71,8 @@ void Auswertungsdatei::ergaenzeSpalte(const QString& spalte) const
     jet::engine().OpenDatabase(m_datei)->Execute(u"ALTER TABLE Journal ADD COLUMN "_s + spalte);
 }
 
-/// All rows in one commit: nobody else has this file, and a commit for each would be felt. A row whose name cannot be
-/// looked up is reported by itself and does not cost the others theirs.
+/// All rows in one commit: nobody else has this file, and a commit for each would be felt. An article that cannot be looked
+/// up is reported once and does not cost the others theirs.
 bool Auswertungsdatei::reichereAn(const QString& Jahr) const
 {
     const auto stamm =
@@ -80,8 +82,15 @@ bool Auswertungsdatei::reichereAn(const QString& Jahr) const
     auswertung->BeginTrans();
     const auto zeilen = auswertung->OpenRecordset(u"SELECT * FROM JOURNAL WHERE ARTIKELART = 'Pflanzenschutzmittel'"_s,
                                                   jet::Kind::Dynaset);
+    QSet<QString> gescheitert;
     for (; !zeilen->Eof(); zeilen->MoveNext()) {
-        const auto ausgang = sys::underErrorReport({[&] { reichereZeileAn(*zeilen, *mittel); }});
+        const QString artikel = (*zeilen)[u"Artikel"].toText();
+        if (gescheitert.contains(artikel)) continue;
+        gescheitert.insert(artikel);
+        const auto ausgang = sys::underErrorReport({[&] {
+            reichereZeileAn(*zeilen, *mittel);
+            gescheitert.remove(artikel);
+        }});
         if (ausgang == sys::Outcome::Left) return false;
     }
     auswertung->CommitTrans();

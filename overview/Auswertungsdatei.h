@@ -14,13 +14,13 @@ public:
     /// Builds it from the open journal. `eingrenzung`: the WHERE clause of the journal view. \returns false when the user
     /// left at an error; then nothing of it remains.
     [[nodiscard]] bool baue(const QString& eingrenzung, const QString& Jahr) const;
+    void loesche() const; ///< Where there is one. \throws sys::FileError.
 
 private:
     void legeAn() const;
     void kopiere(const QString& eingrenzung) const;
     void ergaenzeSpalte(const QString& spalte) const;
     [[nodiscard]] bool reichereAn(const QString& Jahr) const;
-    void loesche() const;
 
     QString m_datei;
 };

@@ -74,23 +74,18 @@ LagerbestandNeu::LagerbestandNeu(QWidget* parent)
     };
     new Buchungsbefehle({*ui->KurzEingabe, *ui->DrpBuchart, *ui->Command7_0_, *ui->Command7_1_},
                         {*Journaldaten, *ui->Journalliste, *Bestanddaten, *ui->BestandListe}, danach, this);
-    new Auswertung(
+    m_auswertung = new Auswertung(
         {*ui->Command2, *ui->drpLagerOrte, *ui->drpArtikelGruppe, *ui->drpArtikel, *ui->drpJahr, *ui->VonDatum,
          *ui->Buchdatum, *ui->chkOhneNull, *ui->chkNurSumme, *ui->SSOption2, *ui->DrpGruppierung, *Journaldaten,
          *ui->Journalliste, *ui->BestandListe},
-        [this] { return journalGezeigt(); },
-        [this] {
-            if (!m_gefiltert) FilterEinstellen();
-            return m_gefiltert;
-        },
-        m_arbeitsverzeichnis.path(), this);
+        [this] { return journalGezeigt(); }, [this] { return stelleFilterSicher(); }, this);
     new Registerbefehl(
         {*ui->M_PflanzschPrufen, *ui->drpLagerOrte, *ui->drpArtikelGruppe, *ui->drpArtikel, *ui->drpJahr, *ui->VonDatum,
          *ui->Buchdatum, *Bestanddaten},
         [this] {
             AuswahllistenFullen();
             FilterEinstellen();
-            return m_gefiltert;
+            return zeigtGewaehltes();
         },
         this);
     new Loeschung(*ui->Command4, *Journaldaten, *ui->Journalliste, danach, this);
@@ -229,10 +224,7 @@ void LagerbestandNeu::Form_Unload()
         [this] { merke(SpaltenJournal, spaltenbreiten(*ui->Journalliste)); },
         [this] { merke(SpaltenBestand, spaltenbreiten(*ui->BestandListe)); },
         [this] { merke(Fenster, QString::fromLatin1(saveGeometry().toBase64())); },
-        [this] {
-            const QString auswertung = m_arbeitsverzeichnis.path() + u"\\Lagerauswertung.mdb"_s;
-            if (sys::Exist(auswertung)) sys::Kill(auswertung);
-        },
+        [this] { m_auswertung->loesche(); },
     });
 }
 
@@ -305,7 +297,7 @@ void LagerbestandNeu::FilterEinstellen()
     if (m_liestLange) meldung.emplace(*ui->Statuszeile, u"Die Ansichten werden gelesen ..."_s);
     QElapsedTimer uhr;
     uhr.start();
-    m_gefiltert = false;
+    m_gezeigteEingrenzung.clear();
     const auto ausgang = sys::underErrorReport({
         [] { // litres were once called so
             oeffneJahr()->Execute(u"UPDATE LAGERJOURNAL SET EINHEIT = 'l' WHERE IIF(Isnull(EINHEIT),'',EINHEIT) = 'Lt'"
@@ -317,7 +309,7 @@ void LagerbestandNeu::FilterEinstellen()
         },
         [this] { ui->M_Vorjahr->setChecked(ohneVorjahr(*oeffneJahr())); },
     });
-    m_gefiltert = ausgang == sys::Outcome::Completed && Journaldaten->isOpen();
+    if (ausgang == sys::Outcome::Completed) m_gezeigteEingrenzung = gewaehlteEingrenzung();
     constexpr int Lange = 1000; // ms; by the last time, since nobody knows before
     m_liestLange = uhr.elapsed() > Lange;
 }
@@ -329,6 +321,19 @@ QString LagerbestandNeu::gewaehlteEingrenzung() const
                         .Artikel = ui->drpArtikel->Text(),
                         .von = ui->VonDatum->Date(),
                         .bis = ui->Buchdatum->Date()});
+}
+
+/// A filter, a sort or a change of year that failed, or that the user left, leaves other rows on view than the fields say.
+bool LagerbestandNeu::zeigtGewaehltes() const
+{
+    const auto gefiltert = [](const DataControl& daten) { return daten.isOpen() && !brauchtFilter(daten); };
+    return gefiltert(*Journaldaten) && gefiltert(*Bestanddaten) && m_gezeigteEingrenzung == gewaehlteEingrenzung();
+}
+
+bool LagerbestandNeu::stelleFilterSicher()
+{
+    if (!zeigtGewaehltes()) FilterEinstellen();
+    return zeigtGewaehltes();
 }
 
 void LagerbestandNeu::zeigeBestandsliste()

@@ -1,12 +1,12 @@
 #pragma once
 
 #include "platform/controls/DataControl.h"
-#include "platform/family/WorkingDirectory.h"
 
 #include <QDialog>
 
 #include <memory>
 
+class Auswertung;
 class ComboBox;
 namespace Ui {
 class LagerbestandNeu;
@@ -60,17 +60,19 @@ private:
     void stelleWiederHer();
     void uebernimmLagerort();
     QString gewaehlteEingrenzung() const;
+    bool stelleFilterSicher();
+    bool zeigtGewaehltes() const;
     void zeigeBestandsliste();
     void nachErstemMalen();
 
     std::unique_ptr<Ui::LagerbestandNeu> ui;
     DataControl* Journaldaten;
     DataControl* Bestanddaten;
-    WorkingDirectory m_arbeitsverzeichnis;
+    Auswertung* m_auswertung;
     QString m_gebundenesJahr; ///< The year that both views show.
     bool m_ersteAktivierung = false;
     bool m_liestLange = false;        ///< Reading the views took over a second last time.
-    bool m_gefiltert = false;         ///< The views show what the fields say.
+    QString m_gezeigteEingrenzung;    ///< What the views were last narrowed to; empty: that failed.
     bool m_geladen = false;           ///< Opening went to its end.
     bool m_gemalt = false;            ///< Seen for the first time; until then the stock list waits.
     bool m_wiederhergestellt = false; ///< The remembered state was shown, and may be remembered anew.

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "platform/system/FileFault.h"
+
+#include <QDir>
 #include <QString>
 #include <QTemporaryDir>
 
@@ -7,8 +10,14 @@
 /// screen and goes with it, so that closing one program's screen never deletes what another one is printing.
 class WorkingDirectory {
 public:
-    QString path() const { return m_directory.path(); }
+    /// \throws sys::FileError when no directory can be made below the user's temporary one.
+    QString path() const
+    {
+        if (m_directory.isValid()) return m_directory.path();
+        throw sys::fileFault(sys::FileErrorNumber::PathAccess, QDir::tempPath());
+    }
 
 private:
-    QTemporaryDir m_directory;
+    QTemporaryDir m_directory{QDir::tempPath() +
+                              QStringLiteral("/Lagerverwaltung-XXXXXX")}; // whatever the host is called
 };
