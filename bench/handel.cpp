@@ -5,12 +5,11 @@
 #include "bench/Messung.h"
 #include "core/Modulzustand.h"
 #include "platform/jet/Engine.h"
+#include "tests/support/CsvTabelle.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QElapsedTimer>
-#include <QFile>
-#include <QProcess>
 #include <QTemporaryDir>
 
 #include <cstdio>
@@ -20,23 +19,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString Betriebsnummer = u"4711"_s;
-
-QByteArray entpackt(const QString& datei)
-{
-    QProcess xz;
-    xz.start(u"xz"_s, {u"-dc"_s, datei});
-    fordere(xz.waitForFinished(-1) && xz.exitStatus() == QProcess::NormalExit && xz.exitCode() == 0,
-            datei + u" cannot be unpacked: "_s + QString::fromLocal8Bit(xz.readAllStandardError()));
-    return xz.readAllStandardOutput();
-}
-
-QByteArray inhalt(const QString& name)
-{
-    if (name.endsWith(u".xz")) return entpackt(name);
-    QFile datei(name);
-    fordere(datei.open(QIODevice::ReadOnly), name + u" cannot be read"_s);
-    return datei.readAll();
-}
 
 QString seit(QElapsedTimer& uhr)
 {
@@ -48,8 +30,8 @@ qsizetype vergleiche(const QString& bewegungen, const QString& bestaende)
 {
     const QTemporaryDir ordner;
     const Installation ort(ordner.path());
-    const auto soll = leseSollbestaende(inhalt(bestaende));
-    const QByteArray csv = inhalt(bewegungen);
+    const auto soll = leseSollbestaende(dateiinhalt(bestaende));
+    const QByteArray csv = dateiinhalt(bewegungen);
 
     QElapsedTimer uhr;
     uhr.start();

@@ -14,7 +14,7 @@ namespace {
 const QString Umbruch = u"\r\n"_s;
 const QString Trennlinie = Umbruch + QString(158, u'=');
 
-/// A product is checked when its category has one of these words.
+/// A product is checked when its category has one of these words. Case counts, so the longer word has its own line.
 constexpr QStringView Wirkstoffgruppen[] = {
     u"Herbizid",
     u"Fungizid",

@@ -1,8 +1,7 @@
 #include "tests/support/Handel.h"
+#include "tests/support/CsvTabelle.h"
 #include "tests/support/Print.h"
 #include "tests/support/Testbetrieb.h"
-
-#include <QFile>
 
 #include <gtest/gtest.h>
 
@@ -10,20 +9,15 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QByteArray inhalt(const QString& name)
-{
-    QFile datei(QStringLiteral(TEST_DATA "/handel/") + name);
-    EXPECT_TRUE(datei.open(QIODevice::ReadOnly)) << name.toStdString();
-    return datei.readAll();
-}
+const QString Ordner = QStringLiteral(TEST_DATA "/handel/");
 
 } // namespace
 
 TEST(Handel, EchteBewegungenErgebenDieBestaendeEinesAnderenProgramms)
 {
     const Testbetrieb hof(QDate(2010, 12, 1));
-    ASSERT_EQ(bucheBewegungen(hof.ort(), u"4711"_s, inhalt(u"bewegungen.csv"_s)), 20'000);
-    const auto soll = leseSollbestaende(inhalt(u"schlussbestand.csv"_s));
+    ASSERT_EQ(bucheBewegungen(hof.ort(), u"4711"_s, dateiinhalt(Ordner + u"bewegungen.csv"_s)), 20'000);
+    const auto soll = leseSollbestaende(dateiinhalt(Ordner + u"schlussbestand.csv"_s));
     ASSERT_EQ(soll.size(), 870u);
     for (const int lauf : {1, 2}) { // a second run must change nothing
         SCOPED_TRACE(lauf);

@@ -58,6 +58,7 @@ TEST_F(Register, JedesMittelBekommtSeinenSatz)
             eintrag + u"('7', '', 'Eta', #12/31/2024#)"_s});
     oeffne();
     tippe("drpLagerOrte", u"H2"_s);
+    tippe("VonDatum", u"1.4."_s);
     const QString linie = u"\r\n"_s + QString(158, u'=');
     const QString das = u"\r\nDas Pflanzenschutzmittel "_s;
     const QString vorsicht = linie + u"\r\nVORSICHT: Das Pflanzenschutzmittel "_s;

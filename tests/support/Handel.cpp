@@ -4,59 +4,17 @@
 #include "core/Lagerverwaltungsdaten.h"
 #include "host/Einrichtung.h"
 #include "platform/jet/Engine.h"
+#include "tests/support/CsvTabelle.h"
 
 #include <QDate>
-#include <QHash>
 
 #include <cmath>
 #include <map>
-#include <stdexcept>
 #include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// A table with a header line; its fields hold no commas.
-class Tabelle {
-public:
-    explicit Tabelle(const QByteArray& csv) : m_zeilen(csv.split('\n'))
-    {
-        const auto kopf = m_zeilen.takeFirst().split(',');
-        for (qsizetype i = 0; i < kopf.size(); ++i)
-            m_spalten.insert(kopf[i], i);
-    }
-
-    bool naechste()
-    {
-        if (m_nummer >= m_zeilen.size() || m_zeilen[m_nummer].isEmpty()) return false;
-        m_felder = m_zeilen[m_nummer++].split(',');
-        if (m_felder.size() != m_spalten.size()) throw std::runtime_error("a line of the table has too many fields");
-        return true;
-    }
-
-    QByteArray feld(const QByteArray& spalte) const
-    {
-        const auto stelle = m_spalten.constFind(spalte);
-        if (stelle == m_spalten.constEnd())
-            throw std::runtime_error("the table lacks the column " + spalte.toStdString());
-        return m_felder[*stelle];
-    }
-
-    double zahl(const QByteArray& spalte) const
-    {
-        bool gueltig = false;
-        const double zahl = feld(spalte).toDouble(&gueltig);
-        if (!gueltig) throw std::runtime_error("no number: " + feld(spalte).toStdString());
-        return zahl;
-    }
-
-private:
-    QList<QByteArray> m_zeilen;
-    QList<QByteArray> m_felder;
-    QHash<QByteArray, qsizetype> m_spalten;
-    qsizetype m_nummer = 0;
-};
 
 /// Journals know places by a short code of at most 15 characters.
 QString kurzKu(const QByteArray& ort)
@@ -160,7 +118,7 @@ private:
 std::vector<Sollbestand> leseSollbestaende(const QByteArray& csv)
 {
     std::vector<Sollbestand> alle;
-    for (Tabelle tabelle(csv); tabelle.naechste();) {
+    for (CsvTabelle tabelle(csv); tabelle.naechste();) {
         Sollbestand soll;
         soll.artikel = QString::fromUtf8(tabelle.feld("article"));
         soll.lagerort = kurzKu(tabelle.feld("place"));
@@ -179,7 +137,7 @@ int bucheBewegungen(const Installation& ort, const QString& betriebsnummer, cons
     int jahr = 0;
     std::unique_ptr<jet::Database> datei;
     std::unique_ptr<jet::Recordset> journal;
-    for (Tabelle tabelle(csv); tabelle.naechste(); ++anzahl) {
+    for (CsvTabelle tabelle(csv); tabelle.naechste(); ++anzahl) {
         const QDate tag = QDate::fromString(QString::fromLatin1(tabelle.feld("timestamp").left(10)), Qt::ISODate);
         if (tag.year() != std::exchange(jahr, tag.year())) {
             richteEin(ort, betriebsnummer, jahr);
