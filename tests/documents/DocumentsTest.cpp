@@ -1,3 +1,4 @@
+#include "tests/support/Pdf.h"
 #include "tests/support/Print.h"
 
 #include <QDir>
@@ -5,6 +6,7 @@
 #include <QFile>
 #include <QProcess>
 #include <QRegularExpression>
+#include <QStandardPaths>
 
 #include <gtest/gtest.h>
 
@@ -14,16 +16,25 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QStringList Handbook = {u"docs/handbuch/index.adoc"_s, u"docs/handbuch/hauptbildschirm.adoc"_s,
-                              u"docs/handbuch/buchen.adoc"_s, u"docs/handbuch/drucken.adoc"_s,
-                              u"docs/handbuch/pruefen.adoc"_s};
-const QStringList Documents = QStringList{u"README.md"_s,     u"docs/architecture.md"_s, u"docs/contributing.md"_s,
-                                          u"docs/hosts.md"_s, u"docs/report-forms.md"_s, u"bench/README.md"_s} +
-                              Handbook;
-
 QDir tree()
 {
     return QDir(QStringLiteral(SOURCE_TREE));
+}
+
+/// The pages; the book that includes them is none.
+QStringList handbook()
+{
+    const QString folder = u"docs/handbuch/"_s;
+    QStringList pages = QDir(tree().filePath(folder)).entryList({u"*.adoc"_s});
+    pages.removeOne(u"handbuch.adoc"_s);
+    return pages.replaceInStrings(QRegularExpression(u"^"_s), folder);
+}
+
+QStringList documents()
+{
+    return QStringList{u"README.md"_s,     u"docs/architecture.md"_s, u"docs/contributing.md"_s,
+                       u"docs/hosts.md"_s, u"docs/report-forms.md"_s, u"bench/README.md"_s} +
+           handbook();
 }
 
 QString textOf(const QString& name)
@@ -91,7 +102,7 @@ TEST(Documents, NameTheCommandsAndOptionsThatTheProgramHas)
     EXPECT_EQ(captured(described, u"^zablager ([a-z]+)"_s), commands);
     EXPECT_EQ(captured(described, u"(--[a-z]+)"_s), options);
 
-    for (const QString& document : Documents) {
+    for (const QString& document : documents()) {
         const QString calls = captured(textOf(document), u"`(zablager [^`]+)`"_s).join(u'\n');
         for (const QString& command : captured(calls, u"^zablager ([a-z]+)"_s)) {
             EXPECT_TRUE(commands.contains(command)) << document.toStdString() << " names " << command.toStdString();
@@ -105,7 +116,7 @@ TEST(Documents, NameTheCommandsAndOptionsThatTheProgramHas)
 TEST(Documents, NamePathsAndPresetsThatExist)
 {
     const QString presets = textOf(u"CMakePresets.json"_s);
-    for (const QString& document : Documents) {
+    for (const QString& document : documents()) {
         const QString text = textOf(document);
         for (
             const QString& path : captured(
@@ -122,7 +133,7 @@ TEST(Documents, NamePathsAndPresetsThatExist)
 TEST(Documents, QuoteTheScreenLetterForLetter)
 {
     const QStringList texts = textsOfTheProgram();
-    for (const QString& page : Handbook) {
+    for (const QString& page : handbook()) {
         const QString text = textOf(page);
         QStringList quoted = captured(text, u"`([^`]+)`"_s) + captured(text, u"menu:([^\\[]+)\\["_s) +
                              captured(text, u"menu:[^\\[]+\\[([^\\]]+)\\]"_s);
@@ -131,6 +142,24 @@ TEST(Documents, QuoteTheScreenLetterForLetter)
         for (const QString& words : quoted)
             EXPECT_TRUE(isShown(words, texts)) << page.toStdString() << " quotes " << words.toStdString();
     }
+}
+
+TEST(Documents, StandInOneFileForPrintingWithoutUnreadMarkup)
+{
+    if (QStandardPaths::findExecutable(u"asciidoctor-pdf"_s).isEmpty())
+        GTEST_SKIP() << "asciidoctor-pdf is not installed (package ruby-asciidoctor-pdf)";
+    NEEDS_PDFTOTEXT;
+    QStringList lines;
+    for (const QStringList& page : readPdf(QStringLiteral(HANDBOOK_PDF)))
+        lines += page;
+    for (const QString& page : handbook()) {
+        const QString title = captured(textOf(page), u"^(?:ifdef::buch\\[)?= ([^]\n]+)"_s).value(0);
+        EXPECT_TRUE(lines.contains(title)) << page.toStdString() << ": " << title.toStdString();
+        EXPECT_EQ(captured(textOf(page), u"xref:(?!index)([a-z-]+\\.adoc\\[)"_s), QStringList())
+            << "lead to no chapter";
+    }
+    EXPECT_EQ(lines.filter(QRegularExpression(u"(kbd|menu|xref|image|include):|<<|>>|\\.adoc|\\{\\w+\\}"_s)),
+              QStringList());
 }
 
 TEST(Documents, ShowCodeOfHostsThatAreBuiltAndRun)
