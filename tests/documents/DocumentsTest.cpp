@@ -30,6 +30,8 @@ QStringList handbook()
     return pages.replaceInStrings(QRegularExpression(u"^"_s), folder);
 }
 
+const QString ForProgrammers = u"docs/handbuch/wirtsprogramme.adoc"_s; // quotes names and code, not the screen
+
 QStringList documents()
 {
     return QStringList{u"README.md"_s,     u"docs/architecture.md"_s, u"docs/contributing.md"_s,
@@ -42,6 +44,15 @@ QString textOf(const QString& name)
     QFile file(tree().filePath(name));
     EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << name.toStdString();
     return QString::fromUtf8(file.readAll());
+}
+
+/// All texts of a folder, without its folders.
+QString textsIn(const QString& folder)
+{
+    QString texts;
+    for (const QString& file : QDir(tree().filePath(folder)).entryList(QDir::Files))
+        texts += textOf(folder + u'/' + file);
+    return texts;
 }
 
 /// The texts that the first group of a pattern takes, in ascending order, each once.
@@ -134,6 +145,7 @@ TEST(Documents, QuoteTheScreenLetterForLetter)
 {
     const QStringList texts = textsOfTheProgram();
     for (const QString& page : handbook()) {
+        if (page == ForProgrammers) continue;
         const QString text = textOf(page);
         QStringList quoted = captured(text, u"`([^`]+)`"_s) + captured(text, u"menu:([^\\[]+)\\["_s) +
                              captured(text, u"menu:[^\\[]+\\[([^\\]]+)\\]"_s);
@@ -165,13 +177,26 @@ TEST(Documents, StandInOneFileForPrintingWithoutUnreadMarkup)
 TEST(Documents, ShowCodeOfHostsThatAreBuiltAndRun)
 {
     static const QRegularExpression indent(u"^ +"_s, QRegularExpression::MultilineOption);
-    QString hosts;
-    for (const auto& file : {u"CMakeLists.txt"_s, u"early.cpp"_s, u"late.cpp"_s, u"host.py"_s})
-        hosts += textOf(u"tests/package/client/"_s + file).remove(indent);
-    const QStringList blocks = captured(textOf(u"docs/hosts.md"_s), u"^```[a-z]+\n([^`]+)^```$"_s);
-    EXPECT_FALSE(blocks.isEmpty());
-    for (QString block : blocks)
+    const QString hosts = textsIn(u"tests/package/client"_s).remove(indent);
+    const QStringList english = captured(textOf(u"docs/hosts.md"_s), u"^```[a-z]+\n([^`]+)^```$"_s);
+    const QStringList german = captured(textOf(ForProgrammers), u"^----\n([^`]+?)^----$"_s);
+    EXPECT_FALSE(english.isEmpty());
+    EXPECT_FALSE(german.isEmpty());
+    for (QString block : english + german)
         EXPECT_TRUE(hosts.contains(block.remove(indent))) << block.toStdString();
+}
+
+TEST(Documents, NameWhatHostsFind)
+{
+    QString found;
+    for (const auto& folder : {u"include/zablager"_s, u"core"_s, u"component"_s, u"component/python"_s,
+                               u"tests/package"_s, u"tests/package/client"_s})
+        found += textsIn(folder);
+    const QString text = textOf(ForProgrammers);
+    for (const QString& name : captured(text, u"`([^`]+)`"_s))
+        EXPECT_TRUE(found.contains(name)) << name.toStdString();
+    for (const QString& property : captured(found, u"Q_PROPERTY\\(\\w+ (\\S+)"_s))
+        EXPECT_TRUE(text.contains(u'`' + property + u'`')) << property.toStdString();
 }
 
 TEST(Documents, GiveAReasonForEachPackageThatIsInstalled)
