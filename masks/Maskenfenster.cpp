@@ -3,20 +3,14 @@
 #include "core/Modulzustand.h"
 #include "masks/Maskenteile.h"
 #include "platform/controls/TasteUmsetzen.h"
+#include "platform/controls/WindowMemory.h"
 #include "platform/controls/Wiring.h"
 #include "platform/system/ErrorReport.h"
-#include "platform/system/Settings.h"
 
 #include <QPointer>
 #include <QScopeGuard>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-const QString Abschnitt = u"Lagerverwaltung"_s;
-
-} // namespace
 
 Maskenfenster::Maskenfenster(const Hauptansicht& haupt, QWidget* parent) : QDialog(parent), m_haupt(haupt)
 {
@@ -27,15 +21,12 @@ void Maskenfenster::richteFensterEin(Maskenfuss& fuss)
 {
     m_fuss = &fuss;
     nummeriere(u"Command2"_s, {fuss.Command2_0_, fuss.Command2_1_});
-    for (QPushButton* knopf : findChildren<QPushButton*>())
-        knopf->setAutoDefault(false);
     fuss.Command1->setProperty("CausesValidation", false);
     new FieldKeys(*this);
     verdrahte(fuss.Command1, &QPushButton::clicked, this, [this] { reject(); });
     verdrahte(fuss.Command2_0_, &QPushButton::clicked, this, [this] { Command2_Click(0); });
     verdrahte(fuss.Command2_1_, &QPushButton::clicked, this, [this] { Command2_Click(1); });
-    const QString groesse = sys::GetSetting(Abschnitt, u"Fenster"_s + objectName());
-    restoreGeometry(QByteArray::fromBase64(groesse.toLatin1()));
+    restoreWindow(*this, u"Lagerverwaltung"_s, u"Fenster"_s + objectName());
 }
 
 bool Maskenfenster::speichereUnterBericht(const std::function<void()>& merke, const std::function<void()>& schreibe)
@@ -60,8 +51,6 @@ bool Maskenfenster::speichereUnterBericht(const std::function<void()>& merke, co
 
 void Maskenfenster::done(int result)
 {
-    sys::underErrorReport({[this] {
-        sys::SaveSetting(Abschnitt, u"Fenster"_s + objectName(), QString::fromLatin1(saveGeometry().toBase64()));
-    }});
+    sys::underErrorReport({[this] { rememberWindow(*this, u"Lagerverwaltung"_s, u"Fenster"_s + objectName()); }});
     QDialog::done(result);
 }

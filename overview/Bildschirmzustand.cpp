@@ -6,12 +6,6 @@ using namespace Qt::StringLiterals;
 
 namespace bildschirmzustand {
 
-namespace {
-
-const QString Abschnitt = u"Lagerverwaltung"_s;
-
-} // namespace
-
 QString text(const QString& name)
 {
     return sys::GetSetting(Abschnitt, name);

@@ -5,6 +5,8 @@
 /// What the main screen remembers from one opening to the next, in the user's settings: one text each.
 namespace bildschirmzustand {
 
+inline const QString Abschnitt = QStringLiteral("Lagerverwaltung"); ///< Where it stands in the settings.
+
 inline const QString LagerortSumme = QStringLiteral("LagerortSumme"); ///< "1": storage places in sum.
 inline const QString OhneNull = QStringLiteral("OhneNull");           ///< "1": stocks of 0 are hidden.
 inline const QString LetztKurzeingabe = QStringLiteral("LetztKurzeingabe");

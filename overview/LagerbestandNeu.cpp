@@ -20,6 +20,7 @@
 #include "overview/Tabellenuebergabe.h"
 #include "overview/Vorjahr.h"
 #include "platform/controls/TasteUmsetzen.h"
+#include "platform/controls/WindowMemory.h"
 #include "platform/controls/Wiring.h"
 #include "platform/family/DatabaseFile.h"
 #include "platform/jet/Engine.h"
@@ -90,8 +91,6 @@ LagerbestandNeu::LagerbestandNeu(QWidget* parent)
         this);
     new Loeschung(*ui->Command4, *Journaldaten, *ui->Journalliste, danach, this);
     new Tabellenuebergabe(*ui->ExcelButton, *ui->Journalliste, *ui->Command3, *ui->BestandListe, this);
-    for (QPushButton* knopf : findChildren<QPushButton*>())
-        knopf->setAutoDefault(false); // Enter belongs to the field that has the focus
     new FieldKeys(*this);
     ui->KurzEingabe->setProperty("KeepsEnter", true); // it opens the mask of the code that stands there
     for (ComboBox* liste : {ui->drpLagerOrte, ui->drpArtikelGruppe, ui->drpArtikel, ui->drpJahr, ui->DrpGruppierung})
@@ -164,7 +163,7 @@ void LagerbestandNeu::Form_Load()
                            z.Betriebsadresse);
             sys::setApplicationTitle(windowTitle());
             resize(Entwurfsgroesse);
-            restoreGeometry(QByteArray::fromBase64(bildschirmzustand::text(bildschirmzustand::Fenster).toLatin1()));
+            restoreWindow(*this, bildschirmzustand::Abschnitt, bildschirmzustand::Fenster);
             if (screen()->size().width() <= BreiteKleinerBildschirme) setWindowState(Qt::WindowMaximized);
         },
         [this] {
@@ -223,7 +222,7 @@ void LagerbestandNeu::Form_Unload()
         [this] { merke(LetztBuchart, ui->DrpBuchart->Text()); },
         [this] { merke(SpaltenJournal, spaltenbreiten(*ui->Journalliste)); },
         [this] { merke(SpaltenBestand, spaltenbreiten(*ui->BestandListe)); },
-        [this] { merke(Fenster, QString::fromLatin1(saveGeometry().toBase64())); },
+        [this] { rememberWindow(*this, Abschnitt, Fenster); },
         [this] { m_auswertung->loesche(); },
     });
 }

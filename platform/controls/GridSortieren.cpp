@@ -51,7 +51,7 @@ void markiere(DataGrid& grid, int spalte, Qt::SortOrder richtung)
 
 void GridSortieren(DataControl& data, DataGrid& grid, int spalte, const Sortierung& sortierung)
 {
-    const sys::Hourglass warten;
+    const sys::Hourglass hourglass;
     data.UpdateRecord();
     if (spalte < 0) return;
     const Anordnung neu = angeordnet(data, grid, spalte, sortierung);

@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QPlainTextEdit>
 #include <QPointer>
+#include <QPushButton>
 #include <QRadioButton>
 
 namespace {
@@ -46,6 +47,8 @@ void TasteUmsetzen(int& KeyCode)
 
 FieldKeys::FieldKeys(QWidget& screen) : QObject(&screen), m_screen(screen)
 {
+    for (QPushButton* const button : screen.findChildren<QPushButton*>())
+        button->setAutoDefault(false); // in a dialog Enter would press one that is not focused
     qApp->installEventFilter(this);
 }
 

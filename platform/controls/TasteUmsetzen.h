@@ -9,9 +9,9 @@ class QWidget;
 /// when the handler has returned.
 void TasteUmsetzen(int& KeyCode);
 
-/// Lets the keys of all fields of a screen go through TasteUmsetzen while the screen lives. On a focused button Enter
-/// presses that button, in a text of several lines it begins a new one, and a field with the property KeepsEnter gets it
-/// itself.
+/// Lets the keys of all fields of a screen, which has its buttons already, go through TasteUmsetzen while it lives. On a
+/// focused button Enter presses that button and no other one, in a text of several lines it begins a new one, and a field
+/// with the property KeepsEnter gets it itself.
 class FieldKeys : public QObject {
     Q_OBJECT
 
