@@ -22,9 +22,9 @@ CREATE INDEX Bestandsfrage ON LAGERJOURNAL (Artikel, LagerortKurzKu, Datum, ID, 
 CREATE INDEX Bestandsliste ON LAGERJOURNAL (Artikel, LagerortKurzKu, Artikelart, Einheit, Datum, ID, Menge, Preis, Preisfaktor);
 CREATE INDEX Bewegungen ON LAGERJOURNAL (Datum, ID, Artikel);
 CREATE INDEX Artikelliste ON LAGERJOURNAL (Artikelart, Artikel, Einheit, Preisfaktor);
-CREATE INDEX Buchungen ON LAGERJOURNAL (Buchungsart, Artikel, LagerortKurzKu, Datum);
+CREATE INDEX Buchungen ON LAGERJOURNAL (Buchungsart, Artikel, LagerortKurzKu);
 CREATE INDEX Partner ON LAGERJOURNAL (Verfuttert_an);
-CREATE INDEX Lieferscheine ON LAGERJOURNAL (Lieferscheinnummer);
+CREATE INDEX Lieferscheine ON LAGERJOURNAL (Buchungsart, Datum, Uberstallt_alt);
 CREATE INDEX Suche ON LAGERJOURNAL (LCASE(TRIM(Artikel)), Datum, ID, Menge, LagerortKurzKu, Buchungsart);
 CREATE TABLE Einstellungen (ID Counter PRIMARY KEY, OhneVorjahr Boolean);
 CREATE TABLE Liefereinstellungen (
