@@ -33,6 +33,8 @@ constexpr Function Functions[] = {
     {u"ABS",    "N",   Type::Null,    K::Scalar,    "abs"},
     {u"CINT",   "N",   Type::Long,    K::Scalar,    "jet_cint"},
     {u"CLNG",   "N",   Type::Long,    K::Scalar,    "jet_clng"},
+    {u"CDBL",   "X",   Type::Double,  K::Scalar,    "jet_cdbl"},
+    {u"ISNUMERIC", "X", Type::Boolean, K::Scalar,   "jet_isnumeric"},
     {u"YEAR",   "D",   Type::Long,    K::Scalar,    "jet_year"},
     {u"MONTH",  "D",   Type::Long,    K::Scalar,    "jet_month"},
     {u"DAY",    "D",   Type::Long,    K::Scalar,    "jet_day"},

@@ -392,7 +392,8 @@ void ExpressionWriter::argument(const Expression& argument, char kind)
 {
     switch (kind) {
     case 'T': return text(argument);
-    case 'N': return number(argument);
+    case 'N':
+    case 'X': return number(argument); // a text as it is
     case 'C': return condition(argument);
     case 'D': return assigned(argument, Type::Date);
     default: return value(argument);

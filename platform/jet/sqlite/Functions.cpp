@@ -15,6 +15,7 @@
 #include <cmath>
 #include <limits>
 #include <new>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -38,6 +39,12 @@ public:
     {
         const auto* bytes = reinterpret_cast<const char*>(sqlite3_value_text(m_values[index]));
         return QString::fromUtf8(bytes, sqlite3_value_bytes(m_values[index]));
+    }
+    /// A number as it is, a text by German rules; no value: it is none.
+    std::optional<double> readNumber(int index) const
+    {
+        if (sqlite3_value_type(m_values[index]) != SQLITE_TEXT) return number(index);
+        return jet::readNumber(text(index));
     }
     QDateTime date(int index) const { return argumentValue(m_values[index], Type::Date).toDateTime(); }
     /// A count of characters or a place among them.
@@ -169,6 +176,24 @@ Value toLong(const Arguments& a)
     return Value(static_cast<qint64>(fourBytes(a.number(0))));
 }
 
+double toDouble(const Arguments& a)
+{
+    const auto number = a.readNumber(0);
+    if (!number) raise(ErrorNumber::ConversionFailed);
+    return *number;
+}
+
+/// Whether CDBL would read it. Unlike most functions it has an answer to NULL.
+void isNumeric(sqlite3_context* context, int count, sqlite3_value** values)
+{
+    try {
+        const Arguments a(count, values);
+        resultValue(context, Value(!a.anyNull() && a.readNumber(0)));
+    } catch (const std::bad_alloc&) {
+        sqlite3_result_error_nomem(context);
+    }
+}
+
 Value divide(const Arguments& a)
 {
     if (a.number(1) == 0.0) raise(ErrorNumber::DivisionByZero);
@@ -280,6 +305,7 @@ constexpr Row Rows[] = {
     {"jet_round", 1, call<rounded>},       {"jet_round", 2, call<rounded>},
     {"jet_int", 1, call<floored>},         {"jet_fix", 1, call<truncated>},
     {"jet_cint", 1, call<toShort>},        {"jet_clng", 1, call<toLong>},
+    {"jet_cdbl", 1, call<toDouble>},       {"jet_isnumeric", 1, isNumeric},
     {"jet_div", 2, call<divide>},          {"jet_idiv", 2, call<wholeQuotient>},
     {"jet_mod", 2, call<modulo>},          {"jet_pow", 2, call<power>},
     {"jet_daynumber", 1, call<dayNumberOf>}, {"jet_date", 1, call<dateOf>},
