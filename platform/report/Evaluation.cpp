@@ -69,6 +69,7 @@ jet::Value valueOf(const Reference& reference, const Standing& standing)
     case Reference::Kind::Page: return standing.page;
     case Reference::Kind::Pages: return QString(LastPage);
     case Reference::Kind::Continued: return int{standing.continued};
+    case Reference::Kind::Total:
     case Reference::Kind::Today: return reference.constant;
     }
     Q_UNREACHABLE();

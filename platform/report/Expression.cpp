@@ -19,7 +19,8 @@ constexpr Word Plain[] = {{u"count", Reference::Kind::Count},
                           {u"pages", Reference::Kind::Pages},
                           {u"continued", Reference::Kind::Continued},
                           {u"today", Reference::Kind::Today}};
-constexpr Word OfColumns[] = {{u"sum(", Reference::Kind::Sum}, {u"same(", Reference::Kind::Same}};
+constexpr Word OfColumns[] = {
+    {u"sum(", Reference::Kind::Sum}, {u"same(", Reference::Kind::Same}, {u"total(", Reference::Kind::Total}};
 
 /// What stands between the braces.
 Reference readReference(QStringView text, const Place& place)
@@ -49,9 +50,10 @@ Reference readReference(QStringView text, const Place& place)
     const bool named = point > 0 && !reference.name.isEmpty() &&
                        std::none_of(rest.begin(), rest.end(), [](QChar c) { return NeverInNames.contains(c); });
     if (!named)
-        place.refuse(u"'{"_s + text.toString() +
-                     u"}' ist unverständlich. Möglich sind {TABELLE.Spalte}, {@Formel}, {sum(TABELLE.Spalte)}, "
-                     u"{same(TABELLE.Spalte)}, {count}, {page}, {pages}, {continued} und {today}."_s);
+        place.refuse(
+            u"'{"_s + text.toString() +
+            u"}' ist unverständlich. Möglich sind {TABELLE.Spalte}, {@Formel}, {sum(TABELLE.Spalte)}, "
+            u"{total(TABELLE.Spalte)}, {same(TABELLE.Spalte)}, {count}, {page}, {pages}, {continued} und {today}."_s);
     return reference;
 }
 

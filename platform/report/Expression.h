@@ -16,26 +16,28 @@ namespace report {
 ///     {@Betriebsname}           a formula
 ///     {sum(JOURNAL.Menge)}      of the band's group, in page and report bands of the report, up to the current row
 ///     {count}                   rows, likewise
+///     {total(JOURNAL.Menge)}    the sum over all rows of the report, known from its first band on
 ///     {same(JOURNAL.Einheit)}   1 while the column has had one value only, else 0; likewise
 ///     {page}, {pages}           number of the page, and of the last one
 ///     {continued}               1 where a group's head is repeated on a further page, else 0
 ///     {today}                   the day of printing
 struct Reference {
-    enum class Kind { Column, Formula, Sum, Count, Same, Page, Pages, Continued, Today };
+    enum class Kind { Column, Formula, Sum, Count, Same, Total, Page, Pages, Continued, Today };
 
-    bool isTotal() const { return kind == Kind::Sum || kind == Kind::Count || kind == Kind::Same; }
-    bool hasColumn() const { return kind == Kind::Column || kind == Kind::Sum || kind == Kind::Same; }
+    bool isRunning() const { return kind == Kind::Sum || kind == Kind::Count || kind == Kind::Same; }
+    bool isTotal() const { return kind == Kind::Total || isRunning(); }
+    bool hasColumn() const { return kind == Kind::Column || (isTotal() && kind != Kind::Count); }
 
     Kind kind = Kind::Column;
-    QString table; ///< Of Column, Sum and Same.
+    QString table; ///< Of Column, Sum, Same and Total.
     QString name;  ///< The column or formula.
     Place place;   ///< Where it stands, for what is found out later.
 
-    /// After binding: where its value is found. Column, Sum, Same: place in the row, -1 for a constant. Totals use
+    /// After binding: where its value is found. What has a column: place in the row, -1 for a constant. Totals use
     /// `total` besides.
     int column = -1;
     int total = -1;
-    jet::Value constant; ///< Of a lookup or formula, and of the day.
+    jet::Value constant; ///< Of a lookup or formula, of Total, and of the day.
 };
 
 /// A text with references: "Seite {page} von {pages}". "{{" stands for a brace.

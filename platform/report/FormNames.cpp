@@ -47,7 +47,9 @@ void FormNames::check(const std::vector<Reference*>& references, TotalsAllowed t
 void FormNames::check(const Reference& reference, TotalsAllowed totals) const
 {
     const Place& place = reference.place;
-    if (reference.isTotal() && totals == TotalsAllowed::No)
+    if (reference.kind == Reference::Kind::Total && totals == TotalsAllowed::No)
+        place.refuse(u"Die Gesamtsumme steht nur in Bändern."_s);
+    if (reference.isRunning() && totals != TotalsAllowed::Yes)
         place.refuse(u"Summen und Zählungen stehen nur in Fußzeilen, im Detail und in Seitenköpfen."_s);
     if (reference.kind == Reference::Kind::Formula && !isFormula(reference.name))
         place.refuse(u"Die Formel '"_s + reference.name + u"' ist nicht mit <formula> angegeben."_s);

@@ -4,8 +4,9 @@
 
 namespace report {
 
-/// Whether totals mean something at a place of the form: a head stands before the rows that it would add up.
-enum class TotalsAllowed { No, Yes };
+/// Which totals mean something at a place of the form: a head stands before the rows that a running one would add up,
+/// and what says which rows there are knows no sum of them.
+enum class TotalsAllowed { No, OfTheWhole, Yes };
 
 /// Checks what a form's references name against what the form has said so far: its formulas, its table, its lookups.
 class FormNames {

@@ -70,7 +70,7 @@ private:
         element.children({{u"formula"_s, before(&FormReader::readFormula)},
                           {u"data"_s, before(&FormReader::readData)},
                           {u"lookup"_s, before(&FormReader::readLookup)},
-                          {u"report-header"_s, band(m_form.reportHeader, TotalsAllowed::No)},
+                          {u"report-header"_s, band(m_form.reportHeader, TotalsAllowed::OfTheWhole)},
                           {u"page-header"_s, band(m_form.pageHeader, TotalsAllowed::Yes)},
                           {u"group"_s, [&](Element& e) { readGroup(e, bands); }},
                           {u"detail"_s, band(m_form.detail, TotalsAllowed::Yes)},
@@ -144,7 +144,7 @@ private:
                                   (by->kind == Reference::Kind::Column && !m_names.isLookup(by->table)));
         if (!isKey) element.place().refuse(u"Gruppiert wird nach {TABELLE.Spalte} oder {@Formel}."_s);
         element.children(
-            {{u"header"_s, [&](Element& e) { group.header.push_back(bands.read(e, TotalsAllowed::No)); }},
+            {{u"header"_s, [&](Element& e) { group.header.push_back(bands.read(e, TotalsAllowed::OfTheWhole)); }},
              {u"footer"_s, [&](Element& e) { group.footer.push_back(bands.read(e, TotalsAllowed::Yes)); }}});
         m_form.groups.push_back(std::move(group));
     }

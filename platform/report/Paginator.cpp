@@ -25,7 +25,8 @@ QPageLayout layoutOf(const Form& form)
 }
 
 /// Puts blocks on pages. What must stay together is one block: a row with the heads of the groups it opens and the feet
-/// of those it closes, so that no head ever ends a page and no foot begins one.
+/// of those it closes, so that no head ever ends a page and no foot begins one. The report's
+/// foot goes with the last row.
 class Paginator {
 public:
     Paginator(Form& form, Rows& rows)
@@ -49,11 +50,11 @@ public:
             m_totals.add(m_row);
             more = m_rows.next();
             const int closed = more ? changedLevel(m_row, m_rows.row()) : 1;
-            placeRow(closed);
+            placeRow(closed, !more);
             m_opened = closed;
             if (more) m_row = m_rows.row();
         }
-        place([this] { return m_setter.set(m_form.reportFooter, standing(0)); });
+        if (!m_hasRows) place([this] { return m_setter.set(m_form.reportFooter, standing(0)); });
         endPage();
         numberPages();
         return std::move(m_document);
@@ -64,7 +65,7 @@ private:
     {
         std::vector<Reference*> totals;
         for (Reference* const reference : bandReferences(m_form))
-            if (reference->isTotal()) totals.push_back(reference);
+            if (reference->isRunning()) totals.push_back(reference);
         m_totals = Totals(totals, m_groups);
         m_settledTotals = m_totals;
     }
@@ -79,10 +80,14 @@ private:
         return m_groups + 1;
     }
 
-    void placeRow(int closed)
+    void placeRow(int closed, bool isLast)
     {
         m_placedHeads = m_opened - 1;
-        place([&] { return rowBlock(closed); });
+        place([&] {
+            Block block = rowBlock(closed);
+            if (isLast) block.append(m_setter.set(m_form.reportFooter, standing(0)));
+            return block;
+        });
         m_placedHeads = m_groups;
         m_settledTotals = m_totals;
         m_settledRow = m_row;

@@ -44,6 +44,7 @@ Rows::Rows(Form& form, const Job& job) : m_form(form), m_tables(form, job)
         sortBy(expression, key.descending);
     }
     m_rows = m_tables.rows().OpenRecordset(statement());
+    sumUp();
 }
 
 bool Rows::next()
@@ -211,6 +212,20 @@ QString Rows::statement() const
     if (!m_keys.isEmpty()) statement += u" GROUP BY "_s + m_keys.join(u", "_s);
     if (!m_order.isEmpty()) statement += u" ORDER BY "_s + m_order.join(u", "_s);
     return statement;
+}
+
+/// Sums that are known before the first page; only for them the rows are read twice.
+void Rows::sumUp()
+{
+    std::vector<Reference*> wanted = bandReferences(m_form);
+    std::erase_if(wanted, [](const Reference* reference) { return reference->kind != Reference::Kind::Total; });
+    if (wanted.empty()) return;
+    Totals totals(wanted, 0);
+    while (next())
+        totals.add(m_row);
+    for (Reference* const reference : wanted)
+        reference->constant = totals.value(*reference, 0);
+    m_position = 0;
 }
 
 } // namespace report

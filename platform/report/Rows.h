@@ -40,6 +40,7 @@ private:
     void sortBy(const QString& expression, bool descending);
     void sortByField(const QString& field);
     QString statement() const;
+    void sumUp();
 
     Form& m_form;
     Tables m_tables;

@@ -30,7 +30,8 @@ void Totals::add(const Row& row)
     for (std::size_t i = 0; i < m_totals.size(); ++i) {
         const Total& total = m_totals[i];
         const jet::Value value = total.column < 0 ? jet::Value() : row[static_cast<std::size_t>(total.column)];
-        const double number = total.kind == Reference::Kind::Sum ? asNumber(value) : 0;
+        const bool adds = total.kind == Reference::Kind::Sum || total.kind == Reference::Kind::Total;
+        const double number = adds ? asNumber(value) : 0;
         for (auto& level : m_levels) {
             State& state = level[i];
             state.sum += number;
@@ -53,7 +54,8 @@ jet::Value Totals::value(const Reference& total, int level) const
 {
     const State& state = m_levels[static_cast<std::size_t>(level)][static_cast<std::size_t>(total.total)];
     switch (total.kind) {
-    case Reference::Kind::Sum: {
+    case Reference::Kind::Sum:
+    case Reference::Kind::Total: {
         const double held = std::round(state.sum * Finest) / Finest;
         return std::isfinite(held) ? held : state.sum;
     }

@@ -39,6 +39,7 @@ void Block::append(Block below)
         lines.push_back(std::move(line));
     }
     height += below.height;
+    if (below.height > 0) last = below.last > 0 ? below.last : below.height;
 }
 
 void Block::place(Page& page, QPointF corner) const
@@ -135,12 +136,17 @@ Block Typesetter::cut(Block& block, double height) const
     };
     for (const TextLine& line : block.lines)
         if (!staysAbove(line)) at = std::min(at, line.top);
+    double lineAbove = 0; // of the last band
+    for (const TextLine& line : block.lines)
+        if (line.top < block.height - block.last) lineAbove = std::max(lineAbove, line.top);
+    if (lineAbove > 0 && block.last < height) at = std::min(at, lineAbove);
     if (at <= 0) at = std::min(height, block.height); // a line higher than the page is painted over its edge
 
     Block above;
     Block below;
     above.height = at;
     below.height = block.height - at;
+    below.last = std::min(block.last, below.height);
     for (TextLine& line : block.lines) {
         Block& part = line.top < at ? above : below;
         if (&part == &below) line.top -= at;

@@ -14,6 +14,7 @@ namespace report {
 /// Bands with their texts broken into lines; lengths are dots from the upper left corner.
 struct Block {
     double height = 0;
+    double last = 0; ///< Height of its last band.
     std::vector<Fill> fills;
     std::vector<TextLine> lines;
 
@@ -28,7 +29,8 @@ public:
 
     /// Those of the bands whose condition is met, one below the other.
     Block set(const Bands& bands, const Standing& standing);
-    /// Takes what fits into the height off the block's top, between two lines of text.
+    /// Takes what fits into the height off the block's top, between two lines of text. The last band, such as that of
+    /// signatures, stays whole where it can, and keeps a line above it.
     Block cut(Block& block, double height) const;
     /// Moves a line to where its alignment wants it, after its text has changed.
     void align(TextLine& line);

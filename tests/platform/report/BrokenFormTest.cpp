@@ -49,6 +49,8 @@ const Case Cases[] = {
      u"Zeile 2: Hier fehlt ein Vergleich (=, <>, <, >, <=, >=) (am Ende von \"{J.A}\")."_s},
     {"a sum in a head", "<data table='J'/><group by='{J.A}'>\n<header show='{count} = 0'/></group>",
      u"Zeile 3: Summen und Zählungen stehen nur in Fußzeilen, im Detail und in Seitenköpfen."_s},
+    {"rows chosen by their sum", "<data table='J' show='{total(J.A)} = 0'/>",
+     u"Zeile 2: Die Gesamtsumme steht nur in Bändern."_s},
     {"a group by a text", "<data table='J'/><group by=\"'A'\"/>",
      u"Zeile 2: Gruppiert wird nach {TABELLE.Spalte} oder {@Formel}."_s},
     {"a column that cannot be computed", "<data table='J'>\n<column name='S' value='Summ(Menge)'/></data>",

@@ -127,6 +127,31 @@ TEST(Pages, LetLongTextsGrowOverLinesAndPages)
     EXPECT_EQ(all.mid(below), u" darunter "_s + words.join(u' ') + u" darunter"_s);
 }
 
+TEST(Pages, LeaveNoSignatureAlone)
+{
+    NEEDS_PDFTOTEXT;
+    const Desk desk;
+    const QString form = desk.form(R"(<data table="J"/><lookup table="K"/>
+        <page-header height="10"><text x="0" width="100">Kopf</text></page-header>
+        <detail height="10"><text x="0" width="60">{J.Nr}</text></detail>
+        <report-footer height="10"><text x="0" width="100">{K.T}</text></report-footer>
+        <report-footer height="20"><text x="0" y="15" width="100">Unterschrift</text></report-footer>)");
+    desk.execute({u"CREATE TABLE J (Nr Long)"_s, u"CREATE TABLE K (T Memo)"_s, u"INSERT INTO K (T) VALUES ('')"_s});
+    const auto signedWith = [&] { // what stands on the page of the signature
+        const auto pages = desk.print(desk.job(form));
+        EXPECT_EQ(pages.back().last(), u"Unterschrift"_s);
+        return pages.back().mid(1, pages.back().size() - 2);
+    };
+    for (int rows = 1; rows <= 20; ++rows) {
+        desk.execute({u"INSERT INTO J (Nr) VALUES ("_s + QString::number(rows) + u')'});
+        EXPECT_EQ(signedWith().value(0).isEmpty(), false) << rows;
+    }
+    for (int lines = 30; lines <= 80; ++lines) { // over two pages and three, ending anywhere
+        desk.execute({u"UPDATE K SET T = '"_s + QStringList(lines, u"Zeile"_s).join(u'\n') + u"'"_s});
+        EXPECT_FALSE(signedWith().isEmpty()) << lines;
+    }
+}
+
 TEST(Pages, RefuseAFormWithoutRoomForRows)
 {
     const Desk desk;

@@ -80,6 +80,20 @@ TEST(Source, SortsInGermanOrderOrByASum)
     EXPECT_EQ(desk.printedLines(inSum), (QStringList{u"Öl 7,5 3"_s, u"Zucker 9 1"_s, u"2 16,5"_s}));
 }
 
+TEST(Source, IsSummedUpBeforeTheFirstPage)
+{
+    NEEDS_PDFTOTEXT;
+    const Desk desk;
+    fill(desk);
+    const QString form =
+        desk.form(R"xml(<data table="J" show="{J.Nr} &lt; 4"><column name="Doppelt" value="Menge * 2"/></data>
+        <report-header><text x="0" width="100">{total(J.Menge)} {total(J.Doppelt)}</text></report-header>
+        <page-header show="{total(J.Menge)} = 14"><text x="0" width="100">vierzehn</text></page-header>
+        <detail><text x="0" width="100">{sum(J.Menge)} von {total(J.Menge)}</text></detail>)xml");
+    EXPECT_EQ(desk.printedLines(desk.job(form)),
+              (QStringList{u"14 28"_s, u"vierzehn"_s, u"4 von 14"_s, u"5 von 14"_s, u"14 von 14"_s}));
+}
+
 TEST(Source, LooksUpSingleRowsOfOtherTables)
 {
     NEEDS_PDFTOTEXT;
