@@ -40,13 +40,12 @@ void legeDatenbankAn(const QString& datei, const QString& schema, const QString&
     sys::CopyWhereMissing(entwurf, datei);
 }
 
-/// A form that the farm's adviser has changed stays as it is.
-void legeBerichtsformulareAn(const Installation& ort)
+/// Copies the files of a folder that are missing in another one.
+void ergaenzeDateien(const QString& von, const QString& nach)
 {
-    const QString ordner = sys::localPath(ort.formulare());
-    legeVerzeichnisAn(ordner);
-    for (const QString& formular : QDir(u":/report"_s).entryList(QDir::Files))
-        sys::CopyWhereMissing(u":/report/"_s + formular, ordner + u'/' + formular);
+    legeVerzeichnisAn(nach);
+    for (const QString& datei : QDir(von).entryList(QDir::Files))
+        sys::CopyWhereMissing(von + u'/' + datei, nach + u'/' + datei);
 }
 
 } // namespace
@@ -56,6 +55,12 @@ void legeVerzeichnisAn(const QString& pfad)
     if (QDir().mkpath(pfad)) return;
     throw sys::FileError(sys::FileErrorNumber::PathAccess,
                          u"Das Verzeichnis '"_s + QDir::toNativeSeparators(pfad) + u"' lässt sich nicht anlegen."_s);
+}
+
+void legeBerichtsformulareAn(const Installation& ort)
+{
+    ergaenzeDateien(u":/report"_s, ort.formulare());
+    ergaenzeDateien(u":/report/Lieferscheine"_s, ort.lieferscheinformulare());
 }
 
 void richteEin(const Installation& ort, const QString& Betriebsnummer, int jahr)

@@ -7,5 +7,9 @@
 /// complete or not at all. \throws jet::Error, sys::FileError when something cannot be written.
 void richteEin(const Installation& ort, const QString& Betriebsnummer, int jahr);
 
+/// Brings the report forms that an installation lacks. One that it has stays as it is: the farm's adviser may have changed
+/// it. \throws sys::FileError.
+void legeBerichtsformulareAn(const Installation& ort);
+
 /// Makes a directory and those above it where they are missing. \throws sys::FileError.
 void legeVerzeichnisAn(const QString& pfad);

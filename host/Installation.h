@@ -19,6 +19,10 @@ public:
     QString daten() const { return unter(QStringLiteral("/daten")); }
     QString anlagen() const { return unter(QStringLiteral("/anlagen")); }
     QString formulare() const { return unter(QStringLiteral("/programm/Report/Lagerverwaltung")); } ///< Report forms.
+    QString lieferscheinformulare() const
+    {
+        return unter(QStringLiteral("/programm/Report/Lagerverwaltung/Lieferscheine"));
+    }
     QString einstellungen() const { return unter(QStringLiteral("/einstellungen")); }
     QString betriebsordner(const QString& nummer) const { return unter(QStringLiteral("/daten/B") + nummer); }
     QString journaldatei(const QString& nummer, int jahr) const;

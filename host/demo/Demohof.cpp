@@ -87,6 +87,7 @@ void uebernimm(const Installation& baustelle, const Installation& ort)
 {
     verschiebeDateien(baustelle.programm(), ort.programm());
     verschiebeDateien(baustelle.formulare(), ort.formulare());
+    verschiebeDateien(baustelle.lieferscheinformulare(), ort.lieferscheinformulare());
     verschiebeDateien(baustelle.anlagen(), ort.anlagen());
     verschiebeDateien(baustelle.daten(), ort.daten());
     ort.verwende();
@@ -100,7 +101,10 @@ void uebernimm(const Installation& baustelle, const Installation& ort)
 
 bool legeDemohofAn(const Installation& ort, QDate heute)
 {
-    if (hatDemohof(ort)) return false;
+    if (hatDemohof(ort)) {
+        legeBerichtsformulareAn(ort); // the farm stays as it is, but a newer program may print more
+        return false;
+    }
     legeVerzeichnisAn(ort.verzeichnis());
     QLockFile sperre(ort.verzeichnis() + u"/demo.sperre"_s);
     sperre.setStaleLockTime(0); // that of a killed run is taken over; one at work keeps it however long it takes

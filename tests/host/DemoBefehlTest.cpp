@@ -69,6 +69,9 @@ TEST_F(DemoBefehl, EinBetriebDenEsGibtBleibt)
     EXPECT_EQ(zweiter.ausgabe,
               u"In '"_s + hof.verzeichnis() + u"' gibt es den Betrieb 4711 schon. Er bleibt, wie er ist.\n"_s);
     EXPECT_EQ(inhalt(), vorher);
+    ASSERT_TRUE(QDir(hof.lieferscheinformulare()).removeRecursively()); // as an older program made it
+    ASSERT_EQ(demo().ende, 0);
+    EXPECT_EQ(inhalt(), vorher);
 
     const Installation fremd(ordner.path() + u"/fremd"_s); // the master data of another farm are not the demo farm's
     ASSERT_EQ(zablager({u"einrichten"_s, fremd.verzeichnis(), u"--betrieb"_s, u"12"_s}).ende, 0);

@@ -50,7 +50,7 @@ TEST_F(Zablager, EinrichtenErgaenztWasFehlt)
 {
     ASSERT_EQ(einrichten(u"4711"_s, u"2024"_s).ende, 0);
     const QStringList zuerst = dateien();
-    EXPECT_EQ(zuerst.join(u'\n').count(u'\n'), 8) << zuerst.join(u'\n').toStdString();
+    EXPECT_EQ(zuerst.join(u'\n').count(u'\n'), 10) << zuerst.join(u'\n').toStdString();
     ASSERT_EQ(einrichten(u"4711"_s, u"2024"_s).ende, 0); // nothing is missing
     EXPECT_EQ(dateien(), zuerst);
 
@@ -61,7 +61,18 @@ TEST_F(Zablager, EinrichtenErgaenztWasFehlt)
     EXPECT_EQ(danach.size(), zuerst.size() + 2);
     EXPECT_TRUE(QFile::exists(ort + u"/daten/B4712/Lager.2025"_s));
     EXPECT_TRUE(QFile::exists(ort + u"/programm/ZABStammdaten_2025.mdb"_s));
-    EXPECT_TRUE(QFile::exists(ort + u"/programm/Report/Lagerverwaltung/Lagerjournal.rpt"_s));
+    const QString formulare = ort + u"/programm/Report/Lagerverwaltung"_s;
+    EXPECT_TRUE(QFile::exists(formulare + u"/Lagerjournal.rpt"_s));
+
+    // An installation from before the delivery notes, whose adviser has changed a form.
+    ASSERT_TRUE(QDir(formulare + u"/Lieferscheine"_s).removeRecursively());
+    QFile geaendert(formulare + u"/Lagerjournal.rpt"_s);
+    ASSERT_TRUE(geaendert.open(QIODevice::WriteOnly) && geaendert.write("<report/>") > 0);
+    geaendert.close();
+    ASSERT_EQ(einrichten(u"4711"_s, u"2024"_s).ende, 0);
+    EXPECT_EQ(QDir(formulare + u"/Lieferscheine"_s).entryList(QDir::Files),
+              (QStringList{u"LieferscheinA5.rpt"_s, u"Standardlieferschein.rpt"_s}));
+    EXPECT_EQ(geaendert.size(), 9);
 }
 
 TEST_F(Zablager, JedeDatenbankHatIhreTabellenUndIhrKennwort)
