@@ -6,6 +6,7 @@
 #include "core/Journaldatei.h"
 #include "core/Modulzustand.h"
 #include "core/Verzeichnisse.h"
+#include "delivery/LieferscheindruckForm.h"
 #include "overview/Ansichten.h"
 #include "overview/Auswahllisten.h"
 #include "overview/Auswertung.h"
@@ -68,7 +69,6 @@ LagerbestandNeu::LagerbestandNeu(QWidget* parent)
     richteBestandslisteEin(*Bestanddaten, *ui->BestandListe);
     ui->KurzEingabe->setFixedWidth(2 * ui->KurzEingabe->sizeHint().height()); // one letter
     richteMenuEin();
-    ui->Command5->setEnabled(false); // no delivery notes yet
     const auto danach = [this](const Wiederfinden& gesucht) {
         aktualisiere();
         sucheEine(*Journaldaten, gesucht);
@@ -144,6 +144,8 @@ void LagerbestandNeu::verdrahteAlles()
         sortiereBestandsliste(*Bestanddaten, *ui->BestandListe, spalte);
         if (ungefiltert) FilterEinstellen();
     });
+    verdrahte(ui->Command5, &QPushButton::clicked, this,
+              [this] { LieferscheindruckForm(gewaehltesJahr(), this).exec(); });
     verdrahte(ui->M_Vorjahr, &QAction::triggered, this, &LagerbestandNeu::M_Vorjahr_Click);
     verdrahte(ui->M_Hilfe, &QAction::triggered, this, [] { zeigeHilfe(modulzustand().Hilfedatei, sys::ownFile()); });
     verdrahte(ui->Command1, &QPushButton::clicked, this, [this] { close(); });

@@ -8,6 +8,7 @@
 #include "platform/controls/DataGrid.h"
 #include "platform/controls/DateCombo.h"
 #include "platform/system/Settings.h"
+#include "tests/support/Bildschirm.h"
 
 #include <QAction>
 #include <QApplication>
@@ -219,4 +220,24 @@ TEST_F(Hauptbildschirm, DerWirtKannEinenLagerortVorgeben)
     oeffne();
     EXPECT_EQ(feld<ComboBox>("drpLagerOrte").Text(), u"XY"_s);
     EXPECT_EQ(ueberschrift("Journalliste"), u"0 Bewegungen"_s);
+}
+
+TEST_F(Hauptbildschirm, LieferscheineOeffnenSichFuerDasGezeigteJahr)
+{
+    for (const int jahr : {2023, 2024}) {
+        hof.fuehreAus(jahr,
+                      u"INSERT INTO LAGERJOURNAL (Datum, Uberstallt_alt, Buchungsart, Artikel, Menge) VALUES (#5/1/"_s +
+                          QString::number(jahr) + u"#, 'HUBER', 'Verkauf', 'Heu', -1)"_s);
+    }
+    oeffne();
+    tippe("drpJahr", u"2023"_s);
+    imNaechstenFenster([](QWidget& ausdruck) {
+        EXPECT_EQ(ausdruck.windowTitle(), u"Ausdruck von Lieferscheinen"_s);
+        const auto* const liste = ausdruck.findChild<DataGrid*>(u"SSDBGrid1"_s);
+        EXPECT_EQ(liste->Caption(), u"1 Lieferung(en)"_s);
+        EXPECT_EQ(liste->model()->index(0, 0).data().toString(), u"01.05.2023"_s);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    });
+    drucke("Command5", Qt::Key_Return);
+    EXPECT_EQ(hof.zeigt(2024, u"SELECT Count(Lieferscheinnummer) FROM LAGERJOURNAL"_s), QStringList(u"0"_s));
 }

@@ -1,0 +1,73 @@
+#include "delivery/Lieferscheinnummern.h"
+
+#include "core/Journaldatei.h"
+#include "core/SQLTexte.h"
+#include "platform/system/ErrorReport.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+bool fehlenNummern(jet::Database& journal)
+{
+    const auto verkaeufe = journal.OpenRecordset(
+        u"SELECT * FROM LAGERJOURNAL WHERE IIF(ISNULL(LIEFERSCHEINNUMMER),0,LIEFERSCHEINNUMMER) = 0"
+        u" AND BUCHUNGSART = 'Verkauf' AND LEN(TRIM(IIF(ISNULL(UBERSTALLT_ALT),'',UBERSTALLT_ALT))) > 0"_s,
+        jet::Kind::Dynaset);
+    return !verkaeufe->Eof();
+}
+
+qint64 naechsteNummer(jet::Database& journal)
+{
+    const auto verkaeufe = journal.OpenRecordset(
+        u"SELECT * FROM LAGERJOURNAL WHERE BUCHUNGSART = 'Verkauf'"
+        u" AND LEN(TRIM(IIF(ISNULL(UBERSTALLT_ALT),'',UBERSTALLT_ALT))) > 0 ORDER BY LIEFERSCHEINNUMMER DESC"_s,
+        jet::Kind::Dynaset);
+    return verkaeufe->Eof() ? 1 : (*verkaeufe)[u"LIEFERSCHEINNUMMER"].toLong() + 1;
+}
+
+} // namespace
+
+bool Lieferscheinnummern::vergib()
+{
+    for (;;) {
+        bool fertig = false;
+        const auto ausgang = sys::underErrorReport({[&] {
+            nummeriere();
+            fertig = true;
+        }});
+        if (ausgang == sys::Outcome::Left) return false;
+        if (fertig || !m_aktuelle) return true; // what was ignored concerns all deliveries, such as a lock
+        m_uebergangen.push_back(*m_aktuelle);
+    }
+}
+
+/// An error closes the file, which keeps what was numbered before it; all else is read anew by the next run.
+void Lieferscheinnummern::nummeriere()
+{
+    m_aktuelle.reset();
+    const auto journal = oeffneJournal(m_jahr);
+    if (!fehlenNummern(*journal)) return;
+    journal->BeginTrans(); // before the highest number is looked up: two programs must not go on from the same one
+    qint64 nummer = naechsteNummer(*journal);
+    const auto lieferungen = journal->OpenRecordset(
+        u"Select DISTINCT DATUM, UBERSTALLT_ALT FROM LAGERJOURNAL"
+        u" WHERE IIF(ISNULL(LIEFERSCHEINNUMMER),0,LIEFERSCHEINNUMMER) = 0 AND BUCHUNGSART = 'Verkauf'"
+        u" AND LEN(TRIM(IIF(ISNULL(UBERSTALLT_ALT),'',UBERSTALLT_ALT))) > 0"_s,
+        jet::Kind::Snapshot);
+    for (; !lieferungen->Eof(); lieferungen->MoveNext()) {
+        const Lieferung lieferung{(*lieferungen)[u"DATUM"].toText(), (*lieferungen)[u"UBERSTALLT_ALT"].toText()};
+        if (std::ranges::find(m_uebergangen, lieferung) != m_uebergangen.end()) continue;
+        m_aktuelle = lieferung;
+        // The recipient as it stands: a blank before the name makes another one, here as in the list above.
+        journal->Execute(u"UPDATE LAGERJOURNAL SET LIEFERSCHEINNUMMER = "_s + QString::number(nummer) +
+                         u" WHERE IIF(ISNULL(LIEFERSCHEINNUMMER),0,LIEFERSCHEINNUMMER) = 0 AND BUCHUNGSART = 'Verkauf'"
+                         u" AND IIF(ISNULL(UBERSTALLT_ALT),'',UBERSTALLT_ALT) = '"_s +
+                         lieferung.Empfaenger + u"' AND DATUM = "_s + SQLDatum(lieferung.Datum));
+        ++nummer;
+    }
+    m_aktuelle.reset();
+    journal->Close();
+}

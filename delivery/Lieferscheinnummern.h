@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QString>
+
+#include <optional>
+#include <vector>
+
+/// The numbers of the delivery notes of one year file: 1, 2, 3 ... in the order of the days, on each day in that of the
+/// recipients. All sales to a recipient on a day are one delivery and have one number.
+class Lieferscheinnummern {
+public:
+    explicit Lieferscheinnummern(int Jahr) : m_jahr(Jahr) {}
+
+    /// Numbers the deliveries that have no number yet, under the error report; numbers once given stay.
+    ///
+    /// All are written in one commit. A delivery that the database refuses, such as one to a recipient with an apostrophe,
+    /// is reported without keeping other programs from booking; ignored, it stays without a number and uses none up.
+    /// \returns false: the user left.
+    [[nodiscard]] bool vergib();
+
+private:
+    struct Lieferung {
+        QString Datum; ///< With its time where it has one; sales at another time are another delivery.
+        QString Empfaenger;
+        bool operator==(const Lieferung&) const = default;
+    };
+    void nummeriere();
+
+    int m_jahr;
+    std::optional<Lieferung> m_aktuelle; ///< That is being numbered.
+    std::vector<Lieferung> m_uebergangen;
+};
