@@ -80,7 +80,7 @@ QString help()
 QStringList textsOfTheProgram()
 {
     QStringList texts;
-    for (const auto& room : {u"overview"_s, u"transfer"_s, u"masks"_s, u"core"_s, u"platform"_s}) {
+    for (const auto& room : {u"overview"_s, u"delivery"_s, u"transfer"_s, u"masks"_s, u"core"_s, u"platform"_s}) {
         QDirIterator files(tree().filePath(room), {u"*.ui"_s, u"*.cpp"_s, u"*.h"_s}, QDir::Files,
                            QDirIterator::Subdirectories);
         while (files.hasNext()) {
@@ -132,7 +132,7 @@ TEST(Documents, NamePathsAndPresetsThatExist)
         for (
             const QString& path : captured(
                 text,
-                u"`((?:bench|cmake|component|core|docs|host|include|install|overview|platform|tests|transfer)/[^` ]*)`"_s)) {
+                u"`((?:bench|cmake|component|core|delivery|docs|host|include|install|overview|platform|tests|transfer)/[^` ]*)`"_s)) {
             EXPECT_TRUE(tree().exists(path)) << document.toStdString() << " names " << path.toStdString();
         }
         for (const QString& preset : captured(text, u"--preset (\\w+)"_s)) {
