@@ -48,7 +48,7 @@ const std::vector<Room>& rooms()
                                                     u"delivery"_s, u"transfer"_s, u"masks"_s, u"component"_s, u"host"_s, api}},
         {u"tests/package/client"_s, {u"QtCore"_s, api}}, // what others build
         {u"bench"_s,               qt + QStringList{u"os"_s, u"test"_s, u"sqlite3"_s, u"xlsxwriter"_s, u"platform"_s, u"core"_s,
-                                                    u"masks"_s, u"overview"_s, u"host"_s, u"tests"_s, api}},
+                                                    u"masks"_s, u"delivery"_s, u"overview"_s, u"host"_s, u"tests"_s, api}},
     };
     return table;
 }
