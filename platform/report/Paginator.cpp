@@ -25,8 +25,7 @@ QPageLayout layoutOf(const Form& form)
 }
 
 /// Puts blocks on pages. What must stay together is one block: a row with the heads of the groups it opens and the feet
-/// of those it closes, so that no head ever ends a page and no foot begins one. The report's
-/// foot goes with the last row.
+/// of those it closes, so that no head ever ends a page and no foot begins one. The report's foot goes with the last row.
 class Paginator {
 public:
     Paginator(Form& form, Rows& rows)
@@ -143,6 +142,7 @@ private:
                 if (band.repeat) repeated.push_back(band);
             put(m_setter.set(repeated, again));
         }
+        requireRoom();
         m_fresh = true;
     }
 
@@ -156,7 +156,12 @@ private:
         put(m_setter.set(m_form.pageHeader, head));
         m_bottom = (m_form.paperSize().height() - m_form.margins.bottom()) * DotsPerMm;
         m_bottom -= m_setter.set(m_form.pageFooter, head).height;
+        requireRoom();
         m_fresh = true;
+    }
+
+    void requireRoom() const
+    {
         if (m_bottom - m_y >= LeastBody) return;
         Place{u"Das Berichtsformular '"_s + m_form.file + u'\''}.refuse(
             u"Ränder, Kopf und Fuß lassen auf der Seite keinen Platz für Zeilen."_s);

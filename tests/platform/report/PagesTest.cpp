@@ -155,9 +155,13 @@ TEST(Pages, LeaveNoSignatureAlone)
 TEST(Pages, RefuseAFormWithoutRoomForRows)
 {
     const Desk desk;
-    fill(desk, {{u"A"_s, 1}});
-    const QString form = desk.form(R"(<data table="J"/><page-header height="180"/>)");
-    EXPECT_EQ(Desk::refusal(desk.job(form)),
-              u"Das Berichtsformular '"_s + form +
-                  u"': Ränder, Kopf und Fuß lassen auf der Seite keinen Platz für Zeilen."_s);
+    fill(desk, {{u"A"_s, 2}});
+    for (const char* const bands :
+         {R"(<page-header height="180"/>)",
+          R"(<group by="{J.Gruppe}"><header height="175" repeat="true"/></group><detail height="10"/>)"}) {
+        const QString form = desk.form(QByteArray(R"(<data table="J"/>)") + bands);
+        EXPECT_EQ(Desk::refusal(desk.job(form)),
+                  u"Das Berichtsformular '"_s + form +
+                      u"': Ränder, Kopf und Fuß lassen auf der Seite keinen Platz für Zeilen."_s);
+    }
 }
