@@ -203,7 +203,13 @@ void DataControl::UpdateRecord()
     collectValues();
     if (!m_recordset->Editing()) return;
     const qsizetype count = m_recordset->RecordCount();
-    m_recordset->Update();
+    try {
+        m_recordset->Update();
+    } catch (const jet::Error& error) {
+        // The row is another one meanwhile. Bound fields keep what was typed, so a second try can begin from the new one.
+        if (error.number() == jet::ErrorNumber::ChangedByAnotherUser && !m_fields.empty()) m_recordset->CancelUpdate();
+        throw;
+    }
     if (m_recordset->RecordCount() > count)
         Q_EMIT RowAdded();
     else

@@ -25,7 +25,7 @@ void MemoBox::enterText(const QString& text)
 
 void MemoBox::showValue(const jet::Value& value)
 {
-    setText(value.toText());
+    if (value.toText() != Text()) setText(value.toText()); // else the cursor stays where the user types
     m_changed = false;
 }
 

@@ -8,7 +8,7 @@ void TextBox::textChangedByUser()
 
 void TextBox::showValue(const jet::Value& value)
 {
-    setText(value.toText());
+    if (value.toText() != Text()) setText(value.toText()); // else the cursor stays where the user types
     m_changed = false;
 }
 
