@@ -94,10 +94,11 @@ void LieferscheindruckForm::bindeEinstellungen()
 void LieferscheindruckForm::Form_Load()
 {
     const sys::Hourglass warten;
+    const qint64 ID = Lieferscheindaten->RecordCount() > 0 ? Lieferscheindaten->Recordset()[u"ID"].toLong() : 0;
     if (!Lieferscheinnummern(m_jahr).vergib()) return;
     sys::underErrorReport({
         [this] { ergaenzeLiefereinstellungen(*oeffneJournal(m_jahr)); },
-        [this] { Liefereinstellungen->UpdateRecord(); }, // what was typed before F5
+        [this] { schreibeEinstellungen(); }, // what was typed before F5
         [this] {
             Liefereinstellungen->setRecordSource(u"Liefereinstellungen"_s);
             oeffne(*Liefereinstellungen);
@@ -108,11 +109,26 @@ void LieferscheindruckForm::Form_Load()
                 u" AND LEN(TRIM(IIF(ISNULL(UBERSTALLT_ALT),'',UBERSTALLT_ALT))) > 0 ORDER BY DATUM, UBERSTALLT_ALT"_s);
             oeffne(*Lieferscheindaten);
         },
-        [this] {
-            if (Lieferscheindaten->RecordCount() > 0) Lieferscheindaten->MoveLast(); // the newest delivery
-        },
+        [&] { sucheEin(ID); },
         [this] { fuelleFormulare(); },
     });
+    // Without a row that keeps it, typing would be lost.
+    for (QWidget* eingabe : {static_cast<QWidget*>(ui->drpFormular), static_cast<QWidget*>(ui->chkPreis),
+                             static_cast<QWidget*>(ui->FrmKopf), static_cast<QWidget*>(ui->Text1)})
+        eingabe->setEnabled(Liefereinstellungen->RecordCount() > 0);
+}
+
+/// The delivery that was chosen before, else the newest.
+void LieferscheindruckForm::sucheEin(qint64 ID)
+{
+    if (Lieferscheindaten->RecordCount() == 0) return;
+    if (ID != 0) Lieferscheindaten->FindFirst(u"ID = "_s + QString::number(ID));
+    if (ID == 0 || Lieferscheindaten->NoMatch()) Lieferscheindaten->MoveLast();
+}
+
+void LieferscheindruckForm::schreibeEinstellungen()
+{
+    if (Liefereinstellungen->RecordCount() > 0) Liefereinstellungen->UpdateRecord();
 }
 
 void LieferscheindruckForm::oeffne(DataControl& daten) const
@@ -131,7 +147,7 @@ void LieferscheindruckForm::fuelleFormulare()
 
 void LieferscheindruckForm::Form_Activate()
 {
-    if (sys::trimBlanks(ui->drpFormular->Text()).isEmpty())
+    if (ui->drpFormular->isEnabled() && sys::trimBlanks(ui->drpFormular->Text()).isEmpty())
         ui->drpFormular->enterText(u"Standardlieferschein.rpt"_s); // as if typed: it is kept
     if (!m_ersteAktivierung) return;
     m_ersteAktivierung = false; // the message below gives the window back active
@@ -152,10 +168,14 @@ void LieferscheindruckForm::Lieferscheindaten_Reposition()
 void LieferscheindruckForm::Command2_Click()
 {
     const sys::Hourglass warten;
-    if (sys::underErrorReport({[this] { Liefereinstellungen->UpdateRecord(); }}) == sys::Outcome::Left) return;
+    if (sys::underErrorReport({[this] { schreibeEinstellungen(); }}) == sys::Outcome::Left) return;
+    const Lieferschein schein = gewaehlterLieferschein();
+    // Its lines would be told by day and recipient alone, whatever else was booked for him that day.
+    if (schein.Nummer == 0)
+        return sys::critical(u"Diese Lieferung hat noch keine Nummer. Die Taste F5 gibt ihr eine."_s);
     const QString formular = ui->drpFormular->Text();
     if (sys::trimBlanks(formular).isEmpty() || !sys::Exist(formularordner() + formular)) return weiseFormularAb();
-    if (!baueLieferscheindatei(druckdatei(), m_jahr, gewaehlterLieferschein())) return;
+    if (!baueLieferscheindatei(druckdatei(), m_jahr, schein)) return;
     report::ReportZurucksetzen(*Report);
     Report->setDataFiles(0, druckdatei());
     Report->setReportFileName(formularordner() + formular);
@@ -198,7 +218,7 @@ bool LieferscheindruckForm::event(QEvent* event)
 
 void LieferscheindruckForm::done(int result)
 {
-    if (sys::underErrorReport({[this] { Liefereinstellungen->UpdateRecord(); }}) == sys::Outcome::Left) return;
+    if (sys::underErrorReport({[this] { schreibeEinstellungen(); }}) == sys::Outcome::Left) return;
     sys::underErrorReport({
         [this] { rememberWindow(*this, Abschnitt, u"Fenster"_s + objectName()); },
         [this] { loescheLieferscheindatei(druckdatei()); },

@@ -40,6 +40,8 @@ private:
 
     void oeffne(DataControl& daten) const;
     void fuelleFormulare();
+    void sucheEin(qint64 ID);
+    void schreibeEinstellungen();
     void weiseFormularAb();
     Lieferschein gewaehlterLieferschein() const;
     QString druckdatei() const;

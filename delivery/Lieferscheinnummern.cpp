@@ -40,7 +40,7 @@ bool Lieferscheinnummern::vergib()
         }});
         if (ausgang == sys::Outcome::Left) return false;
         if (fertig || !m_aktuelle) return true; // what was ignored concerns all deliveries, such as a lock
-        m_uebergangen.push_back(*m_aktuelle);
+        m_uebergangen.push_back(m_aktuelle->Empfaenger);
     }
 }
 
@@ -59,7 +59,7 @@ void Lieferscheinnummern::nummeriere()
         jet::Kind::Snapshot);
     for (; !lieferungen->Eof(); lieferungen->MoveNext()) {
         const Lieferung lieferung{(*lieferungen)[u"DATUM"].toText(), (*lieferungen)[u"UBERSTALLT_ALT"].toText()};
-        if (std::ranges::find(m_uebergangen, lieferung) != m_uebergangen.end()) continue;
+        if (std::ranges::find(m_uebergangen, lieferung.Empfaenger) != m_uebergangen.end()) continue;
         m_aktuelle = lieferung;
         // The recipient as it stands: a blank before the name makes another one, here as in the list above.
         journal->Execute(u"UPDATE LAGERJOURNAL SET LIEFERSCHEINNUMMER = "_s + QString::number(nummer) +

@@ -14,7 +14,8 @@ public:
     /// Numbers the deliveries that have no number yet, under the error report; numbers once given stay.
     ///
     /// All are written in one commit. A delivery that the database refuses, such as one to a recipient with an apostrophe,
-    /// is reported without keeping other programs from booking; ignored, it stays without a number and uses none up.
+    /// is reported without keeping other programs from booking; ignored, all of that recipient stay without a number and use
+    /// none up.
     /// \returns false: the user left.
     [[nodiscard]] bool vergib();
 
@@ -22,11 +23,10 @@ private:
     struct Lieferung {
         QString Datum; ///< With its time where it has one; sales at another time are another delivery.
         QString Empfaenger;
-        bool operator==(const Lieferung&) const = default;
     };
     void nummeriere();
 
     int m_jahr;
     std::optional<Lieferung> m_aktuelle; ///< That is being numbered.
-    std::vector<Lieferung> m_uebergangen;
+    std::vector<QString> m_uebergangen;  ///< Recipients; each is reported once.
 };

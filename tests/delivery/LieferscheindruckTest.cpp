@@ -93,6 +93,7 @@ TEST_F(Lieferscheinfenster, PreiseStehenNurWoWelcheSind)
     verkauft(u"01.05. | BERGER | A | 3 | dt | 10 | 100\n01.05. | BERGER | B | 3 | dt | 10 | 0\n"
              u"01.05. | BERGER | C | 3 | dt | 10 | \n01.05. | BERGER | D | 3 | NULL | 10 | x\n"
              u"01.05. | BERGER | E | 3 | dt | 0,1234 | 1,5\n01.05. | BERGER | F | -3 | dt | 10 | NULL\n"
+             u"01.05. | BERGER | G | 12,5 | dt | 0,25 | 1\n01.05. | BERGER | H | -12,5 | dt | 0,25 | 1\n"
              u"02.05. | BERGER | G | 3 | dt | NULL | 1\n02.05. | BERGER | H | 2 | dt | 7 | 1\n"
              u"03.05. | BERGER | I | 3 | dt | NULL | 1\n03.05. | BERGER | J | 0,0004 | dt | 0 | 1\n"
              u"04.05. | GAST | K | 1 | NULL | 5 | 1"_s);
@@ -108,19 +109,20 @@ TEST_F(Lieferscheinfenster, PreiseStehenNurWoWelcheSind)
          u"Berger Franz"_s,
          {mitPreisen, u"1 A 3,00 dt 10,00 100 dt 0,30"_s, u"2 B 3,00 dt 10,00 dt 30,00"_s,
           u"3 C 3,00 dt 10,00 dt 30,00"_s, u"4 D 3,00 10,00 30,00"_s, u"5 E 3,00 dt 0,1234 1,5 dt 0,25"_s,
-          u"6 F -3,00 dt 10,00 dt -30,00"_s, u"Summe in EURO 60,55"_s},
+          u"6 F -3,00 dt 10,00 dt -30,00"_s, u"7 G 12,50 dt 0,25 dt 3,13"_s, u"8 H -12,50 dt 0,25 dt -3,13"_s,
+          u"Summe in EURO 60,55"_s},
          {ohnePreise, u"1 A 3,00 dt"_s, u"2 B 3,00 dt"_s, u"3 C 3,00 dt"_s, u"4 D 3,00"_s, u"5 E 3,00 dt"_s,
-          u"6 F -3,00 dt"_s}},
-        {6,
+          u"6 F -3,00 dt"_s, u"7 G 12,50 dt"_s, u"8 H -12,50 dt"_s}},
+        {8,
          u"Berger Franz"_s,
          {mitPreisen, u"1 G 3,00 dt"_s, u"2 H 2,00 dt 7,00 dt 14,00"_s,
           u"Summe in EURO der Positionen mit Preis 14,00"_s},
          {ohnePreise, u"1 G 3,00 dt"_s, u"2 H 2,00 dt"_s}},
-        {8,
+        {10,
          u"Berger Franz"_s,
          {ohnePreise, u"1 I 3,00 dt"_s, u"2 J 0,0004 dt"_s},
          {ohnePreise, u"1 I 3,00 dt"_s, u"2 J 0,0004 dt"_s}},
-        {10, u"GAST"_s, {mitPreisen, u"1 K 1,00 5,00 5,00"_s, u"Summe in EURO 5,00"_s}, {ohnePreise, u"1 K 1,00"_s}},
+        {12, u"GAST"_s, {mitPreisen, u"1 K 1,00 5,00 5,00"_s, u"Summe in EURO 5,00"_s}, {ohnePreise, u"1 K 1,00"_s}},
     };
     oeffne();
     for (const bool preise : {false, true}) {
@@ -135,6 +137,31 @@ TEST_F(Lieferscheinfenster, PreiseStehenNurWoWelcheSind)
             const qsizetype kopf = seite.indexOf(preise ? fall.mit[0] : fall.ohne[0]);
             EXPECT_EQ(seite.mid(kopf, seite.size() - kopf - 2), preise ? fall.mit : fall.ohne);
         }
+    }
+}
+
+TEST_F(Lieferscheinfenster, JedeLieferungHatNurIhreEigenenZeilen)
+{
+    NEEDS_PDFTOTEXT;
+    verkauft(
+        u"01.05. | BERGER | Heu | 3 | dt\n01.05. | ADLER | Stroh | 4 | dt\n02.05. 14:30 | BERGER | Hafer | 5 | dt"_s);
+    hof.bucht(2024, "01.05. | H1 | Weizen | 9 | Zukauf");
+    hof.fuehreAus(2024, u"UPDATE LAGERJOURNAL SET Uberstallt_alt = 'BERGER' WHERE Buchungsart = 'Zukauf'"_s);
+    oeffne();
+    verkauft(u"01.05. | BERGER | Mais | 6 | dt"_s); // when the day's note had its number already
+    waehle(0);
+    tippe("Text1", u"Danke"_s);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_F5);
+    EXPECT_EQ(feld<DataGrid>("SSDBGrid1").currentIndex().row(), 0) << "F5 leaves the choice";
+    EXPECT_EQ(einstellungen()[0].section(u" | "_s, 4, 4), u"Danke"_s) << "and keeps what was typed";
+    const QString positionen[] = {u"1 Stroh 4,00 dt"_s, u"1 Heu 3,00 dt"_s, u"1 Mais 6,00 dt"_s, u"1 Hafer 5,00 dt"_s};
+    for (int zeile = 0; zeile < 4; ++zeile) {
+        SCOPED_TRACE(zeile);
+        waehle(zeile);
+        const auto seiten = drucke();
+        ASSERT_EQ(seiten.size(), 1u);
+        const qsizetype kopf = seiten[0].indexOf(u"Pos. Artikel Menge Einheit"_s);
+        EXPECT_EQ(seiten[0].mid(kopf + 1, 2), (QStringList{positionen[zeile], u"Danke"_s}));
     }
 }
 

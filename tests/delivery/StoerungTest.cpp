@@ -129,3 +129,28 @@ TEST_F(Lieferscheinfenster, EineGesperrteDateiLaesstEingabenStehen)
     schliesse();
     EXPECT_EQ(hof.meldungen().abgeholt().size(), 1) << "lost, but not silently";
 }
+
+// Ignored, a lock leaves a list without numbers and no row that could keep the head; F5 brings both.
+TEST_F(Lieferscheinfenster, OhneNummerWirdNichtGedruckt)
+{
+    NEEDS_PDFTOTEXT;
+    verkauft(u"01.05. | BERGER | Heu | 3"_s);
+    const int geduld = jet::engine().LockTimeout();
+    jet::engine().setLockTimeout(50);
+    const auto zurueck = qScopeGuard([&] { jet::engine().setLockTimeout(geduld); });
+    {
+        const Fremdprogramm anderes(hof.journaldatei(2024));
+        hof.meldungen().beantworteAlle(sys::Answer::Ignore);
+        oeffne();
+        EXPECT_EQ(hof.meldungen().abgeholt().size(), 2);
+    }
+    EXPECT_FALSE(feld<QWidget>("Text2(0)").isEnabled());
+    EXPECT_TRUE(drucke().empty());
+    EXPECT_EQ(hof.meldungen().abgeholt(),
+              QStringList(u"Diese Lieferung hat noch keine Nummer. Die Taste F5 gibt ihr eine."_s));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_F5);
+    tippe("Text2(0)", u"Hof am Berg"_s);
+    const auto seiten = drucke();
+    ASSERT_EQ(seiten.size(), 1u);
+    EXPECT_EQ(seiten[0].value(0), u"Hof am Berg"_s);
+}
