@@ -28,5 +28,5 @@ void zeigeHilfe(const QString& Hilfedatei, const QString& bibliothek)
     }
     sys::critical(u"Die Hilfe wurde nicht gefunden. Erwartet wird sie in einer dieser beiden Dateien:\r\r"_s +
                   sys::localPath(Hilfedatei) + u'\r' + handbuch +
-                  u"\r\rWird die Lagerverwaltung neu eingerichtet, so ist auch das Handbuch wieder da."_s);
+                  u"\r\rWird die Lagerverwaltung neu installiert, so ist auch das Handbuch wieder da."_s);
 }

@@ -36,7 +36,7 @@ TEST(Hilfe, OeffnetDieHilfedateiSonstDasHandbuchSonstKeins)
     EXPECT_EQ(hof.meldungen().abgeholt(),
               QStringList{u"Die Hilfe wurde nicht gefunden. Erwartet wird sie in einer dieser beiden Dateien:\r\r"_s +
                           ort.filePath(u"ZAB Hilfe/Lagerverwaltung.chm"_s) + u'\r' + handbuch +
-                          u"\r\rWird die Lagerverwaltung neu eingerichtet, so ist auch das Handbuch wieder da."_s});
+                          u"\r\rWird die Lagerverwaltung neu installiert, so ist auch das Handbuch wieder da."_s});
 
     schreibe(handbuch);
     zeigeHilfe(Hilfedatei, bibliothek);
