@@ -6,6 +6,8 @@
 #include "platform/system/Programs.h"
 #include "platform/system/WindowsDirectory.h"
 
+#include <zablager/FileError.h>
+
 using namespace Qt::StringLiterals;
 
 void TextImEditorZeigen(const QString& text)
@@ -13,5 +15,9 @@ void TextImEditorZeigen(const QString& text)
     const QString editor = sys::WindowsVerzeichnis() + u"\\Notepad.exe"_s;
     if (!sys::Exist(editor)) return sys::critical(text);
     sys::setClipboardText(text);
-    sys::startProgram(editor);
+    try {
+        sys::startProgram(editor);
+    } catch (const sys::FileError&) {
+        sys::critical(text); // what was found out must not be lost to an editor
+    }
 }

@@ -84,8 +84,7 @@ LagerbestandNeu::LagerbestandNeu(QWidget* parent)
         {*ui->M_PflanzschPrufen, *ui->drpLagerOrte, *ui->drpArtikelGruppe, *ui->drpArtikel, *ui->drpJahr, *ui->VonDatum,
          *ui->Buchdatum, *Bestanddaten},
         [this] {
-            AuswahllistenFullen();
-            FilterEinstellen();
+            sys::underErrorReport({[this] { AuswahllistenFullen(); }, [this] { FilterEinstellen(); }});
             return zeigtGewaehltes();
         },
         this);

@@ -41,7 +41,8 @@ void Registerbefehl::M_PflanzschPrufen_Click()
     if (befund) TextImEditorZeigen(*befund);
 }
 
-/// The stock list then holds exactly the year's plant-protection products; it stays so after the check.
+/// The stock list then holds the year's plant-protection products, one line a storage place unless they are shown in sum, and
+/// without those of which nothing is left where the user hides them. It stays so after the check.
 bool Registerbefehl::grenzeEin(int Jahr)
 {
     m_felder.drpLagerOrte.setText(AlleLagerorte);

@@ -114,9 +114,13 @@ std::optional<QString> registerpruefung(const jet::Recordset& bestand, jet::Data
     QString text;
     for (qsizetype i = 0; i < bestand.RecordCount(); ++i) {
         const auto zeile = bestand.RowAt(i);
-        if (!zeile || (*zeile)[Artikelart].toText() != u"Pflanzenschutzmittel") continue;
-        const auto ausgang = sys::underErrorReport({[&] { text += pruefung.text((*zeile)[Artikel].toText()); }});
-        if (ausgang == sys::Outcome::Left) return {};
+        if (!zeile || (*zeile)[Artikelart].toText().compare(u"Pflanzenschutzmittel", Qt::CaseInsensitive) != 0)
+            continue;
+        const QString artikel = (*zeile)[Artikel].toText();
+        // What could not be looked up must not pass for harmless.
+        QString satz = Umbruch + u"Das Pflanzenschutzmittel "_s + artikel + u" konnte nicht überprüft werden."_s;
+        if (sys::underErrorReport({[&] { satz = pruefung.text(artikel); }}) == sys::Outcome::Left) return {};
+        text += satz;
     }
     return sys::trimBlanks(text).isEmpty() ? u"Keine abgelaufenen Pflanzenschutzmittel gefunden."_s : text;
 }

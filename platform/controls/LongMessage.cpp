@@ -2,6 +2,7 @@
 
 #include "platform/controls/Wiring.h"
 #include "platform/system/Application.h"
+#include "platform/system/GermanDialogs.h"
 #include "platform/system/Messages.h"
 
 #include <QApplication>
@@ -27,9 +28,13 @@ constexpr QSize Size(900, 500);
 
 void save(QWidget& dialog, const QString& text)
 {
-    const QString name =
-        QFileDialog::getSaveFileName(&dialog, u"Speichern"_s, u"Meldung.txt"_s, u"Textdateien (*.txt)"_s);
-    if (name.isEmpty()) return;
+    const sys::GermanDialogs german;
+    QFileDialog choice(&dialog, u"Speichern"_s, {}, u"Textdateien (*.txt)"_s);
+    choice.setAcceptMode(QFileDialog::AcceptSave);
+    choice.setDefaultSuffix(u"txt"_s);
+    choice.selectFile(u"Meldung.txt"_s);
+    if (choice.exec() != QDialog::Accepted) return;
+    const QString name = choice.selectedFiles().constFirst();
     QSaveFile file(name); // takes its name only when it is complete
     const bool saved =
         file.open(QIODevice::WriteOnly | QIODevice::Text) && file.write(text.toUtf8()) >= 0 && file.commit();

@@ -1,10 +1,10 @@
 #include "platform/report/PreviewWindow.h"
 
-#include "platform/report/GermanDialogs.h"
 #include "platform/report/Output.h"
 #include "platform/report/PageView.h"
 #include "platform/report/ProgressBox.h"
 #include "platform/system/ErrorReport.h"
+#include "platform/system/GermanDialogs.h"
 #include "platform/system/Messages.h"
 
 #include <QComboBox>
@@ -173,7 +173,7 @@ void PreviewWindow::Drucken_Click()
     }
     QPrinter printer(QPrinter::HighResolution);
     printer.setPageLayout(m_document.layout);
-    const GermanDialogs german;
+    const sys::GermanDialogs german;
     QPrintDialog dialog(&printer, this);
     dialog.setWindowTitle(u"Drucken"_s);
     dialog.setMinMax(1, m_pages->pageCount());
@@ -186,7 +186,7 @@ void PreviewWindow::Drucken_Click()
 
 void PreviewWindow::PdfSpeichern_Click()
 {
-    const GermanDialogs german;
+    const sys::GermanDialogs german;
     QFileDialog dialog(this, u"Als PDF speichern"_s);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setNameFilter(u"PDF-Dateien (*.pdf)"_s);

@@ -1,11 +1,11 @@
-#include "platform/report/GermanDialogs.h"
+#include "platform/system/GermanDialogs.h"
 
 #include <QCoreApplication>
 #include <QLibraryInfo>
 
 using namespace Qt::StringLiterals;
 
-namespace report {
+namespace sys {
 
 GermanDialogs::GermanDialogs()
 {
@@ -13,4 +13,4 @@ GermanDialogs::GermanDialogs()
         QCoreApplication::installTranslator(&m_translator);
 }
 
-} // namespace report
+} // namespace sys

@@ -2,7 +2,7 @@
 
 #include <QTranslator>
 
-namespace report {
+namespace sys {
 
 /// While it lives, the toolkit's own dialogs (printer, files) that are made speak German, where its translations are
 /// installed. Hosts keep their language.
@@ -14,4 +14,4 @@ private:
     QTranslator m_translator; // leaves the application when it goes
 };
 
-} // namespace report
+} // namespace sys

@@ -238,7 +238,9 @@ TEST_F(EchtesRegister, SagtVonJedemMittelWasDarinSteht)
         const Rechnung rechnung(liste, fall.register_, fall.jahr);
         QStringList soll{QString()}; // each line is preceded by its break
         for (const QString& artikel : gezeigteArtikel())
-            if (!artikel.contains(u'\'')) soll += rechnung.zeilen(artikel);
+            soll += artikel.contains(u'\'')
+                        ? QStringList(u"Das Pflanzenschutzmittel "_s + artikel + u" konnte nicht überprüft werden."_s)
+                        : rechnung.zeilen(artikel);
         schliesse();
         for (qsizetype i = 0; i < std::min(text.size(), soll.size()); ++i)
             ASSERT_EQ(text[i], soll[i]) << "line " << i;
