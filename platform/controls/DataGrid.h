@@ -50,8 +50,8 @@ public:
     void setBookmark(const jet::Bookmark& bookmark);
     SelectedRows& SelBookmarks() { return m_selected; }
     const jet::Recordset& rows() const; ///< Those it shows. \throws jet::Error ObjectClosed.
-    /// The values of all columns, hidden ones too, of a stretch of rows counted from 0, read now; NULL for a cell that
-    /// shows nothing. Rows that another program has deleted are left out. \throws jet::Error.
+    /// The values of the visible columns of a stretch of rows counted from 0, read now; NULL for a cell that shows nothing.
+    /// Rows that another program has deleted are left out. \throws jet::Error.
     std::vector<std::vector<jet::Value>> Values(int first, int count) const { return m_model->values(first, count); }
 
     /// Marks the header of a column that the rows are sorted by; -1 marks none.

@@ -214,15 +214,19 @@ QStringList GridModel::texts(int row) const
 std::vector<std::vector<jet::Value>> GridModel::values(int first, int count) const
 {
     requireFields();
+    std::vector<int> shown;
+    std::vector<int> fields;
+    for (int i = 0; i < columnCount(); ++i) {
+        if (!column(i).Visible()) continue;
+        shown.push_back(i);
+        fields.push_back(m_fields[static_cast<std::size_t>(i)]);
+    }
     std::vector<std::vector<jet::Value>> rows;
-    for (const Row& read : m_source->Recordset().RowsAt(first, count)) {
-        if (!read) continue;
-        std::vector<jet::Value>& row = rows.emplace_back();
-        row.reserve(m_columns.size());
-        for (int column = 0; column < columnCount(); ++column) {
-            const jet::Value& value = cell(*read, column);
-            row.push_back(isBlank(value, column) ? jet::Value() : value);
-        }
+    for (Row& row : m_source->Recordset().RowsAt(first, count, fields)) {
+        if (!row) continue; // deleted by another program
+        for (std::size_t i = 0; i < shown.size(); ++i)
+            if (isBlank((*row)[i], shown[i])) (*row)[i] = {};
+        rows.push_back(std::move(*row));
     }
     return rows;
 }

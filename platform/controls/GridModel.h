@@ -45,8 +45,8 @@ public:
     bool showsNumbers(int column) const;
     /// The texts of all columns of a row, read now. \throws jet::Error.
     QStringList texts(int row) const;
-    /// The values of all columns of a stretch of rows, read now; NULL for a cell that shows nothing. Rows that another
-    /// program has deleted are left out. \throws jet::Error.
+    /// The values of the visible columns of a stretch of rows, read now; NULL for a cell that shows nothing. Rows that
+    /// another program has deleted are left out. \throws jet::Error.
     std::vector<std::vector<jet::Value>> values(int first, int count) const;
 
 private:

@@ -12,11 +12,12 @@
 #include <QDir>
 #include <QFile>
 #include <QScopeGuard>
+#include <QSemaphore>
 #include <QTemporaryDir>
+#include <QThreadPool>
 
 #include <algorithm>
 #include <cerrno>
-#include <future>
 
 using namespace Qt::StringLiterals;
 
@@ -30,50 +31,38 @@ QString fileName(QString name)
     return name;
 }
 
-std::vector<int> visibleColumns(const DataGrid& grid)
+std::vector<SheetColumn> visibleColumns(const DataGrid& grid)
 {
-    std::vector<int> visible;
+    std::vector<SheetColumn> visible;
     for (int i = 0; i < grid.ColumnCount(); ++i)
-        if (grid.Columns(i).Visible()) visible.push_back(i);
+        if (grid.Columns(i).Visible()) visible.push_back({grid.Columns(i).Caption(), grid.Columns(i).NumberFormat()});
     return visible;
 }
 
-using Block = std::vector<std::vector<jet::Value>>;
-
-void addRows(Spreadsheet& sheet, const Block& block, const std::vector<int>& visible)
-{
-    std::vector<jet::Value> shown;
-    for (const auto& row : block) {
-        shown.clear();
-        for (const int column : visible)
-            shown.push_back(row[static_cast<std::size_t>(column)]);
-        sheet.addRow(shown);
-    }
-}
-
-/// \returns false when it was ended.
+/// Rows are written by a thread while the next ones are read here, a block at a time. It stays the same one: where the
+/// machine has other work, a thread for each block is kept waiting longer than it saves. \returns false when it was ended.
 bool writeSheet(const DataGrid& grid, const QString& file, const QString& name, const GridExport::Progress& progress)
 {
     constexpr qsizetype RowsABlock = 500;
-    const std::vector<int> visible = visibleColumns(grid);
-    std::vector<SheetColumn> columns;
-    columns.reserve(visible.size());
-    for (const int i : visible)
-        columns.push_back({grid.Columns(i).Caption(), grid.Columns(i).NumberFormat()});
     const qsizetype rows = grid.rows().RecordCount();
     const qsizetype all = 2 * rows; // the rows, and then their packing
-    Spreadsheet sheet(file, name, columns);
-    Block written;
-    std::future<void> writing; // in a thread of its own, while the next block is read here
+    Spreadsheet sheet(file, name, visibleColumns(grid));
+    std::vector<std::vector<jet::Value>> block;
+    QSemaphore written(1);
+    QThreadPool writer; // goes first, and not before it is done
     for (qsizetype row = 0; row < rows; row += RowsABlock) {
-        Block read = grid.Values(static_cast<int>(row), static_cast<int>(std::min(RowsABlock, rows - row)));
-        if (writing.valid()) writing.get();
+        auto read = grid.Values(static_cast<int>(row), static_cast<int>(std::min(RowsABlock, rows - row)));
+        written.acquire();
         sheet.requireRoom();
         if (!progress(row, all)) return false;
-        written = std::move(read);
-        writing = std::async(std::launch::async, [&] { addRows(sheet, written, visible); });
+        block = std::move(read);
+        writer.start([&] {
+            for (const auto& values : block)
+                sheet.addRow(values);
+            written.release();
+        });
     }
-    if (writing.valid()) writing.get();
+    written.acquire();
     bool wanted = true;
     sheet.finish([&] { wanted = wanted && progress(rows, all); });
     return wanted;

@@ -8,23 +8,23 @@ namespace jet {
 
 using sqlite::Statement;
 
-std::optional<std::vector<Value>> KeyedRows::read(qint64 key) const
+std::optional<std::vector<Value>> KeyedRows::read(qint64 key, const std::vector<int>& columns) const
 {
     Statement::Run run(connection().prepared(m_plan->row));
     bindParameters(run, m_shape.parameters);
     run.bind(m_plan->parameters, Value(key));
     if (!run.step()) return {};
     std::vector<Value> values;
-    values.reserve(fields().size());
-    for (std::size_t i = 0; i < fields().size(); ++i)
-        values.push_back(run.value(static_cast<int>(i), fields()[i].type));
+    values.reserve(columns.size());
+    for (const int column : columns)
+        values.push_back(run.value(column, fields()[static_cast<std::size_t>(column)].type));
     return values;
 }
 
 const std::vector<Value>& KeyedRows::row() const
 {
     const qint64 key = currentKey();
-    if (!m_row) m_row = read(key);
+    if (!m_row) m_row = read(key, allColumns());
     if (!m_row) raise(ErrorNumber::RecordDeleted);
     return *m_row;
 }
@@ -130,7 +130,7 @@ void KeyedRows::change()
     }
     std::optional<sqlite::WriteScope> scope; // reading and writing again; a transaction holds the file already
     if (!connection().inTransaction()) scope.emplace(connection());
-    const auto now = read(key);
+    const auto now = read(key, allColumns());
     if (!now) raise(ErrorNumber::RecordDeleted);
     for (std::size_t i = 0; i < now->size(); ++i)
         if (m_plan->select->columns[i].tableColumn >= 0 && !((*now)[i] == m_before[i]))

@@ -29,8 +29,8 @@ protected:
     virtual void removed() = 0;   ///< The current row has been deleted.
     /// Called by every move and find: drops a pending edit and what was read of the row.
     void leaveRow();
-    std::optional<std::vector<Value>>
-    read(qint64 key) const; ///< As the file has it; no value: it is not there any more.
+    /// As the file has it; no value: it is not there any more.
+    std::optional<std::vector<Value>> read(qint64 key, const std::vector<int>& columns) const;
 
 private:
     enum class Mode { None, Edit, Add };

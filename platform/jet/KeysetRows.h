@@ -24,7 +24,10 @@ public:
     qsizetype position() const override { return isBof() || isEof() || m_deleted ? -1 : m_position; }
     qint64 mark() const override { return currentKey(); }
     bool moveToMark(qint64 mark) override;
-    std::optional<std::vector<Value>> valuesAt(qsizetype position) const override { return read(keyAt(position)); }
+    std::optional<std::vector<Value>> valuesAt(qsizetype position, const std::vector<int>& columns) const override
+    {
+        return read(keyAt(position), columns);
+    }
     qint64 markAt(qsizetype position) const override { return keyAt(position); }
     qsizetype positionOf(qint64 mark) const override { return firstOf({mark}); }
     void moveToPosition(qsizetype position) override;

@@ -98,16 +98,17 @@ Bookmark Recordset::LastModified() const
 std::optional<std::vector<Value>> Recordset::RowAt(qsizetype position) const
 {
     m_rows->connection();
-    return m_rows->valuesAt(position);
+    return m_rows->valuesAt(position, m_rows->allColumns());
 }
 
-std::vector<std::optional<std::vector<Value>>> Recordset::RowsAt(qsizetype first, qsizetype count) const
+std::vector<std::optional<std::vector<Value>>> Recordset::RowsAt(qsizetype first, qsizetype count,
+                                                                 const std::vector<int>& columns) const
 {
     const sqlite::ReadScope scope(m_rows->connection());
     std::vector<std::optional<std::vector<Value>>> rows;
     rows.reserve(static_cast<std::size_t>(count));
     for (qsizetype position = first; position < first + count; ++position)
-        rows.push_back(m_rows->valuesAt(position));
+        rows.push_back(m_rows->valuesAt(position, columns));
     return rows;
 }
 

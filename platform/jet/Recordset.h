@@ -65,9 +65,10 @@ public:
     /// The fields of a row as the file has them now; the current row stays current, a pending one is not looked at.
     /// No value when another program has deleted it.
     std::optional<std::vector<Value>> RowAt(qsizetype position) const;
-    /// The same for a stretch of rows, which takes much less time than each by itself. Other programs cannot write
-    /// meanwhile: a few hundred rows are enough.
-    std::vector<std::optional<std::vector<Value>>> RowsAt(qsizetype first, qsizetype count) const;
+    /// The same for a stretch of rows, which takes much less time than each by itself, and only these columns, by their
+    /// places in Fields(). Other programs cannot write meanwhile: a few hundred rows are enough.
+    std::vector<std::optional<std::vector<Value>>> RowsAt(qsizetype first, qsizetype count,
+                                                          const std::vector<int>& columns) const;
     Bookmark BookmarkAt(qsizetype position) const;
     void SetAbsolutePosition(qsizetype position);         ///< Makes that row current.
     qsizetype PositionOf(const Bookmark& bookmark) const; ///< -1: not a row of this recordset, or not any more.

@@ -7,6 +7,7 @@
 #include "platform/jet/bind/Table.h"
 
 #include <algorithm>
+#include <numeric>
 
 namespace jet {
 
@@ -32,7 +33,14 @@ int Recordset::Rows::column(QStringView name) const
     return static_cast<int>(found - fields().begin());
 }
 
-std::optional<std::vector<Value>> Recordset::Rows::valuesAt(qsizetype) const
+std::vector<int> Recordset::Rows::allColumns() const
+{
+    std::vector<int> columns(fields().size());
+    std::iota(columns.begin(), columns.end(), 0);
+    return columns;
+}
+
+std::optional<std::vector<Value>> Recordset::Rows::valuesAt(qsizetype, const std::vector<int>&) const
 {
     raise(ErrorNumber::NotSupported); // places are for dynasets and snapshots
 }

@@ -26,7 +26,7 @@ public:
     virtual bool moveToMark(qint64 mark) = 0; ///< Whether there is such a row.
     virtual Value value(int column) const = 0;
 
-    virtual std::optional<std::vector<Value>> valuesAt(qsizetype position) const;
+    virtual std::optional<std::vector<Value>> valuesAt(qsizetype position, const std::vector<int>& columns) const;
     virtual qint64 markAt(qsizetype position) const;
     virtual qsizetype positionOf(qint64 mark) const;
     virtual void moveToPosition(qsizetype position);
@@ -44,6 +44,7 @@ public:
     const std::vector<Field>& fields() const { return m_plan->fields; }
     /// \throws Error NoSuchField.
     int column(QStringView name) const;
+    std::vector<int> allColumns() const;
     sqlite::Connection& connection() const { return m_session->use(); }
 
     const quint64 number; ///< Of this recordset, unlike any other's.

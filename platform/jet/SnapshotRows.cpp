@@ -86,10 +86,13 @@ qint64 SnapshotRows::markAt(qsizetype position) const
     return position;
 }
 
-std::optional<std::vector<Value>> SnapshotRows::valuesAt(qsizetype position) const
+std::optional<std::vector<Value>> SnapshotRows::valuesAt(qsizetype position, const std::vector<int>& columns) const
 {
-    const auto first = m_values.begin() + static_cast<qsizetype>(markAt(position) * qint64(fields().size()));
-    return std::vector<Value>(first, first + static_cast<qsizetype>(fields().size()));
+    std::vector<Value> values;
+    values.reserve(columns.size());
+    for (const int column : columns)
+        values.push_back(at(markAt(position), static_cast<std::size_t>(column)));
+    return values;
 }
 
 bool SnapshotRows::moveToMark(qint64 mark)
