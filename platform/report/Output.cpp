@@ -61,6 +61,7 @@ bool paintPages(const Document& document, QPainter& painter, Range range, const 
 bool writePdf(const Document& document, Range range, const QString& file, const Progress& progress)
 {
     QSaveFile draft(file); // takes the file's name when all is written
+    errno = EISDIR;        // a directory is refused without asking the system
     if (!draft.open(QIODevice::WriteOnly)) throw sys::fileFault(errno, file);
     bool complete = false;
     {

@@ -17,6 +17,7 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <functional>
 
 #include <sys/resource.h>
 
@@ -43,6 +44,16 @@ QString fourPages(const Desk& desk)
     return desk.form(Form);
 }
 
+QString refusal(const std::function<void()>& output)
+{
+    try {
+        output();
+    } catch (const sys::FileError& error) {
+        return error.text();
+    }
+    return {};
+}
+
 QByteArray content(const QString& file)
 {
     QFile read(file);
@@ -62,12 +73,10 @@ TEST(Output, LeavesNothingHalfWritten)
     const auto secondPage = [](qsizetype done, qsizetype) { return done < 2; };
     EXPECT_FALSE(report::writePdf(document, former, secondPage));
     EXPECT_FALSE(report::writePdf(document, desk.path(u"neu.pdf"_s), secondPage));
-    try {
-        report::writePdf(document, desk.path(u"weg/neu.pdf"_s), goOn);
-        ADD_FAILURE() << "there is no such directory";
-    } catch (const sys::FileError& error) {
-        EXPECT_EQ(error.text(), u"Pfad nicht gefunden: "_s + desk.path(u"weg/neu.pdf"_s));
-    }
+    EXPECT_EQ(refusal([&] { report::writePdf(document, desk.path(u"weg/neu.pdf"_s), goOn); }),
+              u"Pfad nicht gefunden: "_s + desk.path(u"weg/neu.pdf"_s));
+    EXPECT_EQ(refusal([&] { report::writePdf(document, desk.path(QString()), goOn); }),
+              u"Fehler beim Zugriff auf Pfad/Datei: "_s + desk.path(QString()));
     const int full = exitCode(startChild([&] {
         std::signal(SIGXFSZ, SIG_IGN); // the write fails instead of ending the process
         const rlimit limit{2000, 2000};
@@ -123,9 +132,12 @@ TEST(Output, OfTheControlFollowsItsProperties)
     control.PrintReport();
     EXPECT_EQ(readPdf(desk.path(u"ziel.pdf"_s)).size(), 4u);
 
+    control.setDestination(report::PrintControl::ToPrinter);
+    control.setPrinterName(u"Tinte"_s);
+    EXPECT_EQ(refusal([&] { control.PrintReport(); }), u"Der Drucker 'Tinte' ist nicht eingerichtet."_s);
     if (QPrinterInfo::availablePrinterNames().isEmpty()) {
-        control.setDestination(report::PrintControl::ToPrinter);
-        EXPECT_THROW(control.PrintReport(), sys::FileError);
+        control.setPrinterName({});
+        EXPECT_EQ(refusal([&] { control.PrintReport(); }), u"Es ist kein Drucker eingerichtet."_s);
     }
 
     control.setFormulas(100, u"A = 'a'"_s);
