@@ -172,7 +172,8 @@ TEST_F(Zablager, OeffnenZeigtDenBildschirmUndLegtDasJahrAn)
         unsetenv("WAYLAND_DISPLAY");
     });
     EXPECT_EQ(blind.ende, 1);
-    EXPECT_TRUE(blind.fehler.startsWith(u"Die Lagerverwaltung braucht einen Bildschirm"_s)) << blind.fehler.toStdString();
+    EXPECT_TRUE(blind.fehler.startsWith(u"Die Lagerverwaltung braucht einen Bildschirm"_s))
+        << blind.fehler.toStdString();
 }
 
 TEST_F(Zablager, SqlZeigtZeilenAlsTabelleUndAlsJson)

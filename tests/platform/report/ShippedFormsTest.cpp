@@ -148,10 +148,7 @@ TEST(ShippedForms, PrintTheStockList)
     } cases[] = {
         {"by article", split, u"Artikel"_s, {unnamed, quendolar, poison, h1, h2, u"4 Bestände"_s}},
         {"by stock", split, u"Bestand"_s, {h2, unnamed, quendolar, poison, h1, u"4 Bestände"_s}},
-        {"unsorted on the screen",
-         split,
-         u"Datum"_s,
-         {unnamed, quendolar, poison, h1, h2, u"4 Bestände"_s}},
+        {"unsorted on the screen", split, u"Datum"_s, {unnamed, quendolar, poison, h1, h2, u"4 Bestände"_s}},
         {"in sum, without empty stocks",
          inSum,
          u"LagerortKurzKu"_s,
