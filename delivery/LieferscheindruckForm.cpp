@@ -7,6 +7,7 @@
 #include "delivery/Liefereinstellungen.h"
 #include "delivery/Lieferscheindatei.h"
 #include "delivery/Lieferscheinnummern.h"
+#include "platform/controls/RowIds.h"
 #include "platform/controls/TasteUmsetzen.h"
 #include "platform/controls/WindowMemory.h"
 #include "platform/controls/Wiring.h"
@@ -94,8 +95,15 @@ void LieferscheindruckForm::bindeEinstellungen()
 void LieferscheindruckForm::Form_Load()
 {
     const sys::Hourglass warten;
-    const qint64 ID = Lieferscheindaten->RecordCount() > 0 ? Lieferscheindaten->Recordset()[u"ID"].toLong() : 0;
-    if (!Lieferscheinnummern(m_jahr).vergib()) return;
+    if (Lieferscheinnummern(m_jahr).vergib()) lies();
+    // Without a row that keeps it, typing would be lost.
+    for (QWidget* eingabe : std::initializer_list<QWidget*>{ui->drpFormular, ui->chkPreis, ui->FrmKopf, ui->Text1})
+        eingabe->setEnabled(Liefereinstellungen->RecordCount() > 0);
+}
+
+void LieferscheindruckForm::lies()
+{
+    const auto ID = currentId(*Lieferscheindaten);
     sys::underErrorReport({
         [this] { ergaenzeLiefereinstellungen(*oeffneJournal(m_jahr)); },
         [this] { schreibeEinstellungen(); }, // what was typed before F5
@@ -112,18 +120,14 @@ void LieferscheindruckForm::Form_Load()
         [&] { sucheEin(ID); },
         [this] { fuelleFormulare(); },
     });
-    // Without a row that keeps it, typing would be lost.
-    for (QWidget* eingabe : {static_cast<QWidget*>(ui->drpFormular), static_cast<QWidget*>(ui->chkPreis),
-                             static_cast<QWidget*>(ui->FrmKopf), static_cast<QWidget*>(ui->Text1)})
-        eingabe->setEnabled(Liefereinstellungen->RecordCount() > 0);
 }
 
 /// The delivery that was chosen before, else the newest.
-void LieferscheindruckForm::sucheEin(qint64 ID)
+void LieferscheindruckForm::sucheEin(std::optional<qint64> ID)
 {
     if (Lieferscheindaten->RecordCount() == 0) return;
-    if (ID != 0) Lieferscheindaten->FindFirst(u"ID = "_s + QString::number(ID));
-    if (ID == 0 || Lieferscheindaten->NoMatch()) Lieferscheindaten->MoveLast();
+    findId(*Lieferscheindaten, ID);
+    if (!ID || Lieferscheindaten->NoMatch()) Lieferscheindaten->MoveLast();
 }
 
 void LieferscheindruckForm::schreibeEinstellungen()
@@ -171,10 +175,12 @@ void LieferscheindruckForm::Command2_Click()
     if (sys::underErrorReport({[this] { schreibeEinstellungen(); }}) == sys::Outcome::Left) return;
     const Lieferschein schein = gewaehlterLieferschein();
     // Its lines would be told by day and recipient alone, whatever else was booked for him that day.
-    if (schein.Nummer == 0)
-        return sys::critical(u"Diese Lieferung hat noch keine Nummer. Die Taste F5 gibt ihr eine."_s);
+    if (schein.Nummer == 0) return weiseAb(u"Diese Lieferung hat noch keine Nummer. Die Taste F5 gibt ihr eine."_s);
     const QString formular = ui->drpFormular->Text();
-    if (sys::trimBlanks(formular).isEmpty() || !sys::Exist(formularordner() + formular)) return weiseFormularAb();
+    if (sys::trimBlanks(formular).isEmpty() || !sys::Exist(formularordner() + formular)) {
+        weiseAb(u"Bitte wählen Sie ein gültiges Lieferscheinformular aus."_s);
+        return ui->drpFormular->setFocus();
+    }
     if (!baueLieferscheindatei(druckdatei(), m_jahr, schein)) return;
     report::ReportZurucksetzen(*Report);
     Report->setDataFiles(0, druckdatei());
@@ -182,11 +188,10 @@ void LieferscheindruckForm::Command2_Click()
     Report->PrintReport();
 }
 
-void LieferscheindruckForm::weiseFormularAb()
+void LieferscheindruckForm::weiseAb(const QString& grund)
 {
     sys::MausNormal();
-    sys::critical(u"Bitte wählen Sie ein gültiges Lieferscheinformular aus."_s);
-    ui->drpFormular->setFocus();
+    sys::critical(grund);
 }
 
 /// The delivery of the list's current row under the head as the fields show it.

@@ -8,6 +8,7 @@
 #include <QDialog>
 
 #include <memory>
+#include <optional>
 
 namespace Ui {
 class LieferscheindruckForm;
@@ -40,9 +41,10 @@ private:
 
     void oeffne(DataControl& daten) const;
     void fuelleFormulare();
-    void sucheEin(qint64 ID);
+    void lies();
+    void sucheEin(std::optional<qint64> ID);
     void schreibeEinstellungen();
-    void weiseFormularAb();
+    void weiseAb(const QString& grund);
     Lieferschein gewaehlterLieferschein() const;
     QString druckdatei() const;
 

@@ -39,15 +39,15 @@ bool Lieferscheinnummern::vergib()
             fertig = true;
         }});
         if (ausgang == sys::Outcome::Left) return false;
-        if (fertig || !m_aktuelle) return true; // what was ignored concerns all deliveries, such as a lock
-        m_uebergangen.push_back(m_aktuelle->Empfaenger);
+        if (fertig || !m_empfaenger) return true; // what was ignored concerns all deliveries, such as a lock
+        m_uebergangen.push_back(*m_empfaenger);
     }
 }
 
 /// An error closes the file, which keeps what was numbered before it; all else is read anew by the next run.
 void Lieferscheinnummern::nummeriere()
 {
-    m_aktuelle.reset();
+    m_empfaenger.reset();
     const auto journal = oeffneJournal(m_jahr);
     if (!fehlenNummern(*journal)) return;
     journal->BeginTrans(); // before the highest number is looked up: two programs must not go on from the same one
@@ -58,16 +58,17 @@ void Lieferscheinnummern::nummeriere()
         u" AND LEN(TRIM(IIF(ISNULL(UBERSTALLT_ALT),'',UBERSTALLT_ALT))) > 0"_s,
         jet::Kind::Snapshot);
     for (; !lieferungen->Eof(); lieferungen->MoveNext()) {
-        const Lieferung lieferung{(*lieferungen)[u"DATUM"].toText(), (*lieferungen)[u"UBERSTALLT_ALT"].toText()};
-        if (std::ranges::find(m_uebergangen, lieferung.Empfaenger) != m_uebergangen.end()) continue;
-        m_aktuelle = lieferung;
+        const QString empfaenger = (*lieferungen)[u"UBERSTALLT_ALT"].toText();
+        if (std::ranges::find(m_uebergangen, empfaenger) != m_uebergangen.end()) continue;
+        m_empfaenger = empfaenger;
+        const QString tag = (*lieferungen)[u"DATUM"].toText(); // with its time: at another one is another delivery
         // The recipient as it stands: a blank before the name makes another one, here as in the list above.
         journal->Execute(u"UPDATE LAGERJOURNAL SET LIEFERSCHEINNUMMER = "_s + QString::number(nummer) +
                          u" WHERE IIF(ISNULL(LIEFERSCHEINNUMMER),0,LIEFERSCHEINNUMMER) = 0 AND BUCHUNGSART = 'Verkauf'"
                          u" AND IIF(ISNULL(UBERSTALLT_ALT),'',UBERSTALLT_ALT) = '"_s +
-                         lieferung.Empfaenger + u"' AND DATUM = "_s + SQLDatum(lieferung.Datum));
+                         empfaenger + u"' AND DATUM = "_s + SQLDatum(tag));
         ++nummer;
     }
-    m_aktuelle.reset();
+    m_empfaenger.reset();
     journal->Close();
 }

@@ -20,13 +20,9 @@ public:
     [[nodiscard]] bool vergib();
 
 private:
-    struct Lieferung {
-        QString Datum; ///< With its time where it has one; sales at another time are another delivery.
-        QString Empfaenger;
-    };
     void nummeriere();
 
     int m_jahr;
-    std::optional<Lieferung> m_aktuelle; ///< That is being numbered.
+    std::optional<QString> m_empfaenger; ///< Whose delivery is being numbered.
     std::vector<QString> m_uebergangen;  ///< Recipients; each is reported once.
 };

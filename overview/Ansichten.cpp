@@ -4,6 +4,7 @@
 #include "platform/controls/DataControl.h"
 #include "platform/controls/DataGrid.h"
 #include "platform/controls/GridSortieren.h"
+#include "platform/controls/RowIds.h"
 
 #include <algorithm>
 #include <functional>
@@ -159,33 +160,11 @@ bool brauchtFilter(const DataControl& daten)
     return daten.RecordSource() == Journalquelle || daten.RecordSource() == Bestandsquelle;
 }
 
-std::optional<qint64> bewegung(const DataControl& daten, qsizetype platz)
-{
-    if (platz < 0 || platz >= daten.RecordCount()) return {};
-    const auto zeile = daten.Recordset().RowAt(platz);
-    if (!zeile) return {};
-    const auto& felder = daten.Recordset().Fields();
-    for (std::size_t i = 0; i < felder.size(); ++i) {
-        if (felder[i].name.compare(u"ID", Qt::CaseInsensitive) == 0) return (*zeile)[i].toLong();
-    }
-    return {};
-}
-
-std::optional<qint64> aktuelleBewegung(const DataControl& daten)
-{
-    return bewegung(daten, daten.AbsolutePosition());
-}
-
-void sucheBewegung(DataControl& daten, std::optional<qint64> ID)
-{
-    if (ID) daten.FindFirst(u"ID = "_s + QString::number(*ID));
-}
-
 void sucheEine(DataControl& daten, const Wiederfinden& gesucht)
 {
     if (daten.RecordCount() == 0) return;
     for (const qint64 ID : gesucht.IDs) {
-        sucheBewegung(daten, ID);
+        findId(daten, ID);
         if (!daten.NoMatch()) return;
     }
     daten.MoveTo(std::clamp(gesucht.platz, qsizetype{0}, daten.RecordCount() - 1));
@@ -193,10 +172,10 @@ void sucheEine(DataControl& daten, const Wiederfinden& gesucht)
 
 void filtereJournal(DataControl& daten, DataGrid& liste, const QString& eingrenzung)
 {
-    const auto id = aktuelleBewegung(daten);
+    const auto id = currentId(daten);
     const QString alt = daten.RecordSource();
     oeffne(daten, liste, Journalquelle, SQLVorWhere(alt) + eingrenzung + SQLAbOrder(alt));
-    sucheBewegung(daten, id);
+    findId(daten, id);
 }
 
 void filtereBestandsliste(DataControl& daten, DataGrid& liste, const QString& eingrenzung,
@@ -210,13 +189,13 @@ void filtereBestandsliste(DataControl& daten, DataGrid& liste, const QString& ei
 
 void sortiereJournal(DataControl& daten, DataGrid& liste, int spalte)
 {
-    const auto id = aktuelleBewegung(daten);
+    const auto id = currentId(daten);
     const QString feld = spalte < 0 ? QString() : liste.Columns(spalte).DataField();
     const QString ausdruck = ersatz(Journalersatz, feld);
     const QString zweitesFeld = ausdruck.isEmpty() ? u"Datum"_s : QString();
     oeffne(daten, liste, Journalquelle,
            [&] { GridSortieren(daten, liste, spalte, {.ausdruck = ausdruck, .zweitesFeld = zweitesFeld}); });
-    sucheBewegung(daten, id);
+    findId(daten, id);
 }
 
 void sortiereBestandsliste(DataControl& daten, DataGrid& liste, int spalte)

@@ -2,7 +2,6 @@
 
 #include "overview/Filter.h"
 
-#include <optional>
 #include <vector>
 
 class DataControl;
@@ -21,13 +20,6 @@ void richteBestandslisteEin(DataControl& daten, DataGrid& liste);
 
 /// Whether the view has lost its filter by such an error: filter it before its rows are shown again.
 bool brauchtFilter(const DataControl& daten);
-
-/// The journal's current booking; none where there is none, or where another program has deleted it.
-std::optional<qint64> aktuelleBewegung(const DataControl& daten);
-/// The booking at a place of the journal, from 0; none where there is none any more.
-std::optional<qint64> bewegung(const DataControl& daten, qsizetype platz);
-/// Makes a booking current again where it is still in view.
-void sucheBewegung(DataControl& daten, std::optional<qint64> ID);
 
 /// What is to be current when the journal has been read anew: the first of these bookings that is on view, else what
 /// stands at the place.

@@ -6,6 +6,7 @@
 #include "overview/FremdeBuchung.h"
 #include "overview/Kurzelliste.h"
 #include "platform/controls/DataGrid.h"
+#include "platform/controls/RowIds.h"
 #include "platform/controls/TextBox.h"
 #include "platform/controls/Wiring.h"
 #include "platform/system/Messages.h"
@@ -103,14 +104,14 @@ std::unique_ptr<QDialog> Buchungsbefehle::erzeuge(Maske maske) const
 void Buchungsbefehle::zeige(Maske maske)
 {
     const DataControl& journal = m_haupt.Journaldaten;
-    const auto vorher = aktuelleBewegung(journal);
+    const auto vorher = currentId(journal);
     const qsizetype platz = journal.AbsolutePosition();
     const qsizetype zeilen = journal.RecordCount();
     const auto fenster = erzeuge(maske);
     fenster->exec();
     Wiederfinden gesucht{.platz = platz};
     for (qsizetype neue = journal.RecordCount() - 1; neue >= zeilen; --neue) // new rows stand at the end
-        if (const auto ID = bewegung(journal, neue)) gesucht.IDs.push_back(*ID);
+        if (const auto ID = idAt(journal, neue)) gesucht.IDs.push_back(*ID);
     if (vorher) gesucht.IDs.push_back(*vorher);
     m_danach(gesucht);
 }

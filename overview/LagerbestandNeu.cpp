@@ -20,6 +20,7 @@
 #include "overview/Statusmeldung.h"
 #include "overview/Tabellenuebergabe.h"
 #include "overview/Vorjahr.h"
+#include "platform/controls/RowIds.h"
 #include "platform/controls/TasteUmsetzen.h"
 #include "platform/controls/WindowMemory.h"
 #include "platform/controls/Wiring.h"
@@ -360,7 +361,7 @@ void LagerbestandNeu::drpJahr_Click()
 {
     const sys::Hourglass warten;
     const QDate Stichdatum = modulzustand().Stichdatum;
-    const auto ID = aktuelleBewegung(*Journaldaten);
+    const auto ID = currentId(*Journaldaten);
     const auto ausgang = sys::underErrorReport({
         [this] { modulzustand().Stichdatum = QDate(gewaehltesJahr() - 1, 1, 1); },
         [this] { schreibeWeiter(); },
@@ -372,7 +373,7 @@ void LagerbestandNeu::drpJahr_Click()
         kehreZurueck();
     }
     aktualisiere();
-    if (!gewechselt) return sucheBewegung(*Journaldaten, ID);
+    if (!gewechselt) return findId(*Journaldaten, ID);
     if (Journaldaten->RecordCount() > 0) Journaldaten->MoveLast();
 }
 
@@ -421,7 +422,7 @@ void LagerbestandNeu::drpArtikelGruppe_Click()
 void LagerbestandNeu::M_Vorjahr_Click(bool ohne)
 {
     const sys::Hourglass warten;
-    const auto ID = aktuelleBewegung(*Journaldaten);
+    const auto ID = currentId(*Journaldaten);
     bool geschrieben = false;
     sys::underErrorReport({[&] {
         setzeOhneVorjahr(*oeffneJahr(), ohne);
@@ -432,7 +433,7 @@ void LagerbestandNeu::M_Vorjahr_Click(bool ohne)
         [this] { schreibeWeiter(); },
         [this] { LagerDateiEinstellen(); },
         [this] { FilterEinstellen(); },
-        [&] { sucheBewegung(*Journaldaten, ID); },
+        [&] { findId(*Journaldaten, ID); },
     });
 }
 

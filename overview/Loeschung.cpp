@@ -3,6 +3,7 @@
 #include "overview/FremdeBuchung.h"
 #include "platform/controls/DataControl.h"
 #include "platform/controls/DataGrid.h"
+#include "platform/controls/RowIds.h"
 #include "platform/controls/Wiring.h"
 #include "platform/system/Blanks.h"
 #include "platform/system/ErrorReport.h"
@@ -61,7 +62,7 @@ void Loeschung::Journalliste_AfterDelete()
     if (tag == OhneFrage) return;
     m_liste.setTag({});
     Wiederfinden gesucht{.platz = m_journal.AbsolutePosition()};
-    if (const auto ID = aktuelleBewegung(m_journal)) gesucht.IDs.push_back(*ID);
+    if (const auto ID = currentId(m_journal)) gesucht.IDs.push_back(*ID);
     if (!tag.isEmpty()) sys::underErrorReport({[&] { loeschePartner(tag.toLongLong()); }});
     m_danach(gesucht); // reads the journal anew
 }

@@ -133,8 +133,6 @@ TEST(Schadensfall, EinGesperrtesJahrIstEinFehlerUndDerNaechsteLaufHoltEsNach)
     const Testbetrieb hof(QDate(2024, 6, 1));
     hof.bucht(2024, "05.05. | H1 | Weizen | 100 | Zukauf");
     hof.bucht(2025, "");
-    const int geduld = jet::engine().LockTimeout();
-    jet::engine().setLockTimeout(50);
     {
         const Fremdprogramm anderes(hof.journaldatei(2025));
         EXPECT_EQ(BestandErmitteln(u"Weizen"_s, u"H1"_s, QDate(2025, 5, 1)), 0); // reading goes on
@@ -145,7 +143,6 @@ TEST(Schadensfall, EinGesperrtesJahrIstEinFehlerUndDerNaechsteLaufHoltEsNach)
             EXPECT_EQ(fehler.number(), ErrorNumber::Locked) << fehler.what();
         }
     }
-    jet::engine().setLockTimeout(geduld);
     EXPECT_TRUE(JahresUbertrag());
     EXPECT_EQ(hof.journal(2025), zeilen("01.01. | H1 | Weizen | 100 | Anfangsbestand"));
 }

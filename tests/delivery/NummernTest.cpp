@@ -6,7 +6,6 @@
 #include "tests/support/Fremdprogramm.h"
 
 #include <QElapsedTimer>
-#include <QScopeGuard>
 
 #include <csignal>
 
@@ -137,9 +136,6 @@ TEST_F(Nummern, EinApostrophHaeltDieAnderenNichtAuf)
 TEST_F(Nummern, EineGesperrteDateiWirdEinmalGemeldet)
 {
     verkauft(u"01.05. | Adler | Hafer | 1\n02.05. | Berger | Hafer | 1"_s);
-    const int geduld = jet::engine().LockTimeout();
-    jet::engine().setLockTimeout(50);
-    const auto zurueck = qScopeGuard([&] { jet::engine().setLockTimeout(geduld); });
     {
         const Fremdprogramm anderes(hof.journaldatei(2024));
         hof.meldungen().beantworteAlle(sys::Answer::Ignore);

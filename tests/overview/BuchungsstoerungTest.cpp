@@ -217,8 +217,6 @@ TEST_F(Buchung, OhneStammdatenBleibtDieMaskeBedienbar)
 TEST_F(Buchung, EinGesperrtesJournalBekommtDieZeileGenauEinmal)
 {
     oeffne();
-    const int geduld = jet::engine().LockTimeout();
-    jet::engine().setLockTimeout(50);
     hof.meldungen().beantworteAlle(sys::Answer::Ignore);
     const auto speichereGesperrt = [&](QWidget& maske, double menge) {
         {
@@ -245,5 +243,4 @@ TEST_F(Buchung, EinGesperrtesJournalBekommtDieZeileGenauEinmal)
     aendere();
     EXPECT_EQ(anzahl(), 7);
     EXPECT_EQ(hof.journal(2024).back().menge, -8);
-    jet::engine().setLockTimeout(geduld);
 }

@@ -103,8 +103,6 @@ TEST_F(Hauptbildschirm, EineGeloeschteBewegungHaeltNichtsAuf)
 TEST_F(Hauptbildschirm, EinGesperrtesJahrIstEineMeldungUndDannWiederDa)
 {
     oeffne();
-    const int geduld = jet::engine().LockTimeout();
-    jet::engine().setLockTimeout(50);
     for (const sys::Answer antwort : {sys::Answer::Abort, sys::Answer::Ignore}) {
         const Fremdprogramm sperre(hof.journaldatei(2024));
         hof.meldungen().beantworteAlle(antwort);
@@ -114,7 +112,6 @@ TEST_F(Hauptbildschirm, EinGesperrtesJahrIstEineMeldungUndDannWiederDa)
     drucke("drpArtikel", Qt::Key_F5);
     EXPECT_EQ(ueberschrift("Journalliste"), u"6 Bewegungen"_s);
     EXPECT_EQ(ueberschrift("BestandListe"), u"4 Artikel"_s);
-    jet::engine().setLockTimeout(geduld);
 }
 
 // Dates, status line, rows and the year that is booked into must be of one year, however the user answers.

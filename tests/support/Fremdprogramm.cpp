@@ -24,7 +24,7 @@ int halteFest(const QString& datei, int bescheid)
 
 } // namespace
 
-Fremdprogramm::Fremdprogramm(const QString& datei)
+Fremdprogramm::Fremdprogramm(const QString& datei) : m_geduld(jet::engine().LockTimeout())
 {
     jet::engine().release(); // the child must not inherit connections
     int rohr[2];
@@ -35,10 +35,12 @@ Fremdprogramm::Fremdprogramm(const QString& datei)
     const bool bereit = read(rohr[0], &zeichen, 1) == 1;
     close(rohr[0]);
     if (!bereit) throw std::runtime_error("the other program could not open the file");
+    jet::engine().setLockTimeout(50); // ms
 }
 
 Fremdprogramm::~Fremdprogramm()
 {
     kill(m_prozess, SIGKILL);
     exitCode(m_prozess);
+    jet::engine().setLockTimeout(m_geduld);
 }

@@ -5,7 +5,7 @@
 #include <sys/types.h>
 
 /// Another program that is writing to a database file: from the end of the constructor to the destructor its
-/// transaction is open.
+/// transaction is open, and this process waits for it no longer than a moment.
 class Fremdprogramm {
 public:
     explicit Fremdprogramm(const QString& datei);
@@ -13,5 +13,6 @@ public:
     Q_DISABLE_COPY_MOVE(Fremdprogramm)
 
 private:
+    const int m_geduld;
     pid_t m_prozess;
 };
