@@ -44,6 +44,7 @@ public:
 
 private:
     friend class Engine;
+    friend class Transaction;
     explicit Database(std::shared_ptr<Session> session);
     std::shared_ptr<Session> m_session; // shared with the recordsets, which must notice that it was closed
 };
