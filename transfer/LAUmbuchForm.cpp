@@ -7,9 +7,11 @@
 #include "masks/ErfassungsmaskenModul.h"
 #include "masks/Lagerstand.h"
 #include "masks/Maskenteile.h"
+#include "platform/controls/RowIds.h"
 #include "platform/controls/TextBox.h"
 #include "platform/controls/Wiring.h"
 #include "platform/jet/Errors.h"
+#include "platform/jet/Transaction.h"
 #include "platform/system/ErrorReport.h"
 #include "platform/system/Settings.h"
 #include "transfer/Umbuchseite.h"
@@ -263,61 +265,57 @@ void LAUmbuchForm::aendere()
     const auto abgang = static_cast<qint64>(ui->txtAbgangsID->Value());
     const auto zugang = static_cast<qint64>(ui->txtZugangsID->Value());
     if (abgang == 0 || zugang == 0 || abgang == zugang) jet::raise(jet::ErrorNumber::NoCurrentRecord);
+    jet::Transaction paar(journaldaten().Database());
     zeileMit(journaldaten(), abgang);
     zeileMit(journaldaten(), zugang);
     bearbeite(abgang, *m_abgang);
     bearbeite(zugang, *m_zugang);
+    paar.commit();
 }
 
-/// What an earlier try has written already is written over, not doubled.
+/// What an earlier try has stored already is written over, not doubled; what was taken back is gone, and its number is
+/// given to another row.
 void LAUmbuchForm::bucheNeu()
 {
+    const auto vergiss = [this] {
+        m_neuerAbgang.reset();
+        m_neuerZugang.reset();
+    };
+    jet::Transaction paar(journaldaten().Database(), vergiss);
     const qint64 abgang = schreibeNeue(m_neuerAbgang, *m_abgang);
-    if (haupt().Bestanddaten.RecordCount() > 0) waehleNurAktuelleZeile(haupt().BestandListe);
     const qint64 zugang = schreibeNeue(m_neuerZugang, *m_zugang, abgang);
     journaldaten().Database().Execute(u"UPDATE LAGERJOURNAL SET Verfuttert_an = '"_s + QString::number(zugang) +
                                       u"' WHERE ID = "_s + QString::number(abgang));
-    m_neuerAbgang.reset();
-    m_neuerZugang.reset();
+    paar.commit();
+    vergiss();
 }
 
-/// Writes a new row, or that of an earlier try once more. `neue` is set the moment that the row is stored, since all that
-/// follows may fail. \returns its ID.
-qint64 LAUmbuchForm::schreibeNeue(std::optional<jet::Bookmark>& neue, const Seite& seite, std::optional<qint64> partner)
+/// Adds a row, or writes that of an earlier try once more. No row becomes current: what shows the journal would follow and
+/// might have an error to tell, while other programs wait for the file. \returns its ID.
+qint64 LAUmbuchForm::schreibeNeue(std::optional<qint64>& neue, const Seite& seite, std::optional<qint64> partner)
 {
-    DataControl& journal = journaldaten();
     if (neue) {
-        journal.setBookmark(*neue);
-        journal.Edit();
-    } else {
-        journal.AddNew();
-        journal.Set(u"BuchungsID", 0); // of no sibling program
+        bearbeite(*neue, seite, partner);
+        return *neue;
     }
+    DataControl& journal = journaldaten();
+    journal.AddNew();
+    journal.Set(u"BuchungsID", 0); // of no sibling program
     setzeSpalten(journal, seite);
     if (partner) journal.Set(u"Verfuttert_an", QString::number(*partner));
-    {
-        const jet::Bookmark vorher = journal.Recordset().LastModified();
-        const auto merke = qScopeGuard([&] {
-            const jet::Bookmark letzte = journal.Recordset().LastModified();
-            if (letzte != vorher) neue = letzte;
-        });
-        journal.Update();
-    }
-    journal.setBookmark(*neue);
-    return journal.Recordset()[u"ID"].toLong();
+    journal.Update();
+    neue = idAt(journal, journal.RecordCount() - 1);
+    return neue.value();
 }
 
 /// Changes a row of a pair, also one that the journal's filter hides.
-void LAUmbuchForm::bearbeite(qint64 ID, const Seite& seite)
+void LAUmbuchForm::bearbeite(qint64 ID, const Seite& seite, std::optional<qint64> partner)
 {
-    DataControl& journal = journaldaten();
-    const auto aendere = [&](auto& zeile) {
-        zeile.Edit();
-        setzeSpalten(zeile, seite);
-        zeile.Update();
-    };
-    if (bewegeZu(journal, ID)) return aendere(journal);
-    aendere(*zeileMit(journal, ID));
+    const auto zeile = zeileMit(journaldaten(), ID);
+    zeile->Edit();
+    setzeSpalten(*zeile, seite);
+    if (partner) zeile->Set(u"Verfuttert_an", QString::number(*partner));
+    zeile->Update();
 }
 
 template <class Zeile>
@@ -337,6 +335,14 @@ void LAUmbuchForm::setzeSpalten(Zeile& zeile, const Seite& seite) const
 
 void LAUmbuchForm::positioniere()
 {
+    DataControl& journal = journaldaten();
+    if (aendert()) {
+        for (const NumberEdit* ID : {ui->txtAbgangsID, ui->txtZugangsID}) // shows both as they are now
+            findId(journal, static_cast<qint64>(ID->Value()));
+    } else {
+        journal.MoveLast();
+    }
+    if (haupt().Bestanddaten.RecordCount() > 0) waehleNurAktuelleZeile(haupt().BestandListe);
     if (zeigeBestand(haupt().Bestanddaten, ui->Abgang->drpArtikel->Text(), ui->Abgang->drpLagerort->Text()))
         waehleNurAktuelleZeile(haupt().BestandListe);
 }

@@ -27,6 +27,7 @@ QString text(const jet::Value& wert)
 sys::Answer Meldungsprotokoll::show(const QString& text, int flags)
 {
     m_texte.append(text);
+    if (m_dabei) m_dabei();
     if ((flags & (sys::YesNo | sys::AbortRetryIgnore)) == 0) return sys::Answer::OK;
     const auto antwort = std::find_if(m_antworten.rbegin(), m_antworten.rend(),
                                       [&](const auto& eintrag) { return eintrag.first == text; });

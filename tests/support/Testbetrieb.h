@@ -9,6 +9,7 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -18,13 +19,15 @@ public:
     sys::Answer show(const QString& text, int flags) override;
     /// Of two answers to one question the later one counts.
     void beantworte(const QString& text, sys::Answer antwort) { m_antworten.emplace_back(text, antwort); }
-    void beantworteAlle(sys::Answer antwort) { m_jede = antwort; } ///< Questions that have no answer of their own.
-    QStringList abgeholt();                                        ///< The texts since the last time.
+    void beantworteAlle(sys::Answer antwort) { m_jede = antwort; }     ///< Questions that have no answer of their own.
+    void begleite(const std::function<void()>& tat) { m_dabei = tat; } ///< What happens while one is shown.
+    QStringList abgeholt();                                            ///< The texts since the last time.
 
 private:
     QStringList m_texte;
     std::vector<std::pair<QString, sys::Answer>> m_antworten;
     std::optional<sys::Answer> m_jede;
+    std::function<void()> m_dabei;
 };
 
 /// The rows of a query, cells joined by " | ", NULL as "NULL".
