@@ -4,6 +4,8 @@
 #include "masks/Artikelarten.h"
 #include "masks/ErfassungsmaskenModul.h"
 #include "masks/Maskenteile.h"
+#include "masks/Textlaenge.h"
+#include "platform/controls/FocusWhole.h"
 #include "platform/controls/Wiring.h"
 #include "platform/system/ErrorReport.h"
 #include "platform/system/Settings.h"
@@ -37,6 +39,8 @@ void Erfassungsmaske::verbinde(Maskenkopf& kopf, Maskenfuss& fuss, NumberEdit& t
     richteListenEin();
     verdrahteKopf();
     verdrahte(&txtMenge, &NumberEdit::Change, this, [this] { txtMenge_Change(); });
+    begrenze(felder().drpLagerort, u"Lagerort"_s, 15);
+    begrenze(txtEinheit, u"Einheit"_s, 15);
 }
 
 void Erfassungsmaske::richteListenEin()
@@ -87,7 +91,7 @@ void Erfassungsmaske::zeigeErstesLeeresFeld()
     for (ComboField* feld :
          std::initializer_list<ComboField*>{&felder().drpLagerort, &felder().drpGruppe, &felder().drpArtikel})
         if (feld->Text().isEmpty()) return feld->setFocus();
-    felder().txtMenge.setFocus();
+    focusWhole(felder().txtMenge);
 }
 
 CheckBox& Erfassungsmaske::chkVorhanden() const

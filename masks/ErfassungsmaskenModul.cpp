@@ -5,6 +5,7 @@
 #include "masks/Artikelarten.h"
 #include "masks/Lagerstand.h"
 #include "platform/controls/DataGrid.h"
+#include "platform/controls/FocusWhole.h"
 #include "platform/jet/Engine.h"
 #include "platform/system/Blanks.h"
 #include "platform/system/Clock.h"
@@ -18,14 +19,6 @@ namespace {
 // Of the traffic light.
 constexpr int Gruen = 1;
 constexpr int Rot = 3;
-
-/// Says what is missing and leads there.
-bool fehlt(QWidget& feld, const QString& meldung)
-{
-    sys::critical(meldung);
-    feld.setFocus();
-    return false;
-}
 
 void stelleAufStammdaten(DataControl& daten)
 {
@@ -80,7 +73,6 @@ std::unique_ptr<jet::Database> oeffneJournaldatei()
 
 void fuelleArtikelarten(ComboBox& drpGruppe)
 {
-    drpGruppe.setColumns({u"Bezeichnung"_s}, 0);
     drpGruppe.setColumns({u"Bezeichnung"_s}, 0);
     drpGruppe.setListOnly(true);
     for (const Artikelart& art : artikelarten())
@@ -181,12 +173,12 @@ bool darfArtikelVerlassen(DataCombo& drpArtikel, DataControl& Artikelauswahl, co
 QDate vorgabedatum(const QString& Buchungsart)
 {
     const auto journal = oeffneJournaldatei();
-    const auto letzte = journal->OpenRecordset(u"SELECT DATUM FROM Lagerjournal WHERE BUCHUNGSART = '"_s + Buchungsart +
-                                                   u"' ORDER BY DATUM DESC"_s,
-                                               jet::Kind::Dynaset);
-    const QDate tag = letzte->Eof() ? QDate() : (*letzte)[u"DATUM"].toDate();
+    const auto letzte =
+        journal->OpenRecordset(u"SELECT DATUM FROM Lagerjournal WHERE BUCHUNGSART = '"_s + Buchungsart +
+                                   u"' AND YEAR(DATUM) = "_s + modulzustand().Jahr + u" ORDER BY DATUM DESC"_s,
+                               jet::Kind::Dynaset);
+    if (!letzte->Eof()) return (*letzte)[u"DATUM"].toDate();
     const int jahr = modulzustand().Jahr.toInt();
-    if (tag.year() == jahr) return tag; // other programs date as they like
     return sys::heute().year() == jahr ? sys::heute() : QDate(jahr, 12, 31);
 }
 
@@ -240,6 +232,13 @@ bool darfNegativWerden(AmpelLED& Ampel, const QString& umbruch)
     return sys::messages().show(u"Der Lagerstand wird negativ."_s + umbruch +
                                     u"Wollen Sie die Buchung trotzdem abspeichern ?"_s,
                                 sys::YesNo | sys::Question | sys::DefaultButton2) == sys::Answer::Yes;
+}
+
+bool fehlt(QWidget& feld, const QString& meldung)
+{
+    sys::critical(meldung);
+    focusWhole(feld);
+    return false;
 }
 
 bool pruefeOrtUndArtikel(DataCombo& drpLagerort, ComboBox& drpGruppe, DataCombo& drpArtikel)

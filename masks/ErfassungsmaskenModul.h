@@ -47,8 +47,8 @@ bool pruefeEintrag(DataCombo& combo, DataControl& daten, const QString& feld);
 /// read the error: the row itself can be written.
 bool darfArtikelVerlassen(DataCombo& drpArtikel, DataControl& Artikelauswahl, const std::function<void()>& fuelle);
 
-/// The day that a new booking begins with: that of the last booking of the kind; without one today, where that lies in the
-/// open year, else the year's last day.
+/// The day that a new booking begins with: that of the last booking of the kind in the open year, since no other day can be
+/// saved and other programs date as they like; without one today, where that lies in the year, else the year's last day.
 QDate vorgabedatum(const QString& Buchungsart);
 
 /// Makes a mask ready: where its lists come from, which the mask then refreshes, the open year as bounds of the date, the
@@ -64,6 +64,9 @@ void stelleAmpel(AmpelLED& Ampel, bool negativ);
 /// Finds an article among those offered, trimmed and without regard to case, and makes it current. False: it is not there,
 /// or nothing is offered.
 bool sucheArtikel(DataControl& Artikelauswahl, const QString& Artikel);
+
+/// Says what is missing, and leads to its field.
+bool fehlt(QWidget& feld, const QString& meldung);
 
 /// Parts of the checks before a save, with their messages and the focus where something is missing: the question at a red
 /// light, whose sentences `umbruch` separates; place and article.

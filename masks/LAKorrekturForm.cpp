@@ -6,9 +6,9 @@
 #include "masks/Lagerstand.h"
 #include "masks/Maskenraster.h"
 #include "masks/Maskenteile.h"
+#include "platform/controls/FocusWhole.h"
 #include "platform/controls/Wiring.h"
 #include "platform/system/ErrorReport.h"
-#include "platform/system/Messages.h"
 
 using namespace Qt::StringLiterals;
 
@@ -18,7 +18,10 @@ LAKorrekturForm::LAKorrekturForm(const Hauptansicht& haupt, QWidget* parent)
     ui->setupUi(this);
     richteAus({ui->Kopf->Kopf, ui->Bestaende, ui->Fuss->Kommentarzeile});
     verbinde(*ui->Kopf, *ui->Fuss, *ui->txtMenge, *ui->txtEinheit, *ui->Ampel);
-    verdrahte(ui->txtMenge, &QLineEdit::textEdited, this, [this] { m_gezaehlt = true; }); // a 0 over the 0, too
+    // A 0 over the 0, too. A field that was emptied shows a 0 that nobody has counted.
+    verdrahte(ui->txtMenge, &QLineEdit::textEdited, this,
+              [this](const QString& text) { m_gezaehlt = !text.isEmpty(); });
+    verdrahte(ui->txtMenge, &NumberEdit::ValueWritten, this, [this] { m_gezaehlt = true; });
     Form_Load();
 }
 
@@ -40,6 +43,7 @@ void LAKorrekturForm::Form_Load()
         [this] {
             if (!aendert()) FelderFullen();
         },
+        [this] { zeigeVorhanden(); },
         [this] { zeigeErstesLeeresFeld(); },
     });
 }
@@ -108,18 +112,16 @@ void LAKorrekturForm::txtMenge_Change()
 }
 
 /// A count has no difference to a stock that could not be looked up, or that was not looked up since the last save: that
-/// is done now, and reported when it fails. Where nothing was counted there is nothing to book.
+/// is done now, and reported when it fails. The 0 of a new count that nobody has typed would book the whole stock away.
 bool LAKorrekturForm::darfSpeichern()
 {
     if (m_bisher == Bisher::Unbekannt && aendert() && !m_gezaehlt)
         zeigeZaehlung();
-    else if (m_bisher == Bisher::Unbekannt || (m_bisher == Bisher::Geleert && m_gezaehlt))
+    else if (m_bisher != Bisher::Bekannt)
         FelderFullen();
     if (!Erfassungsmaske::darfSpeichern()) return false;
-    if (m_bisher == Bisher::Bekannt) return true;
-    sys::critical(u"Bitte tragen Sie eine Menge ein !"_s);
-    ui->txtMenge->setFocus();
-    return false;
+    if (aendert() || m_gezaehlt || ui->txtBisher->Value() == 0) return true;
+    return fehlt(*ui->txtMenge, u"Bitte tragen Sie eine Menge ein !"_s);
 }
 
 void LAKorrekturForm::setzeSpalten()
@@ -134,5 +136,5 @@ void LAKorrekturForm::leereFuerNaechste()
         zahlfeld->setValue(0);
     m_bisher = Bisher::Geleert;
     m_gezaehlt = false;
-    felder().Buchdatum.setFocus();
+    focusWhole(felder().Buchdatum);
 }

@@ -9,6 +9,8 @@
 #include "masks/Lagerstand.h"
 #include "masks/Maskenraster.h"
 #include "masks/Maskenteile.h"
+#include "masks/Textlaenge.h"
+#include "platform/controls/FocusWhole.h"
 #include "platform/controls/Wiring.h"
 #include "platform/jet/Rounding.h"
 #include "platform/system/Blanks.h"
@@ -43,7 +45,9 @@ LAZukaufForm::LAZukaufForm(const Hauptansicht& haupt, QWidget* parent)
     ui->stHandler->addColumn(u"Name:"_s, u"NAME"_s);
     ui->stHandler->addColumn(u"Vorname:"_s, u"VORNAME"_s);
     ui->stHandler->addColumn(u"Sraße:"_s, u"Strasse"_s); // sic
+    ui->stHandler->setFindFillsIn(true);
     ui->stHandler->setDataSource(*m_handlerDaten);
+    begrenze(*ui->stHandler, u"Geschäftspartner"_s, 15);
     ui->txtPreis->setNumberFormat(u"##,##0.00##"_s);
     ui->txtBetrag->setNumberFormat(u"##,##0.00"_s);
     ui->txtPreisFaktor->setNumberFormat(u"0.##"_s);
@@ -56,7 +60,8 @@ LAZukaufForm::LAZukaufForm(const Hauptansicht& haupt, QWidget* parent)
     verdrahte(ui->chkBiologisch, &CheckBox::Click, this, &LAZukaufForm::Ansichteinstellen);
     verdrahte(ui->txtPreis, &NumberEdit::Change, this, &LAZukaufForm::berechneBetrag);
     verdrahte(ui->txtBetrag, &NumberEdit::Change, this, &LAZukaufForm::txtBetrag_Change);
-    verdrahte(ui->txtPreisFaktor, &NumberEdit::Change, this, &LAZukaufForm::zeigePreiseinheit);
+    verdrahte(ui->txtPreisFaktor, &NumberEdit::Change, this, &LAZukaufForm::txtPreisFaktor_Change);
+    verdrahte(ui->txtPreisFaktor, &NumberEdit::Validate, this, &LAZukaufForm::txtPreisFaktor_Validate);
     verdrahte(ui->txtEinheit, &TextBox::Change, this, &LAZukaufForm::zeigePreiseinheit);
     Form_Load();
 }
@@ -192,6 +197,19 @@ void LAZukaufForm::txtBetrag_Change()
     ui->txtPreis->setValue(ui->txtBetrag->Value() * preisfaktor() / ui->txtMenge->Value());
 }
 
+/// The price stays: it is the one for the new factor, and the amount follows.
+void LAZukaufForm::txtPreisFaktor_Change()
+{
+    berechneBetrag();
+    zeigePreiseinheit();
+}
+
+void LAZukaufForm::txtPreisFaktor_Validate(Cancel& cancel)
+{
+    ui->txtPreisFaktor->setValue(preisfaktor());
+    if (!hatPlatz(jet::Value(preisfaktor()).toText(), u"Preisfaktor"_s, 3)) cancel = true;
+}
+
 void LAZukaufForm::txtMenge_Change()
 {
     berechneBetrag();
@@ -239,5 +257,5 @@ void LAZukaufForm::leereFuerNaechste()
     for (NumberEdit* zahlfeld :
          {ui->txtMenge, ui->txtBisher, ui->txtBisherGesamt, ui->txtNeu, ui->txtNeuGesamt, ui->txtPreis, ui->txtBetrag})
         zahlfeld->setValue(0);
-    felder().Buchdatum.setFocus();
+    focusWhole(felder().Buchdatum);
 }

@@ -30,6 +30,8 @@ private:
     void txtBetrag_Change();
     void berechneBestaende();
     void berechneBetrag();
+    void txtPreisFaktor_Change();
+    void txtPreisFaktor_Validate(Cancel& cancel);
     void zeigePreiseinheit();
     double preisfaktor() const;
     double gebuchteMenge() const;

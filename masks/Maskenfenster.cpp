@@ -2,6 +2,8 @@
 
 #include "core/Modulzustand.h"
 #include "masks/Maskenteile.h"
+#include "masks/Textlaenge.h"
+#include "platform/controls/FocusWhole.h"
 #include "platform/controls/TasteUmsetzen.h"
 #include "platform/controls/WindowMemory.h"
 #include "platform/controls/Wiring.h"
@@ -23,6 +25,7 @@ void Maskenfenster::richteFensterEin(Maskenfuss& fuss)
     nummeriere(u"Command2"_s, {fuss.Command2_0_, fuss.Command2_1_});
     fuss.Command1->setProperty("CausesValidation", false);
     new FieldKeys(*this);
+    begrenze(*fuss.txtKommentar, u"Kommentar"_s, 255);
     verdrahte(fuss.Command1, &QPushButton::clicked, this, [this] { reject(); });
     verdrahte(fuss.Command2_0_, &QPushButton::clicked, this, [this] { Command2_Click(0); });
     verdrahte(fuss.Command2_1_, &QPushButton::clicked, this, [this] { Command2_Click(1); });
@@ -39,7 +42,7 @@ bool Maskenfenster::speichereUnterBericht(const std::function<void()>& merke, co
     sperre(true);
     const auto entsperre = qScopeGuard([&] {
         sperre(false);
-        if (fokus) fokus->setFocus();
+        if (fokus) focusWhole(*fokus);
     });
     bool geschrieben = false;
     sys::underErrorReport({merke, [&] {

@@ -7,6 +7,8 @@
 #include "masks/ErfassungsmaskenModul.h"
 #include "masks/Lagerstand.h"
 #include "masks/Maskenteile.h"
+#include "masks/Textlaenge.h"
+#include "platform/controls/FocusWhole.h"
 #include "platform/controls/RowIds.h"
 #include "platform/controls/TextBox.h"
 #include "platform/controls/Wiring.h"
@@ -79,6 +81,8 @@ void LAUmbuchForm::verdrahteSeite(const Seite& seite, void (LAUmbuchForm::*fuell
     };
     verdrahte(felder.drpLagerort, &DataCombo::DropDown, this, ladeOrte);
     verdrahte(felder.lblLagerort, &ClickLabel::Click, this, ladeOrte);
+    begrenze(*felder.drpLagerort, u"Lagerort"_s, 15);
+    begrenze(*felder.txtEinheit, u"Einheit"_s, 15);
     verdrahte(felder.drpLagerort, &DataCombo::Click, this, [this, &seite, fuelle] {
         sys::underErrorReport({[&] { zeigeOrt(seite); }, [&] { (this->*fuelle)(); }});
     });
@@ -118,7 +122,7 @@ void LAUmbuchForm::Form_Load()
         },
     });
     QWidget* const erstes = aendert() ? static_cast<QWidget*>(ui->txtMenge) : ui->Abgang->drpLagerort;
-    erstes->setFocus();
+    focusWhole(*erstes);
 }
 
 /// Whichever of its rows was chosen, the pair is shown alike. A receipt without its issue leaves both sides empty. Without
@@ -355,5 +359,5 @@ void LAUmbuchForm::leereFuerNaechste()
         seite->setzeBestand(0, 0);
     }
     AmpelEinstellen();
-    ui->Buchdatum->setFocus();
+    focusWhole(*ui->Buchdatum);
 }

@@ -1,5 +1,7 @@
 #include "platform/controls/CheckedField.h"
 
+#include "platform/controls/FocusWhole.h"
+
 #include <QApplication>
 #include <QPointer>
 #include <QScopedValueRollback>
@@ -85,7 +87,7 @@ bool owedChecksPass(const QWidget& screen)
         auto* const field = dynamic_cast<CheckedField*>(widget);
         if (!field || !field->owesCheck() || !widget->isVisible() || !widget->isEnabled()) continue;
         if (field->check()) continue;
-        widget->setFocus(Qt::OtherFocusReason);
+        focusWhole(*widget);
         return false;
     }
     return true;

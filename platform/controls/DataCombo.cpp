@@ -43,6 +43,12 @@ void DataCombo::setDataFieldToFind(const QString& field)
     m_entries.clear();
 }
 
+void DataCombo::setFindFillsIn(bool fillsIn)
+{
+    m_findFillsIn = fillsIn;
+    m_entries.clear();
+}
+
 void DataCombo::addColumn(const QString& caption, const QString& field, const QString& numberFormat)
 {
     GridColumn& column = m_list.addColumn();
@@ -109,6 +115,7 @@ DataCombo::Entry DataCombo::read(int row) const
               std::pair{&m_foundField, &Entry::found}})
             if (name.compare(*field, Qt::CaseInsensitive) == 0) entry.*part = (*values)[column].toText();
     }
+    if (m_findFillsIn && entry.shown.trimmed().isEmpty()) entry.shown = entry.found;
     return entry;
 }
 

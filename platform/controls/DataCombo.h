@@ -27,6 +27,8 @@ public:
     void setDataFieldList(const QString& field);
     QString DataFieldToFind() const { return m_foundField; } ///< A field that may be typed instead; empty: none.
     void setDataFieldToFind(const QString& field);
+    /// Rows whose shown field is empty have the one to find as their text: a partner without a short code is not lost.
+    void setFindFillsIn(bool fillsIn);
     /// Adds a column to the list; without any the list shows the field that is the text, without a head.
     void addColumn(const QString& caption, const QString& field, const QString& numberFormat = {});
     /// The rows of the list, once fields and columns are told. Each Refresh of the data control refills the list; from the
@@ -63,6 +65,7 @@ private:
     QString m_shownField;
     QString m_valueField;
     QString m_foundField;
+    bool m_findFillsIn = false;
     Model& m_list;
     DataControl* m_source = nullptr;
     mutable std::vector<Entry> m_entries; // of the first rows, as far as they were looked at

@@ -59,6 +59,10 @@ void DateCombo::taken()
 bool DateCombo::accepts()
 {
     const QDate date = Date();
+    if (m_minDate.isValid() && !date.isValid() && !Text().trimmed().isEmpty()) {
+        sys::critical(u"\""_s + Text() + u"\" ist kein Datum. Bitte tragen Sie Tag und Monat ein."_s);
+        return false;
+    }
     if (date.isValid() && m_minDate.isValid() && date < m_minDate) {
         sys::critical(u"Das Datum "_s + formatDate(date) + u" ist zu früh. Das erste mögliche Datum ist der "_s +
                       formatDate(m_minDate) + u'.');

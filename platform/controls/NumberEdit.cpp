@@ -68,6 +68,7 @@ void NumberEdit::enterValue(double value)
 {
     const double before = m_value;
     setValue(value);
+    Q_EMIT ValueWritten();
     if (m_value == before) return;
     changedByUser();
     Q_EMIT Change();

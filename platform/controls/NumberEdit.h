@@ -25,6 +25,9 @@ public:
     QString NumberFormat() const { return m_pattern; }
     void setNumberFormat(const QString& pattern);
 
+Q_SIGNALS:
+    void ValueWritten(); ///< The property was written, be it with the value that stood there.
+
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;

@@ -25,7 +25,9 @@ Buchung::Buchung()
           u"Saatgut (NAME, Einheit, Preis, Preisfaktor, Sperre) VALUES ('Altroggen', 'kg', 1, '1', True)"_s,
           u"Saatgut (NAME, Einheit, Preis, Preisfaktor, Sperre) VALUES ('Bauer''s Mix', 'kg', 7, '1', False)"_s,
           u"Treibstoffe (NAME, Einheit, Preis, Preisfaktor, Sperre) VALUES ('Diesel', 'l', 142, '0', False)"_s,
-          u"HANDLER (KurzKu, NAME, SPERRE) VALUES ('HUBER', 'Huber Anna', False)"_s})
+          u"HANDLER (KurzKu, NAME, SPERRE) VALUES ('HUBER', 'Huber Anna', False)"_s,
+          u"HANDLER (KurzKu, NAME, SPERRE) VALUES ('', 'Maier Kurt', False)"_s,
+          u"HANDLER (KurzKu, NAME, SPERRE) VALUES (NULL, 'Landhandel Obermoos', False)"_s})
         stamm->Execute(u"INSERT INTO "_s + ware);
 }
 
@@ -68,6 +70,12 @@ void Buchung::schreibe(QWidget& maske, const char* name, const QString& text)
 void Buchung::setze(QWidget& maske, const char* name, const QString& text)
 {
     schreibe(maske, name, text);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+}
+
+void Buchung::setzeDort(const QString& text)
+{
+    QTest::keyClicks(QApplication::focusWidget(), text);
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
 }
 

@@ -20,6 +20,7 @@ protected:
     static void schreibe(QWidget& maske, const char* name, const QString& text); ///< Over a field, and stays in it.
     /// The same, and leaves the field by Tab.
     static void setze(QWidget& maske, const char* name, const QString& text);
+    static void setzeDort(const QString& text); ///< In the field that has the focus; and leaves it by Tab.
     static void erfasse(QWidget& maske, const QString& gruppe, const QString& artikel,
                         const QString& menge); ///< At H1.
     static void hake(QWidget& maske, const char* name, bool an);

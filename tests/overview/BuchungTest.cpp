@@ -8,6 +8,7 @@
 #include "platform/controls/TextBox.h"
 #include "platform/jet/Engine.h"
 #include "platform/system/Clock.h"
+#include "platform/system/Settings.h"
 
 #include <QApplication>
 #include <QFile>
@@ -33,7 +34,6 @@ void tippeUndWeiter(const QString& text)
 TEST_F(Buchung, EinZukaufNurMitDerTastatur)
 {
     oeffne();
-    hof.meldungen().beantworte(PartnerFrage, sys::Answer::Yes);
     imNaechstenFenster([&](QWidget& maske) {
         EXPECT_EQ(maske.windowTitle(), u"Zukauf erfassen"_s);
         EXPECT_TRUE(widget(maske, "drpLagerort").hasFocus()); // the first field that is empty
@@ -51,11 +51,19 @@ TEST_F(Buchung, EinZukaufNurMitDerTastatur)
         EXPECT_EQ(wert(maske, "txtPreis"), 80);
         setze(maske, "txtPreis", u"40"_s);
         EXPECT_EQ(wert(maske, "txtBetrag"), 5);
+        for (const auto& [faktor, gilt] :
+             {std::pair{u"0"_s, 1}, std::pair{u"10"_s, 10}}) { // another one is another amount
+            setze(maske, "txtPreisFaktor", faktor);
+            EXPECT_EQ(wert(maske, "txtPreisFaktor"), gilt);
+            EXPECT_EQ(wert(maske, "txtBetrag"), 500.0 / gilt);
+        }
+        setze(maske, "stHandler", u"mai"_s);
+        EXPECT_EQ(text(maske, "stHandler"), u"Maier Kurt"_s); // he has no short code
         speichere(maske);
     });
     kurzel('z');
-    EXPECT_EQ(hof.meldungen().abgeholt(), QStringList(PartnerFrage));
-    EXPECT_EQ(letzteZeile(), u"H2 | Roggen | Saatgut/Sorten | 12,5 | 12,5 | kg | 40 | 100 | Zukauf | 0 |  |  | "_s);
+    EXPECT_EQ(letzteZeile(),
+              u"H2 | Roggen | Saatgut/Sorten | 12,5 | 12,5 | kg | 40 | 10 | Zukauf | 0 | Maier Kurt |  | "_s);
     EXPECT_EQ(aktuelleBewegung(), u"09.05. | H2 | Roggen | +12,50 | Zukauf"_s); // on the day of the last purchase
     const auto& bestaende = feld<DataGrid>("BestandListe");
     EXPECT_EQ(bestaende.currentIndex().siblingAtColumn(0).data().toString(), u"Roggen"_s);
@@ -146,6 +154,8 @@ TEST_F(Buchung, EineZaehlungBuchtDenUnterschied)
         EXPECT_EQ(widget(maske, "Ampel").property("Ampel"), 1); // the count is not below 0
         speichereUndNaechster(maske);
         EXPECT_EQ(wert(maske, "txtBisher"), 0); // shown so until something is entered
+        setzeDort(u"3.4."_s);
+        EXPECT_EQ(text(maske, "Buchdatum"), u"03.04.2024"_s);
         setze(maske, "txtMenge", u"61"_s);
         EXPECT_EQ(wert(maske, "txtNeu"), 1);
         esc();
@@ -157,10 +167,12 @@ TEST_F(Buchung, EineZaehlungBuchtDenUnterschied)
     imNaechstenFenster([&](QWidget& maske) { // the count is there again
         EXPECT_EQ(wert(maske, "txtMenge"), 60);
         EXPECT_EQ(wert(maske, "txtBisher"), 80);
-        setze(maske, "txtMenge", u"0"_s); // a count of nothing is one
+        EXPECT_FALSE(widget(maske, "chkVorhanden").isVisible()); // always offered from the journal
+        setze(maske, "txtMenge", u"0"_s);                        // a count of nothing is one
         speichere(maske);
     });
     aendere();
+    EXPECT_EQ(sys::GetSetting(u"Lagerverwaltung"_s, u"NurVorhandenAnzeigen"_s), QString());
     EXPECT_EQ(letzteZeile(), QString(zeile).replace(u"%1"_s, u"-80"_s));
     EXPECT_EQ(anzahl(), 7);
 
@@ -214,7 +226,8 @@ TEST_F(Buchung, SpeichernUndNaechsterLeertNurDenArtikel)
         EXPECT_EQ(text(maske, "drpArtikel"), u""_s);
         EXPECT_EQ(text(maske, "drpLagerort"), u"H1"_s);
         EXPECT_EQ(text(maske, "drpGruppe"), u"Saatgut/Sorten"_s);
-        EXPECT_TRUE(widget(maske, "Buchdatum").hasFocus());
+        setzeDort(u"3.4."_s);
+        EXPECT_EQ(text(maske, "Buchdatum"), u"03.04.2024"_s);
         setze(maske, "drpArtikel", u"Roggen"_s);
         setze(maske, "txtMenge", u"8"_s);
         EXPECT_EQ(wert(maske, "txtPreis"), 42); // looked up anew
@@ -285,9 +298,13 @@ TEST_F(Buchung, DerTagDenEineNeueBuchungVorschlaegt)
         char kurzel;
         QDate heute, tag;
     };
-    const Fall faelle[] = {{'v', QDate(2024, 3, 1), QDate(2024, 5, 6)},    // that of the last sale
-                           {'p', QDate(2024, 3, 1), QDate(2024, 3, 1)},    // never booked: today
-                           {'p', QDate(2025, 3, 1), QDate(2024, 12, 31)}}; // another year is open
+    const Fall faelle[] = {{'v', QDate(2024, 3, 1), QDate(2024, 5, 6)},        // that of the last sale
+                           {'p', QDate(2024, 3, 1), QDate(2024, 3, 1)},        // never booked: today
+                           {'p', QDate(2025, 3, 1), QDate(2024, 12, 31)}};     // another year is open
+    for (const QString& tag : {u"#1/5/2025#"_s, u"#12/31/2023#"_s, u"NULL"_s}) // other programs date as they like
+        for (const QString& art : {u"Verkauf"_s, u"Produktion"_s})
+            hof.fuehreAus(2024, u"INSERT INTO LAGERJOURNAL (Datum, Artikel, Menge, Buchungsart) VALUES ("_s + tag +
+                                    u", 'Hafer', 1, '"_s + art + u"')"_s);
     oeffne();
     for (const Fall& fall : faelle) {
         sys::stelleUhr(fall.heute);
@@ -393,33 +410,39 @@ TEST_F(Buchung, DasKurzelGiltWieEsGetipptIst)
 TEST_F(Buchung, EineZaehlungBrauchtEineZahl)
 {
     oeffne();
-    hof.meldungen().beantworteAlle(sys::Answer::OK);
     imNaechstenFenster([&](QWidget& maske) {
-        erfasse(maske, u"Pflanzliche"_s, u"Weizen"_s, u"60"_s);
+        const auto wirdVerlangt = [&] {
+            speichere(maske);
+            EXPECT_EQ(hof.meldungen().abgeholt(), QStringList(u"Bitte tragen Sie eine Menge ein !"_s));
+            EXPECT_TRUE(widget(maske, "txtMenge").hasFocus());
+        };
+        erfasse(maske, u"Pflanzliche"_s, u"Weizen"_s, {});
+        wirdVerlangt(); // or all would be booked away
+        schreibe(maske, "txtMenge", u"7"_s);
+        schreibe(maske, "txtMenge", {});
+        wirdVerlangt();
+        schreibe(maske, "txtMenge", u"60"_s);
         speichereUndNaechster(maske);
-        speichere(maske); // nothing was counted since
-        EXPECT_EQ(hof.meldungen().abgeholt(), QStringList(u"Bitte tragen Sie eine Menge ein !"_s));
-        schreibe(maske, "txtMenge", u"0"_s); // nothing is left
+        wirdVerlangt(); // nothing was counted since
+        schreibe(maske, "txtMenge", u"0"_s);
+        speichereUndNaechster(maske);
+        EXPECT_EQ(hof.journal(2024).back().menge, -60);
+        speichereUndNaechster(maske); // now the books say so, too
+        EXPECT_EQ(hof.journal(2024).back().menge, 0);
+        setze(maske, "drpLagerort", u"H2"_s);
+        widget(maske, "txtMenge").setProperty("Value", 0); // as an assistive tool does
         speichere(maske);
     });
     kurzel('l');
-    EXPECT_EQ(letzteZeile().left(38), u"H1 | Weizen | Pflanzliche Erzeugnisse "_s);
-    EXPECT_EQ(letzteZeile().section(u" | "_s, 3, 3), u"-60"_s);
-    EXPECT_EQ(anzahl(), 8);
+    EXPECT_EQ(hof.journal(2024).back().menge, -50);
+    EXPECT_EQ(anzahl(), 10);
 }
 
 TEST_F(Buchung, WasNichtMehrPasstBleibtStehen)
 {
     hof.fuehreAus(2024, u"INSERT INTO LAGERJOURNAL (Datum, Artikel, Artikelart, LagerortKurzKu, Menge, Buchungsart)"
-                        u" VALUES (#2/3/2025#, 'Roggen', 'Saatgut/Sorten', 'H1', 1, 'Produktion')"_s);
-    hof.fuehreAus(2024, u"INSERT INTO LAGERJOURNAL (Datum, Artikel, Artikelart, LagerortKurzKu, Menge, Buchungsart)"
                         u" VALUES (#12/3/2024#, 'Altroggen', 'Saatgut/Sorten', 'H1', -30, 'Korrektur')"_s);
     oeffne();
-    imNaechstenFenster([&](QWidget& maske) {
-        EXPECT_EQ(text(maske, "Buchdatum"), u"01.06.2024"_s); // no day of another year is proposed
-        esc();
-    });
-    kurzel('p');
     waehleBewegung(6);
     // The opening is left: the count is not known, and is looked up at the save.
     const QString anlagen = hof.ort().anlagen() + u"/Anlagen.mdb"_s;

@@ -67,6 +67,12 @@ TEST_F(Umbuchung, NimmtHierUndGibtDort)
         EXPECT_EQ(text(maske, "drpArtikel") + text(maske, "DrpArtikel2"), QString());
         EXPECT_EQ(text(maske, "drpLagerorte2"), u"H2"_s);
         EXPECT_EQ(wert(maske, "txtMenge"), 0);
+        setzeDort(u"3.4."_s);
+        EXPECT_EQ(text(maske, "Buchdatum"), u"03.04.2024"_s);
+        schreibe(maske, "txtEinheit2", u"Dezitonnen zu 100"_s);
+        speichere(maske);
+        EXPECT_EQ(hof.meldungen().abgeholt().value(0).left(34), u"\"Dezitonnen zu 100\" hat 17 Zeichen."_s.left(34));
+        setze(maske, "txtEinheit2", u"dt"_s);
         setze(maske, "drpArtikel", u"Weizen"_s);
         setze(maske, "DrpArtikel2", u"Weizen"_s);
         setze(maske, "txtMenge", u"-200"_s);
