@@ -28,14 +28,19 @@ Erfassungsmaske::Erfassungsmaske(const Hauptansicht& haupt, QWidget* parent)
 }
 
 void Erfassungsmaske::verbinde(Maskenkopf& kopf, Maskenfuss& fuss, NumberEdit& txtMenge, TextBox& txtEinheit,
-                               AmpelLED& Ampel)
+                               AmpelLED& Ampel, std::initializer_list<QWidget*> anfaenge)
 {
     m_kopf = &kopf;
     m_fuss = &fuss;
     m_einheit = &txtEinheit;
     m_felder.emplace(Maskenfelder{*kopf.Buchdatum, *kopf.drpLagerort, *kopf.drpGruppe, *kopf.drpArtikel, txtMenge,
                                   Ampel, *fuss.Command2_0_, *fuss.Command2_1_, *m_lagerauswahl, *m_artikelauswahl});
-    richteFensterEin(fuss);
+    std::vector<QWidget*> alle{kopf.drpLagerort, kopf.drpArtikel, &txtMenge};
+    alle.insert(alle.end(), anfaenge.begin(), anfaenge.end());
+    alle.push_back(fuss.txtKommentar);
+    richteFensterEin(fuss, std::move(alle));
+    bewache(felder().drpArtikel);
+    bewache(txtMenge);
     richteListenEin();
     verdrahteKopf();
     verdrahte(&txtMenge, &NumberEdit::Change, this, [this] { txtMenge_Change(); });
@@ -63,7 +68,8 @@ void Erfassungsmaske::verdrahteKopf()
     verdrahte(m_kopf->lblArtikel, &ClickLabel::Click, this,
               [this] { ladeArtikelstamm(*m_artikelauswahl, felder().drpArtikel, felder().drpGruppe.Text()); });
     verdrahte(m_kopf->drpArtikel, &DataCombo::DropDown, this, &Erfassungsmaske::ladeArtikelliste);
-    verdrahte(m_kopf->drpArtikel, &DataCombo::Click, this, [this] { FelderFullen(); });
+    verdrahte(m_kopf->drpArtikel, &DataCombo::GotFocus, this, &Erfassungsmaske::drpArtikel_GotFocus);
+    verdrahte(m_kopf->drpArtikel, &DataCombo::Click, this, &Erfassungsmaske::drpArtikel_Click);
     verdrahte(m_kopf->drpArtikel, &DataCombo::Validate, this, &Erfassungsmaske::drpArtikel_Validate);
     verdrahte(m_kopf->chkVorhanden, &CheckBox::Click, this, &Erfassungsmaske::ladeArtikelliste);
 }
@@ -112,9 +118,11 @@ void Erfassungsmaske::ladeLagerliste()
     zeigeLagername();
 }
 
-/// The article of a row that is changed stays, also when it is no longer offered.
+/// The article of a row that is changed stays, also when it is no longer offered. What is offered without a kind is read
+/// when somebody comes for it.
 void Erfassungsmaske::oeffneArtikelliste()
 {
+    if (felder().drpGruppe.Text().isEmpty()) return;
     const QString artikel = felder().drpArtikel.Text();
     ladeArtikelliste();
     felder().drpArtikel.setText(artikel);
@@ -156,6 +164,24 @@ void Erfassungsmaske::drpGruppe_Click()
 {
     sys::underErrorReport(
         {[this] { ladeArtikelliste(); }, [this] { Ansichteinstellen(); }, [this] { FelderFullen(); }});
+}
+
+void Erfassungsmaske::drpArtikel_GotFocus()
+{
+    if (felder().drpGruppe.Text().isEmpty()) ladeArtikelliste();
+}
+
+void Erfassungsmaske::drpArtikel_Click()
+{
+    sys::underErrorReport({[this] { folgeArtikel(); }, [this] { FelderFullen(); }});
+}
+
+/// Who begins with the article need not choose its kind.
+void Erfassungsmaske::folgeArtikel()
+{
+    if (!uebernimmArtikelart(felder().drpGruppe, felder().drpArtikel)) return;
+    ladeArtikelliste();
+    Ansichteinstellen();
 }
 
 void Erfassungsmaske::drpArtikel_Validate(Cancel& cancel)

@@ -21,8 +21,10 @@ public:
 protected:
     explicit Erfassungsmaske(const Hauptansicht& haupt, QWidget* parent);
 
-    /// To be called by the mask when its own part is set up: names, lists, wiring.
-    void verbinde(Maskenkopf& kopf, Maskenfuss& fuss, NumberEdit& txtMenge, TextBox& txtEinheit, AmpelLED& Ampel);
+    /// To be called by the mask when its own part is set up: names, lists, wiring. `anfaenge`: what the mask's own groups
+    /// begin with, between quantity and comment.
+    void verbinde(Maskenkopf& kopf, Maskenfuss& fuss, NumberEdit& txtMenge, TextBox& txtEinheit, AmpelLED& Ampel,
+                  std::initializer_list<QWidget*> anfaenge = {});
 
     // The steps of opening, in their order.
     void stelleWiederHer();        ///< Title and ticks as they were left.
@@ -52,7 +54,10 @@ private:
     void Command3_Click();
     void drpLagerort_Click();
     void drpGruppe_Click();
+    void drpArtikel_GotFocus();
+    void drpArtikel_Click();
     void drpArtikel_Validate(Cancel& cancel);
+    void folgeArtikel();
     void Command2_Click(int index) override;
     void schreibe();
 

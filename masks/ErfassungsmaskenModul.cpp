@@ -56,12 +56,28 @@ void stelleAufLagerorte(DataControl& daten)
                           u"  AND Anzeigen=True order by Name"_s);
 }
 
+void stelleAufJournal(DataControl& daten)
+{
+    daten.setDatabaseName(modulzustand().Lagerdatei);
+    daten.setConnect(modulzustand().Lagerpasswort);
+}
+
 /// Shows the articles that a source was set for; none was while no kind is chosen.
 void zeigeArtikel(DataControl& Artikelauswahl, DataCombo& drpArtikel)
 {
     if (Artikelauswahl.RecordSource().isEmpty()) return;
     Artikelauswahl.Refresh();
     leereFremdenText(Artikelauswahl, drpArtikel, u"NAME"_s);
+}
+
+/// Those whose kind follows from their name.
+void ladeEindeutigeArtikel(DataControl& Artikelauswahl, DataCombo& drpArtikel)
+{
+    stelleAufJournal(Artikelauswahl);
+    Artikelauswahl.setRecordSource(u"SELECT ARTIKEL AS NAME, First(LAGERJOURNAL.EINHEIT) AS EINHEIT FROM LAGERJOURNAL"
+                                   u" WHERE ARTIKELART > '' GROUP BY ARTIKEL HAVING Min(ARTIKELART) = Max(ARTIKELART)"
+                                   u" ORDER BY ARTIKEL"_s);
+    zeigeArtikel(Artikelauswahl, drpArtikel);
 }
 
 } // namespace
@@ -98,11 +114,11 @@ void verbindeArtikel(DataCombo& combo, DataControl& Artikelauswahl)
 
 void ladeArtikel(DataControl& Artikelauswahl, DataCombo& drpArtikel, const QString& Artikelart, bool& nurVorhandene)
 {
+    if (Artikelart.isEmpty()) return ladeEindeutigeArtikel(Artikelauswahl, drpArtikel);
     if (Artikelart == PflanzlicheErzeugnisse) nurVorhandene = true;
     const QString gebuchte = gebuchteArtikel(Artikelart);
     if (!nurVorhandene || gebuchte.isEmpty()) return ladeArtikelstamm(Artikelauswahl, drpArtikel, Artikelart);
-    Artikelauswahl.setDatabaseName(modulzustand().Lagerdatei);
-    Artikelauswahl.setConnect(modulzustand().Lagerpasswort);
+    stelleAufJournal(Artikelauswahl);
     Artikelauswahl.setRecordSource(
         u"SELECT DISTINCT ARTIKEL AS NAME, EINHEIT, PREISFAKTOR FROM LAGERJOURNAL WHERE ARTIKELART = '"_s + Artikelart +
         u"' AND ARTIKEL IN ("_s + gebuchte + u')');
@@ -116,6 +132,21 @@ void ladeArtikelstamm(DataControl& Artikelauswahl, DataCombo& drpArtikel, const 
         Artikelauswahl.setRecordSource(art->abfrage.toString() + art->ordnung.toString());
     }
     zeigeArtikel(Artikelauswahl, drpArtikel);
+}
+
+bool uebernimmArtikelart(ComboBox& drpGruppe, const DataCombo& drpArtikel)
+{
+    const QString artikel = vergleichsform(drpArtikel.Text());
+    if (!drpGruppe.Text().isEmpty() || artikel.isEmpty()) return false;
+    const auto journal = oeffneJournaldatei();
+    const auto arten = journal->OpenRecordset(
+        u"SELECT Min(ARTIKELART) AS Erste, Max(ARTIKELART) AS Letzte FROM LAGERJOURNAL WHERE LCASE(TRIM(ARTIKEL)) = '"_s +
+            artikel + u"' AND ARTIKELART > ''"_s,
+        jet::Kind::Snapshot);
+    const QString erste = (*arten)[u"Erste"].toText();
+    if (erste.isEmpty() || erste != (*arten)[u"Letzte"].toText()) return false;
+    drpGruppe.setText(erste);
+    return true;
 }
 
 void ladeGeschaeftspartner(DataControl& HandlerDaten)
@@ -135,9 +166,12 @@ void ladeLagerorte(DataControl& Lagerauswahl, DataCombo& drpLagerort)
 void zeigeLagername(QLabel& name, const DataCombo& drpLagerort, DataControl& Lagerauswahl)
 {
     name.clear();
+    name.setToolTip({});
     if (!drpLagerort.IsItemInList()) return;
     Lagerauswahl.FindFirst(u"KurzKu = '"_s + drpLagerort.Text() + u"'"_s);
-    if (!Lagerauswahl.NoMatch()) name.setText(Lagerauswahl.Recordset()[u"Name"].toText());
+    if (Lagerauswahl.NoMatch()) return;
+    name.setText(Lagerauswahl.Recordset()[u"Name"].toText());
+    name.setToolTip(name.text()); // the mask does not grow for a long one
 }
 
 bool pruefeEintrag(DataCombo& combo, DataControl& daten, const QString& feld)

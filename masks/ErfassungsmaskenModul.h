@@ -24,10 +24,15 @@ void verbindeArtikel(DataCombo& combo, DataControl& Artikelauswahl);
 
 /// Offers the articles of a kind. With `nurVorhandene` those that the journal has ever booked under it, each name with
 /// each of its units; where it has none, and otherwise, those of the master data. Harvested produce is always offered from
-/// the journal, and sets the flag. An unknown kind leaves the list as it is. A text that the new list does not have is emptied.
+/// the journal, and sets the flag. An unknown kind leaves the list as it is. While no kind is chosen, what the journal has
+/// booked under one kind only is offered. A text that the new list does not have is emptied.
 void ladeArtikel(DataControl& Artikelauswahl, DataCombo& drpArtikel, const QString& Artikelart, bool& nurVorhandene);
 /// The same from the master data alone.
 void ladeArtikelstamm(DataControl& Artikelauswahl, DataCombo& drpArtikel, const QString& Artikelart);
+
+/// Chooses the kind of an article that was entered while none was chosen: that of the journal, if it has booked the article
+/// under one kind only. False: it stays as it is.
+bool uebernimmArtikelart(ComboBox& drpGruppe, const DataCombo& drpArtikel);
 
 /// Reads the business partners again.
 void ladeGeschaeftspartner(DataControl& HandlerDaten);

@@ -51,10 +51,19 @@ LAZukaufForm::LAZukaufForm(const Hauptansicht& haupt, QWidget* parent)
     ui->txtPreis->setNumberFormat(u"##,##0.00##"_s);
     ui->txtBetrag->setNumberFormat(u"##,##0.00"_s);
     ui->txtPreisFaktor->setNumberFormat(u"0.##"_s);
+    constexpr int Faktorzeichen = 9; // three, and what stands around them
+    ui->txtPreisFaktor->setFixedWidth(Faktorzeichen * fontMetrics().averageCharWidth());
+    for (QWidget* merkmal : std::initializer_list<QWidget*>{ui->frmBeizung, ui->chkBiologisch})
+        behaeltPlatz(*merkmal);
     const int feldspalte = richteAus(
         {ui->Kopf->Kopf, ui->Mengenzeile, ui->Preise, ui->Partnerzeile, ui->Bestaende, ui->Fuss->Kommentarzeile});
-    if (!m_bild.mitPreis) ui->Mitte->setContentsMargins(feldspalte, 0, 0, 0); // the dressing stands under the fields
-    verbinde(*ui->Kopf, *ui->Fuss, *ui->txtMenge, *ui->txtEinheit, *ui->Ampel);
+    if (!m_bild.mitPreis) { // both stand under the fields, the tick first: it is there for more kinds of articles
+        ui->Mitte->setContentsMargins(feldspalte, 0, 0, 0);
+        ui->Merkmale->setDirection(QBoxLayout::RightToLeft);
+    }
+    verbinde(*ui->Kopf, *ui->Fuss, *ui->txtMenge, *ui->txtEinheit, *ui->Ampel, {ui->txtPreis, ui->stHandler});
+    for (NumberEdit* feld : {ui->txtPreis, ui->txtPreisFaktor, ui->txtBetrag})
+        bewache(*feld);
 
     verdrahte(ui->stHandler, &DataCombo::DropDown, this, [this] { ladeGeschaeftspartner(*m_handlerDaten); });
     verdrahte(ui->chkBiologisch, &CheckBox::Click, this, &LAZukaufForm::Ansichteinstellen);
@@ -165,7 +174,7 @@ void LAZukaufForm::ermittlePreis(const QString& artikel)
             u"' AND Buchungsart IN ('Zukauf','Anfangsbestand','Ernte') ORDER BY DATUM DESC"_s,
         jet::Kind::Dynaset);
     if (!letzte->Eof()) return uebernimm(*letzte);
-    if (chkVorhanden().Value() == 1) return;
+    if (chkVorhanden().Value() == 1 || felder().drpGruppe.Text().isEmpty()) return; // these lists have no prices
     if (sucheArtikel(felder().Artikelauswahl, artikel)) uebernimm(felder().Artikelauswahl.Recordset());
 }
 

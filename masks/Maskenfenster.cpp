@@ -4,32 +4,165 @@
 #include "masks/Maskenteile.h"
 #include "masks/Textlaenge.h"
 #include "platform/controls/FocusWhole.h"
+#include "platform/controls/ListField.h"
 #include "platform/controls/TasteUmsetzen.h"
 #include "platform/controls/WindowMemory.h"
 #include "platform/controls/Wiring.h"
 #include "platform/system/ErrorReport.h"
+#include "platform/system/Messages.h"
 
+#include <QApplication>
 #include <QPointer>
 #include <QScopeGuard>
+#include <QScreen>
+#include <QScrollArea>
+#include <QShortcut>
+#include <QStyle>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Takes no room of its own, and as much as its content needs.
+class Rollbereich final : public QScrollArea {
+public:
+    explicit Rollbereich(QWidget* parent) : QScrollArea(parent)
+    {
+        setFrameShape(QFrame::NoFrame);
+        setWidgetResizable(true);
+        setFocusPolicy(Qt::NoFocus);
+    }
+    QSize sizeHint() const override
+    {
+        QSize groesse = widget()->sizeHint();
+        if (widget()->hasHeightForWidth()) groesse.setHeight(widget()->heightForWidth(groesse.width()));
+        return groesse;
+    }
+};
+
+} // namespace
 
 Maskenfenster::Maskenfenster(const Hauptansicht& haupt, QWidget* parent) : QDialog(parent), m_haupt(haupt)
 {
     if (modulzustand().Aenderungsmodus) m_id = journaldaten().Recordset()[u"ID"].toLong();
 }
 
-void Maskenfenster::richteFensterEin(Maskenfuss& fuss)
+void Maskenfenster::richteFensterEin(Maskenfuss& fuss, std::vector<QWidget*> anfaenge)
 {
     m_fuss = &fuss;
+    m_anfaenge = std::move(anfaenge);
     nummeriere(u"Command2"_s, {fuss.Command2_0_, fuss.Command2_1_});
     fuss.Command1->setProperty("CausesValidation", false);
+    setzeInRollbereich();
     new FieldKeys(*this);
+    bindeTasten();
+    bewache(*fuss.txtKommentar);
     begrenze(*fuss.txtKommentar, u"Kommentar"_s, 255);
-    verdrahte(fuss.Command1, &QPushButton::clicked, this, [this] { reject(); });
+    verdrahte(fuss.Command1, &QPushButton::clicked, this, [this] { QDialog::reject(); });
     verdrahte(fuss.Command2_0_, &QPushButton::clicked, this, [this] { Command2_Click(0); });
     verdrahte(fuss.Command2_1_, &QPushButton::clicked, this, [this] { Command2_Click(1); });
     restoreWindow(*this, u"Lagerverwaltung"_s, u"Fenster"_s + objectName());
+}
+
+/// Everything but the buttons.
+void Maskenfenster::setzeInRollbereich()
+{
+    auto* const inhalt = new QWidget(this);
+    QLayout* const aufbau = layout();
+    const QMargins rand = aufbau->contentsMargins();
+    inhalt->setLayout(aufbau); // with all that stands in it
+    aufbau->setContentsMargins(rand.left(), rand.top(), rand.right(), 0);
+    auto* const bereich = new Rollbereich(this);
+    bereich->setWidget(inhalt);
+    QLayout* const knoepfe = m_fuss->Knoepfe;
+    m_fuss->Fuss->removeItem(knoepfe);
+    knoepfe->setParent(nullptr);
+    auto* const rahmen = new QVBoxLayout(this);
+    rahmen->setContentsMargins(0, 0, 0, rand.bottom());
+    rahmen->addWidget(bereich);
+    auto* const zeile = new QVBoxLayout;
+    zeile->setContentsMargins(rand.left(), 0, rand.right(), 0);
+    zeile->addLayout(knoepfe);
+    rahmen->addLayout(zeile);
+    connect(qApp, &QApplication::focusChanged, bereich, [bereich](QWidget*, QWidget* feld) {
+        if (feld && bereich->widget()->isAncestorOf(feld)) bereich->ensureWidgetVisible(feld);
+    });
+}
+
+void Maskenfenster::bindeTasten()
+{
+    const auto binde = [this](QKeyCombination taste, const std::function<void()>& tat) {
+        auto* const kuerzel = new QShortcut(QKeySequence(taste), this);
+        kuerzel->setAutoRepeat(false); // a key held too long books once
+        verdrahte(kuerzel, &QShortcut::activated, this, tat);
+    };
+    QPushButton* const beenden = m_fuss->Command2_1_;
+    QPushButton* const erster = aendert() ? beenden : m_fuss->Command2_0_; // one booking is changed, there is no next
+    for (const auto eingabe : {Qt::Key_Return, Qt::Key_Enter}) {
+        binde(Qt::CTRL | eingabe, [erster] { erster->click(); });
+        binde(Qt::CTRL | Qt::SHIFT | eingabe, [beenden] { beenden->click(); });
+    }
+    beenden->setToolTip(u"Strg+Umschalt+Eingabe"_s);
+    erster->setToolTip(u"Strg+Eingabe"_s);
+    binde(QKeyCombination(Qt::Key_F6), [this] { springe(1); });
+    binde(Qt::SHIFT | Qt::Key_F6, [this] { springe(-1); });
+}
+
+/// To another group, checking the field that is left as Tab does.
+void Maskenfenster::springe(int richtung)
+{
+    std::vector<QWidget*> anfaenge;
+    for (QWidget* feld : m_anfaenge)
+        if (feld->isVisible() && feld->isEnabled()) anfaenge.push_back(feld);
+    QWidget* const hier = focusWidget();
+    if (!hier || anfaenge.empty()) return;
+    const auto gruppe = [&](QWidget* feld) { return std::find(anfaenge.begin(), anfaenge.end(), feld); };
+    QWidget* beginn = hier;
+    while (gruppe(beginn) == anfaenge.end() && beginn->previousInFocusChain() != hier)
+        beginn = beginn->previousInFocusChain();
+    const auto anzahl = static_cast<qsizetype>(anfaenge.size());
+    const qsizetype ziel = (gruppe(beginn) - anfaenge.begin() + richtung + anzahl) % anzahl;
+    anfaenge[static_cast<std::size_t>(ziel)]->setFocus(richtung > 0 ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+}
+
+/// By itself a window takes two thirds of the display at most. Its frame is known when it is shown: until then that of the
+/// window below counts.
+void Maskenfenster::oeffneGross()
+{
+    const QWidget* const darunter = parentWidget() ? parentWidget()->window() : nullptr;
+    QSize rahmen(0, style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, this));
+    if (darunter) rahmen = rahmen.expandedTo(darunter->frameGeometry().size() - darunter->size());
+    const QSize platz = (darunter ? darunter : this)->screen()->availableGeometry().size() - rahmen;
+    resize(sizeHint().boundedTo(platz));
+}
+
+void Maskenfenster::setVisible(bool visible)
+{
+    if (visible && !testAttribute(Qt::WA_Resized)) oeffneGross();
+    QDialog::setVisible(visible);
+}
+
+void Maskenfenster::bewache(EditField& feld)
+{
+    connect(&feld, &QLineEdit::textEdited, this, [this] { m_getippt = true; });
+    connect(&feld, &EditField::Change, this, [this] { m_getippt = true; });
+}
+
+void Maskenfenster::bewache(ListField& feld)
+{
+    connect(&feld, &ListField::Change, this, [this] { m_getippt = true; });
+    connect(&feld, &ListField::Click, this, [this] { m_getippt = true; });
+}
+
+void Maskenfenster::reject()
+{
+    if (m_getippt && sys::messages().show(u"Was Sie eingetragen haben, ist noch nicht gespeichert."_s + u"\r\n\r\n"_s +
+                                              u"Wollen Sie die Maske trotzdem verlassen ?"_s,
+                                          sys::YesNo | sys::Question | sys::DefaultButton2) != sys::Answer::Yes)
+        return;
+    QDialog::reject();
 }
 
 bool Maskenfenster::speichereUnterBericht(const std::function<void()>& merke, const std::function<void()>& schreibe)
@@ -48,6 +181,7 @@ bool Maskenfenster::speichereUnterBericht(const std::function<void()>& merke, co
     sys::underErrorReport({merke, [&] {
                                schreibe();
                                geschrieben = true;
+                               m_getippt = false;
                            }});
     return geschrieben;
 }

@@ -5,22 +5,32 @@
 #include <QDialog>
 
 #include <functional>
-#include <optional>
+#include <vector>
 
+class ListField;
 class Maskenfuss;
 
 /// The window of every entry mask: keys, size, buttons, and the way of a save.
+///
+/// Where the display is too small for the mask, its fields scroll and its buttons stay in view.
 class Maskenfenster : public QDialog {
     Q_OBJECT
 
 public:
-    void done(int result) override; ///< Remembers the size.
+    void done(int result) override;         ///< Remembers the size.
+    void setVisible(bool visible) override; ///< At first as large as it needs, and as the display has room.
+    /// Esc and the window's X: asks when something typed would be lost. "Abbrechen" asks nothing.
+    void reject() override;
 
 protected:
     Maskenfenster(const Hauptansicht& haupt, QWidget* parent);
 
-    /// To be called by the mask when its own part is set up: keys, buttons, the size it had.
-    void richteFensterEin(Maskenfuss& fuss);
+    /// To be called by the mask when its own part is set up: keys, buttons, the size it had. F6 goes to the next of the
+    /// `anfaenge`, the fields that groups begin with, in the order of the tabulator.
+    void richteFensterEin(Maskenfuss& fuss, std::vector<QWidget*> anfaenge);
+    /// What is typed into the field or chosen there would be lost.
+    void bewache(EditField& feld);
+    void bewache(ListField& feld);
     const Hauptansicht& haupt() const { return m_haupt; }
     DataControl& journaldaten() const { return m_haupt.Journaldaten; }
     bool aendert() const { return m_id != 0; }
@@ -32,7 +42,14 @@ protected:
     virtual void Command2_Click(int index) = 0; ///< Save; 1 also closes.
 
 private:
+    void setzeInRollbereich();
+    void bindeTasten();
+    void springe(int richtung);
+    void oeffneGross();
+
     const Hauptansicht m_haupt;
     Maskenfuss* m_fuss = nullptr;
+    std::vector<QWidget*> m_anfaenge;
     qint64 m_id = 0;
+    bool m_getippt = false; ///< Since the mask was opened or saved.
 };

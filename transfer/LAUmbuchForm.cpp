@@ -46,6 +46,11 @@ LAUmbuchForm::LAUmbuchForm(const Hauptansicht& haupt, QWidget* parent)
     m_artikelauswahl->setObjectName(u"Artikelauswahl"_s);
     m_artikelauswahl2->setObjectName(u"Artikelauswahl2"_s);
     ui->Zugang->nenneZweite();
+    ui->Abgang->setzeEinheitNeben(*ui->txtMenge, *ui->MengeMitEinheit);
+    constexpr int Mengenzeichen = 12; // of average width
+    constexpr int Einheitzeichen = 7;
+    ui->txtMenge->setMinimumWidth(Mengenzeichen * fontMetrics().averageCharWidth());
+    ui->Abgang->txtEinheit->setFixedWidth(Einheitzeichen * fontMetrics().averageCharWidth());
     ui->Abgang->verbinde(*m_lagerauswahl, *m_artikelauswahl);
     ui->Zugang->verbinde(*m_lagerauswahl, *m_artikelauswahl2);
     m_abgang.emplace(Seite{*ui->Abgang, *m_artikelauswahl, *ui->txtAbgangsID, -1});
@@ -53,7 +58,9 @@ LAUmbuchForm::LAUmbuchForm(const Hauptansicht& haupt, QWidget* parent)
     m_felder.emplace(Maskenfelder{*ui->Buchdatum, *ui->Abgang->drpLagerort, *ui->Abgang->drpGruppe,
                                   *ui->Abgang->drpArtikel, *ui->txtMenge, *ui->Abgang->Ampel, *ui->Fuss->Command2_0_,
                                   *ui->Fuss->Command2_1_, *m_lagerauswahl, *m_artikelauswahl});
-    richteFensterEin(*ui->Fuss);
+    richteFensterEin(*ui->Fuss, {ui->Abgang->drpLagerort, ui->Abgang->drpArtikel, ui->txtMenge, ui->Zugang->drpLagerort,
+                                 ui->Zugang->drpArtikel, ui->Fuss->txtKommentar});
+    bewache(*ui->txtMenge);
     verdrahte(ui->Command3, &QPushButton::clicked, this, &LAUmbuchForm::Command3_Click);
     verdrahte(ui->txtMenge, &NumberEdit::Change, this, &LAUmbuchForm::txtMenge_Change);
     verdrahteSeite(*m_abgang, &LAUmbuchForm::FelderFullen);
@@ -89,7 +96,13 @@ void LAUmbuchForm::verdrahteSeite(const Seite& seite, void (LAUmbuchForm::*fuell
     verdrahte(felder.drpGruppe, &ComboBox::Click, this, ladeUndFuelle);
     verdrahte(felder.chkVorhanden, &CheckBox::Click, this, ladeUndFuelle);
     verdrahte(felder.drpArtikel, &DataCombo::DropDown, this, [this, &seite] { ladeArtikelliste(seite); });
-    verdrahte(felder.drpArtikel, &DataCombo::Click, this, fuelle);
+    verdrahte(felder.drpArtikel, &DataCombo::GotFocus, this, [this, &seite] {
+        if (seite.felder.drpGruppe->Text().isEmpty()) ladeArtikelliste(seite);
+    });
+    verdrahte(felder.drpArtikel, &DataCombo::Click, this, [this, &seite, fuelle] {
+        sys::underErrorReport({[&] { folgeArtikel(seite); }, [&] { (this->*fuelle)(); }});
+    });
+    bewache(*felder.drpArtikel);
     verdrahte(felder.drpArtikel, &DataCombo::Validate, this, [this, &seite, fuelle](Cancel& cancel) {
         cancel = !darfArtikelVerlassen(*seite.felder.drpArtikel, seite.Artikelauswahl,
                                        [this, fuelle] { (this->*fuelle)(); });
@@ -176,6 +189,12 @@ void LAUmbuchForm::ladeArtikelliste(const Seite& seite)
     ladeArtikel(seite.Artikelauswahl, *seite.felder.drpArtikel, seite.felder.drpGruppe->Text(), nurVorhandene);
 }
 
+/// Who begins with the article need not choose its kind.
+void LAUmbuchForm::folgeArtikel(const Seite& seite)
+{
+    if (uebernimmArtikelart(*seite.felder.drpGruppe, *seite.felder.drpArtikel)) ladeArtikelliste(seite);
+}
+
 void LAUmbuchForm::AmpelEinstellen()
 {
     for (const Umbuchseite* seite : {ui->Abgang, ui->Zugang})
@@ -199,7 +218,8 @@ void LAUmbuchForm::ermittleEinheit(const Seite& seite)
 }
 
 /// The tag holds the article of the pair that is changed and is empty for a new one: then every article of the issuing side
-/// takes its kind to the receiving side, since most transfers only change the place.
+/// takes its kind to the receiving side, and itself where nobody has chosen another one, since most transfers only change
+/// the place.
 void LAUmbuchForm::FelderFullen()
 {
     berechne(*m_abgang);
@@ -207,6 +227,9 @@ void LAUmbuchForm::FelderFullen()
     if (ui->Abgang->drpArtikel->Text() == ui->Abgang->drpArtikel->Tag()) return;
     ermittleEinheit(*m_abgang);
     ui->Zugang->drpGruppe->setText(ui->Abgang->drpGruppe->Text());
+    DataCombo& dort = *ui->Zugang->drpArtikel;
+    if (dort.Text().isEmpty() || dort.Text() == m_mitgenommen)
+        dort.setText(m_mitgenommen = ui->Abgang->drpArtikel->Text());
     ladeArtikelliste(*m_zugang);
     FelderFullen2();
 }

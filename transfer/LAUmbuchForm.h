@@ -42,6 +42,7 @@ private:
     void zeigeOrt(const Seite& seite);
     void bieteArtikelAn(const Seite& seite);
     void ladeArtikelliste(const Seite& seite);
+    void folgeArtikel(const Seite& seite);
     void ermittleEinheit(const Seite& seite);
     void berechne(const Seite& seite);
     void Command3_Click();
@@ -65,6 +66,7 @@ private:
     DataControl* m_artikelauswahl2;
     std::optional<Seite> m_abgang, m_zugang;
     std::optional<Maskenfelder> m_felder;
+    QString m_mitgenommen; ///< The article that the receiving side has from the issuing one.
     /// The rows, by their ID, of a new pair that could not be written to its end yet.
     std::optional<qint64> m_neuerAbgang, m_neuerZugang;
 };

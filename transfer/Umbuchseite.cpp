@@ -1,14 +1,26 @@
 #include "transfer/Umbuchseite.h"
 
 #include "masks/ErfassungsmaskenModul.h"
+#include "masks/Maskenraster.h"
 
 using namespace Qt::StringLiterals;
 
 Umbuchseite::Umbuchseite(QWidget* parent) : QGroupBox(parent)
 {
-    constexpr int Feldzeichen = 30; // of average width: the longest kind of articles fits
+    constexpr int Feldzeichen = 27; // of average width: the longest kind of articles fits, and both sides on 800 pixels
     setupUi(this);
     Seite->setColumnMinimumWidth(1, Feldzeichen * fontMetrics().averageCharWidth());
+}
+
+void Umbuchseite::setzeEinheitNeben(QWidget& feld, QHBoxLayout& zeile)
+{
+    Seite->removeWidget(txtEinheit);
+    lblEinheit->setMinimumHeight(txtEinheit->sizeHint().height()); // the stocks of both sides stay in line
+    behaeltPlatz(*lblEinheit);
+    lblEinheit->hide();
+    txtEinheit->setAccessibleName(u"Einheit"_s);
+    zeile.addWidget(txtEinheit);
+    setTabOrder(&feld, txtEinheit);
 }
 
 void Umbuchseite::nenneZweite()

@@ -147,8 +147,10 @@ QPalette EditField::look() const
 {
     QPalette look;
     if (isReadOnly()) {
-        const QPalette around = parentWidget() ? parentWidget()->palette() : QPalette();
-        look.setBrush(QPalette::Base, around.window());
+        // The ground around it, whatever that is: in a frame it is another one than in the window. NumberEdit asks how dark.
+        QColor ground = parentWidget() ? parentWidget()->palette().color(QPalette::Window) : QColor();
+        ground.setAlpha(0);
+        look.setColor(QPalette::Base, ground);
     }
     return look;
 }

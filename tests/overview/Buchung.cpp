@@ -1,6 +1,7 @@
 #include "tests/overview/Buchung.h"
 
 #include "core/Modulzustand.h"
+#include "platform/controls/DataCombo.h"
 #include "platform/controls/DataGrid.h"
 #include "platform/controls/TextBox.h"
 
@@ -85,6 +86,15 @@ void Buchung::erfasse(QWidget& maske, const QString& gruppe, const QString& arti
     setze(maske, "drpGruppe", gruppe);
     setze(maske, "drpArtikel", artikel);
     setze(maske, "txtMenge", menge);
+}
+
+void Buchung::schliesseListe(QWidget& maske, const char* feld)
+{
+    auto* const liste = maske.findChild<DataCombo*>(QString::fromLatin1(feld));
+    if (!liste || liste->objectName() != u"drpArtikel") return;
+    EXPECT_TRUE(QTest::qWaitFor([&] { return liste->DroppedDown(); }));
+    EXPECT_EQ(liste->Text(), u""_s); // what the list does not have
+    liste->setDroppedDown(false);
 }
 
 void Buchung::hake(QWidget& maske, const char* name, bool an)

@@ -23,6 +23,8 @@ protected:
     static void setzeDort(const QString& text); ///< In the field that has the focus; and leaves it by Tab.
     static void erfasse(QWidget& maske, const QString& gruppe, const QString& artikel,
                         const QString& menge); ///< At H1.
+    /// The article's list opens when its text is refused, and shows what can be chosen.
+    static void schliesseListe(QWidget& maske, const char* feld);
     static void hake(QWidget& maske, const char* name, bool an);
     static void esc();
     static QWidget& widget(QWidget& maske, const char* name);

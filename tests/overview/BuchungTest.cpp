@@ -158,7 +158,7 @@ TEST_F(Buchung, EineZaehlungBuchtDenUnterschied)
         EXPECT_EQ(text(maske, "Buchdatum"), u"03.04.2024"_s);
         setze(maske, "txtMenge", u"61"_s);
         EXPECT_EQ(wert(maske, "txtNeu"), 1);
-        esc();
+        brichAb(maske);
     });
     kurzel('l');
     const QString zeile = u"H1 | Weizen | Pflanzliche Erzeugnisse | %1 | %1 | dt | NULL | NULL | Korrektur | 0 | NULL |"
@@ -182,7 +182,7 @@ TEST_F(Buchung, EineZaehlungBuchtDenUnterschied)
         EXPECT_EQ(widget(maske, "Ampel").property("Ampel"), 3);
         speichere(maske);
         EXPECT_EQ(hof.meldungen().abgeholt(), QStringList(NegativFrage)); // before the place that is missing
-        esc();
+        brichAb(maske);
     });
     kurzel('l');
     EXPECT_EQ(anzahl(), 7);
@@ -202,7 +202,7 @@ TEST_F(Buchung, EinVerkaufInsMinusWirdGefragt)
             EXPECT_EQ(wert(maske, "txtNeu"), -20);
             EXPECT_EQ(widget(maske, "Ampel").property("Ampel"), 3);
             speichere(maske);
-            if (antwort == sys::Answer::No) esc();
+            if (antwort == sys::Answer::No) brichAb(maske);
         });
         kurzel('v');
     }
@@ -261,7 +261,7 @@ TEST_F(Buchung, WasAngebotenWird)
         setze(maske, "drpArtikel", u"Diesel"_s);
         setze(maske, "drpGruppe", u"Futter"_s);
         EXPECT_EQ(text(maske, "drpArtikel"), u""_s);
-        esc();
+        brichAb(maske);
     });
     kurzel('p');
 }
@@ -287,7 +287,7 @@ TEST_F(Buchung, WelcheFelderEineArtZeigt)
                 EXPECT_EQ(widget(maske, "frmBeizung").isVisible(), an ? fall.beizungBeiBiologisch : fall.beizung);
             }
         }
-        esc();
+        brichAb(maske);
     });
     kurzel('z');
 }
@@ -355,9 +355,98 @@ TEST_F(Buchung, EineWahlInDerListeSchreibtDasKurzel)
     EXPECT_TRUE(feld<QPushButton>("Command7(0)").hasFocus());
     imNaechstenFenster([&](QWidget& maske) {
         EXPECT_EQ(maske.windowTitle(), u"Schwund erfassen"_s);
-        esc();
+        brichAb(maske);
     });
     QTest::keyClick(&feld<QPushButton>("Command7(0)"), Qt::Key_Return);
+}
+
+// Esc and the window's X ask before they drop what was typed; "Abbrechen" is an answer already.
+TEST_F(Buchung, GetipptesGehtNichtStillVerloren)
+{
+    const struct {
+        const char* feld;
+        QString text;
+        bool fragt;
+    } faelle[] = {{"Buchdatum", u"3.4."_s, false}, {"drpLagerort", u"H1"_s, false}, {"drpArtikel", u"Weizen"_s, true},
+                  {"txtMenge", u"7"_s, true},      {"txtPreis", u"8"_s, true},      {"txtKommentar", u"x"_s, true}};
+    const QString frage = u"Was Sie eingetragen haben, ist noch nicht gespeichert.\r\n\r\nWollen Sie die Maske trotzdem"
+                          u" verlassen ?"_s;
+    oeffne();
+    for (const auto& fall : faelle) {
+        SCOPED_TRACE(fall.feld);
+        imNaechstenFenster([&](QWidget& maske) {
+            schreibe(maske, fall.feld, fall.text);
+            hof.meldungen().beantworte(frage, sys::Answer::No);
+            if (fall.fragt) {
+                esc();
+                maske.close();
+                EXPECT_TRUE(maske.isVisible());
+                EXPECT_EQ(hof.meldungen().abgeholt(), (QStringList{frage, frage}));
+                hof.meldungen().beantworte(frage, sys::Answer::Yes);
+            }
+            esc();
+            EXPECT_EQ(hof.meldungen().abgeholt(), fall.fragt ? QStringList(frage) : QStringList());
+        });
+        kurzel('z');
+    }
+    imNaechstenFenster([&](QWidget& maske) {
+        erfasse(maske, u"Saatgut"_s, u"Roggen"_s, u"7"_s);
+        for (const char* feld : {"drpGruppe", "Buchdatum"}) { // what is dropped down closes first
+            widget(maske, feld).setFocus();
+            QTest::keyClick(&widget(maske, feld), Qt::Key_Down, Qt::AltModifier);
+            EXPECT_TRUE(widget(maske, feld).property("DroppedDown").toBool());
+            QTest::keyClick(QApplication::activePopupWidget()->focusWidget(), Qt::Key_Escape);
+            EXPECT_FALSE(widget(maske, feld).property("DroppedDown").toBool());
+        }
+        maske.activateWindow(); // as a window manager leaves it
+        EXPECT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == &maske; }));
+        speichereUndNaechster(maske);
+        esc();
+    });
+    kurzel('p');
+    EXPECT_EQ(anzahl(), 7);
+}
+
+TEST_F(Buchung, TastenDerMaske)
+{
+    hof.fuehreAus(2024, u"INSERT INTO LAGERJOURNAL (Datum, Artikel, Artikelart, Menge, Buchungsart)"
+                        u" VALUES (#5/30/2024#, 'Hafer', 'Saatgut/Sorten', 1, 'Zukauf')"_s);
+    oeffne();
+    imNaechstenFenster([&](QWidget& maske) {
+        const auto drueckeDort = [](Qt::Key taste, Qt::KeyboardModifiers dazu = Qt::NoModifier) {
+            QTest::keyClick(QApplication::focusWidget(), taste, dazu);
+            return QApplication::focusWidget()->objectName();
+        };
+        QTest::keyClicks(QApplication::focusWidget(), u"H1"_s);
+        EXPECT_EQ(drueckeDort(Qt::Key_F6), u"drpArtikel"_s);
+        setzeDort(u"Hafer"_s); // of two kinds
+        EXPECT_EQ(hof.meldungen().abgeholt(), QStringList(KeinArtikel));
+        schliesseListe(maske, "drpArtikel");
+        schreibe(maske, "drpArtikel", u"Weizen"_s);
+        EXPECT_EQ(drueckeDort(Qt::Key_F6), u"txtMenge"_s);
+        EXPECT_EQ(text(maske, "drpGruppe"), u"Pflanzliche Erzeugnisse"_s); // it follows
+        QTest::keyClicks(QApplication::focusWidget(), u"7"_s);
+        EXPECT_EQ(drueckeDort(Qt::Key_F6, Qt::ShiftModifier), u"drpArtikel"_s);
+        EXPECT_EQ(drueckeDort(Qt::Key_F6, Qt::ShiftModifier), u"drpLagerort"_s);
+        EXPECT_EQ(drueckeDort(Qt::Key_F6, Qt::ShiftModifier), u"txtKommentar"_s); // past what is hidden
+        drueckeDort(Qt::Key_Return, Qt::ControlModifier);
+        EXPECT_EQ(hof.journal(2024).back().menge, 7);
+        schreibe(maske, "drpArtikel", u"Weizen"_s);
+        schreibe(maske, "txtMenge", u"8"_s);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Enter,
+                        Qt::ControlModifier | Qt::ShiftModifier | Qt::KeypadModifier);
+    });
+    kurzel('p');
+    EXPECT_EQ(hof.journal(2024).back().menge, 8);
+    for (const auto dazu : {Qt::KeyboardModifiers(Qt::ControlModifier), Qt::ControlModifier | Qt::ShiftModifier}) {
+        imNaechstenFenster([&](QWidget& maske) {
+            schreibe(maske, "txtMenge", u"9"_s);
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Enter, dazu | Qt::KeypadModifier);
+        });
+        aendere();
+    }
+    EXPECT_EQ(hof.journal(2024).back().menge, 9);
+    EXPECT_EQ(anzahl(), 9);
 }
 
 // Enter alone leads from the first field to the buttons, also past "Heute", which it presses.
@@ -381,7 +470,7 @@ TEST_F(Buchung, EnterFuehrtVomDatumBisZumSpeichern)
         }
         EXPECT_TRUE(widget(maske, "Command2(0)").hasFocus()) << weg.join(u' ').toStdString();
         EXPECT_EQ(text(maske, "Buchdatum"), tag); // "Heute" leaves it
-        esc();
+        brichAb(maske);
     });
     kurzel('p');
 }
@@ -396,7 +485,7 @@ TEST_F(Buchung, DasKurzelGiltWieEsGetipptIst)
     QStringList masken;
     imNaechstenFenster([&](QWidget& maske) {
         masken.append(maske.windowTitle());
-        esc();
+        brichAb(maske);
     });
     for (const auto& [taste, buchstabe] : {std::pair{Qt::Key_V, u"v"_s}, std::pair{Qt::Key_Return, u"\r"_s}})
         for (const auto art : {QEvent::KeyPress, QEvent::KeyRelease})

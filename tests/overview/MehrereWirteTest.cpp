@@ -1,8 +1,6 @@
-// Several programs that book into one year file at the same time, and one that is killed while it does.
+// Several programs that book into one year file at the same time.
 
 #include "tests/overview/Buchung.h"
-
-#include "platform/controls/DataGrid.h"
 
 #include <QProcess>
 
@@ -77,30 +75,4 @@ TEST_F(MehrereWirte, JedeUmbuchungNenntIhrenEigenenPartner)
         EXPECT_EQ(andere.kommentar, haelfte.kommentar);
         EXPECT_NE(andere.menge, haelfte.menge);
     }
-}
-
-// The single row is shown, opening it touches nothing, it cannot be saved as a transfer, and it can be deleted.
-TEST_F(MehrereWirte, EinGetoetetesProgrammLaesstEineEinzelneZeile)
-{
-    const auto programm = starte(u"A"_s, 1, u"abbruch"_s);
-    ASSERT_TRUE(programm->waitForFinished());
-    EXPECT_EQ(programm->exitStatus(), QProcess::CrashExit);
-    const QString zeilen = u"SELECT LagerortKurzKu, Menge, Verfuttert_an FROM LAGERJOURNAL"
-                           u" WHERE Buchungsart = 'Umbuchung'"_s;
-    const QStringList einzelne{u"H1 | -1 | NULL"_s};
-    ASSERT_EQ(hof.zeigt(2024, zeilen), einzelne);
-    oeffne();
-    waehleBewegung(int(anzahl()) - 1);
-    hof.meldungen().beantworteAlle(sys::Answer::Abort);
-    imNaechstenFenster([&](QWidget& maske) {
-        speichere(maske);
-        esc();
-    });
-    aendere();
-    EXPECT_TRUE(hof.meldungen().abgeholt().value(0).startsWith(bericht(3021)));
-    EXPECT_EQ(hof.zeigt(2024, zeilen), einzelne);
-    hof.meldungen().beantworteAlle(sys::Answer::Yes);
-    drucke("Journalliste", Qt::Key_Delete);
-    EXPECT_EQ(hof.meldungen().abgeholt().size(), 1);
-    EXPECT_EQ(hof.zeigt(2024, zeilen), QStringList());
 }
