@@ -4,6 +4,7 @@
 #include "core/JahresUbertrag.h"
 #include "platform/system/Files.h"
 #include "tests/support/Fremdprogramm.h"
+#include "tests/support/Plattenstoerung.h"
 #include "tests/support/Print.h"
 #include "tests/support/Testbetrieb.h"
 
@@ -15,6 +16,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <map>
 
 using namespace Qt::StringLiterals;
 using jet::ErrorNumber;
@@ -145,4 +147,49 @@ TEST(Schadensfall, EinGesperrtesJahrIstEinFehlerUndDerNaechsteLaufHoltEsNach)
     }
     EXPECT_TRUE(JahresUbertrag());
     EXPECT_EQ(hof.journal(2025), zeilen("01.01. | H1 | Weizen | 100 | Anfangsbestand"));
+}
+
+TEST(Schadensfall, JedeStoerungDerPlatteLaesstGanzeJahreUndDerNaechsteLaufHoltNach)
+{
+    constexpr int Jahre[] = {2022, 2023, 2024};
+    const Testbetrieb hof(QDate(2022, 6, 1));
+    hof.bucht(2022, "05.05. | H1 | Weizen | 100 | Zukauf\n"
+                    "06.05. | H1 | Mais | 20 | Zukauf");
+    hof.bucht(2023, "01.01. | H1 | Mais | 5 | Anfangsbestand\n" // one row is changed, one is new
+                    "07.05. | H2 | Mais | 1 | Zukauf");
+    hof.bucht(2024, "");
+    std::map<int, std::vector<Zeile>> vorher, nachher;
+    const auto kopie = [&](int jahr) { return hof.ort().verzeichnis() + u"/Kopie."_s + QString::number(jahr); };
+    for (const int jahr : Jahre) {
+        vorher[jahr] = hof.journal(jahr);
+        sys::FileCopy(hof.journaldatei(jahr), kopie(jahr));
+    }
+    ASSERT_TRUE(JahresUbertrag());
+    for (const int jahr : Jahre)
+        nachher[jahr] = hof.journal(jahr);
+    ASSERT_EQ(nachher[2024].size(), 3U);
+
+    const auto stelleHer = [&] {
+        for (const int jahr : Jahre) {
+            sys::FileCopy(kopie(jahr), hof.journaldatei(jahr));
+        }
+    };
+    const auto uebertrage = [] {
+        try {
+            JahresUbertrag();
+        } catch (const jet::Error& fehler) {
+            EXPECT_TRUE(fehler.text().contains(u"Lager.202"_s)) << fehler.what();
+            throw;
+        }
+    };
+    stoereUeberall(stelleHer, uebertrage, [&](bool fertig) {
+        for (const int jahr : Jahre) {
+            const auto gefunden = hof.journal(jahr);
+            EXPECT_TRUE(gefunden == nachher[jahr] || (!fertig && gefunden == vorher[jahr])) << jahr;
+            EXPECT_EQ(befund(hof.journaldatei(jahr)), u"ok"_s);
+        }
+        EXPECT_TRUE(JahresUbertrag());
+        for (const int jahr : Jahre)
+            EXPECT_EQ(hof.journal(jahr), nachher[jahr]);
+    });
 }

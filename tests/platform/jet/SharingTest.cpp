@@ -11,11 +11,6 @@
 
 #include <gtest/gtest.h>
 
-#include <csignal>
-#include <stdexcept>
-
-#include <sys/resource.h>
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -104,47 +99,6 @@ TEST_F(Sharing, AForgottenRecordsetLocksNobodyOut)
     EXPECT_TRUE(other.next());
     dynaset->CancelUpdate();
     EXPECT_EQ((*dynaset)[u"Menge"].toDouble(), 3);
-}
-
-TEST_F(Sharing, OfAKilledProgramNothingHalfIsLeft)
-{
-    Program other([this, database = std::shared_ptr<jet::Database>()](int) mutable {
-        database = open();
-        database->BeginTrans();
-        for (int i = 0; i < 5000; ++i)
-            database->Execute(u"INSERT INTO J (Artikel, Menge) VALUES ('halb', 1)"_s);
-        database->Execute(u"UPDATE J SET Menge = 99"_s);
-    });
-    ASSERT_TRUE(other.next());
-    other.kill();
-    const auto database = open();
-    EXPECT_EQ(rowsOf(*database, u"SELECT ID, Artikel, Menge FROM J"_s), "1 | Weizen | 1\n2 | Hafer | 2");
-    database->Execute(u"INSERT INTO J (Artikel) VALUES ('danach')"_s);
-    EXPECT_EQ(m_scratch.files(), QStringList{u"Lager.2024"_s});
-}
-
-TEST_F(Sharing, OfWhatFindsNoRoomNothingHalfIsLeft)
-{
-    Program other([this](int) {
-        const rlimit smallDisk{65536, RLIM_INFINITY};
-        setrlimit(RLIMIT_FSIZE, &smallDisk);
-        std::signal(SIGXFSZ, SIG_IGN);
-        const auto database = open();
-        const auto insert = u"INSERT INTO J (Artikel, Menge) SELECT 'neu', Menge FROM J"_s; // doubles the rows
-        std::string refused;
-        for (int i = 0; i < 20 && refused.empty(); ++i)
-            refused = refusal([&] { database->Execute(insert); });
-        if (refused.find(m_scratch.path(u"Lager.2024"_s).toStdString()) == std::string::npos)
-            throw std::runtime_error(refused);
-    });
-    ASSERT_TRUE(other.next()); // refused, naming the file
-    const auto database = open();
-    const auto rows = database->OpenRecordset(u"SELECT Count(*) AS N, Sum(Menge) AS S FROM J"_s);
-    const auto count = (*rows)[u"N"].toLong();
-    EXPECT_GT(count, 256);
-    EXPECT_EQ(count & (count - 1), 0) << count; // whole statements only
-    EXPECT_EQ((*rows)[u"S"].toDouble(), 1.5 * static_cast<double>(count));
-    EXPECT_EQ(database->Execute(u"INSERT INTO J (Artikel, Menge) SELECT 'neu', Menge FROM J"_s), count);
 }
 
 TEST_F(Sharing, AKilledProgramsJournalGoesWithItsFile)
