@@ -231,32 +231,6 @@ TEST_F(Sharing, KeepsWhatWasWrittenBeforeAnError)
     EXPECT_EQ(others->Execute(u"UPDATE J SET Menge = 3"_s), 3);
 }
 
-// Whether the disk is full while rows are written, which need more than is kept in memory, or at the commit.
-TEST_F(Sharing, ATransactionThatFindsNoRoomIsEndedAndSaysSo)
-{
-    open()->Execute(u"ALTER TABLE J ADD COLUMN Notiz Memo"_s);
-    for (const int length : {700'000, 7'000}) {
-        SCOPED_TRACE(length);
-        Program other([&](int) {
-            const rlimit smallDisk{65536, RLIM_INFINITY};
-            setrlimit(RLIMIT_FSIZE, &smallDisk);
-            std::signal(SIGXFSZ, SIG_IGN);
-            const auto database = open();
-            bool takenBack = false;
-            const auto refused = refusal([&] {
-                jet::Transaction transaction(*database, [&] { takenBack = true; });
-                for (int i = 0; i < 40; ++i)
-                    database->Execute(u"INSERT INTO J (Notiz) VALUES ('"_s + QString(length, u'y') + u"')"_s);
-                transaction.commit();
-            });
-            database->Execute(u"UPDATE J SET Menge = Menge + 1 WHERE ID = 1"_s); // a commit of its own again
-            if (!takenBack || refused.empty()) throw std::runtime_error(refused);
-        });
-        ASSERT_TRUE(other.next());
-    }
-    EXPECT_EQ(rowsOf(*open(), u"SELECT Artikel, Menge FROM J"_s), "Weizen | 3\nHafer | 2");
-}
-
 TEST_F(Sharing, ShowsATransactionWhenItIsCommitted)
 {
     jet::Engine other;
