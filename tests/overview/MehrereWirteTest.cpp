@@ -19,21 +19,21 @@ int anzahlBuchungen()
 
 class MehrereWirte : public Buchung {
 protected:
-    std::unique_ptr<QProcess> starte(const QString& name, int anzahl, const QString& was) const
+    std::unique_ptr<QProcess> starte(const QString& name, int anzahl) const
     {
         auto programm = std::make_unique<QProcess>();
         programm->setProcessChannelMode(QProcess::ForwardedErrorChannel);
         programm->start(QStringLiteral(BUCHUNGSWIRT),
-                        {hof.ort().verzeichnis(), u"2024"_s, name, QString::number(anzahl), was});
+                        {hof.ort().verzeichnis(), u"2024"_s, name, QString::number(anzahl)});
         return programm;
     }
 
     /// Two programs at once, each `anzahl` bookings.
-    void bucheZuZweit(int anzahl, const QString& was) const
+    void bucheZuZweit(int anzahl) const
     {
         constexpr int Minuten = 10;
-        const auto erstes = starte(u"A"_s, anzahl, was);
-        const auto zweites = starte(u"B"_s, anzahl, was);
+        const auto erstes = starte(u"A"_s, anzahl);
+        const auto zweites = starte(u"B"_s, anzahl);
         for (const auto& programm : {erstes.get(), zweites.get()}) {
             ASSERT_TRUE(programm->waitForFinished(Minuten * 60'000));
             EXPECT_EQ(programm->exitCode(), 0);
@@ -43,22 +43,10 @@ protected:
 
 } // namespace
 
-TEST_F(MehrereWirte, KeineBuchungGehtVerlorenOderKommtZweimal)
-{
-    const int anzahl = anzahlBuchungen();
-    bucheZuZweit(anzahl, u"zukauf"_s);
-    std::map<QString, int> gezaehlt;
-    for (const QString& kommentar : hof.zeigt(2024, u"SELECT Kommentar FROM LAGERJOURNAL WHERE Artikel = 'Roggen'"_s))
-        ++gezaehlt[kommentar];
-    EXPECT_EQ(gezaehlt.size(), std::size_t(2 * anzahl));
-    for (const auto& [kommentar, mal] : gezaehlt)
-        EXPECT_EQ(mal, 1) << kommentar.toStdString();
-}
-
 TEST_F(MehrereWirte, JedeUmbuchungNenntIhrenEigenenPartner)
 {
     const int anzahl = anzahlBuchungen();
-    bucheZuZweit(anzahl, u"umbuchung"_s);
+    bucheZuZweit(anzahl);
     struct Haelfte {
         QString partner, kommentar, menge;
     };
@@ -68,7 +56,7 @@ TEST_F(MehrereWirte, JedeUmbuchungNenntIhrenEigenenPartner)
         const QStringList zellen = zeile.split(u" | "_s);
         zeilen[zellen[0]] = {zellen[1], zellen[2], zellen[3]};
     }
-    EXPECT_EQ(zeilen.size(), std::size_t(4 * anzahl));
+    EXPECT_EQ(zeilen.size(), std::size_t(4 * anzahl)); // none is lost, none comes twice
     for (const auto& [ID, haelfte] : zeilen) {
         const Haelfte& andere = zeilen[haelfte.partner];
         EXPECT_EQ(andere.partner, ID);

@@ -1,6 +1,6 @@
-// A program that books by keys, for tests of several programs on one year file:
+// A program that books transfers by keys, for tests of several programs on one year file:
 //
-//     buchungswirt DIRECTORY YEAR NAME COUNT zukauf|umbuchung
+//     buchungswirt DIRECTORY YEAR NAME COUNT
 //
 // Each of its bookings has "NAME number" as comment.
 
@@ -51,14 +51,13 @@ void tippe(QWidget& maske, const char* name, const QString& text)
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
 }
 
-void buche(QWidget& maske, const QString& name, int anzahl, bool umbuchung)
+void buche(QWidget& maske, const QString& name, int anzahl)
 {
     tippe(maske, "drpLagerort", u"H1"_s);
-    tippe(maske, "drpGruppe", umbuchung ? u"Pflanzl"_s : u"Saat"_s);
-    if (umbuchung) tippe(maske, "drpLagerorte2", u"H2"_s);
+    tippe(maske, "drpGruppe", u"Pflanzl"_s);
+    tippe(maske, "drpLagerorte2", u"H2"_s);
     for (int i = 1; i <= anzahl; ++i) {
-        tippe(maske, "drpArtikel", umbuchung ? u"Weizen"_s : u"Roggen"_s);
-        if (umbuchung) tippe(maske, "DrpArtikel2", u"Weizen"_s);
+        tippe(maske, "drpArtikel", u"Weizen"_s);
         tippe(maske, "txtMenge", u"1"_s);
         tippe(maske, "txtKommentar", name + u' ' + QString::number(i));
         QWidget& naechster = feld(maske, "Command2(0)");
@@ -84,8 +83,7 @@ int main(int argc, char** argv)
 {
     const QApplication programm(argc, argv);
     const QStringList worte = QApplication::arguments();
-    if (worte.size() != 6) return 2;
-    const bool umbuchung = worte[5] != u"zukauf";
+    if (worte.size() != 5) return 2;
     melde(Installation(worte[1]), worte[2].toInt());
     Antworten antworten;
     const sys::MessageScope umleitung(antworten);
@@ -93,9 +91,9 @@ int main(int argc, char** argv)
     LagerbestandNeu fenster;
     fenster.show();
     if (!QTest::qWaitForWindowActive(&fenster)) return 1;
-    imNaechstenFenster([&](QWidget& maske) { buche(maske, worte[3], worte[4].toInt(), umbuchung); });
+    imNaechstenFenster([&](QWidget& maske) { buche(maske, worte[3], worte[4].toInt()); });
     QWidget& kurzel = feld(fenster, "KurzEingabe");
     kurzel.setFocus();
-    QTest::keyClick(&kurzel, umbuchung ? Qt::Key_U : Qt::Key_Z);
+    QTest::keyClick(&kurzel, Qt::Key_U);
     return 0;
 }

@@ -1,6 +1,5 @@
 #include "transfer/ampel/AmpelLED.h"
 #include "tests/support/Print.h"
-#include "ui_Ampelmaske.h"
 
 #include <QAccessible>
 #include <QPainter>
@@ -151,13 +150,4 @@ TEST(AmpelLED, ZeichnetAusDemSymbolDerAuflosung)
     QImage bekommen = ampel.grab().toImage().convertToFormat(QImage::Format_RGB32);
     bekommen.setDevicePixelRatio(1);
     EXPECT_TRUE(bekommen == erwartet);
-}
-
-TEST(AmpelLED, StehtAufEinerMaske)
-{
-    QDialog maske;
-    Ui::Ampelmaske ui;
-    ui.setupUi(&maske);
-    EXPECT_EQ(zuSehen(*ui.Ampel), u"Ampelgruen"_s);
-    EXPECT_EQ(maske.findChild<QWidget*>(u"Ampel"_s)->property("BackColor").toUInt(), 0x8000000Fu);
 }
