@@ -21,6 +21,8 @@ const QString Bestandsquelle =
     u" Artikel,  LagerortKurzku, Artikelart, Einheit, First(Untergruppe) as UGruppe FROM LAGERJOURNAL"
     u" GROUP BY ARTIKEL,  LagerortKurzku, Artikelart, Einheit ORDER BY ARTIKEL"_s;
 
+const QString Ordnung = u" ORDER BY "_s; // as all texts have it, of which the views are made
+
 const QString NichtGelesen = u"Die Datei konnte nicht gelesen werden; F5 versucht es noch einmal"_s;
 
 struct Spalte {
@@ -92,26 +94,51 @@ bool liegtAnDerDatei(jet::ErrorNumber fehler)
     return std::ranges::find(Dateifehler, fehler) != std::end(Dateifehler);
 }
 
+struct Ansicht {
+    DataControl& daten;
+    DataGrid& liste;
+    const QString& ersteQuelle;
+};
+
+Ansicht journal(const Hauptansicht& haupt)
+{
+    return {haupt.Journaldaten, haupt.Journalliste, Journalquelle};
+}
+
+Ansicht bestand(const Hauptansicht& haupt)
+{
+    return {haupt.Bestanddaten, haupt.BestandListe, Bestandsquelle};
+}
+
+/// What stands before the order: names in a filter come before it, too, so it is the last.
+QString vorOrdnung(const QString& quelle)
+{
+    return quelle.left(quelle.lastIndexOf(Ordnung));
+}
+
 /// Opens a view in a way that may fail. A source that the database refuses is given up for the view's first one, and the
-/// sort mark goes off: what broke this text must not break all that come after it.
-void oeffne(DataControl& daten, DataGrid& liste, const QString& ersteQuelle, const std::function<void()>& oeffnen)
+/// sort mark goes off: what broke this text must not break all that come after it. The other view's text has the same name
+/// in it, although its rows are there: it would break in turn.
+void oeffne(const Ansicht& diese, const Ansicht& andere, const std::function<void()>& oeffnen)
 {
     try {
         oeffnen();
     } catch (const jet::Error& fehler) {
         if (!liegtAnDerDatei(fehler.number())) {
-            daten.setRecordSource(ersteQuelle);
-            SortiermarkeLoschen(liste);
+            diese.daten.setRecordSource(diese.ersteQuelle);
+            SortiermarkeLoschen(diese.liste);
+            const QString quelle = andere.daten.RecordSource();
+            andere.daten.setRecordSource(vorOrdnung(andere.ersteQuelle) + quelle.mid(vorOrdnung(quelle).size()));
         }
         throw;
     }
 }
 
-void oeffne(DataControl& daten, DataGrid& liste, const QString& ersteQuelle, const QString& quelle)
+void oeffne(const Ansicht& diese, const Ansicht& andere, const QString& quelle)
 {
-    oeffne(daten, liste, ersteQuelle, [&] {
-        daten.setRecordSource(quelle);
-        daten.Refresh();
+    oeffne(diese, andere, [&] {
+        diese.daten.setRecordSource(quelle);
+        diese.daten.Refresh();
     });
 }
 
@@ -157,50 +184,60 @@ void richteBestandslisteEin(DataControl& daten, DataGrid& liste)
 
 bool brauchtFilter(const DataControl& daten)
 {
-    return daten.RecordSource() == Journalquelle || daten.RecordSource() == Bestandsquelle;
+    const QString quelle = vorOrdnung(daten.RecordSource());
+    return quelle == vorOrdnung(Journalquelle) || quelle == vorOrdnung(Bestandsquelle);
 }
 
-void sucheEine(DataControl& daten, const Wiederfinden& gesucht)
+bool sucheEine(DataControl& daten, const Wiederfinden& gesucht)
 {
-    if (daten.RecordCount() == 0) return;
-    for (const qint64 ID : gesucht.IDs) {
+    const auto gezeigt = [&](qint64 ID) {
         findId(daten, ID);
-        if (!daten.NoMatch()) return;
-    }
-    daten.MoveTo(std::clamp(gesucht.platz, qsizetype{0}, daten.RecordCount() - 1));
+        return !daten.NoMatch();
+    };
+    if (daten.RecordCount() == 0) return !gesucht.neue.empty();
+    bool gefunden = false;
+    bool verborgen = false;
+    for (auto buchung = gesucht.neue.rbegin(); buchung != gesucht.neue.rend(); ++buchung) // the newest one last
+        (std::ranges::any_of(*buchung, gezeigt) ? gefunden : verborgen) = true;
+    if (!gefunden && !(gesucht.vorher && gezeigt(*gesucht.vorher)))
+        daten.MoveTo(std::clamp(gesucht.platz, qsizetype{0}, daten.RecordCount() - 1));
+    return verborgen;
 }
 
-void filtereJournal(DataControl& daten, DataGrid& liste, const QString& eingrenzung)
+void filtereJournal(const Hauptansicht& haupt, const QString& eingrenzung)
 {
-    const auto id = currentId(daten);
-    const QString alt = daten.RecordSource();
-    oeffne(daten, liste, Journalquelle, SQLVorWhere(alt) + eingrenzung + SQLAbOrder(alt));
-    findId(daten, id);
+    const auto id = currentId(haupt.Journaldaten);
+    const QString alt = haupt.Journaldaten.RecordSource();
+    oeffne(journal(haupt), bestand(haupt), SQLVorWhere(alt) + eingrenzung + SQLAbOrder(alt));
+    findId(haupt.Journaldaten, id);
 }
 
-void filtereBestandsliste(DataControl& daten, DataGrid& liste, const QString& eingrenzung,
-                          const Bestandsansicht& ansicht)
+void filtereBestandsliste(const Hauptansicht& haupt, const QString& eingrenzung, const Bestandsansicht& ansicht)
 {
-    const QString bestand = aktuellerBestand(daten);
-    liste.Columns(u"LagerortKurzKu").setVisible(!ansicht.inSumme);
-    oeffne(daten, liste, Bestandsquelle, bestandsquelle(eingrenzung, ansicht, SQLAbOrder(daten.RecordSource())));
-    if (!bestand.isEmpty()) daten.FindFirst(bestand);
+    DataControl& daten = haupt.Bestanddaten;
+    const QString aktueller = aktuellerBestand(daten);
+    haupt.BestandListe.Columns(u"LagerortKurzKu").setVisible(!ansicht.inSumme);
+    oeffne(bestand(haupt), journal(haupt), bestandsquelle(eingrenzung, ansicht, SQLAbOrder(daten.RecordSource())));
+    if (!aktueller.isEmpty()) daten.FindFirst(aktueller);
 }
 
-void sortiereJournal(DataControl& daten, DataGrid& liste, int spalte)
+void sortiereJournal(const Hauptansicht& haupt, int spalte)
 {
-    const auto id = currentId(daten);
-    const QString feld = spalte < 0 ? QString() : liste.Columns(spalte).DataField();
+    const auto id = currentId(haupt.Journaldaten);
+    const QString feld = spalte < 0 ? QString() : haupt.Journalliste.Columns(spalte).DataField();
     const QString ausdruck = ersatz(Journalersatz, feld);
     const QString zweitesFeld = ausdruck.isEmpty() ? u"Datum"_s : QString();
-    oeffne(daten, liste, Journalquelle,
-           [&] { GridSortieren(daten, liste, spalte, {.ausdruck = ausdruck, .zweitesFeld = zweitesFeld}); });
-    findId(daten, id);
+    oeffne(journal(haupt), bestand(haupt), [&] {
+        GridSortieren(haupt.Journaldaten, haupt.Journalliste, spalte,
+                      {.ausdruck = ausdruck, .zweitesFeld = zweitesFeld});
+    });
+    findId(haupt.Journaldaten, id);
 }
 
-void sortiereBestandsliste(DataControl& daten, DataGrid& liste, int spalte)
+void sortiereBestandsliste(const Hauptansicht& haupt, int spalte)
 {
-    const QString feld = spalte < 0 ? QString() : liste.Columns(spalte).DataField();
-    oeffne(daten, liste, Bestandsquelle,
-           [&] { GridSortieren(daten, liste, spalte, {.ausdruck = ersatz(Bestandsersatz, feld)}); });
+    const QString feld = spalte < 0 ? QString() : haupt.BestandListe.Columns(spalte).DataField();
+    oeffne(bestand(haupt), journal(haupt), [&] {
+        GridSortieren(haupt.Bestanddaten, haupt.BestandListe, spalte, {.ausdruck = ersatz(Bestandsersatz, feld)});
+    });
 }

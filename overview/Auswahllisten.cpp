@@ -17,8 +17,6 @@ void fuelle(ComboBox& liste, const QString& erste, jet::Database& journal, const
         liste.AddItem((*werte)[0].toText());
 }
 
-} // namespace
-
 void fuelleLagerorte(ComboBox& liste, jet::Database& journal)
 {
     fuelle(liste, AlleLagerorte, journal,
@@ -33,10 +31,37 @@ void fuelleArtikelgruppen(ComboBox& liste, jet::Database& journal)
            u" WHERE LEN(TRIM(IIF(Isnull(ARTIKELART),'',ARTIKELART))) > 0"_s);
 }
 
+/// Articles of one kind, or of all when the filter does not name one.
 void fuelleArtikel(ComboBox& liste, jet::Database& journal, const QString& Artikelgruppe)
 {
     QString abfrage =
         u"SELECT DISTINCT ARTIKEL FROM LAGERJOURNAL WHERE LEN(TRIM(IIF(Isnull(ARTIKEL),'',ARTIKEL))) > 0"_s;
     if (Artikelgruppe != AlleArtikelgruppen) abfrage += u" AND ARTIKELART = '"_s + Artikelgruppe + u"'"_s;
     fuelle(liste, AlleArtikel, journal, abfrage);
+}
+
+/// Back to the first row where the text is none of the list.
+void nurBekanntes(ComboBox& liste)
+{
+    if (liste.ListIndex() < 0) liste.setText(liste.Cell(0, 0));
+}
+
+} // namespace
+
+void fuelle(const Filterlisten& listen, jet::Database& journal)
+{
+    fuelleLagerorte(listen.drpLagerOrte, journal);
+    fuelleArtikelgruppen(listen.drpArtikelGruppe, journal);
+    fuelleArtikel(listen.drpArtikel, journal, listen.drpArtikelGruppe.Text());
+}
+
+/// The kind comes before the articles, which are those of the kind.
+void fuelleFuerAnderesJahr(const Filterlisten& listen, jet::Database& journal)
+{
+    fuelleLagerorte(listen.drpLagerOrte, journal);
+    nurBekanntes(listen.drpLagerOrte);
+    fuelleArtikelgruppen(listen.drpArtikelGruppe, journal);
+    nurBekanntes(listen.drpArtikelGruppe);
+    fuelleArtikel(listen.drpArtikel, journal, listen.drpArtikelGruppe.Text());
+    nurBekanntes(listen.drpArtikel);
 }

@@ -6,10 +6,12 @@
 
 class ComboBox;
 
-/// The lists of the filters, each beginning with the row that means no restriction; the chosen texts stay as they are.
-/// \throws jet::Error.
+/// The lists of the filters, each beginning with the row that means no restriction.
+struct Filterlisten {
+    ComboBox &drpLagerOrte, &drpArtikelGruppe, &drpArtikel;
+};
 
-void fuelleLagerorte(ComboBox& liste, jet::Database& journal);
-void fuelleArtikelgruppen(ComboBox& liste, jet::Database& journal);
-/// Articles of one kind, or of all when the filter does not name one.
-void fuelleArtikel(ComboBox& liste, jet::Database& journal, const QString& Artikelgruppe);
+/// Fills them from a journal; articles are those of the chosen kind. The chosen texts stay as they are. \throws jet::Error.
+void fuelle(const Filterlisten& listen, jet::Database& journal);
+/// The same, but what the journal does not know is no restriction there, be it the place that a host asked for.
+void fuelleFuerAnderesJahr(const Filterlisten& listen, jet::Database& journal);

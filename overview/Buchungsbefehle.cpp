@@ -38,6 +38,7 @@ Buchungsbefehle::Buchungsbefehle(const Felder& felder, const Hauptansicht& haupt
 void Buchungsbefehle::fuelleBuchungsarten()
 {
     m_felder.DrpBuchart.setColumns({u"Kürzel"_s, u"Art der Eintragung"_s}, 1);
+    m_felder.DrpBuchart.setListOnly(true);
     for (const Kurzel& zeile : kurzelliste())
         m_felder.DrpBuchart.AddItem({zeile.kurzel.toString(), zeile.eintragung.toString()});
 }
@@ -48,7 +49,10 @@ void Buchungsbefehle::KurzEingabe_KeyUp()
     if (m_oeffnet) return;
     const QScopedValueRollback oeffnet(m_oeffnet, true);
     const Kurzel* kurzel = kurzelZu(m_felder.KurzEingabe.Text());
-    if (!kurzel) return m_felder.KurzEingabe.setText({});
+    if (!kurzel) {
+        m_felder.KurzEingabe.setText({});
+        return m_felder.DrpBuchart.setText({});
+    }
     m_felder.DrpBuchart.setText(kurzel->eintragung.toString());
     m_felder.KurzEingabe.selectAll();
     QCoreApplication::processEvents(); // show the choice before the mask covers it
@@ -109,9 +113,12 @@ void Buchungsbefehle::zeige(Maske maske)
     const qsizetype zeilen = journal.RecordCount();
     const auto fenster = erzeuge(maske);
     fenster->exec();
-    Wiederfinden gesucht{.platz = platz};
-    for (qsizetype neue = journal.RecordCount() - 1; neue >= zeilen; --neue) // new rows stand at the end
-        if (const auto ID = idAt(journal, neue)) gesucht.IDs.push_back(*ID);
-    if (vorher) gesucht.IDs.push_back(*vorher);
+    Wiederfinden gesucht{.vorher = vorher, .platz = platz};
+    const qsizetype zeilenJeBuchung = maske == Maske::Umbuchung ? 2 : 1;
+    for (qsizetype ende = journal.RecordCount(); ende > zeilen; ende -= zeilenJeBuchung) { // new rows stand at the end
+        auto& buchung = gesucht.neue.emplace_back();
+        for (qsizetype neue = ende - 1; neue >= qMax(zeilen, ende - zeilenJeBuchung); --neue)
+            if (const auto ID = idAt(journal, neue)) buchung.push_back(*ID);
+    }
     m_danach(gesucht);
 }

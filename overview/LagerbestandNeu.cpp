@@ -8,7 +8,6 @@
 #include "core/Verzeichnisse.h"
 #include "delivery/LieferscheindruckForm.h"
 #include "overview/Ansichten.h"
-#include "overview/Auswahllisten.h"
 #include "overview/Auswertung.h"
 #include "overview/Bildschirmzustand.h"
 #include "overview/Buchungsbefehle.h"
@@ -66,16 +65,17 @@ LagerbestandNeu::LagerbestandNeu(QWidget* parent)
     nummeriere(u"Command7"_s, {ui->Command7_0_, ui->Command7_1_});
     Journaldaten->setObjectName(u"Journaldaten"_s);
     Bestanddaten->setObjectName(u"Bestanddaten"_s);
+    m_haupt.emplace(Hauptansicht{*Journaldaten, *ui->Journalliste, *Bestanddaten, *ui->BestandListe});
     richteJournalEin(*Journaldaten, *ui->Journalliste);
     richteBestandslisteEin(*Bestanddaten, *ui->BestandListe);
     ui->KurzEingabe->setFixedWidth(2 * ui->KurzEingabe->sizeHint().height()); // one letter
     richteMenuEin();
     const auto danach = [this](const Wiederfinden& gesucht) {
         aktualisiere();
-        sucheEine(*Journaldaten, gesucht);
+        if (sucheEine(*Journaldaten, gesucht)) zeigeStatus(u" · Die neue Buchung liegt außerhalb der Auswahl."_s);
     };
-    new Buchungsbefehle({*ui->KurzEingabe, *ui->DrpBuchart, *ui->Command7_0_, *ui->Command7_1_},
-                        {*Journaldaten, *ui->Journalliste, *Bestanddaten, *ui->BestandListe}, danach, this);
+    new Buchungsbefehle({*ui->KurzEingabe, *ui->DrpBuchart, *ui->Command7_0_, *ui->Command7_1_}, *m_haupt, danach,
+                        this);
     m_auswertung = new Auswertung(
         {*ui->Command2, *ui->drpLagerOrte, *ui->drpArtikelGruppe, *ui->drpArtikel, *ui->drpJahr, *ui->VonDatum,
          *ui->Buchdatum, *ui->chkOhneNull, *ui->chkNurSumme, *ui->SSOption2, *ui->DrpGruppierung, *Journaldaten,
@@ -135,13 +135,13 @@ void LagerbestandNeu::verdrahteAlles()
     verdrahte(ui->Journalliste, &DataGrid::HeadClick, this, [this](int spalte) {
         const sys::Hourglass warten;
         const bool ungefiltert = brauchtFilter(*Journaldaten);
-        sortiereJournal(*Journaldaten, *ui->Journalliste, spalte);
+        sortiereJournal(*m_haupt, spalte);
         if (ungefiltert) FilterEinstellen();
     });
     verdrahte(ui->BestandListe, &DataGrid::HeadClick, this, [this](int spalte) {
         const sys::Hourglass warten;
         const bool ungefiltert = brauchtFilter(*Bestanddaten);
-        sortiereBestandsliste(*Bestanddaten, *ui->BestandListe, spalte);
+        sortiereBestandsliste(*m_haupt, spalte);
         if (ungefiltert) FilterEinstellen();
     });
     verdrahte(ui->Command5, &QPushButton::clicked, this,
@@ -265,7 +265,13 @@ void LagerbestandNeu::zeigeJahr()
     const int jahr = m_gebundenesJahr.toInt();
     ui->VonDatum->setDate(QDate(jahr, 1, 1));
     ui->Buchdatum->setDate(QDate(jahr, 12, 31));
-    ui->Statuszeile->setText(u"Betrieb "_s + modulzustand().Betriebsnummer + u" · Lager."_s + m_gebundenesJahr);
+    zeigeStatus();
+}
+
+void LagerbestandNeu::zeigeStatus(const QString& hinweis)
+{
+    ui->Statuszeile->setText(u"Betrieb "_s + modulzustand().Betriebsnummer + u" · Lager."_s + m_gebundenesJahr +
+                             hinweis);
 }
 
 void LagerbestandNeu::LagerDateiEinstellen()
@@ -285,15 +291,18 @@ void LagerbestandNeu::fuelleJahre()
 
 void LagerbestandNeu::AuswahllistenFullen()
 {
-    const auto journal = oeffneJahr();
-    fuelleLagerorte(*ui->drpLagerOrte, *journal);
-    fuelleArtikelgruppen(*ui->drpArtikelGruppe, *journal);
-    fuelleArtikel(*ui->drpArtikel, *journal, ui->drpArtikelGruppe->Text());
+    fuelle(filterlisten(), *oeffneJahr());
+}
+
+Filterlisten LagerbestandNeu::filterlisten() const
+{
+    return {*ui->drpLagerOrte, *ui->drpArtikelGruppe, *ui->drpArtikel};
 }
 
 void LagerbestandNeu::FilterEinstellen()
 {
     const sys::Hourglass warten;
+    zeigeStatus(); // a hint was about the rows of before
     std::optional<Statusmeldung> meldung;
     if (m_liestLange) meldung.emplace(*ui->Statuszeile, u"Die Ansichten werden gelesen ..."_s);
     QElapsedTimer uhr;
@@ -304,7 +313,7 @@ void LagerbestandNeu::FilterEinstellen()
             oeffneJahr()->Execute(u"UPDATE LAGERJOURNAL SET EINHEIT = 'l' WHERE IIF(Isnull(EINHEIT),'',EINHEIT) = 'Lt'"
                                   u" AND ARTIKELART = 'Pflanzenschutzmittel'"_s);
         },
-        [this] { filtereJournal(*Journaldaten, *ui->Journalliste, gewaehlteEingrenzung()); },
+        [this] { filtereJournal(*m_haupt, gewaehlteEingrenzung()); },
         [this] {
             if (m_gemalt) zeigeBestandsliste();
         },
@@ -339,7 +348,7 @@ bool LagerbestandNeu::stelleFilterSicher()
 
 void LagerbestandNeu::zeigeBestandsliste()
 {
-    filtereBestandsliste(*Bestanddaten, *ui->BestandListe, gewaehlteEingrenzung(),
+    filtereBestandsliste(*m_haupt, gewaehlteEingrenzung(),
                          {.inSumme = ui->chkNurSumme->isChecked(), .ohneNull = ui->chkOhneNull->isChecked()});
 }
 
@@ -372,8 +381,12 @@ void LagerbestandNeu::drpJahr_Click()
         modulzustand().Stichdatum = Stichdatum;
         kehreZurueck();
     }
-    aktualisiere();
-    if (!gewechselt) return findId(*Journaldaten, ID);
+    if (!gewechselt) {
+        aktualisiere();
+        return findId(*Journaldaten, ID);
+    }
+    sys::underErrorReport(
+        {[this] { fuelleFuerAnderesJahr(filterlisten(), *oeffneJahr()); }, [this] { FilterEinstellen(); }});
     if (Journaldaten->RecordCount() > 0) Journaldaten->MoveLast();
 }
 

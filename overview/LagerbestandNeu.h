@@ -1,13 +1,15 @@
 #pragma once
 
+#include "masks/Maskenfelder.h"
+#include "overview/Auswahllisten.h"
 #include "platform/controls/DataControl.h"
 
 #include <QDialog>
 
 #include <memory>
+#include <optional>
 
 class Auswertung;
-class ComboBox;
 namespace Ui {
 class LagerbestandNeu;
 }
@@ -53,12 +55,14 @@ private:
     int gewaehltesJahr() const;
     void bindeJahr();
     void zeigeJahr();
+    void zeigeStatus(const QString& hinweis = {});
     void kehreZurueck();
     void schreibeWeiter();
     void aktualisiere();
     void fuelleJahre();
     void stelleWiederHer();
     void uebernimmLagerort();
+    Filterlisten filterlisten() const;
     QString gewaehlteEingrenzung() const;
     bool stelleFilterSicher();
     bool zeigtGewaehltes() const;
@@ -68,6 +72,7 @@ private:
     std::unique_ptr<Ui::LagerbestandNeu> ui;
     DataControl* Journaldaten;
     DataControl* Bestanddaten;
+    std::optional<Hauptansicht> m_haupt; ///< The two with their grids.
     Auswertung* m_auswertung;
     QString m_gebundenesJahr; ///< The year that both views show.
     bool m_ersteAktivierung = false;

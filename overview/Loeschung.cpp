@@ -61,8 +61,7 @@ void Loeschung::Journalliste_AfterDelete()
     const QString tag = sys::trimBlanks(m_liste.Tag());
     if (tag == OhneFrage) return;
     m_liste.setTag({});
-    Wiederfinden gesucht{.platz = m_journal.AbsolutePosition()};
-    if (const auto ID = currentId(m_journal)) gesucht.IDs.push_back(*ID);
+    const Wiederfinden gesucht{.vorher = currentId(m_journal), .platz = m_journal.AbsolutePosition()};
     if (!tag.isEmpty()) sys::underErrorReport({[&] { loeschePartner(tag.toLongLong()); }});
     m_danach(gesucht); // reads the journal anew
 }

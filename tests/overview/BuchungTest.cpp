@@ -13,6 +13,7 @@
 #include <QApplication>
 #include <QFile>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QPushButton>
 #include <QTest>
 
@@ -209,6 +210,29 @@ TEST_F(Buchung, EinVerkaufInsMinusWirdGefragt)
     EXPECT_EQ(hof.meldungen().abgeholt(), (QStringList{NegativFrage, NegativFrage, PartnerFrage}));
     EXPECT_EQ(anzahl(), 7);
     EXPECT_TRUE(letzteZeile().startsWith(u"H1 | Weizen | Pflanzliche Erzeugnisse | -100 | -100 | dt | "_s));
+    EXPECT_EQ(feld<QLabel>("Statuszeile").text(), u"Betrieb 4711 · Lager.2024"_s);
+}
+
+// Nobody shall look for it, nor believe it lost and book it once more; also if the one booked after it is on view.
+TEST_F(Buchung, WasDerFilterVerbirgtIstGesagt)
+{
+    oeffne();
+    tippe("drpArtikel", u"Weizen"_s);
+    const auto& status = feld<QLabel>("Statuszeile");
+    for (const auto& [artikel, danach] :
+         {std::pair{u"Roggen"_s, u"Roggen"_s}, {u"Roggen"_s, u"Weizen"_s}, {u"Weizen"_s, u"Weizen"_s}}) {
+        imNaechstenFenster([&](QWidget& maske) {
+            for (const QString& dieser : {artikel, danach}) {
+                erfasse(maske, dieser == u"Roggen" ? u"Saatgut"_s : u"Pflanzliche"_s, dieser, u"1"_s);
+                speichereUndNaechster(maske);
+            }
+            brichAb(maske);
+        });
+        kurzel('p');
+        const bool gesagt = status.text().endsWith(u"Die neue Buchung liegt außerhalb der Auswahl."_s);
+        EXPECT_EQ(gesagt, artikel == u"Roggen") << artikel.toStdString() << danach.toStdString();
+    }
+    EXPECT_EQ(aktuelleBewegung().section(u" | "_s, 2, 2), u"Weizen"_s);
 }
 
 TEST_F(Buchung, SpeichernUndNaechsterLeertNurDenArtikel)
@@ -346,7 +370,7 @@ TEST_F(Buchung, FremdeBewegungenBleibenWieSieSind)
                           u" Änderung der betroffenen Schollwart-Maßnahme verändert werden."_s));
     for (const char buchstabe : {'k', 'x'}) { // neither is a kind
         kurzel(buchstabe);
-        EXPECT_EQ(feld<QLineEdit>("KurzEingabe").text(), u""_s);
+        EXPECT_EQ(feld<QLineEdit>("KurzEingabe").text() + feld<ComboField>("DrpBuchart").Text(), u""_s);
     }
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }

@@ -12,6 +12,9 @@
 
 #include <QAction>
 #include <QFile>
+#include <QTabWidget>
+
+#include <functional>
 
 using namespace Qt::StringLiterals;
 
@@ -33,19 +36,38 @@ TEST_F(Hauptbildschirm, EinNameDerDieAnweisungBrichtVerdirbtNurDieseWahl)
     EXPECT_EQ(ueberschrift("Journalliste"), u"3 Bewegungen"_s);
     EXPECT_EQ(ueberschrift("BestandListe"), u"2 Artikel"_s);
 
-    tippe("drpArtikel", u"Vorder"_s); // "order" in a name is cut at the next choice
-    EXPECT_EQ(hof.meldungen().abgeholt(), QStringList());
-    EXPECT_EQ(ueberschrift("Journalliste"), u"1 Bewegung"_s);
-    klickeKopf("Journalliste", 1);
-    EXPECT_EQ(hof.meldungen().abgeholt().size(), 1);
-    klickeKopf("Journalliste", 1); // sorts what the filter shows, not the whole year; the stock list breaks in turn
-    EXPECT_EQ(hof.meldungen().abgeholt().size(), 1);
-    EXPECT_EQ(ueberschrift("Journalliste"), u"1 Bewegung"_s);
-    tippe("drpArtikel", u"Hafer"_s); // once more the journal's text
-    hof.meldungen().abgeholt();
-    tippe("drpArtikel", u"Weizen"_s);
-    EXPECT_EQ(hof.meldungen().abgeholt(), QStringList());
-    EXPECT_EQ(ueberschrift("BestandListe"), u"2 Artikel"_s);
+    // "order" in a name is cut at the next step, whichever it is. Only that step fails, and what did not fail stays sorted.
+    const auto anDerListe = [this](const char* liste, int spalte) {
+        feld<QTabWidget>("SSTab1").setCurrentIndex(*liste == 'J' ? 0 : 1);
+        klickeKopf(liste, spalte);
+    };
+    const struct {
+        const char* name;
+        std::function<void()> scheitert;
+        bool journalSortiert; // afterwards; else the stock list is
+    } faelle[] = {
+        {"der Kopf des Journals", [&] { anDerListe("Journalliste", 1); }, false},
+        {"der Kopf der Lagerstandsliste", [&] { anDerListe("BestandListe", 0); }, true},
+        {"die nächste Auswahl", [&] { tippe("drpArtikel", u"Hafer"_s); }, false},
+    };
+    for (const auto& fall : faelle) {
+        SCOPED_TRACE(fall.name);
+        for (const int spalte : {0, 4, 4}) // by place, descending
+            anDerListe("Journalliste", spalte);
+        for (const int spalte : {0, 3}) // by receipts
+            anDerListe("BestandListe", spalte);
+        tippe("drpArtikel", u"Vorder"_s);
+        EXPECT_EQ(hof.meldungen().abgeholt(), QStringList());
+        EXPECT_EQ(ueberschrift("Journalliste"), u"1 Bewegung"_s);
+        fall.scheitert();
+        EXPECT_EQ(hof.meldungen().abgeholt().size(), 1);
+        tippe("drpArtikel", u"Weizen"_s);
+        EXPECT_EQ(hof.meldungen().abgeholt(), QStringList());
+        EXPECT_EQ(ueberschrift("Journalliste"), u"3 Bewegungen"_s);
+        EXPECT_EQ(ueberschrift("BestandListe"), u"2 Artikel"_s);
+        EXPECT_EQ(journal().first().left(11), fall.journalSortiert ? u"05.04. | H2"_s : u"05.03. | H1"_s);
+        EXPECT_EQ(bestaende().first().left(11), fall.journalSortiert ? u"Weizen | H1"_s : u"Weizen | H2"_s);
+    }
 }
 
 TEST_F(Hauptbildschirm, EinJahrOhneVorlageLaesstDenBildschirmBeimAlten)
