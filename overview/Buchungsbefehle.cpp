@@ -83,7 +83,8 @@ void Buchungsbefehle::aendere()
     const QString art = zeile[u"Buchungsart"].isNull() ? QString() : zeile[u"Buchungsart"].toText();
     zustand.Aenderungsmodus = true;
     zustand.AktBuchungsart = art;
-    if (istFremdeBuchung(zeile, u"Eine Änderung kann nur in diesem Programm erfolgen."_s)) return;
+    if (istFremdeBuchung(zeile))
+        return sys::critical(fremdeBuchung(u"Eine Änderung kann nur in diesem Programm erfolgen."_s));
     const Kurzel* const eintrag = kurzelZuBuchungsart(art);
     if (!eintrag) {
         // sic: with and without blanks

@@ -1,14 +1,15 @@
 #include "overview/FremdeBuchung.h"
 
-#include "platform/system/Messages.h"
-
 using namespace Qt::StringLiterals;
 
-bool istFremdeBuchung(const jet::Recordset& zeile, const QString& nurDort)
+bool istFremdeBuchung(const jet::Recordset& zeile)
 {
-    if (zeile[u"BEErfassungsnummer"].toDouble() <= 0) return false; // NULL counts as 0
-    sys::critical(u"Diese Buchung wurde mit einem angeschlossenen ZAB - Programm erfasst"
-                  u" (z.B. ZAB - Schollwart, ZAB - Quittor, ZAB - Herdon)\r\r"_s +
-                  nurDort);
-    return true;
+    return zeile[u"BEErfassungsnummer"].toDouble() > 0; // NULL counts as 0
+}
+
+QString fremdeBuchung(const QString& nurDort)
+{
+    return u"Diese Buchung wurde mit einem angeschlossenen ZAB - Programm erfasst"
+           u" (z.B. ZAB - Schollwart, ZAB - Quittor, ZAB - Herdon)\r\r"_s +
+           nurDort;
 }

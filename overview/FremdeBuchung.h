@@ -2,5 +2,7 @@
 
 #include "platform/jet/Recordset.h"
 
-/// Whether another program of the family wrote a booking, which is told with what must be done there.
-bool istFremdeBuchung(const jet::Recordset& zeile, const QString& nurDort);
+/// Whether a sibling program wrote the booking: only there may it be changed or deleted.
+bool istFremdeBuchung(const jet::Recordset& zeile);
+/// What is said about it. `nurDort`: the sentence of what is possible only there.
+QString fremdeBuchung(const QString& nurDort);

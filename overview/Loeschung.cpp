@@ -31,6 +31,8 @@ Loeschung::Loeschung(QPushButton& Command4, DataControl& Journaldaten, DataGrid&
     verdrahte(&Command4, &QPushButton::clicked, this, &Loeschung::Command4_Click);
     verdrahte(&Journalliste, &DataGrid::BeforeDelete, this, &Loeschung::Journalliste_BeforeDelete);
     verdrahte(&Journalliste, &DataGrid::AfterDelete, this, &Loeschung::Journalliste_AfterDelete);
+    verdrahte(&Journalliste, &DataGrid::DeleteEnded, this, [this] { m_paar.reset(); });
+    verdrahte(&Journalliste, &DataGrid::DeletesEnded, this, &Loeschung::Journalliste_DeletesEnded);
 }
 
 /// As the key does it, so that both pass the same guard.
@@ -46,14 +48,42 @@ void Loeschung::Journalliste_BeforeDelete(Cancel& cancel, bool& prompt)
     prompt = false;
     if (m_liste.Tag() == OhneFrage) return;
     cancel = true; // also when the row cannot be read
-    const jet::Recordset& zeile = m_journal.Recordset();
-    if (istFremdeBuchung(zeile, u"Eine Löschung kann nur in diesem Programm erfolgen."_s)) return;
-    const auto antwort = sys::messages().show(u"Wollen Sie die markierte Zeile wirklich löschen ?"_s,
-                                              sys::YesNo | sys::Question | sys::DefaultButton2);
-    if (antwort != sys::Answer::Yes) return;
+    m_liste.setTag({});
+    m_gesucht = aktuelle();
+    if (!darfGehen()) return;
+    m_geloescht = true;
+    if (m_journal.Recordset()[u"Buchungsart"].toText() == u"Umbuchung") {
+        // Only now, as nobody is asked any more while other programs wait for the file.
+        sys::underErrorReport({[this] { m_paar = std::make_unique<jet::Transaction>(m_journal.Database()); }});
+        if (!m_paar) return;
+        m_liste.setTag(QString::number(m_gesucht.vorher.value()));
+    }
     cancel = false;
-    const bool umbuchung = zeile[u"Buchungsart"].toText() == u"Umbuchung";
-    m_liste.setTag(umbuchung ? QString::number(zeile[u"ID"].toLong()) : QString());
+}
+
+Wiederfinden Loeschung::aktuelle() const
+{
+    return {.vorher = currentId(m_journal), .platz = m_journal.AbsolutePosition()};
+}
+
+bool Loeschung::darfGehen()
+{
+    if (istFremdeBuchung(m_journal.Recordset())) {
+        frage(fremdeBuchung(u"Eine Löschung kann nur in diesem Programm erfolgen."_s), sys::OKOnly | sys::Critical,
+              sys::OKCancel | sys::Critical);
+        return false;
+    }
+    constexpr int Vorsichtig = sys::Question | sys::DefaultButton2;
+    return frage(u"Wollen Sie die markierte Zeile wirklich löschen ?"_s, sys::YesNo | Vorsichtig,
+                 sys::YesNoCancel | Vorsichtig) == sys::Answer::Yes;
+}
+
+/// Of several rows the user can leave at each one: a year that was selected by mistake has hundreds.
+sys::Answer Loeschung::frage(const QString& text, int einzeln, int inReihe)
+{
+    const auto antwort = sys::messages().show(text, m_liste.DeletesSeveral() ? inReihe : einzeln);
+    if (antwort == sys::Answer::Cancel) m_liste.EndDeletes();
+    return antwort;
 }
 
 void Loeschung::Journalliste_AfterDelete()
@@ -61,9 +91,24 @@ void Loeschung::Journalliste_AfterDelete()
     const QString tag = sys::trimBlanks(m_liste.Tag());
     if (tag == OhneFrage) return;
     m_liste.setTag({});
-    const Wiederfinden gesucht{.vorher = currentId(m_journal), .platz = m_journal.AbsolutePosition()};
-    if (!tag.isEmpty()) sys::underErrorReport({[&] { loeschePartner(tag.toLongLong()); }});
-    m_danach(gesucht); // reads the journal anew
+    m_gesucht = aktuelle();
+    if (!tag.isEmpty()) sys::underErrorReport({[&] { loeschePaar(tag.toLongLong()); }});
+}
+
+void Loeschung::Journalliste_DeletesEnded()
+{
+    if (std::exchange(m_geloescht, false)) m_danach(m_gesucht); // reads the journal anew
+}
+
+/// One step of the error report. What went before an error is kept before its box shows, or was taken back as a whole; the
+/// repeat looks for both rows.
+void Loeschung::loeschePaar(qint64 ID)
+{
+    auto paar = std::move(m_paar);
+    if (!paar) paar = std::make_unique<jet::Transaction>(m_journal.Database());
+    m_journal.Database().Execute(u"DELETE * FROM LAGERJOURNAL WHERE ID = "_s + QString::number(ID));
+    loeschePartner(ID);
+    paar->commit();
 }
 
 void Loeschung::loeschePartner(qint64 ID)

@@ -7,7 +7,9 @@ namespace sys {
 /// Buttons, icon and default button of a message, joined with |. The values are the classic ones.
 enum MessageFlags : int {
     OKOnly = 0,
+    OKCancel = 1,
     AbortRetryIgnore = 2,
+    YesNoCancel = 3,
     YesNo = 4,
     Critical = 16,
     Question = 32,

@@ -58,8 +58,14 @@ public:
     void showSort(int column, Qt::SortOrder order);
 
     /// Deletes the selected rows, else the current one; within AfterDelete the current one. Each is made current before
-    /// its BeforeDelete; when it is gone the next one, else the previous one is current. \throws jet::Error.
+    /// its BeforeDelete, of several it alone is selected then and is on view; when it is gone the next one, else the
+    /// previous one is current. \throws jet::Error.
     void Delete();
+    bool DeletesSeveral() const
+    {
+        return m_several;
+    }                                           ///< For handlers: whether other rows come before or after this one.
+    void EndDeletes() { m_endsDeletes = true; } ///< For handlers: no further row is to be asked about.
     /// Puts the selected rows, else the current one, on the clipboard: the texts as shown, tab-separated, under a line
     /// of the columns' captions. \throws jet::Error.
     void Copy();
@@ -70,6 +76,10 @@ Q_SIGNALS:
     /// The current row is about to be deleted. `prompt`, true at first, says whether the grid asks the user.
     void BeforeDelete(Cancel& cancel, bool& prompt);
     void AfterDelete();
+    /// After each BeforeDelete, whatever became of the row; maybe while an error is on its way, so nothing may be thrown.
+    void DeleteEnded();
+    void
+    DeletesEnded(); ///< After the last of the rows, also when an error or EndDeletes came before. Nothing may be thrown.
 
 protected:
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
@@ -95,7 +105,9 @@ private:
     void sizeRows();
     bool selectsOnly(int row) const;
     std::vector<jet::Bookmark> rowsToDelete() const;
+    void deleteAll(const std::vector<jet::Bookmark>& bookmarks);
     bool makeCurrent(const jet::Bookmark& bookmark, const QString& source);
+    void selectOnlyCurrent();
     void deleteCurrent();
     void leaveDeleted(qsizetype position);
 
@@ -110,5 +122,7 @@ private:
     bool m_allowDelete = true;
     bool m_following = false; // the current row is being set to the data control's
     bool m_deleting = false;
+    bool m_several = false;
+    bool m_endsDeletes = false;
     bool m_sized = false; // columns have got the width that the first rows needed
 };

@@ -2,6 +2,7 @@
 #include "platform/controls/DataGrid.h"
 #include "platform/system/Messages.h"
 
+#include <QScopeGuard>
 #include <QScopedValueRollback>
 
 // How a DataGrid deletes rows.
@@ -21,9 +22,8 @@ bool userAgrees()
 std::vector<jet::Bookmark> DataGrid::rowsToDelete() const
 {
     std::vector<jet::Bookmark> bookmarks;
-    if (!m_deleting)
-        for (const int row : m_selected.rows())
-            bookmarks.push_back(rows().BookmarkAt(row));
+    for (const int row : m_selected.rows())
+        bookmarks.push_back(rows().BookmarkAt(row));
     if (bookmarks.empty() && m_data->AbsolutePosition() >= 0) bookmarks.push_back(Bookmark());
     return bookmarks;
 }
@@ -31,16 +31,35 @@ std::vector<jet::Bookmark> DataGrid::rowsToDelete() const
 void DataGrid::Delete()
 {
     if (!m_data || m_data->RecordCount() == 0) return;
-    const auto bookmarks = rowsToDelete();
+    if (m_deleting) return deleteCurrent();
     const bool selected = selectionModel()->hasSelection();
-    const QString source = m_data->RecordSource();
     {
-        const QScopedValueRollback deleting(m_deleting, true);
-        for (const jet::Bookmark& bookmark : bookmarks)
-            if (makeCurrent(bookmark, source)) deleteCurrent();
+        const auto ended = qScopeGuard([this] { Q_EMIT DeletesEnded(); });
+        deleteAll(rowsToDelete());
     }
-    if (selected && !selectionModel()->hasSelection() && currentIndex().isValid())
-        selectionModel()->select(currentIndex(), QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    if (selected && !selectionModel()->hasSelection()) selectOnlyCurrent();
+}
+
+void DataGrid::deleteAll(const std::vector<jet::Bookmark>& bookmarks)
+{
+    const QScopedValueRollback deleting(m_deleting, true);
+    const QScopedValueRollback several(m_several, bookmarks.size() > 1);
+    const QString source = m_data->RecordSource();
+    m_endsDeletes = false;
+    for (const jet::Bookmark& bookmark : bookmarks) {
+        if (!makeCurrent(bookmark, source)) continue;
+        if (m_several) selectOnlyCurrent();
+        deleteCurrent();
+        if (m_endsDeletes) return;
+    }
+}
+
+/// So that the user sees which row he is asked about.
+void DataGrid::selectOnlyCurrent()
+{
+    if (!currentIndex().isValid()) return;
+    selectionModel()->select(currentIndex(), QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    scrollTo(currentIndex());
 }
 
 /// Whether the row could be made current: it may have gone with its partner, or the handlers of the row before may have
@@ -56,6 +75,7 @@ bool DataGrid::makeCurrent(const jet::Bookmark& bookmark, const QString& source)
 
 void DataGrid::deleteCurrent()
 {
+    const auto ended = qScopeGuard([this] { Q_EMIT DeleteEnded(); });
     Cancel cancel;
     bool prompt = true;
     Q_EMIT BeforeDelete(cancel, prompt);

@@ -21,6 +21,8 @@ std::vector<Answer> buttons(int flags)
     switch (flags & ButtonMask) {
     case AbortRetryIgnore: return {Answer::Abort, Answer::Retry, Answer::Ignore};
     case YesNo: return {Answer::Yes, Answer::No};
+    case YesNoCancel: return {Answer::Yes, Answer::No, Answer::Cancel};
+    case OKCancel: return {Answer::OK, Answer::Cancel};
     default: return {Answer::OK};
     }
 }

@@ -4,6 +4,7 @@
 
 #include "core/Modulzustand.h"
 #include "platform/controls/ComboField.h"
+#include "platform/controls/DataControl.h"
 #include "platform/controls/DataGrid.h"
 #include "platform/system/Files.h"
 #include "platform/system/Settings.h"
@@ -316,10 +317,47 @@ TEST_F(Umbuchung, LoeschenNimmtBeideZeilen)
         EXPECT_EQ(anzahl(), 6);
         tippe("drpLagerOrte", u"Alle"_s);
     }
+}
+
+// Of many rows each is asked about, until one has enough of it. What belongs to one answer goes at once; the lists are read
+// again when all is over.
+TEST_F(Umbuchung, VonMehrerenZeilenWirdJedeGefragt)
+{
     hof.fuehreAus(2024, u"UPDATE LAGERJOURNAL SET BEErfassungsnummer = 1 WHERE Artikel = 'Hafer'"_s);
-    drucke("Journalliste", Qt::Key_F5);
-    waehleBewegung(5);
-    drucke("Journalliste", Qt::Key_Delete);
-    EXPECT_TRUE(hof.meldungen().abgeholt().value(0).endsWith(u"Eine Löschung kann nur in diesem Programm erfolgen."_s));
-    EXPECT_EQ(anzahl(), 6);
+    oeffne();
+    bucheUm();
+    struct Gespraech : sys::Messages {
+        std::function<sys::Answer(const QString&, int)> antworte;
+        sys::Answer show(const QString& text, int flags) override { return antworte(text, flags); }
+    } gespraech;
+    const sys::MessageScope umleitung(gespraech);
+    const auto& liste = feld<DataGrid>("Journalliste");
+    const auto loesche = [&](std::vector<sys::Answer> antworten) {
+        QStringList gefragt;
+        int gelesen = 0;
+        auto naechste = antworten.begin();
+        gespraech.antworte = [&](const QString& text, int flags) {
+            const QModelIndexList markiert = liste.selectionModel()->selectedRows();
+            EXPECT_EQ(markiert.size(), 1);
+            EXPECT_EQ(markiert.value(0).row(), liste.currentIndex().row());
+            EXPECT_TRUE(liste.viewport()->rect().contains(liste.visualRect(markiert.value(0))));
+            gefragt.append(aktuelleBewegung().left(6) + QString::number(flags) +
+                           (text == Loeschfrage ? u""_s : u" nicht"_s));
+            return naechste == antworten.end() ? sys::Answer::Cancel : *naechste++;
+        };
+        const auto zaehlt =
+            QObject::connect(&feld<DataControl>("Journaldaten"), &DataControl::RowsReplaced, [&] { ++gelesen; });
+        drucke("Journalliste", Qt::Key_A, Qt::ControlModifier);
+        drucke("Journalliste", Qt::Key_Delete);
+        QObject::disconnect(zaehlt);
+        return gefragt.join(u", "_s) + u" / "_s + QString::number(gelesen);
+    };
+    using enum sys::Answer;
+    EXPECT_EQ(loesche({No, Yes, No, No, No, OK, Yes}),
+              u"05.03.291, 05.04.291, 06.05.291, 07.05.291, 08.05.291, 09.05.17 nicht, 01.06.291 / 1"_s);
+    EXPECT_EQ(anzahl(), 5); // the other row of the transfer went unasked
+    EXPECT_EQ(loesche({No}), u"05.03.291, 06.05.291 / 0"_s);
+    EXPECT_EQ(aktuelleBewegung().left(6), u"06.05."_s);
+    EXPECT_EQ(loesche({No, No, No, No}), u"05.03.291, 06.05.291, 07.05.291, 08.05.291, 09.05.17 nicht / 0"_s);
+    EXPECT_EQ(anzahl(), 5);
 }

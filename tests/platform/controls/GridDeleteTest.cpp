@@ -64,7 +64,9 @@ TEST_F(GridScreen, AsksOrIsForbiddenToDelete)
         sys::Answer answer;
         int questions;
         bool deleted;
+        bool forbidden = false;
     } cases[] = {
+        {"a handler of Validate forbids it", false, false, sys::Answer::Yes, 0, false, true},
         {"a handler cancels", true, true, sys::Answer::Yes, 0, false},
         {"the user says no", false, true, sys::Answer::No, 1, false},
         {"the user says yes", false, true, sys::Answer::Yes, 1, true},
@@ -80,6 +82,11 @@ TEST_F(GridScreen, AsksOrIsForbiddenToDelete)
             prompt = c.prompt;
         });
         verdrahte(m_grid, &DataGrid::AfterDelete, &handlers, [&after] { ++after; });
+        QString ended; // what a handler began before the row went, it must be able to end in any case
+        QObject::connect(m_grid, &DataGrid::DeleteEnded, &handlers, [&ended] { ended += u"row "_s; });
+        QObject::connect(m_grid, &DataGrid::DeletesEnded, &handlers, [&ended] { ended += u"all"_s; });
+        verdrahte(&m_data, &DataControl::Validate, &handlers,
+                  [&c](DataControl::Action, Cancel& cancel) { cancel = c.forbidden; });
         Meldungsprotokoll user;
         const sys::MessageScope scope(user);
         user.beantworte(Question, c.answer);
@@ -87,6 +94,7 @@ TEST_F(GridScreen, AsksOrIsForbiddenToDelete)
         press(Qt::Key_Delete, Qt::KeypadModifier);
         EXPECT_EQ(m_data.RecordCount(), before - (c.deleted ? 1 : 0));
         EXPECT_EQ(after, c.deleted ? 1 : 0);
+        EXPECT_EQ(ended, u"row all"_s);
         EXPECT_EQ(user.abgeholt().size(), c.questions);
     }
     m_grid->setAllowDelete(false);
