@@ -3,6 +3,7 @@
 #include "tests/overview/Buchung.h"
 
 #include "core/Modulzustand.h"
+#include "overview/Loeschung.h"
 #include "platform/controls/ComboField.h"
 #include "platform/controls/DataControl.h"
 #include "platform/controls/DataGrid.h"
@@ -317,6 +318,44 @@ TEST_F(Umbuchung, LoeschenNimmtBeideZeilen)
         EXPECT_EQ(anzahl(), 6);
         tippe("drpLagerOrte", u"Alle"_s);
     }
+}
+
+TEST_F(Umbuchung, EinPaarGehtGanzOderBleibtGanz)
+{
+    for (const auto& [ort, menge, partner] : {std::tuple{"H1", -10, 8}, std::tuple{"H2", 10, 7}})
+        hof.fuehreAus(2024,
+                      u"INSERT INTO LAGERJOURNAL (Datum, Artikel, LagerortKurzKu, Menge, Buchungsart, Verfuttert_an)"
+                      u" VALUES (#6/1/2024#, 'Weizen', '%1', %2, 'Umbuchung', '%3')"_s.arg(QLatin1StringView(ort))
+                          .arg(menge)
+                          .arg(partner));
+    const QStringList vorher = paare();
+    ASSERT_EQ(vorher.size(), 2);
+    const QString datei = hof.journaldatei(2024);
+    const QString kopie = datei + u".vorher"_s;
+    sys::FileCopy(datei, kopie);
+    const auto loesche = [&] {
+        hof.meldungen().beantworteAlle(sys::Answer::Abort);
+        hof.meldungen().beantworte(Loeschfrage, sys::Answer::Yes);
+        DataControl journal;
+        DataGrid liste;
+        QPushButton Command4;
+        journal.setDatabaseName(datei);
+        journal.setConnect(modulzustand().Lagerpasswort);
+        journal.setRecordSource(u"SELECT * FROM LAGERJOURNAL ORDER BY ID"_s);
+        liste.setDataSource(journal);
+        const Loeschung loeschung(
+            Command4, journal, liste, [](const Wiederfinden&) {}, nullptr);
+        journal.Refresh();
+        journal.MoveLast();
+        liste.Delete();
+        if (hof.meldungen().abgeholt() != QStringList(Loeschfrage)) throw std::runtime_error("reported");
+    };
+    stoereUeberall([&] { sys::FileCopy(kopie, datei); }, loesche,
+                   [&](bool fertig) {
+                       EXPECT_TRUE(paare().isEmpty() || (!fertig && paare() == vorher))
+                           << paare().join(u"; "_s).toStdString();
+                       EXPECT_EQ(befund(datei), u"ok"_s);
+                   });
 }
 
 // Of many rows each is asked about, until one has enough of it. What belongs to one answer goes at once; the lists are read
