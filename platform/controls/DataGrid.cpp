@@ -204,6 +204,13 @@ void DataGrid::currentChanged(const QModelIndex& current, const QModelIndex& pre
     follow(); // the move may have been refused
 }
 
+/// After what the user did, as when he took one of two rows out of the selection with Ctrl, or was kept where he was.
+void DataGrid::selectCurrentAsTheOnlyOne()
+{
+    if (m_selected.Count() != 1 || selectsOnly(currentIndex().row()) || !currentIndex().isValid()) return;
+    selectionModel()->select(currentIndex(), QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+}
+
 void DataGrid::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected)
 {
     QTableView::selectionChanged(selected, deselected);
@@ -232,6 +239,13 @@ void DataGrid::keyPressEvent(QKeyEvent* event)
     } else {
         QTableView::keyPressEvent(event);
     }
+    selectCurrentAsTheOnlyOne();
+}
+
+void DataGrid::mousePressEvent(QMouseEvent* event)
+{
+    QTableView::mousePressEvent(event);
+    selectCurrentAsTheOnlyOne();
 }
 
 void DataGrid::mouseDoubleClickEvent(QMouseEvent* event)

@@ -14,8 +14,8 @@ class GridHeader;
 /// The rows of a data control as a table to read, select and delete in. Its current row is the data control's, whoever
 /// moves it; reads no more rows than it shows.
 ///
-/// Highlighted are the rows that Delete means: the selected ones, or the current one while none is selected. A single
-/// selected row that is also the current one goes along when another row becomes current.
+/// Highlighted are the rows that Delete means: several selected ones, else the current one. A single selected row is the
+/// current one: it goes along when another row becomes current.
 class DataGrid : public QTableView {
     Q_OBJECT
     Q_PROPERTY(QString Caption READ Caption WRITE setCaption)
@@ -57,7 +57,7 @@ public:
     /// Marks the header of a column that the rows are sorted by; -1 marks none.
     void showSort(int column, Qt::SortOrder order);
 
-    /// Deletes the selected rows, else the current one; within AfterDelete the current one. Each is made current before
+    /// Deletes the rows selected, if they are several, else the current one; within AfterDelete the current one. Each is made current before
     /// its BeforeDelete, of several it alone is selected then and is on view; when it is gone the next one, else the
     /// previous one is current. \throws jet::Error.
     void Delete();
@@ -87,6 +87,7 @@ protected:
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyboardSearch(const QString&) override {} // letters belong to the screen's short keys
+    void mousePressEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void changeEvent(QEvent* event) override;
@@ -104,10 +105,11 @@ private:
     void widenForFigures();
     void sizeRows();
     bool selectsOnly(int row) const;
+    void selectCurrentAsTheOnlyOne();
     std::vector<jet::Bookmark> rowsToDelete() const;
     void deleteAll(const std::vector<jet::Bookmark>& bookmarks);
     bool makeCurrent(const jet::Bookmark& bookmark, const QString& source);
-    void selectOnlyCurrent();
+    void selectOnlyCurrent(); // and shows it
     void deleteCurrent();
     void leaveDeleted(qsizetype position);
 

@@ -22,9 +22,11 @@ bool userAgrees()
 std::vector<jet::Bookmark> DataGrid::rowsToDelete() const
 {
     std::vector<jet::Bookmark> bookmarks;
-    for (const int row : m_selected.rows())
-        bookmarks.push_back(rows().BookmarkAt(row));
-    if (bookmarks.empty() && m_data->AbsolutePosition() >= 0) bookmarks.push_back(Bookmark());
+    if (m_selected.Count() > 1)
+        for (const int row : m_selected.rows())
+            bookmarks.push_back(rows().BookmarkAt(row));
+    else if (m_data->AbsolutePosition() >= 0)
+        bookmarks.push_back(Bookmark());
     return bookmarks;
 }
 

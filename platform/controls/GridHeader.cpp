@@ -3,6 +3,7 @@
 #include <QEvent>
 #include <QLabel>
 #include <QMouseEvent>
+#include <QScopedValueRollback>
 
 GridHeader::GridHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent), m_caption(new QLabel(this))
 {
@@ -14,7 +15,7 @@ GridHeader::GridHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent), m
     setResizeContentsPrecision(0); // the rows on view: asking all of them would read a whole journal
     setTextElideMode(Qt::ElideRight);
     connect(this, &QHeaderView::sectionResized, this, [this](int column, int, int width) {
-        if (m_pressed && column != logicalIndex(count() - 1))
+        if (m_sizing && column != logicalIndex(count() - 1))
             Q_EMIT resizedByUser(column, width); // the last one stretches
     });
 }
@@ -76,20 +77,24 @@ void GridHeader::resizeEvent(QResizeEvent* event)
 
 void GridHeader::mousePressEvent(QMouseEvent* event)
 {
-    m_pressed = true;
     m_pressedBeside = event->button() == Qt::LeftButton && logicalIndexAt(event->position().toPoint()) < 0;
     QHeaderView::mousePressEvent(event);
 }
 
 void GridHeader::mouseDoubleClickEvent(QMouseEvent* event)
 {
-    m_pressed = true; // on a divider it sizes the column to its contents, which is the user's wish, too
+    const QScopedValueRollback sizing(m_sizing, true); // on a divider it gives the column the width of its contents
     QHeaderView::mouseDoubleClickEvent(event);
+}
+
+void GridHeader::mouseMoveEvent(QMouseEvent* event)
+{
+    const QScopedValueRollback sizing(m_sizing, event->buttons().testFlag(Qt::LeftButton)); // by its divider
+    QHeaderView::mouseMoveEvent(event);
 }
 
 void GridHeader::mouseReleaseEvent(QMouseEvent* event)
 {
     QHeaderView::mouseReleaseEvent(event);
-    m_pressed = false;
     if (std::exchange(m_pressedBeside, false) && logicalIndexAt(event->position().toPoint()) < 0) Q_EMIT emptyClicked();
 }

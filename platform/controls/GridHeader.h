@@ -19,14 +19,15 @@ public:
                  bool sorted) const; ///< Pixels for a caption, with the mark of the order.
 
 Q_SIGNALS:
-    void emptyClicked(); ///< Beside the columns.
-    void resizedByUser(int column, int width);
+    void emptyClicked();                       ///< Beside the columns.
+    void resizedByUser(int column, int width); ///< By dragging the divider behind it or by a double click there.
 
 protected:
     bool event(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
@@ -35,5 +36,5 @@ private:
 
     QLabel* m_caption;
     bool m_pressedBeside = false;
-    bool m_pressed = false;
+    bool m_sizing = false; // what the mouse does now gives a column its width
 };

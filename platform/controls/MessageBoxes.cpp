@@ -69,6 +69,7 @@ sys::Answer MessageBoxes::show(const QString& text, int flags)
         // All of one role: Qt would take a button of the role "no" for what Esc means.
         QPushButton* const button = box.addButton(caption(answer), QMessageBox::AcceptRole);
         if (answer == sys::defaultAnswer(flags)) box.setDefaultButton(button);
+        if (answer == sys::Answer::Cancel) box.setEscapeButton(button);
         answers.emplace_back(button, answer);
     }
     QGuiApplication::setOverrideCursor(Qt::ArrowCursor); // a box that waits for the user shows no hourglass

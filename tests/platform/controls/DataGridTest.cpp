@@ -115,7 +115,7 @@ TEST_F(GridScreen, StaysWhereTheDataControlStays)
     press(Qt::Key_Down);
     EXPECT_EQ(current(), u"Weizen"_s);
     click(3);
-    EXPECT_EQ(current(), u"Weizen"_s);
+    EXPECT_EQ(current() + selected(), u"WeizenWeizen"_s);
     QObject::disconnect(connection);
 
     m_data.Edit();
@@ -259,6 +259,9 @@ TEST_F(GridScreen, ReadsOnlyTheRowsOnView)
 TEST_F(GridScreen, KeepsTheWidthsOfTheUser)
 {
     m_grid->Columns(1).setWidth(77);
+    m_grid->Columns(2).setCaption(u"Zugang im ganzen Jahr"_s);
+    QObject::connect(m_grid, &DataGrid::HeadClick,
+                     [this](int column) { m_grid->showSort(column, Qt::AscendingOrder); }); // its mark wants room
     m_farm.fuehreAus(2024, u"UPDATE LAGERJOURNAL SET Artikel = 'Ein sehr langer Name eines Artikels' WHERE ID = 1"_s);
     show();
     EXPECT_EQ(m_grid->columnWidth(1), 77);
@@ -270,7 +273,9 @@ TEST_F(GridScreen, KeepsTheWidthsOfTheUser)
     QTest::mouseRelease(header, Qt::LeftButton, {}, QPoint(date + 30, header->height() / 2));
     EXPECT_NEAR(m_grid->columnWidth(0), date + 31, 2);
     EXPECT_EQ(m_grid->Columns(0).Width(), m_grid->columnWidth(0)); // a screen can ask and remember
-    EXPECT_EQ(m_grid->Columns(3).Width(), 0);
+    clickHeader(2);
+    for (const int untouched : {2, 3}) // so that it grows for a figure that it would cut
+        EXPECT_EQ(m_grid->Columns(untouched).Width(), 0);
     m_grid->Columns(2).setVisible(false);
     m_data.Refresh();
     EXPECT_NEAR(m_grid->columnWidth(0), date + 31, 2);

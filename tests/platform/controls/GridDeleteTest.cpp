@@ -29,7 +29,15 @@ TEST_F(GridScreen, DeletesTheSelectedRowsOrElseTheCurrentOne)
              click(4, Qt::ControlModifier);
          },
          "Weizen Mais Roggen", "Gerste Hafer Raps", "Raps"},
-        {"another than the current one", [this] { m_grid->SelBookmarks().Add(m_data.Recordset().BookmarkAt(2)); },
+        {"never another than the current one", [this] { m_grid->SelBookmarks().Add(m_data.Recordset().BookmarkAt(2)); },
+         "Weizen", "Gerste Hafer Mais Roggen Raps", "Gerste"},
+        {"the one taken out of the selection, as it is the current one",
+         [this] {
+             click(0);
+             for (int i = 0; i < 2; ++i)
+                 click(2, Qt::ControlModifier);
+             EXPECT_EQ(selected(), u"Hafer"_s);
+         },
          "Hafer", "Weizen Gerste Mais Roggen Raps", "Mais"},
         {"all", [this] { m_grid->selectAll(); }, "Weizen Gerste Hafer Mais Roggen Raps", "", "-"},
     };

@@ -64,6 +64,10 @@ TEST(MessageBoxes, AreAnsweredByKeyboard)
         {three, AbortRetryIgnore | Critical | DefaultButton3, Qt::Key_Enter, Qt::NoModifier, Answer::Ignore},
         {three, AbortRetryIgnore | Critical | DefaultButton3, Qt::Key_W, Qt::AltModifier, Answer::Retry},
         {three, AbortRetryIgnore | Critical, Qt::Key_Space, Qt::NoModifier, Answer::Abort},
+        {yesNo + QStringList(u"Abbrechen"_s), YesNoCancel | Question | DefaultButton2, Qt::Key_Return, Qt::NoModifier,
+         Answer::No},
+        {yesNo + QStringList(u"Abbrechen"_s), YesNoCancel | Question, Qt::Key_Escape, Qt::NoModifier, Answer::Cancel},
+        {{u"OK"_s, u"Abbrechen"_s}, OKCancel | Critical, Qt::Key_Escape, Qt::NoModifier, Answer::Cancel},
     };
     for (const Case& c : cases) {
         imNaechstenFenster([&](QWidget& box) {
