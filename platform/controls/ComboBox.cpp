@@ -45,12 +45,14 @@ int ComboBox::rowOf(const QString& text) const
     return -1;
 }
 
-QString ComboBox::completion(const QString& begun) const
+QStringList ComboBox::beginning(const QString& begun, int most) const
 {
-    for (int row = 0; row < count(); ++row) {
-        if (QString text = itemText(row); text.startsWith(begun, Qt::CaseInsensitive)) return text;
+    QStringList found;
+    for (int row = 0; row < count() && found.size() < most; ++row) {
+        const QString text = itemText(row);
+        if (text.startsWith(begun, Qt::CaseInsensitive) && !found.contains(text)) found.append(text);
     }
-    return {};
+    return found;
 }
 
 void ComboBox::showValue(const jet::Value& value)

@@ -26,7 +26,7 @@ public:
 private:
     int rowOf(const QString& text) const override;
     QString entry(int row) const override { return itemText(row); }
-    QString completion(const QString& begun) const override;
+    QStringList beginning(const QString& begun, int most) const override;
 
     void showValue(const jet::Value& value) override;
     std::optional<jet::Value> changedValue() const override;

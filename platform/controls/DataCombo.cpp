@@ -157,12 +157,21 @@ QString DataCombo::meant(const QString& text) const
     return row < 0 ? text : entry(row);
 }
 
-QString DataCombo::completion(const QString& begun) const
+QStringList DataCombo::beginning(Part part, const QString& begun, int most) const
 {
-    const auto begins = [&](const QString& entry) { return entry.startsWith(begun, Qt::CaseInsensitive); };
-    if (const int row = find(&Entry::shown, begins); row >= 0) return entry(row);
-    const int row = m_foundField.isEmpty() ? -1 : find(&Entry::found, begins);
-    return row < 0 ? QString() : m_entries[static_cast<std::size_t>(row)].found;
+    QStringList found;
+    find(part, [&](const QString& entry) {
+        if (entry.startsWith(begun, Qt::CaseInsensitive) && !found.contains(entry)) found.append(entry);
+        return found.size() == most;
+    });
+    return found;
+}
+
+/// What may be typed instead of the text comes after it.
+QStringList DataCombo::beginning(const QString& begun, int most) const
+{
+    const QStringList shown = beginning(&Entry::shown, begun, most);
+    return shown.isEmpty() && !m_foundField.isEmpty() ? beginning(&Entry::found, begun, most) : shown;
 }
 
 QString DataCombo::Value() const

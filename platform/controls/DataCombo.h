@@ -52,7 +52,8 @@ private:
     int rowOf(const QString& text) const override;
     QString meant(const QString& text) const override;
     QString entry(int row) const override;
-    QString completion(const QString& begun) const override;
+    QStringList beginning(const QString& begun, int most) const override;
+    QStringList beginning(Part part, const QString& begun, int most) const;
     QString textOf(const QString& value) const;
     /// The first row whose part satisfies the condition; -1: none.
     template <class Condition>

@@ -30,6 +30,13 @@ QString ListField::meant(const QString& text) const
     return row < 0 ? text : entry(row);
 }
 
+/// Null: there is none.
+QString ListField::completion(const QString& begun) const
+{
+    const QStringList found = beginning(begun, m_listOnly ? 1 : 2);
+    return found.size() == 1 ? found.first() : QString();
+}
+
 void ListField::complete(const QString& begun)
 {
     const bool atEnd = !m_deletes && lineEdit()->cursorPosition() == begun.size();

@@ -2,15 +2,16 @@
 
 #include "platform/controls/ComboField.h"
 
-/// A combo with a list to choose from. Typing completes to the first entry that begins so, in any case, the added part
-/// selected; a text that the list has in another spelling is taken in the list's.
+/// A combo with a list to choose from. Typing completes to the only entry that begins so, in any case, the added part
+/// selected: of several nobody knows which is meant, and one must not be booked for the other. A text that the list has in
+/// another spelling is taken in the list's.
 class ListField : public ComboField {
     Q_OBJECT
     Q_PROPERTY(bool ListOnly READ ListOnly WRITE setListOnly)
 
 public:
-    /// The user can only choose: typing goes to the entry that begins so, or is not taken. The program can still set any
-    /// text, which stays shown.
+    /// The user can only choose: typing goes to the first entry that begins so, or is not taken. The program can still set
+    /// any text, which stays shown.
     bool ListOnly() const { return m_listOnly; }
     void setListOnly(bool listOnly);
 
@@ -31,8 +32,10 @@ protected:
     void showAsTable(); ///< Shows all columns of the list, with their heads.
 
 private:
-    virtual QString entry(int row) const = 0;                   ///< The text of a row.
-    virtual QString completion(const QString& begun) const = 0; ///< The first entry that begins so; null: none.
+    virtual QString entry(int row) const = 0; ///< The text of a row.
+    /// The entries that begin so, each text once, in the list's order, and no more than `most`.
+    virtual QStringList beginning(const QString& begun, int most) const = 0;
+    QString completion(const QString& begun) const;
     void fitList() override;
     void typed() override { Q_EMIT Change(); }
     void taken() override { Q_EMIT Click(); }

@@ -69,6 +69,7 @@ TEST_F(ComboTest, CompletesWhatIsTyped)
         {"wi", u"wi[nterraps]"_s, u"Wi[nterraps]"_s},
         {"we<", u"we"_s, u"We[izen]"_s},
         {"we!", u"we"_s, u"We[izen]"_s},
+        {"w", u"w"_s, u"W[eizen]"_s}, // or Winterraps: nobody knows
         {"wx", u"wx"_s, u"W[eizen]"_s},
         {"wg", u"wg"_s, u"G[erste]"_s},
         {"gef", u"gef[lügelfutter]"_s, u"Gef[lügelfutter]"_s},
@@ -99,10 +100,10 @@ TEST_F(ComboTest, ClicksOnceForEachChoice)
         int changes, clicks;
     } cases[] = {
         {"arrow", [&] { QTest::keyClick(&m_combo, Qt::Key_Down); }, u"Winterraps"_s, 1, 1},
-        {"Enter", [&] { QTest::keyClicks(&m_combo, u"we\r"_s); }, u"Weizen"_s, 1, 1},
-        {"leaving", [&] { QTest::keyClicks(&m_combo, u"we\t"_s); }, u"Weizen"_s, 1, 1},
+        {"Enter", [&] { QTest::keyClicks(&m_combo, u"we\r"_s); }, u"Weizen"_s, 2, 1},
+        {"leaving", [&] { QTest::keyClicks(&m_combo, u"we\t"_s); }, u"Weizen"_s, 2, 1},
         {"another text", [&] { QTest::keyClicks(&m_combo, u"zz\t"_s); }, u"zz"_s, 2, 1},
-        {"the same text", [&] { QTest::keyClicks(&m_combo, u"gers\t"_s); }, u"Gerste"_s, 1, 0},
+        {"the same text", [&] { QTest::keyClicks(&m_combo, u"gers\t"_s); }, u"Gerste"_s, 3, 0},
         {"property", [&] { m_combo.setProperty("Text", u"weizen"_s); }, u"Weizen"_s, 1, 1},
         {"list",
          [&] {
