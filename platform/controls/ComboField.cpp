@@ -1,8 +1,10 @@
 #include "platform/controls/ComboField.h"
 
 #include "platform/controls/ComboAccessible.h"
+#include "platform/system/GermanDialogs.h"
 
 #include <QAbstractItemView>
+#include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QWheelEvent>
@@ -136,6 +138,13 @@ void ComboField::wheelEvent(QWheelEvent* event)
     }
     followText();
     QComboBox::wheelEvent(event);
+}
+
+/// The toolkit's menu, in German whatever the host speaks.
+void ComboField::contextMenuEvent(QContextMenuEvent* event)
+{
+    const sys::GermanDialogs german;
+    QComboBox::contextMenuEvent(event);
 }
 
 void ComboField::focusInEvent(QFocusEvent* event)

@@ -316,20 +316,44 @@ std::vector<int> DataGrid::sampledWidths() const
     return widths;
 }
 
-/// Once, with the first rows: later widths are the user's, and nothing moves while he works.
+/// Once, with the first rows: later widths are the user's, and nothing moves while he works. What is left beside the columns
+/// makes room for longer texts further down.
 void DataGrid::sizeColumns()
 {
     if (m_sized || !isVisible() || m_model->rowCount() == 0) return;
     m_sized = true;
-    const int number = fontMetrics().horizontalAdvance(u"99.999,99"_s); // room for those further down
     const std::vector<int> texts = sampledWidths();
+    int spare = viewport()->width();
+    int ofTexts = 0;
+    std::vector<std::pair<int, int>> widths; // of the columns that have none yet
     for (int i = 0; i < ColumnCount(); ++i) {
-        if (m_model->column(i).Width() > 0) continue;
-        const int text = texts[static_cast<std::size_t>(i)];
-        const int contents = margin() + (m_model->showsNumbers(i) ? qMax(text, number) : text);
-        const bool sorted = m_header->isSortIndicatorShown() && m_header->sortIndicatorSection() == i;
-        setColumnWidth(i, qMax(contents, m_header->widthFor(m_model->column(i).Caption(), sorted)));
+        const int set = m_model->column(i).Width();
+        const int width = set > 0 ? set : neededWidth(i, texts[static_cast<std::size_t>(i)]);
+        if (set == 0) widths.emplace_back(i, width);
+        if (isColumnHidden(i)) continue;
+        spare -= width;
+        if (set == 0 && !m_model->showsNumbers(i)) ofTexts += width;
     }
+    for (const auto& [i, width] : widths) {
+        const bool grows = spare > 0 && !isColumnHidden(i) && !m_model->showsNumbers(i);
+        setColumnWidth(i, grows ? width + spare * width / ofTexts : width);
+    }
+}
+
+/// For the widest of the texts that were looked at, and for the caption.
+int DataGrid::neededWidth(int column, int text) const
+{
+    const int number = fontMetrics().horizontalAdvance(u"99.999,99"_s); // room for those further down
+    const int contents = m_model->showsNumbers(column) ? qMax(text, number) : qMin(text, mostForText());
+    const bool sorted = m_header->isSortIndicatorShown() && m_header->sortIndicatorSection() == column;
+    return qMax(contents + margin(), m_header->widthFor(m_model->column(column).Caption(), sorted));
+}
+
+/// One long name must not push the other columns out of sight.
+int DataGrid::mostForText() const
+{
+    constexpr int Letters = 30; // most names of goods and partners
+    return Letters * fontMetrics().averageCharWidth();
 }
 
 /// What a cell has beside its text.
@@ -338,26 +362,29 @@ int DataGrid::margin() const
     return 2 * (style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 2);
 }
 
-/// A figure that is cut can be taken for another one, so its column grows when it comes on view; not one that the user
-/// has sized.
-void DataGrid::widenForFigures()
+/// A figure that is cut can be taken for another one, so its column grows when it comes on view; that of a text to a limit.
+/// Not one that the user has sized.
+void DataGrid::widenForContents()
 {
     const int first = rowAt(0);
     if (first < 0) return;
     const int below = rowAt(viewport()->height() - 1);
     const int last = below < 0 ? m_model->rowCount() - 1 : below;
     for (int column = 0; column < ColumnCount(); ++column) {
-        if (!m_model->showsNumbers(column) || isColumnHidden(column) || m_model->column(column).Width() > 0) continue;
+        if (isColumnHidden(column) || m_model->column(column).Width() > 0) continue;
+        const int most = m_model->showsNumbers(column) ? QWIDGETSIZE_MAX : mostForText();
+        if (columnWidth(column) >= most + margin()) continue;
         int width = 0;
         for (int row = first; row <= last; ++row)
             width = qMax(width, fontMetrics().horizontalAdvance(m_model->index(row, column).data().toString()));
-        if (width + margin() > columnWidth(column)) setColumnWidth(column, width + margin());
+        width = qMin(width, most) + margin();
+        if (width > columnWidth(column)) setColumnWidth(column, width);
     }
 }
 
 void DataGrid::paintEvent(QPaintEvent* event)
 {
-    widenForFigures();
+    widenForContents();
     QTableView::paintEvent(event);
     const QString& text = m_data && m_data->isOpen() ? m_emptyText : m_closedText;
     if (m_model->rowCount() > 0 || text.isEmpty()) return;

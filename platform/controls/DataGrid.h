@@ -102,7 +102,9 @@ private:
     std::vector<int> sampledWidths() const;
     void sizeColumns();
     int margin() const;
-    void widenForFigures();
+    int neededWidth(int column, int text) const;
+    int mostForText() const;
+    void widenForContents();
     void sizeRows();
     bool selectsOnly(int row) const;
     void selectCurrentAsTheOnlyOne();

@@ -1,5 +1,8 @@
 #include "platform/controls/EditField.h"
 
+#include "platform/system/GermanDialogs.h"
+
+#include <QContextMenuEvent>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
@@ -117,6 +120,13 @@ void EditField::inputMethodEvent(QInputMethodEvent* event)
                            event->replacementLength());
     QLineEdit::inputMethodEvent(&passed);
     Q_EMIT KeyUp();
+}
+
+/// The toolkit's menu, in German whatever the host speaks.
+void EditField::contextMenuEvent(QContextMenuEvent* event)
+{
+    const sys::GermanDialogs german;
+    QLineEdit::contextMenuEvent(event);
 }
 
 void EditField::focusInEvent(QFocusEvent* event)

@@ -1,5 +1,8 @@
 #include "platform/controls/MemoBox.h"
 
+#include "platform/system/GermanDialogs.h"
+
+#include <QContextMenuEvent>
 #include <QScopedValueRollback>
 
 MemoBox::MemoBox(QWidget* parent) : QPlainTextEdit(parent)
@@ -33,4 +36,11 @@ std::optional<jet::Value> MemoBox::changedValue() const
 {
     if (!m_changed) return {};
     return jet::Value(Text());
+}
+
+/// The toolkit's menu, in German whatever the host speaks.
+void MemoBox::contextMenuEvent(QContextMenuEvent* event)
+{
+    const sys::GermanDialogs german;
+    QPlainTextEdit::contextMenuEvent(event);
 }

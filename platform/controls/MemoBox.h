@@ -21,6 +21,9 @@ public:
 Q_SIGNALS:
     void Change(); ///< The user has changed the text.
 
+protected:
+    void contextMenuEvent(QContextMenuEvent* event) override;
+
 private:
     void showValue(const jet::Value& value) override;
     std::optional<jet::Value> changedValue() const override;

@@ -1,3 +1,5 @@
+#include "platform/controls/DateCombo.h"
+#include "platform/controls/MemoBox.h"
 #include "platform/controls/TextBox.h"
 #include "platform/controls/Wiring.h"
 #include "tests/platform/controls/FieldScreen.h"
@@ -6,6 +8,7 @@
 
 #include <zablager/DatabaseError.h>
 
+#include <QContextMenuEvent>
 #include <QInputMethodEvent>
 #include <QMenu>
 #include <QMessageBox>
@@ -219,4 +222,18 @@ TEST_F(LeavingTest, IsNotLeftForAPopUp)
     menu.close();
     EXPECT_EQ(m_checks, 0);
     EXPECT_EQ(*left + *entered, 0);
+}
+
+TEST_F(FieldScreen, TheMenuOfAFieldIsGerman)
+{
+    QWidget* const fields[] = {&add<TextBox>(), &add<DateCombo>(), add<MemoBox>().viewport()};
+    show();
+    for (QWidget* const field : fields) {
+        QContextMenuEvent event(QContextMenuEvent::Mouse, field->rect().center(), field->mapToGlobal(QPoint(1, 1)));
+        QCoreApplication::sendEvent(field, &event);
+        QWidget* const menu = QApplication::activePopupWidget();
+        ASSERT_TRUE(menu) << field->metaObject()->className();
+        EXPECT_TRUE(menu->actions().value(0)->text().startsWith(u"&Rückgängig"_s));
+        menu->close();
+    }
 }
