@@ -1,10 +1,10 @@
 #include "core/JahresUbertrag.h"
 
 #include "core/Bestand.h"
-#include "core/FeldVorhanden.h"
 #include "core/Journaldatei.h"
 #include "core/Modulzustand.h"
 #include "core/Verzeichnisse.h"
+#include "core/farm/Jahresdateien.h"
 #include "platform/jet/Rounding.h"
 #include "platform/system/Messages.h"
 
@@ -33,14 +33,6 @@ std::unique_ptr<jet::Recordset> paare(jet::Database& journal)
         u" avg(Preis) AS FirstPreis, First(Preisfaktor) AS FirstPreisfaktor, First(Einheit) AS FirstEinheit"
         u" FROM Lagerjournal GROUP BY Lagerjournal.Artikel, Lagerjournal.LagerortKurzKu"_s,
         jet::Kind::Snapshot);
-}
-
-/// Whether a year file wants the stocks of the year before; files from before this setting do.
-bool uebernimmtVorjahr(jet::Database& journal)
-{
-    if (!FeldVorhanden(journal, u"Einstellungen"_s, u"Ohnevorjahr"_s)) return true;
-    const auto einstellungen = journal.OpenRecordset(u"SELECT * FROM EINSTELLUNGEN"_s, jet::Kind::Snapshot);
-    return einstellungen->Eof() || !(*einstellungen)[u"OhneVorjahr"].toBool();
 }
 
 void schreibeAnfangsbestand(jet::Recordset& ziel, const jet::Recordset& paar, double bestand, int jahr)

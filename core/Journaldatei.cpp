@@ -2,45 +2,31 @@
 
 #include "core/Modulzustand.h"
 #include "core/Verzeichnisse.h"
+#include "core/farm/Jahresdateien.h"
 #include "platform/jet/Engine.h"
-#include "platform/system/Files.h"
+#include "platform/jet/TemplateCopy.h"
 
 #include <zablager/FileError.h>
-
-#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-QString stamm()
+QString betriebsordner()
 {
-    return datenverzeichnis() + u"\\B"_s + modulzustand().Betriebsnummer + u"\\Lager."_s;
-}
-
-bool istJahr(QStringView text)
-{
-    return std::all_of(text.begin(), text.end(), [](QChar c) { return c >= u'0' && c <= u'9'; });
+    return datenverzeichnis() + u"\\B"_s + modulzustand().Betriebsnummer;
 }
 
 } // namespace
 
 QString Journaldatei(int jahr)
 {
-    return stamm() + QString::number(jahr).rightJustified(4, u'0');
+    return betriebsordner() + u"\\Lager."_s + QString::number(jahr).rightJustified(4, u'0');
 }
 
 std::vector<int> journaljahre()
 {
-    std::vector<int> jahre;
-    for (const QString& name : sys::Dir(stamm() + u"????"_s)) {
-        const QString ende = name.right(4);
-        if (name.toLower().contains(u".ldb"_s) || !istJahr(ende)) continue;
-        jahre.push_back(ende.toInt());
-    }
-    std::sort(jahre.begin(), jahre.end());
-    jahre.erase(std::unique(jahre.begin(), jahre.end()), jahre.end()); // "lager.2024" beside "Lager.2024"
-    return jahre;
+    return jahresdateien(betriebsordner());
 }
 
 std::unique_ptr<jet::Database> oeffneJournal(int jahr)
@@ -53,5 +39,5 @@ void stelleJournalBereit(const QString& datei)
     if (datei.isEmpty())
         throw sys::FileError(sys::FileErrorNumber::FileNotFound,
                              u"Es ist keine Lagerdatei angegeben: Datenverzeichnis ist leer."_s);
-    sys::CopyWhereMissing(ProgrammVerzeichnis() + u"\\Lager.vorlage"_s, datei);
+    jet::copyWhereMissing(ProgrammVerzeichnis() + u"\\Lager.vorlage"_s, modulzustand().Lagerpasswort, datei);
 }

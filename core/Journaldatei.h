@@ -11,13 +11,13 @@
 /// ending; there is no other one.
 QString Journaldatei(int jahr);
 
-/// Years of which the farm has a journal file, ascending. Lock files (Lager.ldb) and endings that are not four digits
-/// do not count.
+/// Years of which the farm has a journal file, ascending: those of jahresdateien() in its folder.
 std::vector<int> journaljahre();
 
 /// Opens the journal file of a year with the component's own connect text. \throws jet::Error as Engine::OpenDatabase.
 std::unique_ptr<jet::Database> oeffneJournal(int jahr);
 
 /// Makes a journal file that does not exist yet as a copy of the template; an existing one is left alone.
-/// \throws sys::FileError when no file is named, the template is missing or the file cannot be written.
+/// \throws sys::FileError when no file is named, the template is missing or the file cannot be written; jet::Error when the
+/// template is no whole database, since its copy would be a broken year that nothing replaces.
 void stelleJournalBereit(const QString& datei);

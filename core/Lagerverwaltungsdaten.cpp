@@ -66,6 +66,9 @@ void Lagerverwaltungsdaten::LagerbestandLaden()
     Modulzustand& zustand = modulzustand();
     if (zustand.BildschirmOffen) // its values must not become those of another farm
         throw jet::Error(jet::ErrorNumber::InvalidArgument, u"Die Lagerverwaltung ist schon geöffnet."_s);
+    // Its year would be 1899. Unlike the carry-forward, which then takes all years, this call would make a file for it.
+    if (m_stichdatum == nulldatum())
+        throw jet::Error(jet::ErrorNumber::InvalidArgument, u"Das Stichdatum ist nicht gesetzt."_s);
     zustand.Artikelname = m_artikelname;
     zustand.Lagername = m_lagername;
     zustand.Stichdatum = m_stichdatum;

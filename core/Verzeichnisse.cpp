@@ -5,13 +5,19 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+const QString Fehlt = u"x"_s; ///< What stands for a missing setting, never the name of a folder here.
+
+} // namespace
+
 QString datenverzeichnis()
 {
-    return sys::GetSetting(u"Datenverzeichnis"_s, u"Verzeichnisname"_s, u"x"_s);
+    return sys::GetSetting(u"Datenverzeichnis"_s, u"Verzeichnisname"_s, Fehlt);
 }
 
 QString ProgrammVerzeichnis()
 {
-    const QString gemeinsam = sys::GetSetting(u"Gemeinsame"_s, u"Verzeichnisname"_s, u"x"_s);
-    return sys::Exist(gemeinsam) ? gemeinsam : datenverzeichnis();
+    const QString gemeinsam = sys::GetSetting(u"Gemeinsame"_s, u"Verzeichnisname"_s, Fehlt);
+    return gemeinsam != Fehlt && sys::Exist(gemeinsam) ? gemeinsam : datenverzeichnis();
 }

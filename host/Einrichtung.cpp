@@ -1,6 +1,7 @@
 #include "host/Einrichtung.h"
 
 #include "platform/jet/Engine.h"
+#include "platform/jet/TemplateCopy.h"
 #include "platform/system/Files.h"
 #include "platform/system/Path.h"
 
@@ -31,12 +32,16 @@ void legeDatenbankAn(const QString& datei, const QString& schema, const QString&
     const QString entwurf = sys::draftName(datei);
     const QString sortierung = u";LANGID=0x0409;CP=1252;COUNTRY=0"_s;
     const auto raeumeAuf = qScopeGuard([&] { QFile::remove(entwurf); });
-    const auto datenbank =
-        jet::engine().CreateDatabase(entwurf, kennwort.isEmpty() ? sortierung : sortierung + u";pwd="_s + kennwort);
-    datenbank->BeginTrans();
-    for (const QString& anweisung : anweisungen(schema))
-        datenbank->Execute(anweisung);
-    datenbank->Close();
+    try {
+        const auto datenbank =
+            jet::engine().CreateDatabase(entwurf, kennwort.isEmpty() ? sortierung : sortierung + u";pwd="_s + kennwort);
+        datenbank->BeginTrans();
+        for (const QString& anweisung : anweisungen(schema))
+            datenbank->Execute(anweisung);
+        datenbank->Close();
+    } catch (const jet::Error& fehler) { // the user knows the file, not its draft
+        throw jet::Error(fehler.number(), QString(fehler.text()).replace(entwurf, datei));
+    }
     sys::CopyWhereMissing(entwurf, datei);
 }
 
@@ -75,10 +80,6 @@ void richteEin(const Installation& ort, const QString& Betriebsnummer, int jahr)
     legeDatenbankAn(stammdaten, u"ZABStammdaten"_s, u"RT-58KX"_s);
     legeBerichtsformulareAn(ort);
 
-    const QString journal = ort.journaldatei(Betriebsnummer, jahr);
-    if (!sys::Exist(journal)) {
-        jet::engine().OpenDatabase(vorlage)->Close(); // a damaged template would make a damaged year
-        sys::CopyWhereMissing(vorlage, journal);
-    }
+    jet::copyWhereMissing(vorlage, {}, ort.journaldatei(Betriebsnummer, jahr));
     ort.verwende();
 }

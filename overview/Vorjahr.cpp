@@ -1,6 +1,6 @@
 #include "overview/Vorjahr.h"
 
-#include "core/FeldVorhanden.h"
+#include "core/farm/FeldVorhanden.h"
 #include "platform/jet/Recordset.h"
 
 using namespace Qt::StringLiterals;

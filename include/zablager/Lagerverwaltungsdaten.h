@@ -53,7 +53,7 @@ public:
     virtual double LagerbestandRechnen() = 0;
     /// Opens the stock-keeping screen; returns when the user closes it. A journal file that does not exist yet is made
     /// from the template before. \throws jet::Error NotSupported, as the last step, when the host has no QApplication;
-    /// InvalidArgument when the screen is open already.
+    /// InvalidArgument when the screen is open already or the key date was never set.
     virtual void LagerbestandLaden() = 0;
     /// Carries the closing stocks of the key date's year and of every later one into the year file after it.
     /// \throws jet::Error InvalidArgument while the screen is open for another farm.

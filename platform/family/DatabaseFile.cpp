@@ -1,8 +1,8 @@
 #include "platform/family/DatabaseFile.h"
 
-#include "platform/system/Files.h"
+#include "platform/jet/TemplateCopy.h"
 
 void DatabaseFile::Provide() const
 {
-    sys::CopyWhereMissing(m_template, m_fileName);
+    jet::copyWhereMissing(m_template, m_password, m_fileName);
 }

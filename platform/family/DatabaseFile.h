@@ -9,7 +9,7 @@ public:
     void setFileName(const QString& path) { m_fileName = path; }
     void setTemplate(const QString& path) { m_template = path; }
     /// Makes the file as a copy of the template when it does not exist; an existing file is left alone.
-    /// \throws sys::FileError when the copy cannot be made.
+    /// \throws sys::FileError when the copy cannot be made; jet::Error when the template is no whole database.
     void Provide() const;
 
 private:

@@ -16,6 +16,7 @@ std::optional<FileIdentity> identify(const QString& path)
     identity.size = status.st_size;
     identity.changed = std::int64_t{status.st_mtim.tv_sec} * 1'000'000'000 + status.st_mtim.tv_nsec;
     identity.isDirectory = S_ISDIR(status.st_mode);
+    identity.isFile = S_ISREG(status.st_mode);
     return identity;
 }
 

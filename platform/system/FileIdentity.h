@@ -15,6 +15,7 @@ struct FileIdentity {
     std::int64_t size = 0;
     std::int64_t changed = 0; ///< Nanoseconds since 1970.
     bool isDirectory = false;
+    bool isFile = false; ///< A regular one: no pipe, which might never end, and no device.
 
     bool operator==(const FileIdentity&) const = default;
     bool sameFile(const FileIdentity& other) const { return device == other.device && inode == other.inode; }

@@ -14,6 +14,7 @@
 #include <cerrno>
 #include <cstdio>
 
+#include <dirent.h>
 #include <unistd.h>
 
 namespace sys {
@@ -51,7 +52,8 @@ void letGoOf(const QString& path)
         letGo(path);
 }
 
-void copyBytes(QFile& from, QFileDevice& to)
+/// `name` is the one that the user knows the target by.
+void copyBytes(QFile& from, QFileDevice& to, const QString& name)
 {
     constexpr qint64 BlockSize = 1 << 20;
     for (;;) {
@@ -59,7 +61,7 @@ void copyBytes(QFile& from, QFileDevice& to)
         if (from.error() != QFile::NoError) throw fileFault(errno, from.fileName());
         if (block.isEmpty()) return;
         // Qt leaves errno as the failed system call set it; its own codes do not know quotas and size limits
-        if (to.write(block) != block.size()) throw fileFault(errno, to.fileName());
+        if (to.write(block) != block.size()) throw fileFault(errno, name);
     }
 }
 
@@ -67,14 +69,14 @@ void refuseSource(const QFileInfo& source)
 {
     if (!QFileInfo::exists(source.path())) throw fileFault(FileErrorNumber::PathNotFound, source.filePath());
     if (!source.exists()) throw fileFault(FileErrorNumber::FileNotFound, source.filePath());
-    if (source.isDir()) throw fileFault(FileErrorNumber::PathAccess, source.filePath());
+    if (!source.isFile()) throw fileFault(FileErrorNumber::PathAccess, source.filePath());
 }
 
 void refuseTarget(const QFileInfo& target)
 {
     if (!QFileInfo(target.path()).isDir()) throw fileFault(FileErrorNumber::PathNotFound, target.filePath());
     if (!target.exists()) return;
-    if (target.isDir() || !target.isWritable()) throw fileFault(FileErrorNumber::PathAccess, target.filePath());
+    if (!target.isFile() || !target.isWritable()) throw fileFault(FileErrorNumber::PathAccess, target.filePath());
 }
 
 /// Gives a file its name unless another file has it. \returns 0, or why it did not get it.
@@ -88,6 +90,19 @@ int takeName(const QString& draft, const QString& name)
     return errno == EEXIST ? 0 : errno;
 }
 
+QStringList namesThatFit(const QString& pattern, QDir::Filters filter)
+{
+    const QString local = withLocalSeparators(pattern);
+    const qsizetype nameBegin = local.lastIndexOf(u'/') + 1;
+    const QString directory = nameBegin == 0 ? QStringLiteral(".") : localPath(local.left(nameBegin));
+    const QStringView wanted = QStringView(local).mid(nameBegin);
+
+    QStringList names = QDir(directory).entryList(filter, QDir::Unsorted);
+    names.removeIf([wanted](const QString& name) { return !fits(wanted, name); });
+    std::sort(names.begin(), names.end(), before);
+    return names;
+}
+
 } // namespace
 
 std::int16_t Exist(const QString& path)
@@ -98,15 +113,16 @@ std::int16_t Exist(const QString& path)
 
 QStringList Dir(const QString& pattern)
 {
-    const QString local = withLocalSeparators(pattern);
-    const qsizetype nameBegin = local.lastIndexOf(u'/') + 1;
-    const QString directory = nameBegin == 0 ? QStringLiteral(".") : localPath(local.left(nameBegin));
-    const QStringView wanted = QStringView(local).mid(nameBegin);
+    return namesThatFit(pattern, QDir::Files);
+}
 
-    QStringList names = QDir(directory).entryList(QDir::Files, QDir::Unsorted);
-    names.removeIf([wanted](const QString& name) { return !fits(wanted, name); });
-    std::sort(names.begin(), names.end(), before);
-    return names;
+QStringList DirEntries(const QString& pattern)
+{
+    const QString directory = localPath(withLocalSeparators(pattern).section(u'/', 0, -2));
+    DIR* const opened = ::opendir(QFile::encodeName(directory).constData());
+    if (!opened && errno != ENOENT && errno != ENOTDIR) throw fileFault(errno, directory);
+    if (opened) ::closedir(opened);
+    return namesThatFit(pattern, QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot); // dangling links are "system"
 }
 
 void FileCopy(const QString& source, const QString& target)
@@ -120,7 +136,7 @@ void FileCopy(const QString& source, const QString& target)
 
     if (!from.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) throw fileFault(errno, from.fileName());
     if (!to.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) throw fileFault(errno, to.fileName());
-    copyBytes(from, to);
+    copyBytes(from, to, to.fileName());
     if (!to.commit()) throw fileFault(errno, to.fileName());
 }
 
@@ -138,7 +154,7 @@ void CopyWhereMissing(const QString& source, const QString& target)
     QFile draft(draftName(name));
     if (!draft.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered)) throw fileFault(errno, name);
     const auto removeDraft = qScopeGuard([&draft] { draft.remove(); });
-    copyBytes(from, draft);
+    copyBytes(from, draft, name);
     if (::fsync(draft.handle()) != 0) throw fileFault(errno, name);
     if (const int failure = takeName(draft.fileName(), name)) throw fileFault(failure, name);
 }

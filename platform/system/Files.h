@@ -19,6 +19,10 @@ std::int16_t Exist(const QString& path);
 /// but not Lager.20245. Wildcards stand in the last component only. A missing directory has no files.
 QStringList Dir(const QString& pattern);
 
+/// As Dir, but whatever has such a name counts: directories, and links that lead nowhere.
+/// \throws FileError when the directory is there and cannot be listed; the pattern names it.
+QStringList DirEntries(const QString& pattern);
+
 /// Copies a file, replacing an existing target. The target is written under another name and takes its own name in one
 /// step, so that an interrupted copy leaves no half file.
 /// \throws FileError FileNotFound, PathNotFound, AccessDenied, PathAccess, DiskFull.

@@ -20,7 +20,7 @@ KeptFile::~KeptFile()
 std::optional<QByteArray> KeptFile::bytes(const QString& path)
 {
     const auto named = identify(path);
-    if (named && named->isDirectory) throw fileFault(EISDIR, path);
+    if (named && !named->isFile) throw fileFault(FileErrorNumber::PathAccess, path);
     if (named && m_file >= 0 && named->sameFile(m_identity)) return read(path, named->size);
     close();
     if (!open(path)) return {};

@@ -35,7 +35,8 @@ const std::vector<Room>& rooms()
         {u"platform/controls"_s,   qt + QStringList{jet, sys}},
         {u"platform/report"_s,     qt + QStringList{jet, sys}},
         {u"platform/family"_s,     qt + QStringList{u"xlsxwriter"_s, u"zlib"_s, u"platform/controls"_s, jet, sys}},
-        {u"core"_s,                {u"QtCore"_s, api, jet, sys}},
+        {u"core/farm"_s,           {u"QtCore"_s, api, jet, sys}},
+        {u"core"_s,                {u"QtCore"_s, api, u"core/farm"_s, jet, sys}},
         {u"transfer/ampel"_s,      qt},
         {u"masks"_s,               qt + QStringList{u"core"_s, u"transfer/ampel"_s, u"platform"_s}},
         {u"transfer"_s,            qt + QStringList{u"masks"_s, u"transfer/ampel"_s, u"core"_s, u"platform"_s}},
@@ -43,7 +44,7 @@ const std::vector<Room>& rooms()
         {u"overview"_s,            qt + QStringList{u"delivery"_s, u"transfer"_s, u"masks"_s, u"core"_s, u"platform"_s}},
         {u"component"_s,           qt + QStringList{u"overview"_s, u"delivery"_s, u"transfer"_s, u"masks"_s, u"core"_s,
                                                     u"platform"_s, api}},
-        {u"host"_s,                {u"QtCore"_s, u"QtGui"_s, u"QtWidgets"_s, api, jet, sys}}, // loads the library as any host
+        {u"host"_s,                {u"QtCore"_s, u"QtGui"_s, u"QtWidgets"_s, api, u"core/farm"_s, jet, sys}}, // loads the library as any host
         {u"tests"_s,               qt + QStringList{u"QtTest"_s, u"os"_s, u"test"_s, u"platform"_s, u"core"_s, u"overview"_s,
                                                     u"delivery"_s, u"transfer"_s, u"masks"_s, u"component"_s, u"host"_s, api}},
         {u"tests/support/Plattenstoerung.cpp"_s, {u"QtCore"_s, u"sqlite3"_s, u"os"_s, u"test"_s, u"platform"_s, u"tests"_s}},

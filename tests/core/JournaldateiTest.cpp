@@ -1,8 +1,8 @@
 #include "core/Journaldatei.h"
 
-#include "core/FeldVorhanden.h"
 #include "core/Modulzustand.h"
 #include "core/Verzeichnisse.h"
+#include "core/farm/FeldVorhanden.h"
 #include "platform/system/Files.h"
 #include "platform/system/Settings.h"
 #include "tests/support/Print.h"
@@ -54,7 +54,8 @@ TEST(Journaldatei, JahreSindVierZiffernUndKeineSperrdatei)
                                 u"Lager.abcd"_s, u"Lager.20x4"_s, u"Lager.1"_s, u"Lager"_s, u"Lager.20245"_s,
                                 u"Lager.+204"_s, u"Lager.２０２６"_s, u"Lager.vorlage"_s, u"Grund.2027"_s})
         schreibe(ordner + u'/' + name, "x");
-    EXPECT_EQ(journaljahre(), (std::vector{2023, 2024, 2025}));
+    ASSERT_TRUE(QDir(ordner).mkdir(u"Lager.2028"_s)); // who opens it is told that it is no file
+    EXPECT_EQ(journaljahre(), (std::vector{2023, 2024, 2025, 2028}));
 }
 
 TEST(Journaldatei, EntstehtAlsKopieDerVorlageWennSieFehlt)
@@ -68,7 +69,11 @@ TEST(Journaldatei, EntstehtAlsKopieDerVorlageWennSieFehlt)
     stelleJournalBereit(neu);
     EXPECT_EQ(inhalt(neu), "von einem anderen Programm");
 
-    sys::Kill(hof.ort().programm() + u"/Lager.vorlage"_s);
+    const QString vorlage = hof.ort().programm() + u"/Lager.vorlage"_s;
+    jet::engine().release();
+    QFile::resize(vorlage, QFileInfo(vorlage).size() / 2);
+    EXPECT_THROW(stelleJournalBereit(hof.journaldatei(2026)), jet::Error); // a broken year would stay for ever
+    sys::Kill(vorlage);
     EXPECT_THROW(stelleJournalBereit(hof.journaldatei(2026)), sys::FileError);
     EXPECT_FALSE(QFile::exists(hof.journaldatei(2026)));
 }
@@ -80,9 +85,14 @@ TEST(Verzeichnisse, DasProgrammverzeichnisWeichtAufDasDatenverzeichnisAus)
     sys::SaveSetting(u"Gemeinsame"_s, u"Verzeichnisname"_s, hof.ort().verzeichnis() + u"/fehlt"_s);
     EXPECT_EQ(ProgrammVerzeichnis(), hof.ort().daten());
 
-    QDir(hof.ort().einstellungen()).removeRecursively();
+    QFile::remove(hof.ort().einstellungen() + u"/ZAB - Programme.ini"_s);
     EXPECT_EQ(datenverzeichnis(), u"x"_s);
     EXPECT_EQ(ProgrammVerzeichnis(), u"x"_s);
+    const QString vorher = QDir::currentPath();
+    ASSERT_TRUE(QDir::setCurrent(hof.ort().verzeichnis()) && QDir().mkdir(u"x"_s)); // "x" is no folder of anybody's
+    sys::SaveSetting(u"Datenverzeichnis"_s, u"Verzeichnisname"_s, hof.ort().daten());
+    EXPECT_EQ(ProgrammVerzeichnis(), hof.ort().daten());
+    ASSERT_TRUE(QDir::setCurrent(vorher));
 }
 
 TEST(FeldVorhanden, VergleichtOhneGrossUndKlein)

@@ -85,6 +85,11 @@ TEST_F(Daten, DerBildschirmUebernimmtSeineWerte)
 TEST_F(Daten, EineFehlendeVorlageBeendetDasLadenNachDenErstenWerten)
 {
     modulzustand() = {};
+    daten.setDatenverzeichnis(hof.journaldatei(2025));
+    EXPECT_THROW(daten.LagerbestandLaden(), jet::Error); // no key date: the year would be 1899
+    EXPECT_FALSE(sys::Exist(hof.journaldatei(2025)));
+    EXPECT_EQ(modulzustand().Betriebsname, u""_s);
+
     sys::Kill(hof.ort().programm() + u"/Lager.vorlage"_s);
     daten.setStichdatum(QDate(2025, 6, 1));
     for (const QString& datei : {hof.journaldatei(2025), QString()}) {
@@ -102,6 +107,7 @@ TEST_F(Daten, EinVorhandenesJahrWirdBeimLadenNichtErsetzt)
 {
     hof.bucht(2024, "05.05. | H1 | Weizen | 100 | Zukauf");
     daten.setDatenverzeichnis(hof.journaldatei(2024));
+    daten.setStichdatum(QDate(2024, 6, 1));
     daten.LagerbestandLaden();
     daten.LagerbestandLaden();
     EXPECT_EQ(hof.journal(2024), zeilen("05.05. | H1 | Weizen | 100 | Zukauf"));

@@ -3,6 +3,7 @@
 #include "core/Bestand.h"
 #include "core/JahresUbertrag.h"
 #include "platform/system/Files.h"
+#include "tests/support/Child.h"
 #include "tests/support/Fremdprogramm.h"
 #include "tests/support/Plattenstoerung.h"
 #include "tests/support/Print.h"
@@ -85,6 +86,44 @@ TEST(Schadensfall, EineUnlesbareDateiBeendetDenUebertragBevorErSchreibt)
         EXPECT_EQ(inhalt(hof.journaldatei(2026)), schaden);
         EXPECT_EQ(QDir(hof.ort().betriebsordner(u"4711"_s)).entryList(QDir::Files),
                   (QStringList{u"Lager.2024"_s, u"Lager.2025"_s, u"Lager.2026"_s}));
+    }
+}
+
+TEST(Schadensfall, EinEintragDerKeineDateiIstBeendetDenUebertragUndWirdGenannt)
+{
+    struct Fall {
+        const char* name;
+        std::function<void(const QString& datei, const QString& ordner)> stoere;
+        const char* genannt;
+    };
+    const Fall faelle[] = {
+        {"ein Verzeichnis", [](const QString& datei, const QString&) { QDir().mkdir(datei); }, "Lager.2025"},
+        {"eine Verknüpfung ins Leere",
+         [](const QString& datei, const QString&) { QFile::link(u"/nirgends/Lager.2025"_s, datei); }, "Lager.2025"},
+        {"ein gesperrter Ordner",
+         [](const QString&, const QString& ordner) { QFile::setPermissions(ordner, QFile::Permissions()); }, "B4711"},
+    };
+    for (const Fall& fall : faelle) {
+        SCOPED_TRACE(fall.name);
+        const Testbetrieb hof(QDate(2024, 6, 1));
+        hof.bucht(2024, "05.05. | H1 | Weizen | 100 | Zukauf");
+        hof.bucht(2026, "");
+        jet::engine().release();
+        QFile::setPermissions(hof.ort().verzeichnis(), QFile::Permissions(0x7755));
+        const QString ordner = hof.ort().betriebsordner(u"4711"_s);
+        fall.stoere(ordner + u"/Lager.2025"_s, ordner);
+        const pid_t kind = startChild([&] {
+            constexpr uid_t Nobody = 65534; // root may look everywhere
+            if (geteuid() == 0 && setuid(Nobody) != 0) return 255;
+            try {
+                return JahresUbertrag() ? 1 : 2;
+            } catch (const std::runtime_error& fehler) { // of either kind
+                return QString::fromUtf8(fehler.what()).contains(QLatin1StringView(fall.genannt)) ? 0 : 3;
+            }
+        });
+        EXPECT_EQ(exitCode(kind), 0);
+        QFile::setPermissions(ordner, QFile::Permissions(0x7755));
+        EXPECT_EQ(hof.journal(2026), zeilen(""));
     }
 }
 

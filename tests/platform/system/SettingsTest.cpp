@@ -13,6 +13,7 @@
 
 #include <csignal>
 #include <sys/resource.h>
+#include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
 
@@ -189,6 +190,12 @@ TEST_F(Settings, ThatCannotBeWrittenAreRefusedAndStandAsTheyWere)
     qputenv("XDG_CONFIG_HOME", QFile::encodeName(home.filePath(u"neu"_s)));
     EXPECT_EQ(numberOfRefusedSave(), 75);
     EXPECT_EQ(numberOfRefusedRead(), 75);
+
+    ASSERT_TRUE(QDir(home.path()).mkdir(u"rohre"_s)); // a pipe: nobody is waited for
+    ASSERT_EQ(mkfifo(QFile::encodeName(home.filePath(u"rohre/ZAB - Programme.ini"_s)), 0600), 0);
+    qputenv("XDG_CONFIG_HOME", QFile::encodeName(home.filePath(u"rohre"_s)));
+    EXPECT_EQ(numberOfRefusedRead(), 75);
+    EXPECT_EQ(numberOfRefusedSave(), 75);
 
     qputenv("XDG_CONFIG_HOME", QFile::encodeName(home.filePath(u"ganz/neu"_s))); // made on the first save
     EXPECT_EQ(numberOfRefusedRead(), 0);

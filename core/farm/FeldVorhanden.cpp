@@ -1,4 +1,4 @@
-#include "core/FeldVorhanden.h"
+#include "core/farm/FeldVorhanden.h"
 
 #include <algorithm>
 
