@@ -6,9 +6,9 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QFile>
 #include <QMessageBox>
-
-#include <optional>
+#include <QTemporaryDir>
 
 using namespace Qt::StringLiterals;
 
@@ -28,17 +28,39 @@ private:
     {
         QWidget* const fenster = QApplication::activeModalWidget();
         if (!fenster || !fenster->isVisible()) return;
+        // Answered behind this event: a box that the answer raises would wait in it, and no timer fires within itself.
         if (auto* const meldung = qobject_cast<QMessageBox*>(fenster)) {
             m_stoerung = meldung->text();
-            return meldung->buttons().constFirst()->click();
+            QAbstractButton* const knopf = meldung->buttons().constFirst();
+            QMetaObject::invokeMethod(
+                meldung, [knopf] { knopf->click(); }, Qt::QueuedConnection);
+            return;
         }
         if (m_stoerung.isEmpty() && !fenster->grab().save(m_datei, "PNG"))
             m_stoerung = u"Das Bild '"_s + m_datei + u"' lässt sich nicht schreiben."_s;
-        fenster->close();
+        QMetaObject::invokeMethod(fenster, &QWidget::close, Qt::QueuedConnection);
     }
 
     const QString m_datei;
     QString m_stoerung;
+};
+
+/// Settings that are the user's own and then go their own way: what a pictured screen remembers, such as the size of its
+/// window, is not what the user left.
+class Einstellungskopie {
+public:
+    Einstellungskopie()
+    {
+        const QString datei = u"/ZAB - Programme.ini"_s;
+        const QString ziel = m_ordner.path() + datei;
+        if (!m_ordner.isValid() || !QFile::copy(qEnvironmentVariable("XDG_CONFIG_HOME") + datei, ziel))
+            throw sys::FileError(sys::FileErrorNumber::PathAccess,
+                                 u"Die Datei '"_s + ziel + u"' lässt sich nicht anlegen."_s);
+        qputenv("XDG_CONFIG_HOME", QFile::encodeName(m_ordner.path()));
+    }
+
+private:
+    QTemporaryDir m_ordner;
 };
 
 void oeffne(const QCommandLineParser& aufruf)
@@ -47,10 +69,12 @@ void oeffne(const QCommandLineParser& aufruf)
     const QDate Stichdatum = aufruf.isSet(u"stichdatum"_s) ? datum(aufruf.value(u"stichdatum"_s)) : sys::heute();
     const QString betrieb = gewaehlterBetrieb(ort, aufruf);
     ort.verwende();
-    std::optional<Bildschirmfoto> foto;
-    if (aufruf.isSet(u"bild"_s)) foto.emplace(aufruf.value(u"bild"_s));
-    lagerverwaltungsdaten(ort, betrieb, Stichdatum)->LagerbestandLaden();
-    if (foto && !foto->stoerung().isEmpty()) throw sys::FileError(sys::FileErrorNumber::PathAccess, foto->stoerung());
+    const auto lager = lagerverwaltungsdaten(ort, betrieb, Stichdatum);
+    if (!aufruf.isSet(u"bild"_s)) return lager->LagerbestandLaden();
+    const Einstellungskopie einstellungen;
+    Bildschirmfoto foto(aufruf.value(u"bild"_s));
+    lager->LagerbestandLaden();
+    if (!foto.stoerung().isEmpty()) throw sys::FileError(sys::FileErrorNumber::PathAccess, foto.stoerung());
 }
 
 } // namespace

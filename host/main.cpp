@@ -80,7 +80,7 @@ std::unique_ptr<QCoreApplication> anwendung(int& argc, char** argv)
     const std::vector<Befehl> befehle = alleBefehle();
     const bool zeigt = std::any_of(befehle.begin(), befehle.end(),
                                    [&](const Befehl& befehl) { return befehl.name == name && befehl.zeigtFenster; });
-    if (zeigt && sys::hasDisplay()) return std::make_unique<QApplication>(argc, argv);
+    if (zeigt && sys::hasDisplay(argc, argv)) return std::make_unique<QApplication>(argc, argv);
     return std::make_unique<QCoreApplication>(argc, argv);
 }
 

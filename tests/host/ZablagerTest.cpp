@@ -160,20 +160,30 @@ TEST_F(Zablager, OeffnenZeigtDenBildschirmUndLegtDasJahrAn)
 {
     ASSERT_EQ(einrichten(u"4711"_s, u"2024"_s).ende, 0);
     const QString bild = ordner.path() + u"/bild.png"_s;
+    const auto einstellungen = [this] {
+        QFile datei(ort + u"/einstellungen/ZAB - Programme.ini"_s);
+        return datei.open(QIODevice::ReadOnly) ? datei.readAll() : QByteArray();
+    };
+    const QByteArray vorher = einstellungen();
     const Lauf lauf = zablager({u"oeffnen"_s, ort, u"--stichdatum"_s, u"5.3.2025"_s, u"--bild"_s, bild});
     EXPECT_EQ(lauf.ende, 0) << lauf.fehler.toStdString();
     EXPECT_GT(QFileInfo(bild).size(), 10'000);
+    EXPECT_EQ(einstellungen(), vorher); // how the user left his window stays
     EXPECT_TRUE(QFile::exists(ort + u"/daten/B4711/Lager.2025"_s));
     EXPECT_EQ(zablager({u"oeffnen"_s, ort, u"--stichdatum"_s, u"5.3.25"_s}).ende, 2);
+    ASSERT_TRUE(QDir(ort).mkdir(u"einstellungen/ZAB - Programme.ini.lock"_s)); // whatever is written now raises a box
+    EXPECT_EQ(zablager({u"oeffnen"_s, ort, u"--stichdatum"_s, u"5.3.2025"_s, u"--bild"_s, bild}).ende, 0);
 
-    const Lauf blind = zablager({u"oeffnen"_s, ort}, {}, [] { // a child without a display
-        unsetenv("QT_QPA_PLATFORM");
-        unsetenv("DISPLAY");
-        unsetenv("WAYLAND_DISPLAY");
-    });
-    EXPECT_EQ(blind.ende, 1);
-    EXPECT_TRUE(blind.fehler.startsWith(u"Die Lagerverwaltung braucht einen Bildschirm"_s))
-        << blind.fehler.toStdString();
+    for (const char* display : {"", ":877"}) { // none, and one that does not answer
+        const Lauf blind = zablager({u"oeffnen"_s, ort}, {}, [display] {
+            unsetenv("QT_QPA_PLATFORM");
+            setenv("DISPLAY", display, 1);
+            unsetenv("WAYLAND_DISPLAY");
+        });
+        EXPECT_EQ(blind.ende, 1);
+        EXPECT_TRUE(blind.fehler.startsWith(u"Die Lagerverwaltung braucht einen Bildschirm"_s))
+            << blind.fehler.toStdString();
+    }
 }
 
 TEST_F(Zablager, SqlZeigtZeilenAlsTabelleUndAlsJson)
