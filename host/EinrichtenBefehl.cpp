@@ -1,7 +1,9 @@
 #include "host/Aufruffehler.h"
+#include "host/Ausgabe.h"
 #include "host/Befehl.h"
 #include "host/Einrichtung.h"
 #include "platform/system/Clock.h"
+#include "platform/system/Files.h"
 
 using namespace Qt::StringLiterals;
 
@@ -14,7 +16,12 @@ void einrichten(const QCommandLineParser& aufruf)
         throw Aufruffehler(u"'"_s + nummer +
                            u"' ist keine Betriebsnummer (--betrieb): nur Ziffern, keine führende Null."_s);
     const int angelegt = aufruf.isSet(u"jahr"_s) ? jahr(aufruf.value(u"jahr"_s)) : sys::heute().year();
-    richteEin(Installation(aufruf.positionalArguments().constFirst()), nummer, angelegt);
+    const Installation ort(aufruf.positionalArguments().constFirst());
+    const bool gabEs = sys::Exist(ort.journaldatei(nummer, angelegt)) != 0;
+    richteEin(ort, nummer, angelegt);
+    schreibe(stdout, u"In '"_s + ort.verzeichnis() + u"' "_s + (gabEs ? u"gibt es"_s : u"ist jetzt"_s) +
+                         u" Betrieb "_s + nummer + u" mit dem Jahr "_s + QString::number(angelegt) +
+                         (gabEs ? u" schon; was noch fehlte, ist ergänzt."_s : u" eingerichtet."_s));
 }
 
 } // namespace

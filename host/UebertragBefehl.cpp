@@ -1,9 +1,26 @@
+#include "core/farm/Jahresdateien.h"
+#include "host/Ausgabe.h"
 #include "host/Befehl.h"
 #include "host/Komponente.h"
+#include "platform/jet/Engine.h"
+
+#include <zablager/FileError.h>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+/// "2023 nach 2024", "2024 nach 2027 (ohne 2025, 2026)", "2025 nach 2026: nicht übernommen".
+QString uebergang(const Installation& ort, const QString& betrieb, int von, int nach)
+{
+    QString text = QString::number(von) + u" nach "_s + QString::number(nach);
+    QStringList fehlende;
+    for (int jahr = von + 1; jahr < nach; ++jahr)
+        fehlende.append(QString::number(jahr));
+    if (!fehlende.isEmpty()) text += u" (ohne "_s + fehlende.join(u", "_s) + u')';
+    const auto ziel = jet::engine().OpenDatabase(ort.journaldatei(betrieb, nach), u";pwd=quenlor"_s);
+    return uebernimmtVorjahr(*ziel) ? text : text + u": nicht übernommen, so ist es im Jahr eingestellt"_s;
+}
 
 void uebertrage(const QCommandLineParser& aufruf)
 {
@@ -12,6 +29,20 @@ void uebertrage(const QCommandLineParser& aufruf)
     const QString betrieb = gewaehlterBetrieb(ort, aufruf);
     ort.verwende();
     lagerverwaltungsdaten(ort, betrieb, QDate(ab, 1, 1))->Kontrolle_LagerbestandLaden();
+
+    std::vector<int> jahre = jahresdateien(ort.betriebsordner(betrieb));
+    std::erase_if(jahre, [ab](int jahr) { return jahr < ab; });
+    if (jahre.empty())
+        throw sys::FileError(sys::FileErrorNumber::FileNotFound, u"In '"_s + ort.betriebsordner(betrieb) +
+                                                                     u"' gibt es kein Jahr ab "_s +
+                                                                     QString::number(ab) + u'.');
+    if (jahre.size() == 1)
+        return schreibe(stdout, u"Nach "_s + QString::number(jahre.front()) +
+                                    u" gibt es noch kein Jahr: Es ist nichts zu übertragen."_s);
+    QStringList uebergaenge;
+    for (std::size_t i = 1; i < jahre.size(); ++i)
+        uebergaenge.append(uebergang(ort, betrieb, jahre[i - 1], jahre[i]));
+    schreibe(stdout, u"Bestände übertragen: "_s + uebergaenge.join(u"; "_s));
 }
 
 } // namespace

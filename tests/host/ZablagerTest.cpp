@@ -130,19 +130,39 @@ TEST_F(Zablager, UebertragUndBestandGehenDurchDieBibliothek)
 
     const Lauf uebertrag = zablager({u"uebertrag"_s, ort, u"--ab"_s, u"2023"_s});
     EXPECT_EQ(uebertrag.ende, 0);
-    EXPECT_EQ(uebertrag.ausgabe + uebertrag.fehler, u""_s);
+    EXPECT_EQ(uebertrag.ausgabe + uebertrag.fehler, u"Bestände übertragen: 2023 nach 2024\n"_s);
 
     const QStringList vorher = dateien();
     EXPECT_EQ(bestand(u"01.01.2024"_s).ausgabe, u"1000000.5\n"_s);
     EXPECT_EQ(bestand(u"4.3.2023"_s).ausgabe, u"0\n"_s);
-    const Lauf fehlt = bestand(u"1.1.2019"_s);
-    EXPECT_EQ(fehlt.ausgabe, u"0\n"_s);
-    EXPECT_EQ(fehlt.fehler, u"Der Dateiname "_s + ort + u"/daten/B4711/Lager.2019 existiert nicht!\n"_s);
+    const QString unbekannt = u"In '"_s + ort + u"/daten/B4711/Lager.2024' nennt keine Buchung den "_s;
+    const struct {
+        QString artikel, lagerort, tag;
+        int ende;
+        QString ausgabe, fehler; ///< The whole output, and how the messages begin.
+    } fragen[] = {
+        {u"Weizen"_s, u"H1"_s, u"1.1.2019"_s, 1, u""_s,
+         u"Der Dateiname "_s + ort + u"/daten/B4711/Lager.2019 existiert nicht! (Fehler 53)"_s},
+        {u"Weizne"_s, u"H1"_s, u"1.1.2024"_s, 0, u"0\n"_s, unbekannt + u"Artikel 'Weizne'.\n"_s},
+        {u"weizen"_s, u"H9"_s, u"1.1.2024"_s, 0, u"0\n"_s, unbekannt + u"Lagerort 'H9'.\n"_s},
+        {u"Bauer's Mix"_s, u"H1"_s, u"1.1.2024"_s, 1, u""_s, u"Syntaxfehler"_s},
+    };
+    for (const auto& frage : fragen) {
+        const Lauf lauf = zablager({u"bestand"_s, ort, frage.artikel, frage.lagerort, frage.tag});
+        EXPECT_EQ(lauf.ende, frage.ende) << frage.artikel.toStdString();
+        EXPECT_EQ(lauf.ausgabe, frage.ausgabe) << frage.artikel.toStdString();
+        EXPECT_TRUE(lauf.fehler.startsWith(frage.fehler)) << lauf.fehler.toStdString();
+    }
     EXPECT_EQ(dateien(), vorher); // asking writes nothing
 
-    const Lauf verdorben = zablager({u"bestand"_s, ort, u"Bauer's Mix"_s, u"H1"_s, u"1.1.2024"_s});
-    EXPECT_EQ(verdorben.ende, 1);
-    EXPECT_TRUE(verdorben.fehler.endsWith(u"(Fehler 3075)\n"_s)) << verdorben.fehler.toStdString();
+    ASSERT_EQ(einrichten(u"4711"_s, u"2027"_s).ende, 0);
+    ASSERT_EQ(einrichten(u"4711"_s, u"2028"_s).ende, 0);
+    sql(u"daten/B4711/Lager.2028"_s, "INSERT INTO Einstellungen (OhneVorjahr) VALUES (True)");
+    EXPECT_EQ(zablager({u"uebertrag"_s, ort, u"--ab"_s, u"2024"_s}).ausgabe,
+              u"Bestände übertragen: 2024 nach 2027 (ohne 2025, 2026); 2027 nach 2028: nicht übernommen, so ist es im"
+              u" Jahr eingestellt\n"_s);
+    EXPECT_EQ(zablager({u"uebertrag"_s, ort, u"--ab"_s, u"2028"_s}).ende, 0);
+    EXPECT_EQ(zablager({u"uebertrag"_s, ort, u"--ab"_s, u"2029"_s}).ende, 1);
 
     const QString neuerOrt = ort + u" (Kopie)"_s; // the settings follow
     ASSERT_TRUE(QDir().rename(ort, neuerOrt));
