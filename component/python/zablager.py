@@ -20,6 +20,13 @@ from PyQt6.QtCore import QDate, QMetaObject, QPluginLoader, Qt, Q_ARG, Q_RETURN_
 _INSTALLED = os.path.join(os.path.dirname(os.path.abspath(__file__)), "../../zablager.so")
 
 
+# Told to dir() only. PyQt6 cannot list them itself: it takes names for ASCII.
+_PROPERTIES = (
+    "Anlagenpasswort", "Anlagenverzeichnis", "Artikelname", "Betriebpasswort", "Betriebsadresse", "Betriebsname",
+    "Betriebsnummer", "Datenverzeichnis", "Herkunft", "Lagername", "Lagerpasswort", "LetzteFehlernummer",
+    "LetzterFehler", "Stammverzeichnis", "Stichdatum", "Währung")
+
+
 class ZablagerError(Exception):
     """A refusal of the database engine or the file system, or a missing library or class (number 429)."""
 
@@ -77,6 +84,9 @@ class Lagerverwaltungsdaten:
         _expect(name, value, str)
         self._object.setProperty(name.encode(), value)
 
+    def __dir__(self):
+        return [*super().__dir__(), *_PROPERTIES]
+
     def Get_Bestand(self, Artikel, Lagerort, Stichtag):
         """Stock of an article at a storage place at the end of a day (date, datetime or QDate), not rounded."""
         _expect("Artikel", Artikel, str)
@@ -116,7 +126,11 @@ def _expect(name, value, *kinds):
 
 def _day(name, value):
     _expect(name, value, datetime.date, QDate)
-    return value if isinstance(value, QDate) else QDate(value.year, value.month, value.day)
+    if not isinstance(value, QDate):
+        return QDate(value.year, value.month, value.day)
+    if value.isValid() and not datetime.MINYEAR <= value.year() <= datetime.MAXYEAR:  # reading it back would fail
+        raise ZablagerError(5, f"{name}: Das Jahr {value.year()} gibt es in Python nicht.")
+    return value
 
 
 def _index(qobject, name):

@@ -63,7 +63,8 @@ with tempfile.TemporaryDirectory() as farm:
     assert refusal(lager.LagerbestandLaden) == 3251
     assert refusal(lager.LagerbestandRechnen) == 3075
     lager.Artikelname = "Weizen"  # an old failure is not told again
-    assert refusal(lambda: setattr(lager, "Stichdatum", QDate())) == 5
+    for day in (QDate(), QDate(10_000, 1, 1)):
+        assert refusal(lambda: setattr(lager, "Stichdatum", day)) == 5
     for wrong in (lambda: lager.Lagerart, lambda: setattr(lager, "Lagerart", ""),
                   lambda: setattr(lager, "LetzterFehler", "")):
         assert refusal(wrong, AttributeError)
@@ -76,6 +77,7 @@ with tempfile.TemporaryDirectory() as farm:
         for value in (None, True, 4711, 1.5, b"4711", datetime.date(2024, 1, 1)):
             assert refusal(lambda: setattr(second, name, value), TypeError), (name, value)
         assert getattr(second, name) == f"{name} ä\0'"
+    assert {*texts, "Stichdatum", "LetzterFehler", "Get_Bestand"} <= set(dir(second)), dir(second)
     for value in (None, "2024-01-01", 45000, datetime.time(12)):
         assert refusal(lambda: setattr(second, "Stichdatum", value), TypeError), value
         assert refusal(lambda: second.Get_Bestand("Mühlenkleie", "H1", value), TypeError), value
