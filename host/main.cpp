@@ -5,6 +5,7 @@
 #include "host/Ausgabe.h"
 #include "host/Befehl.h"
 #include "host/Deutsch.h"
+#include "platform/system/Application.h"
 #include "platform/system/CaughtError.h"
 #include "platform/system/Display.h"
 
@@ -33,7 +34,14 @@ void zeigeUebersicht(const std::vector<Befehl>& befehle)
     schreibe(stdout, u"Lagerhaltung auf der Kommandozeile.\n"_s);
     for (const Befehl& befehl : befehle)
         schreibe(stdout, aufrufForm(befehl) + u"\n    "_s + befehl.beschreibung);
-    schreibe(stdout, u"\nOptionen eines Befehls: zablager BEFEHL --hilfe"_s);
+    schreibe(stdout,
+             u"zablager --version\n    Zeigt die Version.\n\nOptionen eines Befehls: zablager BEFEHL --hilfe"_s);
+}
+
+/// Qt's own first line names no option.
+void zeigeHilfe(const Befehl& befehl, const QCommandLineParser& aufruf)
+{
+    schreibe(stdout, u"Aufruf: "_s + aufrufForm(befehl) + u'\n' + aufruf.helpText().section(u'\n', 1).trimmed());
 }
 
 const Befehl& gewaehlt(const std::vector<Befehl>& befehle, const QString& name)
@@ -51,7 +59,7 @@ void fuehreAus(const Befehl& befehl, const QStringList& worte)
     aufruf.addOptions(befehl.optionen);
     aufruf.addPositionalArgument(befehl.name, befehl.argumente, befehl.name + u' ' + befehl.argumente);
     if (!aufruf.parse(worte)) throw Aufruffehler(aufruf.errorText());
-    if (aufruf.isSet(u"hilfe"_s)) return schreibe(stdout, aufruf.helpText().trimmed());
+    if (aufruf.isSet(u"hilfe"_s)) return zeigeHilfe(befehl, aufruf);
     const bool vollstaendig = std::all_of(befehl.noetig.begin(), befehl.noetig.end(),
                                           [&](const QString& option) { return aufruf.isSet(option); });
     if (!vollstaendig || aufruf.positionalArguments().size() != befehl.argumente.split(u' ').size())
@@ -70,6 +78,7 @@ void fuehreAus(QStringList worte)
     if (worte.size() < 2) throw Aufruffehler(u"Es fehlt der Befehl."_s);
     const QString name = worte.takeAt(1);
     if (name == u"-h"_s || name == u"--hilfe"_s || name == u"--help"_s) return zeigeUebersicht(befehle);
+    if (name == u"--version"_s) return schreibe(stdout, u"zablager "_s + sys::applicationVersion());
     fuehreAus(gewaehlt(befehle, name), worte);
 }
 
@@ -80,7 +89,10 @@ std::unique_ptr<QCoreApplication> anwendung(int& argc, char** argv)
     const std::vector<Befehl> befehle = alleBefehle();
     const bool zeigt = std::any_of(befehle.begin(), befehle.end(),
                                    [&](const Befehl& befehl) { return befehl.name == name && befehl.zeigtFenster; });
-    if (zeigt && sys::hasDisplay(argc, argv)) return std::make_unique<QApplication>(argc, argv);
+    if (zeigt && sys::hasDisplay(argc, argv)) {
+        QGuiApplication::setDesktopFileName(u"zablager"_s); // the desktop finds icon and name by it
+        return std::make_unique<QApplication>(argc, argv);
+    }
     return std::make_unique<QCoreApplication>(argc, argv);
 }
 

@@ -12,6 +12,7 @@
 #include "overview/Bildschirmzustand.h"
 #include "overview/Buchungsbefehle.h"
 #include "overview/Hilfe.h"
+#include "overview/Hilfemenue.h"
 #include "overview/Loeschung.h"
 #include "overview/Registerbefehl.h"
 #include "overview/Sortiermenue.h"
@@ -116,7 +117,7 @@ void LagerbestandNeu::richteMenuEin()
     extras->addAction(ui->M_PflanzschPrufen);
     extras->addMenu(new Sortiermenue(
         [this]() -> DataGrid& { return journalGezeigt() ? *ui->Journalliste : *ui->BestandListe; }, this));
-    leiste->addMenu(u"&Hilfe"_s)->addAction(ui->M_Hilfe);
+    ergaenzeHilfemenue(*leiste, *ui->M_Hilfe);
     layout()->setMenuBar(leiste);
 }
 

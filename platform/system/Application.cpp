@@ -4,6 +4,11 @@
 
 namespace sys {
 
+QString applicationVersion()
+{
+    return QStringLiteral(ZABLAGER_VERSION); // the build's
+}
+
 QString applicationTitle()
 {
     const QString& title = surroundings().title;

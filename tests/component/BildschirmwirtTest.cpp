@@ -74,6 +74,11 @@ TEST(Bildschirmwirt, OeffnetDenBildschirmUndFragtInzwischenBestaende)
     QString titel;
     imNaechstenFenster([&](QWidget& fenster) {
         titel = fenster.windowTitle();
+        imNaechstenFenster([](QWidget& box) {
+            EXPECT_TRUE(dynamic_cast<QMessageBox&>(box).text().startsWith(u"ZABLAGER "_s));
+            QTest::keyClick(&box, Qt::Key_Return);
+        });
+        fenster.findChild<QAction*>(u"M_Info"_s)->trigger();
         EXPECT_EQ(lager->Get_Bestand(u"Weizen"_s, u"H1"_s, QDate(2024, 12, 31)), 100);
         EXPECT_THROW(lager->LagerbestandLaden(), jet::Error); // there is one screen
         fenster.close();
