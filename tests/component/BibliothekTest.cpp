@@ -3,8 +3,6 @@
 #include "tests/component/Bibliothek.h"
 #include "tests/support/Print.h"
 
-#include <zablager/DatabaseError.h>
-
 #include <QMetaProperty>
 
 #include <cstring>
@@ -75,34 +73,6 @@ TEST_F(Bibliothek, EinSpaetGebundenerWirtGehtDenGanzenWeg)
     EXPECT_EQ(bestand(*lager, "QDateTime", u"Weizen"_s, QDateTime(QDate(2024, 2, 1), QTime(13, 45))), 100.5);
     EXPECT_EQ(hof.journal(2024), zeilen("01.02. | H1 | Weizen | -20 | Verkauf\n"
                                         "01.01. | H1 | Weizen | 120,5 | Anfangsbestand"));
-}
-
-TEST_F(Bibliothek, EinFrueherGebundenerWirtBekommtAusnahmen)
-{
-    auto* const zablager = qobject_cast<IZablager*>(wurzel);
-    ASSERT_TRUE(zablager);
-    const auto lager = zablager->erzeuge();
-    lager->setBetriebsnummer(u"4711"_s);
-    lager->setStichdatum(QDate(2023, 1, 1));
-    lager->Kontrolle_LagerbestandLaden();
-    EXPECT_EQ(lager->Get_Bestand(u"Weizen"_s, u"H1"_s, QDate(2024, 12, 31)), 100.5);
-    try {
-        lager->Get_Bestand(u"Bauer's Mix"_s, u"H1"_s, QDate(2024, 12, 31));
-        ADD_FAILURE() << "an apostrophe must break the statement";
-    } catch (const jet::Error& fehler) { // thrown by the library, caught here
-        EXPECT_EQ(fehler.number(), jet::ErrorNumber::ExpressionSyntax);
-    }
-    const auto spaet = objekt();
-    auto* const frueh = qobject_cast<_Lagerverwaltungsdaten*>(spaet.get()); // one object, both ways
-    ASSERT_TRUE(frueh);
-    frueh->setArtikelname(u"Weizen"_s);
-    EXPECT_EQ(spaet->property("Artikelname"), u"Weizen"_s);
-
-    Meldungsprotokoll protokoll;
-    zablager->setzeMeldungen(&protokoll);
-    EXPECT_EQ(frueh->Get_Bestand(u"Weizen"_s, u"H1"_s, QDate(2019, 1, 1)), 0);
-    zablager->setzeMeldungen(nullptr);
-    EXPECT_EQ(protokoll.abgeholt(), QStringList(u"Der Dateiname "_s + hof.journaldatei(2019) + u" existiert nicht!"_s));
 }
 
 TEST_F(Bibliothek, SpaetGebundeneFehlerStehenImObjekt)

@@ -7,7 +7,6 @@
 
 #include <QDir>
 
-#include <algorithm>
 #include <string>
 
 using namespace Qt::StringLiterals;
@@ -133,24 +132,6 @@ TEST_F(FalscheEingaben, EineUnmoeglicheBetriebsnummerHatKeineDateien)
     EXPECT_EQ(nummer(), 0) << text();
     for (const QDate tag : {QDate(-5, 1, 1), QDate(12'000, 1, 1)})
         EXPECT_EQ(bestand(*lager, "QDate", u"Weizen"_s, tag), 0);
-}
-
-TEST_F(FalscheEingaben, VorDenEigenschaftenUndInJederReihenfolge)
-{
-    std::string methoden[] = {"Get_Bestand", "Kontrolle_LagerbestandLaden", "LagerbestandLaden", "LagerbestandRechnen"};
-    do {
-        const auto leer = objekt();
-        for (const std::string& methode : methoden) {
-            if (methode == "Get_Bestand") {
-                EXPECT_EQ(bestand(*leer, "QDate", u"Weizen"_s, QDate(2019, 12, 31)), 0);
-                continue;
-            }
-            EXPECT_TRUE(QMetaObject::invokeMethod(leer.get(), methode.c_str()));
-            const int nummer = leer->property("LetzteFehlernummer").toInt();
-            EXPECT_EQ(nummer == 0, methode == "Kontrolle_LagerbestandLaden") << methode;
-            EXPECT_EQ(nummer == 0, leer->property("LetzterFehler").toString().isEmpty()) << methode;
-        }
-    } while (std::next_permutation(std::begin(methoden), std::end(methoden)));
 }
 
 TEST_F(FalscheEingaben, GestoerteEinstellungenSindEinFehlerUndKeinAndererBetrieb)

@@ -1,7 +1,5 @@
 #include "core/Bestand.h"
 
-#include "platform/jet/Engine.h"
-#include "platform/system/Files.h"
 #include "tests/support/Print.h"
 #include "tests/support/Testbetrieb.h"
 
@@ -46,36 +44,4 @@ TEST(Bestand, IstDieSummeDesJahresBisZumTag)
     };
     for (const Fall& fall : faelle)
         EXPECT_EQ(BestandErmitteln(fall.artikel, fall.ort, fall.tag), fall.bestand) << fall.name;
-}
-
-TEST(Bestand, EinFehlendesJahrWirdGemeldetUndNichtAngelegt)
-{
-    Testbetrieb hof;
-    EXPECT_EQ(BestandErmitteln(u"Weizen"_s, u"H1"_s, QDate(2019, 5, 1)), 0);
-    const QString datei = hof.journaldatei(2019);
-    EXPECT_EQ(hof.meldungen().abgeholt(), QStringList(u"Der Dateiname "_s + datei + u" existiert nicht!"_s));
-    EXPECT_FALSE(sys::Exist(datei));
-}
-
-TEST(Bestand, WasKeineFrageIstWirdAbgelehnt)
-{
-    const Testbetrieb hof;
-    struct Fall {
-        QString artikel, lagerort;
-        QDate tag;
-        jet::ErrorNumber nummer;
-    };
-    const Fall faelle[] = {
-        {u"Weizen"_s, u"H1"_s, QDate(2023, 2, 29), jet::ErrorNumber::InvalidArgument},
-        {u"Bauer's Mix"_s, u"H1"_s, QDate(2024, 5, 1), jet::ErrorNumber::ExpressionSyntax}, // names go in as they are
-        {u"Weizen"_s, u"Max' Hof"_s, QDate(2024, 5, 1), jet::ErrorNumber::ExpressionSyntax},
-    };
-    for (const Fall& fall : faelle) {
-        try {
-            BestandErmitteln(fall.artikel, fall.lagerort, fall.tag);
-            ADD_FAILURE() << fall.artikel.toStdString();
-        } catch (const jet::Error& fehler) {
-            EXPECT_EQ(fehler.number(), fall.nummer) << fehler.what();
-        }
-    }
 }

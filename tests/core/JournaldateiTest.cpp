@@ -2,7 +2,6 @@
 
 #include "core/Modulzustand.h"
 #include "core/Verzeichnisse.h"
-#include "core/farm/FeldVorhanden.h"
 #include "platform/system/Files.h"
 #include "platform/system/Settings.h"
 #include "tests/support/Print.h"
@@ -93,25 +92,4 @@ TEST(Verzeichnisse, DasProgrammverzeichnisWeichtAufDasDatenverzeichnisAus)
     sys::SaveSetting(u"Datenverzeichnis"_s, u"Verzeichnisname"_s, hof.ort().daten());
     EXPECT_EQ(ProgrammVerzeichnis(), hof.ort().daten());
     ASSERT_TRUE(QDir::setCurrent(vorher));
-}
-
-TEST(FeldVorhanden, VergleichtOhneGrossUndKlein)
-{
-    const Testbetrieb hof;
-    hof.fuehreAus(2024, u"CREATE TABLE Maße (Höhe Double)"_s);
-    const auto journal = hof.oeffne(2024);
-    struct Fall {
-        QString tabelle, spalte;
-        bool vorhanden;
-    };
-    const Fall faelle[] = {
-        {u"Einstellungen"_s, u"Ohnevorjahr"_s, true},
-        {u"EINSTELLUNGEN"_s, u"OHNEVORJAHR"_s, true},
-        {u"maße"_s, u"HÖHE"_s, true},
-        {u"Einstellungen"_s, u"Ohne"_s, false},
-        {u"Lagerjournal"_s, u"OhneVorjahr"_s, false},
-        {u"fehlt"_s, u"ID"_s, false},
-    };
-    for (const Fall& fall : faelle)
-        EXPECT_EQ(FeldVorhanden(*journal, fall.tabelle, fall.spalte), fall.vorhanden) << fall.spalte.toStdString();
 }

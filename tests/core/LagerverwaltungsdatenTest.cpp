@@ -103,16 +103,6 @@ TEST_F(Daten, EineFehlendeVorlageBeendetDasLadenNachDenErstenWerten)
     EXPECT_EQ(gezeigt, 0);
 }
 
-TEST_F(Daten, EinVorhandenesJahrWirdBeimLadenNichtErsetzt)
-{
-    hof.bucht(2024, "05.05. | H1 | Weizen | 100 | Zukauf");
-    daten.setDatenverzeichnis(hof.journaldatei(2024));
-    daten.setStichdatum(QDate(2024, 6, 1));
-    daten.LagerbestandLaden();
-    daten.LagerbestandLaden();
-    EXPECT_EQ(hof.journal(2024), zeilen("05.05. | H1 | Weizen | 100 | Zukauf"));
-}
-
 // Hosts of the older generation know this call as one that fails; they ask Get_Bestand.
 TEST_F(Daten, LagerbestandRechnenScheitertAnSeinerAnweisung)
 {
@@ -163,13 +153,4 @@ TEST_F(Daten, DerLetzteUebertragGiltFuerAlleObjekte)
     anderes.setStichdatum(QDate(2024, 6, 1));
     anderes.Kontrolle_LagerbestandLaden();
     EXPECT_EQ(daten.Get_Bestand(u"Weizen"_s, u"H1"_s, QDate(2024, 12, 31)), 100);
-}
-
-TEST_F(Daten, EinUnmoeglichesStichdatumWirdAbgelehnt)
-{
-    daten.setStichdatum(QDate(2024, 2, 29));
-    EXPECT_THROW(daten.setStichdatum(QDate(2023, 2, 29)), jet::Error);
-    EXPECT_EQ(modulzustand().Stichdatum, QDate(2024, 2, 29));
-    EXPECT_EQ(daten.Stichdatum(), QDate(2024, 2, 29));
-    EXPECT_EQ(Lagerverwaltungsdaten(anschluesse).Stichdatum(), QDate(1899, 12, 30));
 }

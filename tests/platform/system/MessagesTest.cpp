@@ -1,7 +1,6 @@
 #include "platform/system/Messages.h"
 
 #include "platform/system/CaughtError.h"
-#include "platform/system/Clock.h"
 #include "platform/system/ErrorReport.h"
 #include "tests/support/Print.h"
 
@@ -111,12 +110,4 @@ TEST(ErrorReport, TellsEveryExceptionByNumberAndText)
     EXPECT_EQ(told(jet::Error(jet::ErrorNumber::Locked, u"Gesperrt."_s)), u"3218 Gesperrt."_s);
     EXPECT_EQ(told(sys::FileError(sys::FileErrorNumber::DiskFull, u"Voll."_s)), u"61 Voll."_s);
     EXPECT_EQ(told(std::bad_alloc()), u"51 Interner Fehler: std::bad_alloc"_s);
-}
-
-TEST(Clock, CanBeSetAndRunsAgain)
-{
-    sys::stelleUhr(QDate(2024, 2, 29));
-    EXPECT_EQ(sys::heute(), QDate(2024, 2, 29));
-    sys::stelleUhr({});
-    EXPECT_LE(std::abs(sys::heute().daysTo(QDate::currentDate())), 1);
 }
