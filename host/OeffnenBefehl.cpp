@@ -2,12 +2,14 @@
 #include "host/Komponente.h"
 #include "platform/system/Clock.h"
 
+#include <zablager/DatabaseError.h>
 #include <zablager/FileError.h>
 
 #include <QAbstractButton>
 #include <QApplication>
 #include <QFile>
 #include <QMessageBox>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 
 using namespace Qt::StringLiterals;
@@ -30,7 +32,7 @@ private:
         if (!fenster || !fenster->isVisible()) return;
         // Answered behind this event: a box that the answer raises would wait in it, and no timer fires within itself.
         if (auto* const meldung = qobject_cast<QMessageBox*>(fenster)) {
-            m_stoerung = meldung->text();
+            if (m_stoerung.isEmpty()) m_stoerung = meldung->text(); // the first is the cause of what follows
             QAbstractButton* const knopf = meldung->buttons().constFirst();
             QMetaObject::invokeMethod(
                 meldung, [knopf] { knopf->click(); }, Qt::QueuedConnection);
@@ -63,6 +65,15 @@ private:
     QTemporaryDir m_ordner;
 };
 
+/// The text of a box as an error, with the number that the box gives: it is the component's, which has told its user.
+[[noreturn]] void wirfStoerung(const QString& text)
+{
+    static const QRegularExpression nummer(u"Fehler: (\\d+) "_s);
+    if (const auto fund = nummer.match(text); fund.hasMatch())
+        throw jet::Error(jet::ErrorNumber(fund.captured(1).toInt()), text);
+    throw sys::FileError(sys::FileErrorNumber::PathAccess, text);
+}
+
 void oeffne(const QCommandLineParser& aufruf)
 {
     const Installation ort(aufruf.positionalArguments().constFirst());
@@ -74,7 +85,7 @@ void oeffne(const QCommandLineParser& aufruf)
     const Einstellungskopie einstellungen;
     Bildschirmfoto foto(aufruf.value(u"bild"_s));
     lager->LagerbestandLaden();
-    if (!foto.stoerung().isEmpty()) throw sys::FileError(sys::FileErrorNumber::PathAccess, foto.stoerung());
+    if (!foto.stoerung().isEmpty()) wirfStoerung(foto.stoerung());
 }
 
 } // namespace

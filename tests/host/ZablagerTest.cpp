@@ -8,6 +8,9 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#include <csignal>
+#include <sys/resource.h>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -194,6 +197,13 @@ TEST_F(Zablager, OeffnenZeigtDenBildschirmUndLegtDasJahrAn)
     ASSERT_TRUE(QDir(ort).mkdir(u"einstellungen/ZAB - Programme.ini.lock"_s)); // whatever is written now raises a box
     EXPECT_EQ(zablager({u"oeffnen"_s, ort, u"--stichdatum"_s, u"5.3.2025"_s, u"--bild"_s, bild}).ende, 0);
 
+    QFile jahr(ort + u"/daten/B4711/Lager.2025"_s);
+    ASSERT_TRUE(jahr.open(QIODevice::WriteOnly) && jahr.write("Kein Journal") > 0);
+    jahr.close();
+    const Lauf kaputt = zablager({u"oeffnen"_s, ort, u"--stichdatum"_s, u"5.3.2025"_s, u"--bild"_s, bild});
+    EXPECT_EQ(kaputt.ende, 1);
+    EXPECT_TRUE(kaputt.fehler.endsWith(u"(Fehler 3343)\n"_s)) << kaputt.fehler.toStdString(); // the box's own number
+
     for (const char* display : {"", ":877"}) { // none, and one that does not answer
         const Lauf blind = zablager({u"oeffnen"_s, ort}, {}, [display] {
             unsetenv("QT_QPA_PLATFORM");
@@ -318,4 +328,13 @@ TEST_F(Zablager, EinVerzeichnisDasKeinesSeinKannIstEinFehler)
     const Lauf lauf = einrichten(u"4711"_s, u"2024"_s);
     EXPECT_EQ(lauf.ende, 1);
     EXPECT_TRUE(lauf.fehler.contains(ort)) << lauf.fehler.toStdString();
+
+    ort += u" nicht"_s; // on a full disk the file is named, not the draft that it is built as
+    const Lauf voll = zablager({u"einrichten"_s, ort, u"--betrieb"_s, u"1"_s}, {}, [] {
+        std::signal(SIGXFSZ, SIG_IGN);
+        const rlimit grenze{4'096, 4'096};
+        setrlimit(RLIMIT_FSIZE, &grenze);
+    });
+    EXPECT_EQ(voll.ende, 1);
+    EXPECT_TRUE(voll.fehler.contains(u"/programm/Lager.vorlage'"_s)) << voll.fehler.toStdString();
 }
