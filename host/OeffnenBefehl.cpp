@@ -47,8 +47,8 @@ private:
     QString m_stoerung;
 };
 
-/// Settings that are the user's own and then go their own way: what a pictured screen remembers, such as the size of its
-/// window, is not what the user left.
+/// Makes a copy of the settings in use those of this process: what a pictured screen remembers, such as the size of its
+/// window, must not replace what the user left.
 class Einstellungskopie {
 public:
     Einstellungskopie()
