@@ -141,9 +141,6 @@ TEST(Schadensfall, DieBestandsfrageNenntDieDatei)
     };
     ersetze(hof.journaldatei(2024), {});
     EXPECT_EQ(fehlernummer(), int(ErrorNumber::UnknownFormat));
-    sys::Kill(hof.journaldatei(2024));
-    QDir().mkdir(hof.journaldatei(2024));
-    EXPECT_EQ(fehlernummer(), int(ErrorNumber::CannotOpenFile));
 }
 
 TEST(Schadensfall, EinKennwortInDerVorlageBeendetNurDieBestandsfrage)
