@@ -69,6 +69,7 @@ jet::Value valueOf(const Reference& reference, const Standing& standing)
     case Reference::Kind::Page: return standing.page;
     case Reference::Kind::Pages: return QString(LastPage);
     case Reference::Kind::Continued: return int{standing.continued};
+    case Reference::Kind::Ending: return int{standing.ending};
     case Reference::Kind::Total:
     case Reference::Kind::Today: return reference.constant;
     }
@@ -80,7 +81,12 @@ QString textOf(const Template& text, const QString& format, const Standing& stan
     QString whole;
     for (const auto& part : text) {
         const auto* const reference = std::get_if<Reference>(&part);
-        whole += reference ? shown(valueOf(*reference, standing), format) : std::get<QString>(part);
+        if (!reference) {
+            whole += std::get<QString>(part);
+            continue;
+        }
+        const QString value = shown(valueOf(*reference, standing), format);
+        whole += reference->lower ? value.toLower() : value;
     }
     return whole;
 }

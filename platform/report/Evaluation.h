@@ -13,6 +13,7 @@ struct Standing {
     int level = 0;                  ///< Whose totals count.
     int page = 0;
     bool continued = false;
+    bool ending = false;
 };
 
 /// The number of the last page while it is not known yet; the pages get it when they are complete.

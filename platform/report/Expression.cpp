@@ -14,11 +14,9 @@ struct Word {
     QStringView text;
     Reference::Kind kind;
 };
-constexpr Word Plain[] = {{u"count", Reference::Kind::Count},
-                          {u"page", Reference::Kind::Page},
-                          {u"pages", Reference::Kind::Pages},
-                          {u"continued", Reference::Kind::Continued},
-                          {u"today", Reference::Kind::Today}};
+constexpr Word Plain[] = {{u"count", Reference::Kind::Count},   {u"page", Reference::Kind::Page},
+                          {u"pages", Reference::Kind::Pages},   {u"continued", Reference::Kind::Continued},
+                          {u"ending", Reference::Kind::Ending}, {u"today", Reference::Kind::Today}};
 constexpr Word OfColumns[] = {
     {u"sum(", Reference::Kind::Sum}, {u"same(", Reference::Kind::Same}, {u"total(", Reference::Kind::Total}};
 
@@ -28,6 +26,9 @@ Reference readReference(QStringView text, const Place& place)
     Reference reference;
     reference.place = place;
     QStringView rest = text.trimmed();
+    static constexpr QStringView Lower = u"lower(";
+    reference.lower = rest.startsWith(Lower, Qt::CaseInsensitive) && rest.endsWith(u')');
+    if (reference.lower) rest = rest.mid(Lower.size()).chopped(1).trimmed();
     for (const Word& word : Plain) {
         if (rest.compare(word.text, Qt::CaseInsensitive) != 0) continue;
         reference.kind = word.kind;
@@ -53,7 +54,7 @@ Reference readReference(QStringView text, const Place& place)
         place.refuse(
             u"'{"_s + text.toString() +
             u"}' ist unverständlich. Möglich sind {TABELLE.Spalte}, {@Formel}, {sum(TABELLE.Spalte)}, "
-            u"{total(TABELLE.Spalte)}, {same(TABELLE.Spalte)}, {count}, {page}, {pages}, {continued} und {today}."_s);
+            u"{total(TABELLE.Spalte)}, {same(TABELLE.Spalte)}, {lower(@Formel)}, {count}, {page}, {pages}, {continued}, {ending} und {today}."_s);
     return reference;
 }
 

@@ -20,18 +20,21 @@ namespace report {
 ///     {same(JOURNAL.Einheit)}   1 while the column has had one value only, else 0; likewise
 ///     {page}, {pages}           number of the page, and of the last one
 ///     {continued}               1 where a group's head is repeated on a further page, else 0
+///     {ending}                  1 on a page without a row, where only what is left of the report's footer stands, else 0
 ///     {today}                   the day of printing
+///     {lower(@Stichdatum)}      the text of a formula or column in small letters, for the middle of a sentence
 struct Reference {
-    enum class Kind { Column, Formula, Sum, Count, Same, Total, Page, Pages, Continued, Today };
+    enum class Kind { Column, Formula, Sum, Count, Same, Total, Page, Pages, Continued, Ending, Today };
 
     bool isRunning() const { return kind == Kind::Sum || kind == Kind::Count || kind == Kind::Same; }
     bool isTotal() const { return kind == Kind::Total || isRunning(); }
     bool hasColumn() const { return kind == Kind::Column || (isTotal() && kind != Kind::Count); }
 
     Kind kind = Kind::Column;
-    QString table; ///< Of Column, Sum, Same and Total.
-    QString name;  ///< The column or formula.
-    Place place;   ///< Where it stands, for what is found out later.
+    bool lower = false; ///< In small letters.
+    QString table;      ///< Of Column, Sum, Same and Total.
+    QString name;       ///< The column or formula.
+    Place place;        ///< Where it stands, for what is found out later.
 
     /// After binding: where its value is found. What has a column: place in the row, -1 for a constant. Totals use
     /// `total` besides.

@@ -25,7 +25,8 @@ QPageLayout layoutOf(const Form& form)
 }
 
 /// Puts blocks on pages. What must stay together is one block: a row with the heads of the groups it opens and the feet
-/// of those it closes, so that no head ever ends a page and no foot begins one. The report's foot goes with the last row.
+/// of those it closes, so that no head ever ends a page and no foot begins one. The report's foot begins below the last
+/// row, on its page, and goes on over further ones.
 class Paginator {
 public:
     Paginator(Form& form, Rows& rows)
@@ -53,7 +54,7 @@ public:
             m_opened = closed;
             if (more) m_row = m_rows.row();
         }
-        if (!m_hasRows) place([this] { return m_setter.set(m_form.reportFooter, standing(0)); });
+        if (!m_hasRows) place([this] { return ended({}); });
         endPage();
         numberPages();
         return std::move(m_document);
@@ -82,14 +83,27 @@ private:
     void placeRow(int closed, bool isLast)
     {
         m_placedHeads = m_opened - 1;
-        place([&] {
-            Block block = rowBlock(closed);
-            if (isLast) block.append(m_setter.set(m_form.reportFooter, standing(0)));
-            return block;
-        });
+        place([&] { return isLast ? ended(rowBlock(closed)) : rowBlock(closed); });
+        settle();
+    }
+
+    void settle()
+    {
         m_placedHeads = m_groups;
         m_settledTotals = m_totals;
         m_settledRow = m_row;
+    }
+
+    /// The last row with the report's foot, of which a line at least stays with it.
+    Block ended(Block block)
+    {
+        const double rows = block.height;
+        block.append(m_setter.set(m_form.reportFooter, standing(0)));
+        block.rows = rows;
+        block.kept = block.height;
+        for (const TextLine& line : block.lines)
+            if (line.top >= rows) block.kept = std::min(block.kept, m_setter.bottom(line));
+        return block;
     }
 
     /// The current row, with the heads of the groups from m_opened on and the feet from `closed` on.
@@ -101,6 +115,7 @@ private:
         block.append(m_setter.set(m_form.detail, standing(m_groups)));
         for (int level = m_groups; level >= closed; --level)
             block.append(m_setter.set(group(level).footer, standing(level)));
+        block.rows = block.height;
         return block;
     }
 
@@ -108,19 +123,30 @@ private:
     void place(const std::function<Block()>& set)
     {
         Block block = set();
-        if (!fits(block) && !m_fresh) {
+        if (!fits(block) && !m_fresh && !fitsAbove(block)) {
             nextPage();
             block = set();
         }
         while (!fits(block)) {
             put(m_setter.cut(block, m_bottom - m_y));
+            if (block.lines.empty() && block.fills.empty()) return;
             m_placedHeads = m_groups;
+            m_ending = block.rows <= Rounding;
+            if (m_ending) settle();
             nextPage();
         }
         put(block);
     }
 
     bool fits(const Block& block) const { return block.height <= m_bottom - m_y + Rounding; }
+
+    /// Whether what stands together at the block's top fits.
+    bool fitsAbove(Block block) const
+    {
+        if (block.rows == block.height) return false;
+        const double kept = block.kept;
+        return m_setter.cut(block, m_bottom - m_y).height >= kept;
+    }
 
     void put(const Block& block)
     {
@@ -135,7 +161,7 @@ private:
         beginPage();
         Standing again = standing(0);
         again.continued = true;
-        for (int level = 1; level <= m_placedHeads; ++level) {
+        for (int level = 1; level <= m_placedHeads && !m_ending; ++level) {
             again.level = level;
             Bands repeated;
             for (const Band& band : group(level).header)
@@ -196,7 +222,8 @@ private:
                 .totals = &m_totals,
                 .level = level,
                 .page = static_cast<int>(m_document.pages.size()),
-                .continued = false};
+                .continued = false,
+                .ending = m_ending};
     }
 
     const Group& group(int level) const { return m_form.groups[static_cast<std::size_t>(level) - 1]; }
@@ -209,7 +236,8 @@ private:
     QPointF m_corner; // of what may be printed on
     double m_y = 0;
     double m_bottom = 0;
-    bool m_fresh = true; // nothing but heads stands on the page
+    bool m_fresh = true;   // nothing but heads stands on the page
+    bool m_ending = false; // no row stands on the page, only what is left of the report's foot
 
     bool m_hasRows = false;
     Row m_row;

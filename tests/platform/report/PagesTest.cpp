@@ -1,5 +1,8 @@
+#include "platform/report/Paginator.h"
 #include "tests/platform/report/Desk.h"
 #include "tests/support/Print.h"
+
+#include <QRegularExpression>
 
 #include <gtest/gtest.h>
 
@@ -132,24 +135,56 @@ TEST(Pages, LeaveNoSignatureAlone)
     NEEDS_PDFTOTEXT;
     const Desk desk;
     const QString form = desk.form(R"(<data table="J"/><lookup table="K"/>
-        <page-header height="10"><text x="0" width="100">Kopf</text></page-header>
+        <page-header height="10" show="{ending} = 0"><text x="0" width="100">Kopf</text></page-header>
         <detail height="10"><text x="0" width="60">{J.Nr}</text></detail>
         <report-footer height="10"><text x="0" width="100">{K.T}</text></report-footer>
         <report-footer height="20"><text x="0" y="15" width="100">Unterschrift</text></report-footer>)");
     desk.execute({u"CREATE TABLE J (Nr Long)"_s, u"CREATE TABLE K (T Memo)"_s, u"INSERT INTO K (T) VALUES ('')"_s});
-    const auto signedWith = [&] { // what stands on the page of the signature
-        const auto pages = desk.print(desk.job(form));
+    const auto print = [&] {
+        auto pages = desk.print(desk.job(form));
         EXPECT_EQ(pages.back().last(), u"Unterschrift"_s);
-        return pages.back().mid(1, pages.back().size() - 2);
+        EXPECT_GT(pages.back().filter(QRegularExpression(u"^(Zeile|[0-9]+)$"_s)).size(), 0);
+        return pages;
     };
     for (int rows = 1; rows <= 20; ++rows) {
+        SCOPED_TRACE(rows);
         desk.execute({u"INSERT INTO J (Nr) VALUES ("_s + QString::number(rows) + u')'});
-        EXPECT_EQ(signedWith().value(0).isEmpty(), false) << rows;
+        print();
     }
     for (int lines = 30; lines <= 80; ++lines) { // over two pages and three, ending anywhere
+        SCOPED_TRACE(lines);
         desk.execute({u"UPDATE K SET T = '"_s + QStringList(lines, u"Zeile"_s).join(u'\n') + u"'"_s});
-        EXPECT_FALSE(signedWith().isEmpty()) << lines;
+        const auto pages = print();
+        ASSERT_GE(pages.size(), 2u);
+        EXPECT_EQ(pages[0].size(), 19) << "as many rows as there is room for, and the head";
+        EXPECT_EQ(pages[1].mid(1, 4), (QStringList{u"19"_s, u"20"_s, u"Zeile"_s, u"Zeile"_s})) << "goes on below them";
+        for (std::size_t page = 2; page < pages.size(); ++page)
+            EXPECT_EQ(pages[page].count(u"Kopf"_s), 0) << "no head of a table stands over a text";
     }
+}
+
+TEST(Pages, MoveDownWhatStandsBelowALongTextAndNotWhatStandsBeside)
+{
+    const Desk desk;
+    desk.execute({u"CREATE TABLE J (T Memo)"_s, u"INSERT INTO J (T) VALUES ('eins\nzwei\ndrei')"_s});
+    const auto document = report::setPages(desk.job(desk.form(R"(<data table="J"/>
+        <detail>
+          <text x="0" width="60">{J.T}</text>
+          <text x="0" y="5" width="60">darunter</text>
+          <line x="0" y="10" width="70"/>
+          <text x="65" y="6" width="30">daneben</text>
+          <text x="65" y="12" width="30">unter der Linie</text>
+        </detail>)")),
+                                           [](qsizetype, qsizetype) { return true; });
+    QMap<QString, double> tops;
+    for (const report::TextLine& line : document->pages[0].lines)
+        tops[line.text] = line.top - 10 * report::DotsPerMm;
+    const double shift = tops[u"drei"_s]; // of three lines where one was foreseen
+    const auto expected = [&](double y, bool moved) { return y * report::DotsPerMm + (moved ? shift : 0); };
+    EXPECT_GT(shift, 0);
+    EXPECT_NEAR(tops[u"darunter"_s], expected(5, true), 1);
+    EXPECT_NEAR(tops[u"daneben"_s], expected(6, false), 1);
+    EXPECT_NEAR(tops[u"unter der Linie"_s], expected(12, true), 1);
 }
 
 TEST(Pages, RefuseAFormWithoutRoomForRows)

@@ -1,8 +1,10 @@
+#include "platform/report/Paginator.h"
 #include "platform/system/Clock.h"
 #include "tests/platform/report/Desk.h"
 #include "tests/support/Print.h"
 
 #include <QFile>
+#include <QFontMetricsF>
 #include <QProcess>
 #include <QStandardPaths>
 
@@ -11,6 +13,11 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+bool goOn(qsizetype, qsizetype)
+{
+    return true;
+}
 
 /// An evaluation file as the main screen builds it, but for columns that no form shows.
 void fill(const Desk& desk)
@@ -159,5 +166,46 @@ TEST(ShippedForms, PrintTheStockList)
         const QStringList lines = desk.printedLines(job(desk, u"Lagerbestand.rpt"_s, c.formulas, c.field));
         EXPECT_EQ(lines[3], c.formulas[9].section(u'\'', 1, 1)) << "the later heading wins";
         EXPECT_EQ(lines.mid(6, lines.size() - 7), c.lines);
+    }
+    for (const char* const quantity : {"0.3", "-0.1", "-0.2"}) // used up, whatever adding leaves
+        desk.execute({u"INSERT INTO JOURNAL (Artikel, Abgang, Zugang, Menge) VALUES ('Salz', 0, 0, "_s +
+                      QString::fromLatin1(quantity) + u')'});
+    const auto document = report::setPages(job(desk, u"Lagerbestand.rpt"_s, split, u"Artikel"_s), goOn);
+    QStringList red;
+    for (const report::TextLine& line : document->pages[0].lines)
+        if (qRed(document->fonts[std::size_t(line.font)].color) > 0x80) red.append(line.text);
+    EXPECT_EQ(red, QStringList(u"-300,00"_s));
+}
+
+TEST(ShippedForms, BreakNoWordAndLetColumnsKeepApart)
+{
+    NEEDS_PDFTOTEXT;
+    const Desk desk;
+    fill(desk);
+    desk.execute(QStringList(
+        80, u"INSERT INTO JOURNAL (Abgang, Zugang, Datum, Artikel, Artikelart, LagerortKurzKu, Menge, Preis, Einheit, "
+            "Buchungsart, Uberstallt_alt, Kommentar) VALUES (1234567.25, 1234567.25, #10/10/2024#, "
+            "'Zwischenfruchtmischung 7', 'Zwischenfruchtsaatgut', 'Maschinenhalle', -1234567.25, 12345.5, 'Packungen', "
+            "'Eigenverbrauch', 'Lagerhaus Mitte', 'Lieferscheinnummer 4711')"_s));
+    for (const QString& form : {u"Lagerjournal.rpt"_s, u"Lagerbestand.rpt"_s}) {
+        SCOPED_TRACE(form.toStdString());
+        const auto printed = job(desk, form, {{8, u"MitGruppierung = 'N'"_s}}, u"Datum"_s);
+        const auto document = report::setPages(printed, goOn);
+        for (const report::Page& page : document->pages)
+            for (const report::TextLine& line : page.lines) {
+                const QFontMetricsF metrics(document->fonts[std::size_t(line.font)].font);
+                const double right = line.x + metrics.horizontalAdvance(line.text);
+                for (const report::TextLine& other : page.lines) {
+                    if (other.x <= line.x || std::abs(other.top - line.top) >= report::DotsPerMm) continue;
+                    EXPECT_LT(right + 0.5 * report::DotsPerMm, other.x)
+                        << line.text.toStdString() << " and " << other.text.toStdString();
+                }
+            }
+        const QStringList lines = desk.printedLines(printed);
+        for (const QString& word : {u"Zwischenfruchtsaatgut"_s, u"Maschinenhalle"_s, u"Packungen"_s})
+            EXPECT_FALSE(lines.filter(word).isEmpty()) << word.toStdString();
+        EXPECT_EQ(lines.filter(u" von 01.01.2024 bis 31.12.2024 Demohof, Betrieb 4711"_s).size(),
+                  qsizetype(document->pages.size()) - 1)
+            << "further pages repeat the heading";
     }
 }
