@@ -155,9 +155,20 @@ void LieferscheindruckForm::Form_Activate()
         ui->drpFormular->enterText(u"Standardlieferschein.rpt"_s); // as if typed: it is kept
     if (!m_ersteAktivierung) return;
     m_ersteAktivierung = false; // the message below gives the window back active
-    if (!Lieferscheindaten->isOpen() || Lieferscheindaten->RecordCount() > 0) return;
+    if (!Lieferscheindaten->isOpen()) return;
+    if (Lieferscheindaten->RecordCount() > 0) return meldeVerkaeufeOhneDatum();
     sys::messages().show(u"Lieferscheine können für Verkaufsbuchungen ausgedruckt werden. Dabei werden Bewegungen"
                          u" desselben Empfängers und desselben Datums zusammengefasst."_s,
+                         sys::Information);
+}
+
+void LieferscheindruckForm::meldeVerkaeufeOhneDatum() const
+{
+    const QStringList verkaeufe = verkaeufeOhneDatum(m_jahr);
+    if (verkaeufe.isEmpty()) return;
+    sys::messages().show(u"Verkäufe ohne Datum bekommen keine Lieferscheinnummer:\r\r"_s + verkaeufe.join(u'\r') +
+                             u"\r\rTragen Sie das Datum im Bewegungsjournal nach. Es zeigt sie, wenn dort \"Von Datum\""
+                             u" geleert ist."_s,
                          sys::Information);
 }
 
@@ -174,6 +185,8 @@ void LieferscheindruckForm::Command2_Click()
     const sys::Hourglass warten;
     if (sys::underErrorReport({[this] { schreibeEinstellungen(); }}) == sys::Outcome::Left) return;
     const Lieferschein schein = gewaehlterLieferschein();
+    if (schein.Datum.isNull())
+        return weiseAb(u"Dieser Verkauf hat kein Datum. Tragen Sie es im Bewegungsjournal nach."_s);
     // Its lines would be told by day and recipient alone, whatever else was booked for him that day.
     if (schein.Nummer == 0) return weiseAb(u"Diese Lieferung hat noch keine Nummer. Die Taste F5 gibt ihr eine."_s);
     const QString formular = ui->drpFormular->Text();

@@ -36,6 +36,7 @@ private:
 
     void Form_Load();
     void Form_Activate();
+    void meldeVerkaeufeOhneDatum() const;
     void Lieferscheindaten_Reposition();
     void Command2_Click();
 

@@ -2,6 +2,7 @@
 
 #include "core/Journaldatei.h"
 #include "core/SQLTexte.h"
+#include "platform/jet/NumberFormat.h"
 #include "platform/system/ErrorReport.h"
 
 #include <algorithm>
@@ -58,10 +59,12 @@ void Lieferscheinnummern::nummeriere()
         u" AND LEN(TRIM(IIF(ISNULL(UBERSTALLT_ALT),'',UBERSTALLT_ALT))) > 0"_s,
         jet::Kind::Snapshot);
     for (; !lieferungen->Eof(); lieferungen->MoveNext()) {
+        const jet::Value& datum = (*lieferungen)[u"DATUM"];
+        if (datum.isNull()) continue; // no delivery: verkaeufeOhneDatum tells of it
         const QString empfaenger = (*lieferungen)[u"UBERSTALLT_ALT"].toText();
         if (std::ranges::find(m_uebergangen, empfaenger) != m_uebergangen.end()) continue;
         m_empfaenger = empfaenger;
-        const QString tag = (*lieferungen)[u"DATUM"].toText(); // with its time: at another one is another delivery
+        const QString tag = datum.toText(); // with its time: at another one is another delivery
         // The recipient as it stands: a blank before the name makes another one, here as in the list above.
         journal->Execute(u"UPDATE LAGERJOURNAL SET LIEFERSCHEINNUMMER = "_s + QString::number(nummer) +
                          u" WHERE IIF(ISNULL(LIEFERSCHEINNUMMER),0,LIEFERSCHEINNUMMER) = 0 AND BUCHUNGSART = 'Verkauf'"
@@ -71,4 +74,22 @@ void Lieferscheinnummern::nummeriere()
     }
     m_empfaenger.reset();
     journal->Close();
+}
+
+QStringList verkaeufeOhneDatum(int Jahr)
+{
+    const auto journal = oeffneJournal(Jahr);
+    const auto verkaeufe = journal->OpenRecordset(
+        u"SELECT ID, ARTIKEL, MENGE, EINHEIT, UBERSTALLT_ALT FROM LAGERJOURNAL WHERE ISNULL(DATUM)"
+        u" AND IIF(ISNULL(LIEFERSCHEINNUMMER),0,LIEFERSCHEINNUMMER) = 0 AND BUCHUNGSART = 'Verkauf' AND LEN(TRIM(IIF(ISNULL(UBERSTALLT_ALT),'',UBERSTALLT_ALT))) > 0 ORDER BY ID"_s,
+        jet::Kind::Snapshot);
+    QStringList zeilen;
+    for (; !verkaeufe->Eof(); verkaeufe->MoveNext()) {
+        const double menge = 0 - (*verkaeufe)[u"MENGE"].toDouble(); // sales are negative in the journal
+        const QString was = (*verkaeufe)[u"ARTIKEL"].toText() + u", "_s + jet::formatted(menge, u"##,##0.00##") + u' ' +
+                            (*verkaeufe)[u"EINHEIT"].toText();
+        zeilen.append(was.trimmed() + u" an "_s + (*verkaeufe)[u"UBERSTALLT_ALT"].toText().trimmed() + u", Nummer "_s +
+                      (*verkaeufe)[u"ID"].toText() + u" im Journal"_s);
+    }
+    return zeilen;
 }

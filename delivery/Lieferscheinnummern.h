@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include <optional>
 #include <vector>
@@ -15,7 +16,7 @@ public:
     ///
     /// All are written in one commit. A delivery that the database refuses, such as one to a recipient with an apostrophe,
     /// is reported without keeping other programs from booking; ignored, all of that recipient stay without a number and use
-    /// none up.
+    /// none up. A sale without a day is no delivery and gets none.
     /// \returns false: the user left.
     [[nodiscard]] bool vergib();
 
@@ -26,3 +27,7 @@ private:
     std::optional<QString> m_empfaenger; ///< Whose delivery is being numbered.
     std::vector<QString> m_uebergangen;  ///< Recipients; each is reported once.
 };
+
+/// The sales to a recipient that have no day, one line each with article, quantity, recipient and the row's number: the
+/// dates that the main screen is restricted to hide them. \throws jet::Error.
+QStringList verkaeufeOhneDatum(int Jahr);

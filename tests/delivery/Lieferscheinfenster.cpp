@@ -29,7 +29,8 @@ void Lieferscheinfenster::verkauft(const QString& text) const
     for (const QString& zeile : text.split(u'\n')) {
         const QStringList zellen = zeile.split(u" | "_s);
         journal->AddNew();
-        journal->Set(u"Datum", *jet::readDate(zellen[0].left(6) + u"2024"_s + zellen[0].mid(6)));
+        if (zellen[0] != u"NULL")
+            journal->Set(u"Datum", *jet::readDate(zellen[0].left(6) + u"2024"_s + zellen[0].mid(6)));
         journal->Set(u"Buchungsart", u"Verkauf"_s);
         const QStringView spalten[] = {u"Uberstallt_alt", u"Artikel", u"Menge", u"Einheit", u"Preis", u"Preisfaktor"};
         for (qsizetype i = 1; i < zellen.size(); ++i)
