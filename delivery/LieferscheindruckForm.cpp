@@ -198,6 +198,8 @@ void LieferscheindruckForm::Command2_Click()
     report::ReportZurucksetzen(*Report);
     Report->setDataFiles(0, druckdatei());
     Report->setReportFileName(formularordner() + formular);
+    Report->setDocumentName(u"Lieferschein "_s + QString::number(schein.Nummer) + u' ' +
+                            sys::trimBlanks(schein.Empfaenger.toText()));
     Report->PrintReport();
 }
 

@@ -67,7 +67,9 @@ void Auswertung::Command2_Click()
     m_datei.emplace(m_verzeichnis.path() + u"\\Lagerauswertung.mdb"_s);
     if (!m_datei->baue(SQLWhereTeil(m_felder.Journaldaten.RecordSource()), m_felder.drpJahr.Text())) return;
     report::ReportZurucksetzen(*Report);
-    const QString formular = m_journalGezeigt() ? u"Lagerjournal.rpt"_s : u"Lagerbestand.rpt"_s;
+    const bool journal = m_journalGezeigt();
+    const QString formular = journal ? u"Lagerjournal.rpt"_s : u"Lagerbestand.rpt"_s;
+    Report->setDocumentName((journal ? u"Bewegungsjournal "_s : u"Lagerstandsliste "_s) + m_felder.drpJahr.Text());
     Report->setReportFileName(ProgrammVerzeichnis() + u"\\Report\\Lagerverwaltung\\"_s + formular);
     setzeSortierung();
     Report->setDataFiles(0, m_datei->datei());

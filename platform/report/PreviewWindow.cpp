@@ -4,11 +4,14 @@
 #include "platform/report/PageView.h"
 #include "platform/report/ProgressBox.h"
 #include "platform/system/ErrorReport.h"
+#include "platform/system/FileName.h"
 #include "platform/system/GermanDialogs.h"
 #include "platform/system/Messages.h"
+#include "platform/system/Settings.h"
 
 #include <QComboBox>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPrintDialog>
@@ -32,6 +35,8 @@ namespace report {
 namespace {
 
 constexpr double Zooms[] = {0.5, 0.75, 1, 1.5, 2, 4};
+const QString Section = u"Lagerverwaltung"_s; // of the user's settings
+const QString FolderKey = u"PDFVerzeichnis"_s;
 constexpr int FixedEntries = 2;      // "Ganze Seite" and "Seitenbreite" stand before them
 constexpr double WindowShare = 0.85; // of the screen
 
@@ -191,10 +196,17 @@ void PreviewWindow::PdfSpeichern_Click()
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setNameFilter(u"PDF-Dateien (*.pdf)"_s);
     dialog.setDefaultSuffix(u"pdf"_s);
-    dialog.selectFile(QString(m_document.title).replace(u'/', u'-') + u".pdf"_s);
+    const QString lastFolder = sys::GetSetting(Section, FolderKey);
+    if (QFileInfo(lastFolder).isDir()) dialog.setDirectory(lastFolder);
+    dialog.selectFile(sys::fileNameFor(m_document.title) + u".pdf"_s);
     if (dialog.exec() != QDialog::Accepted) return;
-    ProgressBox box(u"Der Bericht wird gespeichert ..."_s, this);
-    writePdf(m_document, dialog.selectedFiles().constFirst(), box.progress());
+    const QString file = dialog.selectedFiles().constFirst();
+    {
+        ProgressBox box(u"Der Bericht wird gespeichert ..."_s, this);
+        if (!writePdf(m_document, file, box.progress())) return;
+    }
+    const QString folder = QFileInfo(file).path();
+    if (folder != lastFolder) sys::SaveSetting(Section, FolderKey, folder);
 }
 
 } // namespace report

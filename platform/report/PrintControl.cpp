@@ -24,6 +24,7 @@ void PrintControl::PrintReport()
         document = setPages(m_job, box.progress());
     }
     if (!document) return;
+    if (!m_name.isEmpty()) document->title = m_name;
     switch (m_destination) {
     case ToWindow: (new PreviewWindow(std::move(*document), m_title, screen()))->show(); break;
     case ToPrinter: toPrinter(*document); break;

@@ -21,6 +21,7 @@ class PrintControl final : public QObject {
     Q_PROPERTY(QString PrinterDriver READ PrinterDriver WRITE setPrinterDriver)
     Q_PROPERTY(QString PrinterPort READ PrinterPort WRITE setPrinterPort)
     Q_PROPERTY(QString WindowTitle READ WindowTitle WRITE setWindowTitle)
+    Q_PROPERTY(QString DocumentName READ DocumentName WRITE setDocumentName)
     Q_PROPERTY(QString PrintFileName READ PrintFileName WRITE setPrintFileName)
     Q_PROPERTY(int CopiesToPrinter READ CopiesToPrinter WRITE setCopiesToPrinter)
     Q_PROPERTY(Destination Destination READ destination WRITE setDestination)
@@ -49,8 +50,12 @@ public:
     void setPrinterDriver(const QString& driver) { m_driver = driver; }
     QString PrinterPort() const { return m_port; } ///< Kept only.
     void setPrinterPort(const QString& port) { m_port = port; }
-    QString WindowTitle() const { return m_title; } ///< Empty: the form's title.
+    QString WindowTitle() const { return m_title; } ///< Empty: the document's name.
     void setWindowTitle(const QString& title) { m_title = title; }
+    /// What is printed, "Lieferschein 12 Huber": for the list of print jobs, and the name that is offered for a PDF. Empty:
+    /// the form's title.
+    QString DocumentName() const { return m_name; }
+    void setDocumentName(const QString& name) { m_name = name; }
     QString PrintFileName() const { return m_file; } ///< Of the PDF file that destination 2 writes.
     void setPrintFileName(const QString& file) { m_file = file; }
     int CopiesToPrinter() const { return m_copies; } ///< From 1.
@@ -73,6 +78,7 @@ private:
     QString m_driver;
     QString m_port;
     QString m_title;
+    QString m_name;
     QString m_file;
     int m_copies = 1;
     Destination m_destination = ToWindow;

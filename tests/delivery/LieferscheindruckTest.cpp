@@ -53,6 +53,7 @@ TEST_F(Lieferscheinfenster, EinLieferscheinNurMitDerTastatur)
                                u"Übergeben: Datum, Unterschrift Übernommen: Datum, Unterschrift"_s,
                                u"Empfänger: BERGER Seite 1 von 1"_s};
     EXPECT_EQ(drucke(), std::vector<QStringList>{seite});
+    EXPECT_EQ(feld<report::PrintControl>("Report").property("DocumentName"), u"Lieferschein 2 BERGER"_s);
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
     EXPECT_EQ(einstellungen(), QStringList(u"Standardlieferschein.rpt | Lindenhof | Lindenau 3, 4799 Beispielau |"
                                            u" Tel. 0123 | Vielen Dank! | -1"_s));
