@@ -1,5 +1,6 @@
 #include "overview/Auswertung.h"
 
+#include "core/Datumstext.h"
 #include "core/Modulzustand.h"
 #include "core/SQLTexte.h"
 #include "core/Verzeichnisse.h"
@@ -88,8 +89,11 @@ void Auswertung::setzeSortierung()
     const DataGrid& liste = m_journalGezeigt() ? m_felder.Journalliste : m_felder.BestandListe;
     for (int i = 0; i < liste.ColumnCount(); ++i) {
         if (liste.Columns(i).HeadForeColor() != QColor(Sortiermarke)) continue;
-        titel = liste.Columns(i).Caption();
-        feld = liste.Columns(i).DataField();
+        // In sum the column of the storage places is hidden, and the list stands by article: its mark would tell an order
+        // that no line has.
+        const bool gezeigt = liste.Columns(i).Visible();
+        titel = gezeigt ? liste.Columns(i).Caption() : u"Artikel"_s;
+        feld = gezeigt ? liste.Columns(i).DataField() : u"Artikel"_s;
     }
     Report->setSortFields(0, u"+{JOURNAL."_s + feld + u"}"_s);
     setzeFormeln(titel);
@@ -103,14 +107,27 @@ void Auswertung::setzeFormeln(const QString& sortiertNach)
     Report->setFormulas(Betriebsname, text(u"Betriebsname"_s, zustand.Betriebsname));
     Report->setFormulas(Betriebsadresse, text(u"Betriebsadresse"_s, zustand.Betriebsadresse));
     if (artikel != AlleArtikel) Report->setFormulas(MitSumme, text(u"MitSumme"_s, u"J"_s));
-    Report->setFormulas(Stichdatum, text(u"Stichdatum"_s, u"Von "_s + m_felder.VonDatum.Text() + u" bis "_s +
-                                                              m_felder.Buchdatum.Text()));
+    Report->setFormulas(Stichdatum, text(u"Stichdatum"_s, zeitraum()));
     Report->setFormulas(Eingrenzung, text(u"Eingrenzung"_s, m_felder.drpLagerOrte.Text() + u", "_s +
                                                                 m_felder.drpArtikelGruppe.Text() + u", "_s + artikel +
                                                                 u" im Kalenderjahr "_s + m_felder.drpJahr.Text() +
                                                                 u" sortiert nach "_s + sortiertNach));
     Report->setFormulas(Uberschrift2, text(u"Uberschrift2"_s, u"Fortlaufend"_s));
     m_journalGezeigt() ? setzeJournalformeln() : setzeBestandsformeln();
+}
+
+/// What the views are restricted to. Where one of the two is no date neither counts: the paper then names the whole year,
+/// not what was typed.
+QString Auswertung::zeitraum() const
+{
+    QDate von = m_felder.VonDatum.Date();
+    QDate bis = m_felder.Buchdatum.Date();
+    if (!von.isValid() || !bis.isValid()) {
+        const int Jahr = m_felder.drpJahr.Text().toInt();
+        von = QDate(Jahr, 1, 1);
+        bis = QDate(Jahr, 12, 31);
+    }
+    return u"Von "_s + datumText(von) + u" bis "_s + datumText(bis);
 }
 
 void Auswertung::setzeJournalformeln()

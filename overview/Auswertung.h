@@ -41,6 +41,7 @@ public:
 private:
     void Command2_Click();
     void setzeFormeln(const QString& sortiertNach);
+    QString zeitraum() const;
     void setzeJournalformeln();
     void setzeBestandsformeln();
     void setzeSortierung();

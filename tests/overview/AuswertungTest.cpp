@@ -109,6 +109,10 @@ TEST_F(Druck, DasPapierSagtWasDerBildschirmZeigt)
          [&] { feld<QTabWidget>("SSTab1").setCurrentIndex(1); },
          {u"Keine Bestände in dieser Ansicht."_s},
          {u"Weizen"_s}},
+        {"an impossible date restricts nothing",
+         [&] { tippe("VonDatum", u"31.2.2024"_s); },
+         {u"Von 01.01.2024 bis 31.12.2024"_s, u"Weizen .. H2 50,00"_s},
+         {}},
         {"stock list",
          [&] { tippe("VonDatum", u"1.1.2024"_s); },
          {u"Lagerstandsliste"_s, u"Aufgeteilt nach Lagerorten"_s, u"Weizen .. H2 50,00"_s, u"Diesel"_s},
@@ -117,13 +121,14 @@ TEST_F(Druck, DasPapierSagtWasDerBildschirmZeigt)
          [&] { klickeKopf("BestandListe", 5); },
          {u"sortiert nach Aktueller Bestand"_s, u"Diesel .. 1.500,00 1.500,00 0,00 l"_s},
          {}},
-        {"in sum, without zeros",
+        {"in sum, without zeros, sorted by a column that is hidden then",
          [&] {
+             klickeKopf("BestandListe", 2);
              tippe("drpLagerOrte", u"Alle"_s);
              for (const char* haken : {"chkNurSumme", "chkOhneNull"})
                  Hauptbildschirm::drucke(haken, Qt::Key_Space);
          },
-         {u"Alle Lagerorte in Summe"_s, u"Weizen .. 150,00 20,00 130,00 dt"_s},
+         {u"Alle Lagerorte in Summe"_s, u"sortiert nach Artikel"_s, u"Weizen .. 150,00 20,00 130,00 dt"_s},
          {u"Diesel"_s}},
     };
     for (const Fall& fall : faelle) {
