@@ -5,6 +5,7 @@
 #include "platform/jet/Errors.h"
 #include "platform/system/ErrorReport.h"
 #include "platform/system/FileFault.h"
+#include "platform/system/FileName.h"
 #include "platform/system/Files.h"
 #include "platform/system/Path.h"
 #include "platform/system/Programs.h"
@@ -23,19 +24,15 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// What a file can be called on every system.
-QString fileName(QString name)
-{
-    for (const QChar forbidden : u"/\\:*?\"<>|"_s)
-        name.replace(forbidden, u'-');
-    return name;
-}
-
 std::vector<SheetColumn> visibleColumns(const DataGrid& grid)
 {
     std::vector<SheetColumn> visible;
-    for (int i = 0; i < grid.ColumnCount(); ++i)
-        if (grid.Columns(i).Visible()) visible.push_back({grid.Columns(i).Caption(), grid.Columns(i).NumberFormat()});
+    for (int i = 0; i < grid.ColumnCount(); ++i) {
+        if (!grid.Columns(i).Visible()) continue;
+        const QVariant alignment = grid.model()->headerData(i, Qt::Horizontal, Qt::TextAlignmentRole);
+        visible.push_back(
+            {grid.Columns(i).Caption(), grid.Columns(i).NumberFormat(), Qt::Alignment(alignment.toInt())});
+    }
     return visible;
 }
 
@@ -98,7 +95,8 @@ QString GridExport::Write(const DataGrid& grid, const QString& name, const QStri
             jet::ErrorNumber::InvalidArgument,
             u"Die Liste hat mehr Zeilen, als in einer Tabelle Platz haben. Grenzen Sie die Ansicht ein."_s);
     const QString title = name.isEmpty() ? grid.Title() : name;
-    const QString path = (directory.isEmpty() ? ownDirectory() : sys::localPath(directory)) + u'/' + fileName(title);
+    const QString path =
+        (directory.isEmpty() ? ownDirectory() : sys::localPath(directory)) + u'/' + sys::fileNameFor(title);
     QFile draft(sys::draftName(path));
     if (!draft.open(QIODevice::WriteOnly | QIODevice::NewOnly)) throw sys::fileFault(errno, path + u".xlsx"_s);
     draft.close();

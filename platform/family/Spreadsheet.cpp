@@ -22,6 +22,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr double Finest = 1e10;       // numbers are held to 10 decimals: what adding leaves beyond is dust
+constexpr qsizetype CaptionExtra = 3; // bold is wider, and the filter's button stands in the cell
+constexpr quint8 PaperA4 = 9;         // the format's number for it
+
 /// A number format in the words of spreadsheets: "##,##0.00" is "#,##0.00" there.
 QByteArray sheetFormat(const QString& format)
 {
@@ -66,18 +70,18 @@ Spreadsheet::Spreadsheet(const QString& file, const QString& name, const std::ve
         close();
         throw failure(reason, file);
     }
-    worksheet_freeze_panes(m_sheet, 1, 0);
+    setUpPage();
     m_day = addFormat("dd.mm.yyyy");
     m_moment = addFormat("dd.mm.yyyy hh:mm:ss");
-    lxw_format* const bold = addFormat({});
-    format_set_bold(bold);
+    for (lxw_format* const date : {m_day, m_moment})
+        format_set_align(date, LXW_ALIGN_CENTER);
     for (const SheetColumn& column : columns) {
         const auto index = static_cast<lxw_col_t>(m_columns.size());
-        worksheet_write_string(m_sheet, 0, index, column.caption.toUtf8().constData(), bold);
+        worksheet_write_string(m_sheet, 0, index, column.caption.toUtf8().constData(), captionFormat(column.alignment));
         m_columns.push_back(
             {.format = column.numberFormat.isEmpty() ? nullptr : addFormat(sheetFormat(column.numberFormat)),
              .numberFormat = column.numberFormat,
-             .longest = column.caption.size() + 1}); // bold is wider
+             .longest = column.caption.size() + CaptionExtra});
     }
 }
 
@@ -98,6 +102,24 @@ lxw_format* Spreadsheet::addFormat(const QByteArray& numberFormat)
     lxw_format* const format = workbook_add_format(m_book);
     if (!numberFormat.isEmpty()) format_set_num_format(format, numberFormat.constData());
     return format;
+}
+
+lxw_format* Spreadsheet::captionFormat(Qt::Alignment alignment)
+{
+    lxw_format* const format = addFormat({});
+    format_set_bold(format);
+    if (alignment & Qt::AlignRight) format_set_align(format, LXW_ALIGN_RIGHT);
+    if (alignment & Qt::AlignHCenter) format_set_align(format, LXW_ALIGN_CENTER);
+    return format;
+}
+
+void Spreadsheet::setUpPage()
+{
+    worksheet_freeze_panes(m_sheet, 1, 0);
+    worksheet_set_landscape(m_sheet);
+    worksheet_set_paper(m_sheet, PaperA4);
+    worksheet_fit_to_pages(m_sheet, 1, 0); // one sheet wide, as many down as it takes
+    worksheet_repeat_rows(m_sheet, 0, 0);
 }
 
 void Spreadsheet::addRow(const std::vector<jet::Value>& values)
@@ -121,9 +143,11 @@ void Spreadsheet::write(quint16 column, const jet::Value& value)
 void Spreadsheet::writeNumber(quint16 column, double number)
 {
     if (!std::isfinite(number)) return writeText(column, jet::Value(number).toText());
+    const double held = std::round(number * Finest) / Finest + 0.0; // never -0
+    const double written = std::isfinite(held) ? held : number;
     Column& its = m_columns[column];
-    its.largest = std::max(its.largest, std::fabs(number));
-    worksheet_write_number(m_sheet, m_row, column, number, its.format);
+    its.largest = std::max(its.largest, std::fabs(written));
+    worksheet_write_number(m_sheet, m_row, column, written, its.format);
 }
 
 /// Spreadsheets count days from the end of 1899, but one program and the other begin to agree only on 1 March 1900; what
@@ -182,6 +206,7 @@ void Spreadsheet::finish(const std::function<void()>& meanwhile)
 {
     constexpr int Beat = 50; // ms
     setWidths();
+    worksheet_autofilter(m_sheet, 0, 0, m_row, static_cast<lxw_col_t>(m_columns.size() - 1));
     lxw_worksheet_write_single_row(m_sheet); // the last one, which waits for one behind it
     std::fflush(m_sheet->optimize_tmpfile);
     requireRoom();

@@ -15,10 +15,12 @@ struct lxw_worksheet;
 
 struct SheetColumn {
     QString caption;
-    QString numberFormat; ///< As jet::formatted() reads it; empty: as the value is.
+    QString numberFormat;                    ///< As jet::formatted() reads it; empty: as the value is.
+    Qt::Alignment alignment = Qt::AlignLeft; ///< Of the caption, which stands over what is below it.
 };
 
-/// A spreadsheet file of one sheet, in the making: captions in a row that stays on view, below it rows from top to bottom.
+/// A spreadsheet file of one sheet, in the making: captions in a row that stays on view and filters, below it rows from
+/// top to bottom. It is printed on landscape sheets as wide as the columns, the captions on each.
 /// No more than one row of it is kept in memory. What has not been finished is no file that a program can read.
 class Spreadsheet {
 public:
@@ -47,6 +49,8 @@ private:
     };
 
     lxw_format* addFormat(const QByteArray& numberFormat);
+    lxw_format* captionFormat(Qt::Alignment alignment);
+    void setUpPage();
     void write(quint16 column, const jet::Value& value);
     void writeNumber(quint16 column, double number);
     void writeDate(quint16 column, const QDateTime& moment);

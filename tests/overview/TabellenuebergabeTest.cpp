@@ -33,9 +33,9 @@ TEST_F(Hauptbildschirm, GibtBeideAnsichtenWieGezeigtAnDieTabellenkalkulation)
     EXPECT_EQ(uebergeben(oeffner),
               (QStringList{
                   u"Journal 2024.xlsx"_s,
-                  u"Journal 2024 A2"_s,
-                  u"*Datum* | *Artikel* | *Artikelgruppe* | *Buchungsart* | *Lagerort* | *Zugang* | *Abgang* | "
-                  u"*Einheit* | *Preis* | *Geschäftspartner* | *Kommentar*"_s,
+                  u"Journal 2024 A2 A1:K4 landscape $1:$1"_s,
+                  u"*Datum*^ | *Artikel* | *Artikelgruppe* | *Buchungsart* | *Lagerort* | *Zugang*> | *Abgang*> | "
+                  u"*Einheit* | *Preis*> | *Geschäftspartner* | *Kommentar*"_s,
                   u"2024-05-06 [dd.mm.yyyy] | Weizen | Pflanzliche Erzeugnisse | Verkauf | H1 |  | 20 [#,##0.00] | "
                   u"dt |  |  | "_s,
                   u"2024-05-09 [dd.mm.yyyy] | Hafer | Pflanzliche Erzeugnisse | Zukauf | H1 | 1e-05 [#,##0.00] |  | "
@@ -48,13 +48,14 @@ TEST_F(Hauptbildschirm, GibtBeideAnsichtenWieGezeigtAnDieTabellenkalkulation)
     drucke("chkNurSumme", Qt::Key_Space);
     feld<QTabWidget>("SSTab1").setCurrentIndex(1);
     QTest::keyClick(fenster.get(), Qt::Key_E, Qt::AltModifier);
-    EXPECT_EQ(uebergeben(oeffner),
-              (QStringList{
-                  u"Lagerbestand 2024.xlsx"_s,
-                  u"Lagerbestand 2024 A2"_s,
-                  u"*Artikel* | *Artikelgruppe* | *Summe Zugang* | *Summe Abgang* | *Aktueller Bestand* | *Einheit*"_s,
-                  u"Diesel | Treib- und Brennstoffe | 1500 [#,##0.00] | 1500 [#,##0.00] |  | l"_s,
-                  u"Hafer | Pflanzliche Erzeugnisse |  |  |  | dt"_s,
-                  u"Weizen | Pflanzliche Erzeugnisse | 150 [#,##0.00] | 20 [#,##0.00] | 130 [#,##0.00] | dt"_s,
-              }));
+    EXPECT_EQ(
+        uebergeben(oeffner),
+        (QStringList{
+            u"Lagerbestand 2024.xlsx"_s,
+            u"Lagerbestand 2024 A2 A1:F4 landscape $1:$1"_s,
+            u"*Artikel* | *Artikelgruppe* | *Summe Zugang*> | *Summe Abgang*> | *Aktueller Bestand*> | *Einheit*"_s,
+            u"Diesel | Treib- und Brennstoffe | 1500 [#,##0.00] | 1500 [#,##0.00] |  | l"_s,
+            u"Hafer | Pflanzliche Erzeugnisse |  |  |  | dt"_s,
+            u"Weizen | Pflanzliche Erzeugnisse | 150 [#,##0.00] | 20 [#,##0.00] | 130 [#,##0.00] | dt"_s,
+        }));
 }

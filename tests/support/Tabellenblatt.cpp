@@ -13,13 +13,14 @@ const QString Python = u"/usr/bin/python3"_s; // Debian's, which has the package
 constexpr char Leser[] = R"(
 import openpyxl, sys
 sheet = openpyxl.load_workbook(sys.argv[1]).active
-print(sheet.title, sheet.freeze_panes)
+print(sheet.title, sheet.freeze_panes, sheet.auto_filter.ref, sheet.page_setup.orientation, sheet.print_title_rows)
 def shown(cell):
     if cell.value is None: return ''
     text = str(cell.value).replace(' 00:00:00', '')
     if cell.data_type == 'f': return 'FORMEL ' + text
     if cell.data_type != 's': text += ' [' + cell.number_format + ']'
-    return '*' + text + '*' if cell.font.bold else text
+    where = {'right': '>', 'center': '^'}.get(cell.alignment.horizontal, '')
+    return '*' + text + '*' + where if cell.font.bold else text
 for row in sheet.iter_rows():
     print(' | '.join(shown(cell) for cell in row))
 )";

@@ -53,7 +53,7 @@ protected:
 TEST_F(GridExportTest, HandsOverWhatTheGridShows)
 {
     NEEDS_OPENPYXL;
-    for (const auto& change : {u"Kommentar = '=1+1'"_s, u"Kommentar = 'zwei\r\nZeilen'"_s,
+    for (const auto& change : {u"Kommentar = '=1+1'"_s, u"Kommentar = 'zwei\r\nZeilen', Menge = 2.8E-17"_s,
                                u"Kommentar = '<b>&amp;\x01', Datum = #06/05/2024 13:45:30#"_s,
                                u"Kommentar = '0815', Datum = #12/30/1899#"_s, u"Artikel = NULL, Datum = NULL"_s}) {
         static int id = 0;
@@ -68,13 +68,13 @@ TEST_F(GridExportTest, HandsOverWhatTheGridShows)
     m_farm.fuehreAus(2024, u"DELETE FROM LAGERJOURNAL WHERE ID = 6"_s); // another program does
     EXPECT_EQ(tabellenblatt(write()),
               (QStringList{
-                  u"Journal 2024 A2"_s,
-                  u"*Datum* | *Artikel* | *Zugang* | *Kommentar* | *Menge* | *Nummer*"_s,
+                  u"Journal 2024 A2 A1:F6 landscape $1:$1"_s,
+                  u"*Datum*^ | *Artikel* | *Zugang*> | *Kommentar* | *Menge*> | *Nummer*>"_s,
                   u" |  |  |  | 0 [#,##0.0##] | 5 [General]"_s,
                   u"30.12.1899 | Mais | 0.005 [#,##0.00] | 0815 | 0.005 [#,##0.0##] | 4 [General]"_s,
                   u"2024-06-05 13:45:30 [dd.mm.yyyy hh:mm:ss] | Hafer |  | <b>&amp;_x0001_ | "
                   u"-20 [#,##0.0##] | 3 [General]"_s,
-                  u"2024-04-03 [dd.mm.yyyy] | Gerste | 50 [#,##0.00] | zwei Zeilen | 50 [#,##0.0##] | 2 [General]"_s,
+                  u"2024-04-03 [dd.mm.yyyy] | Gerste | 0 [#,##0.00] | zwei Zeilen | 0 [#,##0.0##] | 2 [General]"_s,
                   u"2024-02-01 [dd.mm.yyyy] | Weizen | 1234.5 [#,##0.00] | =1+1 | 1234.5 [#,##0.0##] | 1 [General]"_s,
               }));
 }
@@ -88,7 +88,7 @@ TEST_F(GridExportTest, LeavesFormerFilesAloneAndFindsNamesThatAreAllowed)
     EXPECT_EQ(write(), m_directory.filePath(u"Journal 2024 (2).xlsx"_s));
     const QString file = write(longName);
     EXPECT_EQ(file, m_directory.filePath(u"Jahr 2024-25- [Halle-] und noch viel mehr.xlsx"_s));
-    EXPECT_EQ(tabellenblatt(file).value(0), u"Jahr 2024-25- -Halle-- und noch A2"_s);
+    EXPECT_EQ(tabellenblatt(file).value(0), u"Jahr 2024-25- -Halle-- und noch A2 A1:D7 landscape $1:$1"_s);
     EXPECT_EQ(files().size(), 3);
 }
 
