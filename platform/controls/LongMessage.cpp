@@ -58,6 +58,7 @@ void showLongMessage(const QString& text, const QIcon& icon)
     picture->setPixmap(icon.pixmap(side));
     auto* const shown = new QPlainTextEdit(text, &dialog);
     shown->setReadOnly(true);
+    shown->setWordWrapMode(QTextOption::WordWrap); // a rule of "=" stays one line, whatever the window's width
     shown->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     auto* const saving = new QPushButton(u"&Speichern ..."_s, &dialog);
     auto* const closing = new QPushButton(u"OK"_s, &dialog);

@@ -7,6 +7,7 @@
 
 #include <zablager/DatabaseError.h>
 
+#include <QAbstractTextDocumentLayout>
 #include <QApplication>
 #include <QFile>
 #include <QLabel>
@@ -16,6 +17,8 @@
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTextBlock>
+#include <QTextLayout>
 
 #include <gtest/gtest.h>
 
@@ -138,10 +141,13 @@ TEST(MessageBoxes, ALongTextScrollsAndIsSaved)
     QString text;
     for (int line = 1; line <= 60; ++line)
         text += u"\r\nZeile "_s + QString::number(line) + u" für Mittel"_s;
+    text += u"\r\n"_s + QString(158, u'=');
     imNaechstenFenster([&](QWidget& box) {
         auto* const shown = box.findChild<QPlainTextEdit*>();
         ASSERT_TRUE(shown);
         EXPECT_EQ(shown->toPlainText(), QString(text).remove(u'\r'));
+        shown->document()->documentLayout()->blockBoundingRect(shown->document()->lastBlock()); // lays it out
+        EXPECT_EQ(shown->document()->lastBlock().layout()->lineCount(), 1) << "a rule is not wrapped";
         imNaechstenFenster([&](QWidget& dialog) {
             auto* const edit = dialog.findChild<QLineEdit*>(u"fileNameEdit"_s);
             edit->setText(name);
