@@ -25,6 +25,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr QSize Entwurfsgroesse(800, 580);
 const QString Abschnitt = u"Lagerverwaltung"_s; // of the user's settings
 
 QString formularordner()
@@ -54,10 +55,13 @@ LieferscheindruckForm::LieferscheindruckForm(int Jahr, QWidget* parent)
     });
     verdrahte(ui->Command2, &QPushButton::clicked, this, &LieferscheindruckForm::Command2_Click);
     verdrahte(ui->Command1, &QPushButton::clicked, this, [this] { close(); });
-    verdrahte(new QShortcut(QKeySequence::Refresh, this), &QShortcut::activated, this,
-              &LieferscheindruckForm::Form_Load);
+    verdrahte(new QShortcut(Qt::Key_F5, this), &QShortcut::activated, this, &LieferscheindruckForm::Form_Load);
+    verdrahte(new QShortcut(Qt::CTRL | Qt::Key_P, this), &QShortcut::activated, this, [this] {
+        if (ui->Command2->isVisible()) ui->Command2->click();
+    });
     Lieferscheindaten_Reposition(); // nothing is read yet
     Form_Load();
+    resize(Entwurfsgroesse.boundedTo(roomFor(*this)));
     restoreWindow(*this, Abschnitt, u"Fenster"_s + objectName());
     ui->SSDBGrid1->setFocus(); // head and form are mostly those of the last time
 }

@@ -1,9 +1,10 @@
 #include "platform/controls/LongMessage.h"
 
+#include "platform/controls/WindowMemory.h"
 #include "platform/controls/Wiring.h"
 #include "platform/system/Application.h"
+#include "platform/system/FileFault.h"
 #include "platform/system/GermanDialogs.h"
-#include "platform/system/Messages.h"
 
 #include <QApplication>
 #include <QDialog>
@@ -18,6 +19,8 @@
 #include <QStyle>
 #include <QVBoxLayout>
 
+#include <cerrno>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -28,7 +31,6 @@ constexpr QSize Size(900, 500);
 
 void save(QWidget& dialog, const QString& text)
 {
-    const sys::GermanDialogs german;
     QFileDialog choice(&dialog, u"Speichern"_s, {}, u"Textdateien (*.txt)"_s);
     choice.setAcceptMode(QFileDialog::AcceptSave);
     choice.setDefaultSuffix(u"txt"_s);
@@ -36,9 +38,10 @@ void save(QWidget& dialog, const QString& text)
     if (choice.exec() != QDialog::Accepted) return;
     const QString name = choice.selectedFiles().constFirst();
     QSaveFile file(name); // takes its name only when it is complete
-    const bool saved =
-        file.open(QIODevice::WriteOnly | QIODevice::Text) && file.write(text.toUtf8()) >= 0 && file.commit();
-    if (!saved) sys::critical(u"Die Datei '"_s + name + u"' kann nicht geschrieben werden. "_s + file.errorString());
+    errno = EISDIR;       // a directory is refused without asking the system
+    const bool saved = file.open(QIODevice::WriteOnly | QIODevice::Text) && file.write(text.toUtf8()) >= 0 &&
+                       file.flush() && file.commit();
+    if (!saved) throw sys::fileFault(errno, name);
 }
 
 } // namespace
@@ -51,6 +54,7 @@ bool isLongMessage(const QString& text)
 
 void showLongMessage(const QString& text, const QIcon& icon)
 {
+    const sys::GermanDialogs german; // the text's own menu, and the dialog for its file
     QDialog dialog(QApplication::activeWindow());
     dialog.setWindowTitle(sys::applicationTitle());
     auto* const picture = new QLabel(&dialog);
@@ -78,7 +82,7 @@ void showLongMessage(const QString& text, const QIcon& icon)
 
     verdrahte(saving, &QPushButton::clicked, &dialog, [&] { save(dialog, text); });
     verdrahte(closing, &QPushButton::clicked, &dialog, [&] { dialog.accept(); });
-    dialog.resize(Size);
+    dialog.resize(Size.boundedTo(roomFor(dialog)));
     closing->setFocus();
     dialog.exec();
 }

@@ -69,8 +69,9 @@ PreviewWindow::PreviewWindow(Document document, const QString& title, QWidget* p
 
 void PreviewWindow::buildBar(QHBoxLayout& bar)
 {
-    button(bar, u"Drucken"_s, u"&Drucken ..."_s, QKeySequence::Print, &PreviewWindow::Drucken_Click);
-    button(bar, u"PdfSpeichern"_s, u"Als &PDF speichern ..."_s, QKeySequence::Save, &PreviewWindow::PdfSpeichern_Click);
+    button(bar, u"Drucken"_s, u"&Drucken ..."_s, Qt::CTRL | Qt::Key_P, &PreviewWindow::Drucken_Click);
+    button(bar, u"PdfSpeichern"_s, u"Als &PDF speichern ..."_s, Qt::CTRL | Qt::Key_S,
+           &PreviewWindow::PdfSpeichern_Click);
     bar.addStretch();
     buildTurning(bar);
     bar.addStretch();
@@ -119,6 +120,7 @@ void PreviewWindow::buildTurning(QHBoxLayout& bar)
     m_page->setAlignment(Qt::AlignRight);
     m_page->setKeyboardTracking(false); // "12" does not lead over page 1
     m_page->setAccessibleName(u"Seite"_s);
+    m_page->setContextMenuPolicy(Qt::NoContextMenu); // it would speak the language of the host
     caption->setBuddy(m_page);
     connect(m_page, &QSpinBox::editingFinished, m_pages, [this] { m_pages->setFocus(); }); // keys turn pages again
     bar.addWidget(caption);
@@ -149,6 +151,7 @@ void PreviewWindow::buildZoom(QHBoxLayout& bar)
     m_zoom->setCurrentIndex(FixedEntries - 1);
     m_zoom->setEditable(true); // shows sizes that are not in the list
     m_zoom->lineEdit()->setReadOnly(true);
+    m_zoom->lineEdit()->setContextMenuPolicy(Qt::NoContextMenu);
     m_zoom->setInsertPolicy(QComboBox::NoInsert);
     caption->setBuddy(m_zoom);
     bar.addWidget(caption);

@@ -28,6 +28,15 @@ TEST_F(Lieferscheinfenster, EinLieferscheinNurMitDerTastatur)
     oeffne();
     auto& liste = feld<DataGrid>("SSDBGrid1");
     EXPECT_EQ(liste.Caption(), u"4 Lieferung(en)"_s);
+    const QRect platz = fenster->screen()->availableGeometry();
+    EXPECT_LE(fenster->frameGeometry().height(), platz.height());
+    EXPECT_LE(fenster->frameGeometry().width(), platz.width());
+    fenster->resize(400, 260); // a smaller display: it scrolls, and its buttons stay
+    for (const char* knopf : {"Command1", "Command2"}) {
+        auto& taste = feld<QPushButton>(knopf);
+        EXPECT_TRUE(fenster->rect().contains(QRect(taste.mapTo(fenster.get(), QPoint()), taste.size()))) << knopf;
+    }
+    fenster->resize(fenster->sizeHint().expandedTo(QSize(780, 560)));
     EXPECT_EQ(liste.currentIndex().row(), 3) << "the newest one";
     EXPECT_EQ(QApplication::focusWidget(), &liste);
     tippe("Text2(2)", u"Tel. 0123"_s);

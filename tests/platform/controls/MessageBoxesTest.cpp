@@ -12,6 +12,7 @@
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -23,11 +24,23 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <csignal>
+#include <memory>
+
+#include <sys/resource.h>
 
 using namespace Qt::StringLiterals;
 using namespace sys;
 
 namespace {
+
+void limitFileSize(rlim_t room) ///< Of this process: a disk that is full.
+{
+    rlimit limit{};
+    getrlimit(RLIMIT_FSIZE, &limit);
+    limit.rlim_cur = room;
+    setrlimit(RLIMIT_FSIZE, &limit);
+}
 
 /// The captions as they stand from left to right.
 QStringList captions(const QWidget& box)
@@ -133,7 +146,7 @@ TEST(MessageBoxes, CarryTheCommonErrorReport)
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr); // the report has ended the hourglass
 }
 
-// A text of many lines scrolls, letter for letter, and can be kept.
+// A text of many lines scrolls, letter for letter, and can be kept; that the disk is full is told, and tried again.
 TEST(MessageBoxes, ALongTextScrollsAndIsSaved)
 {
     const QTemporaryDir directory;
@@ -147,18 +160,36 @@ TEST(MessageBoxes, ALongTextScrollsAndIsSaved)
         ASSERT_TRUE(shown);
         EXPECT_EQ(shown->toPlainText(), QString(text).remove(u'\r'));
         shown->document()->documentLayout()->blockBoundingRect(shown->document()->lastBlock()); // lays it out
+        EXPECT_TRUE(box.screen()->availableGeometry().contains(box.frameGeometry()));
         EXPECT_EQ(shown->document()->lastBlock().layout()->lineCount(), 1) << "a rule is not wrapped";
-        imNaechstenFenster([&](QWidget& dialog) {
+        const std::unique_ptr<QMenu> menu(shown->createStandardContextMenu());
+        EXPECT_TRUE(menu->actions().constFirst()->text().contains(u"Kopieren"_s));
+        auto* const saving = box.findChildren<QPushButton*>().constFirst();
+        EXPECT_EQ(saving->text(), u"&Speichern ..."_s);
+        const auto enterName = [&](QWidget& dialog) {
             auto* const edit = dialog.findChild<QLineEdit*>(u"fileNameEdit"_s);
             edit->setText(name);
             QTest::keyClick(edit, Qt::Key_Return);
+        };
+        const auto before = std::signal(SIGXFSZ, SIG_IGN); // a write fails instead of ending the process
+        limitFileSize(100);
+        imNaechstenFenster([&](QWidget& dialog) {
+            imNaechstenFenster([&](QWidget& report) { // comes when the dialog has closed
+                limitFileSize(RLIM_INFINITY);
+                EXPECT_TRUE(textOf(report).endsWith(u"\nDatenträger voll: "_s + name)) << textOf(report).toStdString();
+                imNaechstenFenster(enterName);
+                for (QPushButton* button : report.findChildren<QPushButton*>())
+                    if (button->text() == u"&Wiederholen"_s) button->click(); // at once, as no mnemonic does
+            });
+            enterName(dialog);
         });
-        auto* const saving = box.findChildren<QPushButton*>().constFirst();
-        EXPECT_EQ(saving->text(), u"&Speichern ..."_s);
         saving->click();
+        std::signal(SIGXFSZ, before);
         box.close();
     });
-    EXPECT_EQ(MessageBoxes().show(text, OKOnly | Critical), Answer::OK);
+    MessageBoxes boxes;
+    const MessageScope scope(boxes);
+    EXPECT_EQ(boxes.show(text, OKOnly | Critical), Answer::OK);
     QFile file(name);
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     EXPECT_EQ(QString::fromUtf8(file.readAll()), QString(text).remove(u'\r'));
