@@ -3,7 +3,6 @@
 #include "delivery/Lieferscheinnummern.h"
 #include "tests/delivery/Lieferscheinfenster.h"
 #include "tests/support/Child.h"
-#include "tests/support/Fremdprogramm.h"
 
 #include <QElapsedTimer>
 
@@ -134,19 +133,6 @@ TEST_F(Nummern, EinApostrophHaeltDieAnderenNichtAuf)
     EXPECT_TRUE(vergib());
     EXPECT_EQ(zuschauer.gebucht, 2) << "while the message stands others can book";
     EXPECT_EQ(vergeben()[4], u"Adler | 3"_s);
-}
-
-TEST_F(Nummern, EineGesperrteDateiWirdEinmalGemeldet)
-{
-    verkauft(u"01.05. | Adler | Hafer | 1\n02.05. | Berger | Hafer | 1"_s);
-    {
-        const Fremdprogramm anderes(hof.journaldatei(2024));
-        hof.meldungen().beantworteAlle(sys::Answer::Ignore);
-        EXPECT_TRUE(vergib());
-        EXPECT_EQ(hof.meldungen().abgeholt().size(), 1);
-    }
-    EXPECT_TRUE(vergib());
-    EXPECT_EQ(vergeben(), (QStringList{u"Adler | 1"_s, u"Berger | 2"_s}));
 }
 
 TEST_F(Nummern, NachEinemAbbruchZaehltDieNaechsteOeffnungWeiter)

@@ -90,7 +90,7 @@ TEST_F(Druck, DasPapierSagtWasDerBildschirmZeigt)
          [] {},
          {u"Bewegungsjournal"_s, u"Von 01.01.2024 bis 31.12.2024"_s, u"Lindenhof"_s,
           u"Fortlaufend: Alle Lagerorte, Alle Artikelgruppen, Alle Artikel im Kalenderjahr 2024 sortiert nach Datum"_s,
-          u"06.05.2024 Weizen .. Verkauf H1 20,00 dt"_s},
+          u"06.05.2024 Weizen .. Verkauf H1 20,00 dt"_s, u"Herbizid .. Giftigkeit:"_s},
          {u"Summe"_s}},
         {"grouped",
          [&] { feld<OptionButton>("SSOption2").click(); },

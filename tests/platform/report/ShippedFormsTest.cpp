@@ -1,5 +1,4 @@
 #include "platform/report/Paginator.h"
-#include "platform/system/Clock.h"
 #include "tests/platform/report/Desk.h"
 #include "tests/support/Print.h"
 
@@ -90,46 +89,6 @@ TEST(ShippedForms, AndTheExampleOfTheDocumentPrint)
     EXPECT_EQ(desk.printedLines(example),
               (QStringList{u"ohne Namen"_s, u"Weizen"_s, u"01.01.2024 100,00"_s, u"02.08.2024 1.234,50"_s,
                            u"01.09.2024 -300,00 Hinweis: bar"_s, u"1.034,50"_s, u"Seite 1 von 1"_s}));
-}
-
-TEST(ShippedForms, PrintTheMovementJournal)
-{
-    NEEDS_PDFTOTEXT;
-    sys::stelleUhr(QDate(2024, 12, 31));
-    const Desk desk;
-    fill(desk);
-    const QStringList head = {u"Bewegungsjournal Demohof"_s, u"Dorf 1"_s,
-                              u"Von 01.01.2024 bis 31.12.2024 Betrieb 4711"_s};
-    const QString columns =
-        u"Datum Artikel Artikelgruppe Buchungsart Lagerort Zugang Abgang Einheit Preis Partner Kommentar"_s;
-    const QString first = u"01.01.2024 Weizen Ernte Anfangsbestand H1 100,00 dt"_s;
-    const QString harvest = u"02.08.2024 Weizen Ernte Ernte H1 1.234,50 dt"_s;
-    const QString sale = u"01.09.2024 Weizen Ernte Verkauf H2 300,00 dt 21,50 bar"_s;
-    const QStringList bought = {u"05.03.2024 Quendolar Pflanzenschutz Zukauf PSM 20,00 l 12,00"_s,
-                                u"Herbizid Giftigkeit: reizend"_s};
-    const QStringList used = {u"05.04.2024 Quendolar Pflanzenschutz Schwund PSM 20,00 l 12,00"_s,
-                              u"Herbizid Giftigkeit: reizend"_s};
-    const QString corrected = u"06.04.2024 Korrektur H1"_s;
-    const QStringList foot = {u"6 Bewegungen"_s, u"Gedruckt am 31.12.2024 Seite 1 von 1"_s};
-
-    const QMap<int, QString> continuous = {{8, u"MitGruppierung = 'J'"_s}};
-    const QStringList printed = desk.printedLines(job(desk, u"Lagerjournal.rpt"_s, continuous, u"Datum"_s));
-    EXPECT_EQ(printed, head + QStringList({u"Fortlaufend: Alle Lagerorte"_s, columns, first}) + bought + used +
-                           QStringList({corrected, harvest, sale}) + foot);
-
-    const QMap<int, QString> byArticle = {{3, u"MitSumme = 'J'"_s},
-                                          {6, u"Gruppenfeld = {JOURNAL.Artikel}"_s},
-                                          {7, u"Uberschrift2 = 'Gruppiert nach Artikel'"_s},
-                                          {8, u"MitGruppierung = 'J'"_s}};
-    const QStringList grouped = desk.printedLines(job(desk, u"Lagerjournal.rpt"_s, byArticle, u"Zugang"_s));
-    EXPECT_EQ(grouped, head +
-                           QStringList({u"Gruppiert nach Artikel: Alle Lagerorte"_s, columns, u"ohne Angabe"_s,
-                                        corrected, u"Summe 0,00 0,00 Saldo 0,00"_s, u"Quendolar"_s}) +
-                           used + bought +
-                           QStringList({u"Summe 20,00 20,00 l Saldo 0,00 l"_s, u"Weizen"_s, sale, first, harvest,
-                                        u"Summe 1.334,50 300,00 dt Saldo 1.034,50 dt"_s}) +
-                           foot);
-    sys::stelleUhr(std::nullopt);
 }
 
 TEST(ShippedForms, PrintTheStockList)
