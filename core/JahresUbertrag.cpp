@@ -5,8 +5,12 @@
 #include "core/Modulzustand.h"
 #include "core/Verzeichnisse.h"
 #include "core/farm/Jahresdateien.h"
+#include "platform/jet/Errors.h"
 #include "platform/jet/Rounding.h"
 #include "platform/system/Messages.h"
+
+#include <algorithm>
+#include <iterator>
 
 using namespace Qt::StringLiterals;
 
@@ -33,6 +37,17 @@ std::unique_ptr<jet::Recordset> paare(jet::Database& journal)
         u" avg(Preis) AS FirstPreis, First(Preisfaktor) AS FirstPreisfaktor, First(Einheit) AS FirstEinheit"
         u" FROM Lagerjournal GROUP BY Lagerjournal.Artikel, Lagerjournal.LagerortKurzKu"_s,
         jet::Kind::Snapshot);
+}
+
+/// Names the row of the year before at fault, where a value does not fit into the next one's file.
+[[noreturn]] void nennePaar(const jet::Error& fehler, const jet::Recordset& paar)
+{
+    using enum jet::ErrorNumber;
+    constexpr jet::ErrorNumber Wertfehler[] = {FieldTooLong, Overflow, ConversionFailed, ValueRequired,
+                                               ValueNotAllowed};
+    if (std::ranges::find(Wertfehler, fehler.number()) == std::end(Wertfehler)) throw fehler;
+    throw jet::named(jet::named(fehler, u"Artikel"_s, paar[u"Artikel"].toText()), u"Lagerort"_s,
+                     paar[u"LagerortKurzKu"].toText());
 }
 
 void schreibeAnfangsbestand(jet::Recordset& ziel, const jet::Recordset& paar, double bestand, int jahr)
@@ -78,8 +93,13 @@ void uebertrage(jet::Recordset& quelle, int vonJahr, int nachJahr)
     // once find each other's opening rows.
     journal->BeginTrans();
     const auto ziel = journal->OpenRecordset(u"Lagerjournal"_s, jet::Kind::Dynaset);
-    for (; !quelle.Eof(); quelle.MoveNext())
-        uebertragePaar(*ziel, quelle, vonJahr, nachJahr);
+    for (; !quelle.Eof(); quelle.MoveNext()) {
+        try {
+            uebertragePaar(*ziel, quelle, vonJahr, nachJahr);
+        } catch (const jet::Error& fehler) {
+            nennePaar(fehler, quelle);
+        }
+    }
     journal->Close();
 }
 

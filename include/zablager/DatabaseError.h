@@ -69,6 +69,7 @@ enum class ErrorNumber : int {
     AlterTableSyntax = 3293,
     DropSyntax = 3295,
     ValueRequired = 3314,
+    ValueNotAllowed = 3317,
     UnknownFormat = 3343,
     WrongColumnCount = 3346,
     TooComplex = 3360,

@@ -25,6 +25,12 @@ Value wholeNumber(const Value& value, double least, double greatest)
     return Value(static_cast<qint64>(number));
 }
 
+Value finite(double number)
+{
+    if (!std::isfinite(number)) raise(ErrorNumber::Overflow);
+    return Value(number);
+}
+
 Value truth(const Value& value)
 {
     if (value.type() != Type::Text) return Value(value.toBool());
@@ -72,9 +78,9 @@ Value convert(const Value& value, Type to)
     case Type::Short: return wholeNumber(value, -32768, 32767);
     case Type::Long:
     case Type::Counter: return wholeNumber(value, -2147483648.0, 2147483647.0);
-    case Type::Currency: return Value(Round(value.toDouble(), 4));
-    case Type::Single: return Value(static_cast<double>(static_cast<float>(value.toDouble())));
-    case Type::Double: return Value(value.toDouble());
+    case Type::Currency: return finite(Round(value.toDouble(), 4));
+    case Type::Single: return finite(static_cast<float>(value.toDouble()));
+    case Type::Double: return finite(value.toDouble());
     case Type::Date: return date(value);
     case Type::Text:
     case Type::Memo:

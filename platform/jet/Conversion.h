@@ -10,8 +10,8 @@ namespace jet {
 
 /// A value as a column of this type takes it, by German rules: "1,5" is 1.5, "1.5" is 15 (the dot groups), 0.25 is
 /// "0,25", whole numbers are rounded half to even. NULL stays NULL, but a Boolean column holds false instead.
-/// \throws Error ConversionFailed when the text is no number, date or truth value, the number too large, or a text holds
-/// the character 0.
+/// \throws Error ConversionFailed when the text is no number, date or truth value, the number too large for a whole one,
+/// or a text holds the character 0; Overflow when a number is infinite or none.
 Value convert(const Value& value, Type to);
 
 /// A number as text: decimal comma, no grouping, at most 15 significant digits, "1E+15" from there on.

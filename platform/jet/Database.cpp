@@ -7,6 +7,9 @@
 #include "platform/jet/sql/Lexer.h"
 #include "platform/jet/sqlite/Plan.h"
 
+#include <algorithm>
+#include <iterator>
+
 using namespace Qt::StringLiterals;
 
 namespace jet {
@@ -55,6 +58,24 @@ qint64 execute(Database::Session& session, const sql::Shape& shape)
     return affected;
 }
 
+/// What also comes of a file that was emptied, cut or overwritten while it was open.
+bool comesOfDamage(ErrorNumber number)
+{
+    using enum ErrorNumber;
+    constexpr ErrorNumber Numbers[] = {ReservedError,  DiskError,    TooFewParameters, UnknownNameInCriterion,
+                                       ObjectNotFound, UnknownTable, UnknownFormat,    NoSuchTable};
+    return std::ranges::find(Numbers, number) != std::end(Numbers);
+}
+
+/// What is said of a statement or a value, and is told of which file it was asked.
+bool needsFile(ErrorNumber number)
+{
+    using enum ErrorNumber;
+    constexpr ErrorNumber Numbers[] = {ReservedError, ReadOnly,     TooFewParameters, UnknownTable,
+                                       NoSuchField,   TypeMismatch, ConversionFailed};
+    return std::ranges::find(Numbers, number) != std::end(Numbers);
+}
+
 } // namespace
 
 sqlite::Connection& Database::Session::use() const
@@ -73,6 +94,12 @@ void Database::Session::undo()
 {
     if (hasTransaction()) connection->execute("ROLLBACK");
     transaction = false;
+}
+
+void Database::Session::tell(const Error& error) const
+{
+    if (comesOfDamage(error.number()) && connection && !connection->inTransaction()) requireDatabase(path);
+    throw needsFile(error.number()) ? named(error, u"Datei"_s, path) : error;
 }
 
 void Database::Session::letGo()
@@ -96,10 +123,15 @@ Database::~Database()
 qint64 Database::Execute(const QString& sql)
 {
     const auto shape = sql::shapeOf(sql);
-    return m_session->withPresentSchema([&] { return execute(*m_session, shape); });
+    return m_session->told([&] { return m_session->withPresentSchema([&] { return execute(*m_session, shape); }); });
 }
 
 std::unique_ptr<Recordset> Database::OpenRecordset(const QString& source, Kind kind)
+{
+    return m_session->told([&] { return std::unique_ptr<Recordset>(new Recordset(rowsOf(source, kind))); });
+}
+
+std::unique_ptr<Recordset::Rows> Database::rowsOf(const QString& source, Kind kind) const
 {
     auto shape = sql::shapeOf(source);
     const bool isTable = isTableName(source, shape, m_session->use().catalogue());
@@ -113,19 +145,21 @@ std::unique_ptr<Recordset> Database::OpenRecordset(const QString& source, Kind k
     };
     auto rows = m_session->withPresentSchema(open);
     if (m_session->use().forgetIfNoticed()) rows = open(); // what was read may lack a column that is there now
-    return std::unique_ptr<Recordset>(new Recordset(std::move(rows)));
+    return rows;
 }
 
 std::vector<TableDef> Database::TableDefs() const
 {
-    m_session->use().forgetIfChanged();
-    const auto& catalogue = m_session->use().catalogue();
-    std::vector<TableDef> tables;
-    for (const QString& name : catalogue.tables())
-        tables.push_back({name, catalogue.table(name)->columns, {}, {}});
-    for (const auto& link : catalogue.links())
-        tables.push_back({link.name, {}, link.connect, link.sourceTable});
-    return tables;
+    return m_session->told([&] {
+        m_session->use().forgetIfChanged();
+        const auto& catalogue = m_session->use().catalogue();
+        std::vector<TableDef> tables;
+        for (const QString& name : catalogue.tables())
+            tables.push_back({name, catalogue.table(name)->columns, {}, {}});
+        for (const auto& link : catalogue.links())
+            tables.push_back({link.name, {}, link.connect, link.sourceTable});
+        return tables;
+    });
 }
 
 void Database::CreateTableDef(const QString& name, const QString& connect, const QString& sourceTable)

@@ -46,6 +46,7 @@ private:
     friend class Engine;
     friend class Transaction;
     explicit Database(std::shared_ptr<Session> session);
+    std::unique_ptr<Recordset::Rows> rowsOf(const QString& source, Kind kind) const;
     std::shared_ptr<Session> m_session; // shared with the recordsets, which must notice that it was closed
 };
 

@@ -30,6 +30,7 @@ std::unique_ptr<Database> Engine::database(std::shared_ptr<sqlite::Connection> c
     session->giveBack = [pool = m_pool.get()](std::shared_ptr<sqlite::Connection> given) {
         pool->giveBack(std::move(given));
     };
+    session->requireDatabase = [pool = m_pool.get()](const QString& path) { pool->requireDatabase(path); };
     return std::unique_ptr<Database>(new Database(std::move(session)));
 }
 

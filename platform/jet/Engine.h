@@ -27,7 +27,7 @@ public:
     ///
     /// `connect` is "[type];key=value;...", of which only the type word and `pwd` are looked at: ";pwd=secret",
     /// "MS Access;PWD=secret". A file without a password opens with any text.
-    /// \throws Error FileNotFound, PathNotFound, CannotOpenFile, UnknownFormat, WrongPassword, UnknownDatabaseType.
+    /// \throws Error FileNotFound, PathNotFound, CannotOpenFile, UnknownFormat, WrongPassword, UnknownDatabaseType, Locked.
     std::unique_ptr<Database> OpenDatabase(const QString& path, const QString& connect = {});
 
     /// Creates an empty file. `locale` is a text such as ";LANGID=0x0409;CP=1252;COUNTRY=0", of which only `pwd`, the

@@ -75,6 +75,7 @@ constexpr Text Texts[] = {
     {ErrorNumber::AlterTableSyntax, u"Syntaxfehler in ALTER TABLE-Anweisung."},
     {ErrorNumber::DropSyntax, u"Syntaxfehler in DROP TABLE- oder DROP INDEX-Anweisung."},
     {ErrorNumber::ValueRequired, u"Das Feld '|' darf keinen Null-Wert enthalten, da die Required-Eigenschaft dieses Feldes auf True gesetzt ist."},
+    {ErrorNumber::ValueNotAllowed, u"Der Wert verletzt die Gültigkeitsregel: |."},
     {ErrorNumber::UnknownFormat, u"Nicht erkennbares Datenbankformat '|'."},
     {ErrorNumber::TooComplex, u"Abfrage ist zu komplex."},
     {ErrorNumber::WrongColumnCount, u"Die Anzahl der Abfragewerte und Zielfelder ist nicht identisch."},
@@ -112,10 +113,16 @@ void raise(ErrorNumber number, const QStringList& names, qsizetype position)
     throw Error(number, errorText(number, names), position);
 }
 
+Error named(const Error& error, const QString& kind, const QString& name)
+{
+    if (error.text().contains(u'\'' + name + u'\'')) return error;
+    const QString end = error.text().endsWith(u'.') ? QString() : u"."_s;
+    return Error(error.number(), error.text() + end + u' ' + kind + u": '"_s + name + u"'."_s, error.position());
+}
+
 void raiseOfFile(ErrorNumber number, const QString& path)
 {
-    const QString text = errorText(number, {path});
-    throw Error(number, text.contains(path) ? text : text + u" Datei: '"_s + path + u"'."_s);
+    throw named(Error(number, errorText(number, {path})), u"Datei"_s, path);
 }
 
 void refuse(const QString& feature, qsizetype position)

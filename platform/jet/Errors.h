@@ -13,6 +13,9 @@ QString errorText(ErrorNumber number, const QStringList& names = {});
 /// Throws the refusal. `position`: character of the statement, -1 without a place.
 [[noreturn]] void raise(ErrorNumber number, const QStringList& names = {}, qsizetype position = -1);
 
+/// The same refusal with what it concerns named at its end, unless it is named already: "... Feld: 'Menge'."
+Error named(const Error& error, const QString& kind, const QString& name);
+
 /// The same for a fault of a whole file, which is named where the number's own text does not.
 [[noreturn]] void raiseOfFile(ErrorNumber number, const QString& path);
 

@@ -4,6 +4,8 @@
 #include "platform/jet/Errors.h"
 #include "platform/jet/sqlite/Names.h"
 
+using namespace Qt::StringLiterals;
+
 namespace jet {
 
 using sqlite::Statement;
@@ -17,7 +19,7 @@ std::optional<std::vector<Value>> KeyedRows::read(qint64 key, const std::vector<
     std::vector<Value> values;
     values.reserve(columns.size());
     for (const int column : columns)
-        values.push_back(run.value(column, fields()[static_cast<std::size_t>(column)].type));
+        values.push_back(cell(run, column));
     return values;
 }
 
@@ -75,7 +77,11 @@ void KeyedRows::set(int column, const Value& value)
     const auto index = static_cast<std::size_t>(column);
     if (m_plan->select->columns[index].tableColumn < 0 || fields()[index].type == Type::Counter)
         raise(ErrorNumber::FieldNotUpdatable);
-    m_pending[index] = convert(value, fields()[index].type);
+    try {
+        m_pending[index] = convert(value, fields()[index].type);
+    } catch (const Error& error) {
+        throw named(error, u"Feld"_s, fields()[index].name);
+    }
 }
 
 std::vector<KeyedRows::Change> KeyedRows::changes() const

@@ -57,7 +57,6 @@ std::shared_ptr<sqlite::Connection> Engine::Pool::open(const QString& path, cons
         raise(ErrorNumber::FileNotFound, {local});
     }
     if (now->isDirectory) raise(ErrorNumber::CannotOpenFile, {local});
-    if (now->size == 0) raise(ErrorNumber::UnknownFormat, {local});
     auto connection = connected(local);
     // Which text hosts hand over for files without a password is their affair: such a file opens with any.
     if (connection->catalogue().hasPassword() && !connection->catalogue().accepts(readConnect(connect).password))
@@ -83,13 +82,18 @@ std::shared_ptr<sqlite::Connection> Engine::Pool::known(const QString& path, con
     return m_entries.front().connection;
 }
 
+void Engine::Pool::requireDatabase(const QString& path) const
+{
+    if (sys::identify(path)) connected(path);
+}
+
 std::shared_ptr<sqlite::Connection> Engine::Pool::connected(const QString& path) const
 {
+    if (sys::identify(path).value_or(sys::FileIdentity()).size == 0) raise(ErrorNumber::UnknownFormat, {path});
     try {
         return std::make_shared<sqlite::Connection>(path, sqlite::Connection::Mode::Existing, m_lockTimeout);
     } catch (const Error& error) {
         if (error.number() == ErrorNumber::UnknownFormat) raiseFormat(path);
-        if (error.number() == ErrorNumber::Locked) raise(ErrorNumber::CannotOpenFile, {path});
         throw;
     }
 }
@@ -97,7 +101,7 @@ std::shared_ptr<sqlite::Connection> Engine::Pool::connected(const QString& path)
 std::shared_ptr<sqlite::Connection> Engine::Pool::create(const QString& path, const QString& locale)
 {
     const QString local = sys::localPath(path);
-    if (sys::identify(local)) raise(ErrorNumber::DatabaseExists);
+    if (sys::identify(local)) raiseOfFile(ErrorNumber::DatabaseExists, local);
     requireDirectory(local);
     prepareForChange(local);
     const QString password = readConnect(locale).password;

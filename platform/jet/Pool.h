@@ -13,6 +13,8 @@ class Engine::Pool {
 public:
     /// The connection to a file, an open one or a new one. \throws Error as Engine::OpenDatabase.
     std::shared_ptr<sqlite::Connection> open(const QString& path, const QString& connect);
+    /// Throws what opening a file would; one that is gone is left to whoever has it open.
+    void requireDatabase(const QString& path) const;
     std::shared_ptr<sqlite::Connection> create(const QString& path, const QString& locale);
     /// Takes a connection back that its last user lets go.
     void giveBack(std::shared_ptr<sqlite::Connection> connection);

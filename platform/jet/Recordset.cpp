@@ -23,32 +23,27 @@ bool Recordset::Eof() const
 
 void Recordset::MoveFirst()
 {
-    m_rows->connection();
-    m_rows->moveFirst();
+    m_rows->told([this] { m_rows->moveFirst(); });
 }
 
 void Recordset::MoveLast()
 {
-    m_rows->connection();
-    m_rows->moveLast();
+    m_rows->told([this] { m_rows->moveLast(); });
 }
 
 void Recordset::MoveNext()
 {
-    m_rows->connection();
-    m_rows->moveNext();
+    m_rows->told([this] { m_rows->moveNext(); });
 }
 
 void Recordset::MovePrevious()
 {
-    m_rows->connection();
-    m_rows->movePrevious();
+    m_rows->told([this] { m_rows->movePrevious(); });
 }
 
 void Recordset::FindFirst(const QString& criterion)
 {
-    m_rows->connection();
-    m_rows->findFirst(criterion);
+    m_rows->told([&] { m_rows->findFirst(criterion); });
 }
 
 bool Recordset::NoMatch() const
@@ -58,8 +53,7 @@ bool Recordset::NoMatch() const
 
 qsizetype Recordset::RecordCount() const
 {
-    m_rows->connection();
-    return m_rows->count();
+    return m_rows->told([this] { return m_rows->count(); });
 }
 
 qsizetype Recordset::AbsolutePosition() const
@@ -84,9 +78,10 @@ Bookmark Recordset::GetBookmark() const
 
 void Recordset::SetBookmark(const Bookmark& bookmark)
 {
-    m_rows->connection();
-    if (bookmark.m_recordset != m_rows->number || !m_rows->moveToMark(bookmark.m_row))
-        raise(ErrorNumber::InvalidBookmark);
+    m_rows->told([&] {
+        if (bookmark.m_recordset != m_rows->number || !m_rows->moveToMark(bookmark.m_row))
+            raise(ErrorNumber::InvalidBookmark);
+    });
 }
 
 Bookmark Recordset::LastModified() const
@@ -97,19 +92,20 @@ Bookmark Recordset::LastModified() const
 
 std::optional<std::vector<Value>> Recordset::RowAt(qsizetype position) const
 {
-    m_rows->connection();
-    return m_rows->valuesAt(position, m_rows->allColumns());
+    return m_rows->told([&] { return m_rows->valuesAt(position, m_rows->allColumns()); });
 }
 
 std::vector<std::optional<std::vector<Value>>> Recordset::RowsAt(qsizetype first, qsizetype count,
                                                                  const std::vector<int>& columns) const
 {
-    const sqlite::ReadScope scope(m_rows->connection());
-    std::vector<std::optional<std::vector<Value>>> rows;
-    rows.reserve(static_cast<std::size_t>(count));
-    for (qsizetype position = first; position < first + count; ++position)
-        rows.push_back(m_rows->valuesAt(position, columns));
-    return rows;
+    return m_rows->told([&] {
+        const sqlite::ReadScope scope(m_rows->connection());
+        std::vector<std::optional<std::vector<Value>>> rows;
+        rows.reserve(static_cast<std::size_t>(count));
+        for (qsizetype position = first; position < first + count; ++position)
+            rows.push_back(m_rows->valuesAt(position, columns));
+        return rows;
+    });
 }
 
 Bookmark Recordset::BookmarkAt(qsizetype position) const
@@ -144,15 +140,15 @@ const std::vector<Field>& Recordset::Fields() const
 
 Value Recordset::operator[](QStringView field) const
 {
-    m_rows->connection();
-    return m_rows->value(m_rows->column(field));
+    return m_rows->told([&] { return m_rows->value(m_rows->column(field)); });
 }
 
 Value Recordset::operator[](qsizetype column) const
 {
-    m_rows->connection();
-    if (column < 0 || column >= static_cast<qsizetype>(Fields().size())) raise(ErrorNumber::NoSuchField);
-    return m_rows->value(static_cast<int>(column));
+    return m_rows->told([&] {
+        if (column < 0 || column >= static_cast<qsizetype>(Fields().size())) raise(ErrorNumber::NoSuchField);
+        return m_rows->value(static_cast<int>(column));
+    });
 }
 
 bool Recordset::Updatable() const
@@ -162,32 +158,27 @@ bool Recordset::Updatable() const
 
 void Recordset::AddNew()
 {
-    m_rows->connection();
-    m_rows->addNew();
+    m_rows->told([this] { m_rows->addNew(); });
 }
 
 void Recordset::Edit()
 {
-    m_rows->connection();
-    m_rows->edit();
+    m_rows->told([this] { m_rows->edit(); });
 }
 
 void Recordset::Set(QStringView field, const Value& value)
 {
-    m_rows->connection();
-    m_rows->set(m_rows->column(field), value);
+    m_rows->told([&] { m_rows->set(m_rows->column(field), value); });
 }
 
 void Recordset::Update()
 {
-    m_rows->connection();
-    m_rows->update();
+    m_rows->told([this] { m_rows->update(); });
 }
 
 void Recordset::CancelUpdate()
 {
-    m_rows->connection();
-    m_rows->cancelUpdate();
+    m_rows->told([this] { m_rows->cancelUpdate(); });
 }
 
 bool Recordset::Editing() const
@@ -197,8 +188,7 @@ bool Recordset::Editing() const
 
 void Recordset::Delete()
 {
-    m_rows->connection();
-    m_rows->remove();
+    m_rows->told([this] { m_rows->remove(); });
 }
 
 } // namespace jet

@@ -7,6 +7,7 @@
 #include "platform/jet/bind/Table.h"
 
 #include <algorithm>
+#include <cmath>
 #include <numeric>
 
 namespace jet {
@@ -31,6 +32,15 @@ int Recordset::Rows::column(QStringView name) const
                                     [name](const Field& field) { return bind::sameName(field.name, name); });
     if (found == fields().end()) raise(ErrorNumber::NoSuchField);
     return static_cast<int>(found - fields().begin());
+}
+
+Value Recordset::Rows::cell(const sqlite::Statement::Run& run, int column) const
+{
+    const auto index = static_cast<std::size_t>(column);
+    Value value = run.value(column, fields()[index].type);
+    const bool computed = m_plan->select->columns[index].tableColumn < 0;
+    if (computed && value.type() == Type::Double && !std::isfinite(value.toDouble())) raise(ErrorNumber::Overflow);
+    return value;
 }
 
 std::vector<int> Recordset::Rows::allColumns() const

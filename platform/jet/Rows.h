@@ -47,10 +47,23 @@ public:
     std::vector<int> allColumns() const;
     sqlite::Connection& connection() const { return m_session->use(); }
 
+    /// Does the work on the open file; a refusal that may be the file's fault leaves it as the user is to read it.
+    /// \throws Error ObjectClosed.
+    template <typename Work>
+    auto told(Work work) const
+    {
+        connection();
+        return m_session->told(work);
+    }
+
     const quint64 number; ///< Of this recordset, unlike any other's.
     bool noMatch = false;
 
 protected:
+    /// A cell of a row that the plan's statement gives. \throws Error Overflow when what was computed is infinite; what
+    /// stands in the file is given as it is, so that it can be found and mended.
+    Value cell(const sqlite::Statement::Run& run, int column) const;
+
     std::shared_ptr<Database::Session> m_session;
     std::shared_ptr<sqlite::Plan> m_plan;
     sql::Shape m_shape;

@@ -19,6 +19,7 @@ struct Database::Session {
     std::shared_ptr<sqlite::Connection> connection; ///< Null once closed.
     sqlite::OpenFile openFile;
     std::function<void(std::shared_ptr<sqlite::Connection>)> giveBack;
+    std::function<void(const QString& path)> requireDatabase; ///< Throws what opening the file would.
     QString path;
     bool transaction = false; ///< BeginTrans was called and not yet answered.
 
@@ -37,11 +38,26 @@ struct Database::Session {
     {
         try {
             return work();
-        } catch (const Error&) {
-            if (!use().forgetIfChanged()) throw;
+        } catch (const Error& error) {
+            // Asking a locked file for its tables would wait for the same lock once more.
+            if (error.number() == ErrorNumber::Locked || !use().forgetIfChanged()) throw;
         }
         return work();
     }
+
+    /// Does the work; a refusal that may be the file's fault leaves it as the user is to read it.
+    template <typename Work>
+    auto told(Work work) const
+    {
+        try {
+            return work();
+        } catch (const Error& error) {
+            tell(error);
+        }
+    }
+
+private:
+    [[noreturn]] void tell(const Error& error) const;
 };
 
 } // namespace jet

@@ -21,7 +21,7 @@ void SnapshotRows::read()
         bindParameters(run, m_shape.parameters);
         for (; run.step(); ++m_count)
             for (std::size_t i = 0; i < fields().size(); ++i)
-                m_values.push_back(run.value(static_cast<int>(i), fields()[i].type));
+                m_values.push_back(cell(run, static_cast<int>(i)));
     }
     own.reset();
     m_plan->attachments.reset();

@@ -207,7 +207,18 @@ TEST(JahresUbertrag, WasVorEinemFehlerGeschriebenWurdeBleibt)
         EXPECT_EQ(fehler.number(), jet::ErrorNumber::ExpressionSyntax) << fehler.what();
     }
     EXPECT_EQ(hof.journal(2025), zeilen("01.01. | H1 | Anis | 1 | Anfangsbestand"));
-    hof.fuehreAus(2024, u"UPDATE LAGERJOURNAL SET Artikel = 'Mix' WHERE Menge = 2"_s);
+    hof.fuehreAus(2024, u"UPDATE LAGERJOURNAL SET Artikel = 'Mix', Menge = 1E308 WHERE Menge = 2"_s);
+    hof.fuehreAus(
+        2024,
+        u"INSERT INTO LAGERJOURNAL (Datum, Artikel, LagerortKurzKu, Menge) VALUES (#1/1/2024#, 'Mix', 'H1', 1E308)"_s);
+    try {
+        JahresUbertrag();
+        ADD_FAILURE() << "no stock is infinite";
+    } catch (const jet::Error& fehler) {
+        EXPECT_EQ(fehler.text(), u"Überlauf. Artikel: 'Mix'. Lagerort: 'H1'."_s);
+    }
+    hof.fuehreAus(2024, u"DELETE FROM LAGERJOURNAL WHERE ID > 3"_s);
+    hof.fuehreAus(2024, u"UPDATE LAGERJOURNAL SET Menge = 2 WHERE Artikel = 'Mix'"_s);
     ASSERT_TRUE(JahresUbertrag());
     EXPECT_EQ(hof.journal(2025), zeilen("01.01. | H1 | Anis | 1 | Anfangsbestand\n"
                                         "01.01. | H1 | Mix | 2 | Anfangsbestand\n"

@@ -30,20 +30,20 @@ void writeWhere(QByteArray& out, ExpressionWriter& writer, const sql::Expression
 QByteArray writeInsert(const bind::BoundInsert& insert)
 {
     QByteArray out = "INSERT INTO " + target(insert.table) + '(';
-    std::vector<Type> types;
+    std::vector<Field> fields;
     for (std::size_t i = 0; i < insert.columns.size(); ++i) {
         const Field& column = columnAt(insert.table, insert.columns[i]);
         out += (i > 0 ? "," : "") + quoted(column.name);
-        types.push_back(column.type);
+        fields.push_back(column);
     }
     out += ") ";
-    if (insert.select) return out + writeRows(*insert.select, types);
+    if (insert.select) return out + writeRows(*insert.select, fields);
     out += "VALUES(";
     const std::vector<bind::TablePtr> none;
     ExpressionWriter writer(out, none);
     for (std::size_t i = 0; i < insert.values.size(); ++i) {
         if (i > 0) out += ',';
-        writer.assigned(*insert.values[i], types[i]);
+        writer.assigned(*insert.values[i], fields[i].type, fields[i].name);
     }
     return out + ')';
 }
@@ -56,7 +56,7 @@ QByteArray writeUpdate(const bind::BoundUpdate& update)
     for (std::size_t i = 0; i < update.columns.size(); ++i) {
         const Field& column = columnAt(update.table, update.columns[i]);
         out += (i > 0 ? "," : "") + quoted(column.name) + '=';
-        writer.assigned(*update.values[i], column.type);
+        writer.assigned(*update.values[i], column.type, column.name);
     }
     writeWhere(out, writer, update.where);
     return out;

@@ -36,7 +36,7 @@ QByteArray writeColumn(const sql::ColumnDefinition& column)
         text += '(' + size + ") CHECK(length(" + quoted(column.name) + ")<=" + size + ')';
     }
     if (column.type == Type::Boolean)
-        text += " NOT NULL DEFAULT 0";
+        text += " NOT NULL DEFAULT 0 CHECK(-" + quoted(column.name) + " IN (0,1))";
     else if (column.required || column.primaryKey)
         text += " NOT NULL";
     return text;

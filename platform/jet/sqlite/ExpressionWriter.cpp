@@ -33,6 +33,12 @@ bool isCondition(const Expression& expression)
     }
 }
 
+/// Whether it is -1, 0 or NULL, wherever its operands come from.
+bool isTruth(const Expression& expression)
+{
+    return isCondition(expression) || (expression.op == Op::Constant && expression.type == Type::Boolean);
+}
+
 bool anyText(const Expression& expression)
 {
     return std::any_of(expression.arguments.begin(), expression.arguments.end(),
@@ -158,21 +164,23 @@ void ExpressionWriter::key(const Expression& expression)
     if (isText(expression.type)) m_out += " COLLATE " + collationName();
 }
 
-void ExpressionWriter::assigned(const Expression& expression, Type to)
+void ExpressionWriter::assigned(const Expression& expression, Type to, const QString& field)
 {
-    if (to == Type::Boolean && expression.type == Type::Boolean) { // the one type whose columns hold no NULL
+    const bool certain = isTruth(expression) || (expression.type == Type::Boolean && field.isEmpty());
+    if (certain && to == Type::Boolean) { // the one type whose columns hold no NULL
         m_out += "ifnull(";
         value(expression);
         m_out += ",0)";
         return;
     }
-    // What is computed may be too large for a whole number of its type.
-    const bool computed = isWhole(to) && expression.op != Op::Column && expression.op != Op::Parameter;
-    if (!computed && !needsConversion(expression.type, to)) return value(expression);
+    // What is computed may be too large for a number of its type; what a column holds was perhaps not written by us.
+    const bool computed = expression.op != Op::Column || !field.isEmpty();
+    const bool checked = isNumber(to) && computed && expression.op != Op::Parameter && expression.op != Op::Constant;
+    if (!checked && !needsConversion(expression.type, to)) return value(expression);
     m_out += "jet_convert(";
     value(expression);
     m_out += ',' + QByteArray::number(static_cast<int>(expression.type)) + ',' +
-             QByteArray::number(static_cast<int>(to)) + ')';
+             QByteArray::number(static_cast<int>(to)) + ",'" + field.toUtf8().replace("'", "''") + "')";
 }
 
 void ExpressionWriter::comparison(const Expression& expression, const char* op)

@@ -6,6 +6,8 @@
 
 #include <QByteArray>
 
+#include <QString>
+
 #include <vector>
 
 namespace jet::sqlite {
@@ -32,8 +34,9 @@ public:
     void condition(const sql::Expression& expression); ///< What SQLite takes for true or false.
     /// A key of GROUP BY, ORDER BY or DISTINCT: a text with the engine's collation.
     void key(const sql::Expression& expression);
-    /// The value as a column of that type takes it.
-    void assigned(const sql::Expression& expression, Type to);
+    /// The value as a column of that type takes it. `field` is the column of a table that there is already: what it does
+    /// not take is refused naming it. A new table takes the columns of others as they are.
+    void assigned(const sql::Expression& expression, Type to, const QString& field = {});
 
 private:
     void comparison(const sql::Expression& expression, const char* op);

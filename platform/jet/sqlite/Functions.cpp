@@ -197,9 +197,7 @@ void isNumeric(sqlite3_context* context, int count, sqlite3_value** values)
 Value divide(const Arguments& a)
 {
     if (a.number(1) == 0.0) raise(ErrorNumber::DivisionByZero);
-    const double quotient = a.number(0) / a.number(1);
-    if (!std::isfinite(quotient)) raise(ErrorNumber::Overflow);
-    return Value(quotient);
+    return Value(a.number(0) / a.number(1));
 }
 
 /// Both operands become whole numbers first.
@@ -222,7 +220,6 @@ Value power(const Arguments& a)
     if (a.number(0) == 0.0 && a.number(1) < 0.0) raise(ErrorNumber::DivisionByZero);
     const double result = std::pow(a.number(0), a.number(1));
     if (std::isnan(result)) raise(ErrorNumber::InvalidArgument);
-    if (!std::isfinite(result)) raise(ErrorNumber::Overflow);
     return Value(result);
 }
 
@@ -251,14 +248,26 @@ Value dayOf(const Arguments& a)
     return Value(a.date(0).date().day());
 }
 
-/// value, type it has, type it gets: NULL too has an answer, since a truth value is never NULL.
+/// A column of another program's may hold other numbers, which read as True. They are not handed on.
+Value converted(const Arguments& a)
+{
+    const auto from = static_cast<Type>(a.whole(1));
+    const auto to = static_cast<Type>(a.whole(2));
+    const bool isTruth = from == Type::Boolean && to == Type::Boolean;
+    if (isTruth && a.number(0) != 0.0 && a.number(0) != -1.0) throw noTruthValue({});
+    return convert(a.value(0, from), to);
+}
+
+/// value, type it has, type it gets, name of the field that gets it or '': NULL too has an answer, since a truth value is
+/// never NULL.
 void convertValue(sqlite3_context* context, int count, sqlite3_value** values)
 {
+    const Arguments a(count, values);
     try {
-        const Arguments a(count, values);
-        resultValue(context, convert(a.value(0, static_cast<Type>(a.whole(1))), static_cast<Type>(a.whole(2))));
+        resultValue(context, converted(a));
     } catch (const Error& error) {
-        resultError(context, error);
+        const QString field = a.text(3);
+        resultError(context, field.isEmpty() ? error : named(error, u"Feld"_s, field));
     } catch (const std::bad_alloc&) {
         sqlite3_result_error_nomem(context);
     }
@@ -310,7 +319,7 @@ constexpr Row Rows[] = {
     {"jet_mod", 2, call<modulo>},          {"jet_pow", 2, call<power>},
     {"jet_daynumber", 1, call<dayNumberOf>}, {"jet_date", 1, call<dateOf>},
     {"jet_year", 1, call<yearOf>},         {"jet_month", 1, call<monthOf>},     {"jet_day", 1, call<dayOf>},
-    {"jet_convert", 3, convertValue},
+    {"jet_convert", 4, convertValue},
 };
 // clang-format on
 

@@ -58,11 +58,11 @@ private:
         if (isLink || !Catalogue::storedName(m_connection, schema, into.table).isEmpty())
             raise(ErrorNumber::TableExists, {into.table});
         sql::CreateTable create{into.table, intoColumns(select)};
-        std::vector<Type> types;
-        for (const auto& column : create.columns)
-            types.push_back(column.type);
+        std::vector<Field> fields(create.columns.size());
+        for (std::size_t i = 0; i < fields.size(); ++i)
+            fields[i].type = create.columns[i].type;
         m_plan->definition = writeCreateTable(create, schema);
-        m_plan->action = "INSERT INTO " + schema + '.' + quoted(into.table) + ' ' + writeRows(select, types);
+        m_plan->action = "INSERT INTO " + schema + '.' + quoted(into.table) + ' ' + writeRows(select, fields);
         m_plan->changesSchema = true;
     }
 

@@ -51,7 +51,7 @@ public:
         : m_select(select), m_expressions(m_out, select.tables), m_oneGroup(hasOneGroup()), m_order(order())
     {}
 
-    QByteArray rows(const std::vector<Type>& assignTo)
+    QByteArray rows(const std::vector<Field>& assignTo)
     {
         // The column with the lowest key would be one too many for a table, and make all rows of DISTINCT different.
         const bool mayAddColumn = assignTo.empty() && !m_select.tree.distinct;
@@ -217,14 +217,14 @@ private:
         }
     }
 
-    void columns(const std::vector<Type>& assignTo)
+    void columns(const std::vector<Field>& assignTo)
     {
         for (std::size_t i = 0; i < m_select.columns.size(); ++i) {
             const auto& expression = *m_select.columns[i].expression;
             if (i > 0) m_out += ',';
             if (!assignTo.empty()) {
-                m_expressions.assigned(expression, assignTo[i]);
-                if (m_select.tree.distinct && isText(assignTo[i])) m_out += " COLLATE " + collationName();
+                m_expressions.assigned(expression, assignTo[i].type, assignTo[i].name);
+                if (m_select.tree.distinct && isText(assignTo[i].type)) m_out += " COLLATE " + collationName();
             } else if (m_select.tree.distinct)
                 m_expressions.key(expression);
             else
@@ -268,7 +268,7 @@ private:
         return m_out;
     }
 
-    QByteArray ranked(const std::vector<Type>& assignTo)
+    QByteArray ranked(const std::vector<Field>& assignTo)
     {
         QByteArray outer;
         for (std::size_t i = 0; i < m_select.columns.size(); ++i)
@@ -302,7 +302,7 @@ private:
 
 } // namespace
 
-QByteArray writeRows(const BoundSelect& select, const std::vector<Type>& assignTo)
+QByteArray writeRows(const BoundSelect& select, const std::vector<Field>& assignTo)
 {
     return SelectWriter(select).rows(assignTo);
 }

@@ -10,8 +10,9 @@ namespace jet::sqlite {
 
 /// The statement that gives the rows of a SELECT, in the order that the dialect promises also where none is asked for:
 /// groups and DISTINCT rows sorted by their columns, other rows and equal sort keys by the key of the row.
-/// \param assignTo where the rows go to columns of a table: their types, one for each column of the result.
-QByteArray writeRows(const bind::BoundSelect& select, const std::vector<Type>& assignTo = {});
+/// \param assignTo where the rows go to columns of a table: these, one for each column of the result. Those of a table
+/// that is made for the rows have no names.
+QByteArray writeRows(const bind::BoundSelect& select, const std::vector<Field>& assignTo = {});
 
 /// The statement that gives the keys of the rows only, in the same order. For a keyed SELECT.
 QByteArray writeKeys(const bind::BoundSelect& select);

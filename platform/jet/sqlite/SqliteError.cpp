@@ -2,6 +2,8 @@
 
 #include "platform/jet/Errors.h"
 
+#include <QRegularExpression>
+
 #include <sqlite3.h>
 
 #include <new>
@@ -12,24 +14,49 @@ namespace jet::sqlite {
 
 namespace {
 
-constexpr char OwnError[] = "jet:"; // before the number of an Error that one of our functions threw
+constexpr char OwnError[] = "jet:"; // before number and text of an Error that one of our functions threw
+
+/// The texts of our own checks are those that ColumnType.cpp writes.
+[[noreturn]] void raiseCheck(const QString& message)
+{
+    static const QRegularExpression length(u"length\\(\"(.+)\"\\)<=(\\d+)$"_s);
+    static const QRegularExpression truth(u"-\"(.+)\" IN \\(0,1\\)$"_s);
+    if (const auto found = length.match(message); found.hasMatch()) {
+        const QString text = errorText(ErrorNumber::FieldTooLong) + u" Feld: '"_s + found.captured(1);
+        throw Error(ErrorNumber::FieldTooLong, text + u"', höchstens "_s + found.captured(2) + u" Zeichen."_s);
+    }
+    if (const auto found = truth.match(message); found.hasMatch()) throw noTruthValue(found.captured(1));
+    raise(ErrorNumber::ValueNotAllowed, {message.section(u": "_s, 1)});
+}
 
 [[noreturn]] void raiseConstraint(int code, const QString& message)
 {
     if (code == SQLITE_CONSTRAINT_NOTNULL) raise(ErrorNumber::ValueRequired, {message.section(u'.', -1)});
-    if (code == SQLITE_CONSTRAINT_CHECK) raise(ErrorNumber::FieldTooLong); // no column has another check
+    if (code == SQLITE_CONSTRAINT_CHECK) raiseCheck(message);
     raise(ErrorNumber::DuplicateKey);
 }
 
-[[noreturn]] void raiseStatementError(const QString& message)
+[[noreturn]] void raiseOwn(const QString& message)
 {
-    if (message.startsWith(QLatin1StringView(OwnError)))
-        raise(static_cast<ErrorNumber>(message.mid(sizeof OwnError - 1).toInt()));
+    const QString error = message.mid(sizeof OwnError - 1);
+    throw Error(static_cast<ErrorNumber>(error.section(u':', 0, 0).toInt()), error.section(u':', 1));
+}
+
+/// What is only said by a text of SQLite's, which is no text for a user.
+[[noreturn]] void raiseStatementError(int code, const QString& message, const QString& files)
+{
+    if (message.startsWith(QLatin1StringView(OwnError))) raiseOwn(message);
     const bool tooLarge = message.contains(u"overflow") || message.contains(u"too large") ||
                           message.contains(u"too many") || message.contains(u"too deep");
     if (message == u"integer overflow") raise(ErrorNumber::Overflow);
     if (tooLarge) raise(ErrorNumber::TooComplex);
-    raise(ErrorNumber::ReservedError, {message});
+    // Figures in the head of a file, of its format and its code of characters.
+    if (message == u"unsupported file format" || message.contains(u"text encoding"))
+        raiseOfFile(ErrorNumber::UnknownFormat, files);
+    const QString name = message.section(u": "_s, 1).section(u'.', -1);
+    if (message.startsWith(u"no such table: ")) raise(ErrorNumber::UnknownTable, {name});
+    if (message.startsWith(u"no such column: ")) raise(ErrorNumber::UnknownNameInCriterion, {name});
+    raise(ErrorNumber::ReservedError, {QString::number(code)});
 }
 
 /// The connection's file, and those that are attached to it while a statement needs them: SQLite does not tell which of
@@ -47,8 +74,16 @@ QString filesOf(sqlite3* connection, QString path)
 
 void resultError(sqlite3_context* context, const Error& error)
 {
-    const QByteArray text = OwnError + QByteArray::number(static_cast<int>(error.number()));
+    const QByteArray text =
+        OwnError + QByteArray::number(static_cast<int>(error.number())) + ':' + error.text().toUtf8();
     sqlite3_result_error(context, text.constData(), static_cast<int>(text.size()));
+}
+
+Error noTruthValue(const QString& field)
+{
+    const Error error(ErrorNumber::ValueNotAllowed,
+                      errorText(ErrorNumber::ValueNotAllowed, {u"0 (Nein) oder -1 (Ja)"_s}));
+    return field.isEmpty() ? error : named(error, u"Feld"_s, field);
 }
 
 void raiseFailure(sqlite3* connection, const QString& path)
@@ -70,7 +105,7 @@ void raiseFailure(sqlite3* connection, const QString& path)
     case SQLITE_NOTADB: raiseOfFile(ErrorNumber::UnknownFormat, files);
     case SQLITE_TOOBIG: raise(ErrorNumber::TooComplex);
     case SQLITE_NOMEM: throw std::bad_alloc();
-    default: raiseStatementError(message);
+    default: raiseStatementError(code, message, files);
     }
 }
 

@@ -120,8 +120,9 @@ TEST_F(GridScreen, StaysWhereTheDataControlStays)
 
     m_data.Edit();
     m_data.Set(u"Preisfaktor", u"1000"_s); // a letter too long: it cannot be saved
-    const QString told = report(3163, u"Das Feld ist zu klein für die Datenmenge, die Sie hinzufügen wollten. "
-                                      u"Versuchen Sie, weniger Daten einzufügen."_s);
+    const QString told =
+        report(3163, u"Das Feld ist zu klein für die Datenmenge, die Sie hinzufügen wollten. "
+                     u"Versuchen Sie, weniger Daten einzufügen. Feld: 'Preisfaktor', höchstens 3 Zeichen."_s);
     m_farm.meldungen().beantworte(told, sys::Answer::Ignore);
     press(Qt::Key_Down);
     EXPECT_EQ(messages().size(), 1);

@@ -1,16 +1,20 @@
+#include "platform/jet/sqlite/Connection.h"
 #include "tests/platform/jet/Notation.h"
 #include "tests/platform/jet/Scratch.h"
 
 #include <gtest/gtest.h>
+
+#include <limits>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 const char* const UpdateWithoutEdit = "3020 Update oder CancelUpdate ohne AddNew oder Edit.";
-const char* const ConversionFailed = "3421 Datentyp-Konvertierungsfehler.";
+const char* const ConversionFailed = "3421 Datentyp-Konvertierungsfehler. Feld: '%'.";
 const char* const FieldTooLong = "3163 Das Feld ist zu klein für die Datenmenge, die Sie hinzufügen wollten. "
-                                 "Versuchen Sie, weniger Daten einzufügen.";
+                                 "Versuchen Sie, weniger Daten einzufügen. Feld: '%', höchstens # Zeichen.";
+const char* const Overflow = "6 Überlauf. Feld: '%'.";
 const char* const ChangedByAnother = "3197 Das Datenbankmodul hat den Vorgang angehalten, da Sie und ein weiterer "
                                      "Benutzer gleichzeitig versuchen, dieselben Daten zu verändern.";
 
@@ -94,7 +98,7 @@ TEST_F(Edit, ConvertsByGermanRules)
 {
     m_database->Execute(
         u"CREATE TABLE W (Text3 Text(3), Text5 Text(5), Notiz Memo, Zahl Double, Lang Long, Kurz Short, "
-        "Klein Byte, Geld Currency, Tag Date, Ja Boolean)"_s);
+        "Klein Byte, Geld Currency, Einfach Single, Tag Date, Ja Boolean)"_s);
     const auto rows = m_database->OpenRecordset(u"W"_s);
     rows->AddNew();
     rows->Update();
@@ -127,6 +131,9 @@ TEST_F(Edit, ConvertsByGermanRules)
         {u"Zahl", u"1.234,5"_s, "1234.5"},
         {u"Zahl", u""_s, ConversionFailed},
         {u"Zahl", u"abc"_s, ConversionFailed},
+        {u"Zahl", std::numeric_limits<double>::infinity(), Overflow},
+        {u"Zahl", std::numeric_limits<double>::quiet_NaN(), Overflow},
+        {u"Einfach", -1e300, Overflow},
         {u"Lang", 2.5, "2"},
         {u"Lang", 3.5, "4"},
         {u"Lang", u"7"_s, "7"},
@@ -158,8 +165,33 @@ TEST_F(Edit, ConvertsByGermanRules)
     for (const auto& given : cases) {
         SCOPED_TRACE(QStringView(given.field).toString().toStdString() + ' ' +
                      written(given.value).left(20).toStdString());
-        EXPECT_EQ(stored(given.field, given.value), given.wanted);
+        const QString name = QStringView(given.field).toString();
+        QString wanted = QString::fromStdString(given.wanted).replace(u'%', name);
+        if (given.wanted == FieldTooLong) wanted.replace(u'#', name.right(1));
+        EXPECT_EQ(stored(given.field, given.value), wanted.toStdString());
     }
+}
+
+// Written past the engine, or before it refused them. The row can be read and mended, and tells what is wrong with it.
+TEST_F(Edit, ValuesThatNoColumnTakesAreReadableAndGoNoFurther)
+{
+    jet::sqlite::Connection past(m_scratch.path(u"Lager.2024"_s), jet::sqlite::Connection::Mode::Existing, 0);
+    EXPECT_EQ(refusal([&] { past.execute("UPDATE J SET Fertig=1 WHERE ID=1"); }),
+              "3317 Der Wert verletzt die Gültigkeitsregel: 0 (Nein) oder -1 (Ja). Feld: 'Fertig'.");
+    past.execute("PRAGMA ignore_check_constraints=1");
+    past.execute("UPDATE J SET Fertig=1,Menge=-9e999 WHERE ID=1");
+    const auto rows = m_database->OpenRecordset(u"SELECT * FROM J"_s);
+    EXPECT_EQ((*rows)[u"Menge"].toText(), u"-1,#INF"_s);
+    EXPECT_EQ(refusal([&] { rowsOf(*m_database, u"SELECT Sum(Menge) AS S FROM J"_s); }), "6 Überlauf");
+    EXPECT_EQ(refusal([&] { m_database->Execute(u"INSERT INTO J (Menge) SELECT Menge FROM J"_s); }),
+              "6 Überlauf. Feld: 'Menge'.");
+    EXPECT_EQ(refusal([&] { m_database->Execute(u"INSERT INTO J (Fertig) SELECT Fertig FROM J"_s); }),
+              "3317 Der Wert verletzt die Gültigkeitsregel: 0 (Nein) oder -1 (Ja). Feld: 'Fertig'.");
+    rows->Edit();
+    rows->Set(u"Menge", 4);
+    rows->Set(u"Fertig", false);
+    rows->Update();
+    EXPECT_EQ(journal(), "1 | Weizen | 4 | 0\n2 | Hafer | NULL | 0");
 }
 
 TEST_F(Edit, StaysPendingWhenItCannotBeWritten)

@@ -1,3 +1,4 @@
+#include "platform/jet/sqlite/Connection.h"
 #include "tests/platform/jet/Scratch.h"
 
 #include <gtest/gtest.h>
@@ -70,6 +71,38 @@ TEST_F(Limits, EachCallHasItsStatement)
         EXPECT_NE(refusal([&] { m_database->OpenRecordset(nothing); }), "");
     }
     EXPECT_EQ(rowsOf(*m_database, u"SELECT Count(*) AS N FROM Eins"_s), "1");
+}
+
+TEST_F(Limits, ARefusalThatMayBeTheFilesFaultNamesTheFile)
+{
+    jet::sqlite::Connection past(m_scratch.path(u"Lager.2024"_s), jet::sqlite::Connection::Mode::Existing, 0);
+    past.execute("CREATE TABLE Fremd(Tag DATETEXT);INSERT INTO Fremd VALUES('gestern')");
+    const auto rows = m_database->OpenRecordset(u"SELECT * FROM Eins"_s);
+    const auto snapshot = m_database->OpenRecordset(u"SELECT * FROM Eins"_s, jet::Kind::Snapshot);
+    const std::pair<int, std::function<void()>> calls[] = {
+        {3061, [&] { m_database->OpenRecordset(u"SELECT Menge FROM Eins"_s); }},
+        {3061, [&] { m_database->Execute(u"UPDATE Eins SET Menge = 1"_s); }},
+        {3078, [&] { m_database->OpenRecordset(u"SELECT * FROM Zwei"_s); }},
+        {3078, [&] { m_database->OpenRecordset(u"Zwei"_s); }},
+        {3464, [&] { m_database->OpenRecordset(u"SELECT * FROM Eins WHERE T = 1"_s); }},
+        {3464, [&] { rows->FindFirst(u"T = 1"_s); }},
+        {3265, [&] { (*rows)[u"Menge"]; }},
+        {3265, [&] { (*rows)[7]; }},
+        {3027, [&] { snapshot->AddNew(); }},
+        {3421, [&] { m_database->OpenRecordset(u"SELECT Tag FROM Fremd"_s, jet::Kind::Snapshot); }},
+        {3421, [&] { m_database->OpenRecordset(u"SELECT Year(Tag) AS J FROM Fremd"_s, jet::Kind::Snapshot); }},
+        {3421, [&] { (*m_database->OpenRecordset(u"Fremd"_s))[0]; }},
+    };
+    for (const auto& [number, call] : calls) {
+        try {
+            call();
+            ADD_FAILURE() << "no refusal " << number;
+        } catch (const jet::Error& error) {
+            EXPECT_EQ(int(error.number()), number) << error.what();
+            EXPECT_TRUE(error.text().endsWith(u" Datei: '"_s + m_scratch.path(u"Lager.2024"_s) + u"'."_s))
+                << error.what();
+        }
+    }
 }
 
 TEST_F(Limits, ARefusalTellsItsPlace)

@@ -4,6 +4,8 @@
 
 #include <QDir>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 Scratch::~Scratch()
@@ -39,7 +41,12 @@ std::string refusal(const std::function<void()>& call)
     try {
         call();
     } catch (const jet::Error& error) {
-        return std::to_string(static_cast<int>(error.number())) + ' ' + error.what();
+        using enum jet::ErrorNumber;
+        constexpr jet::ErrorNumber Anywhere[] = {ReadOnly,    TooFewParameters, UnknownTable,
+                                                 NoSuchField, ConversionFailed, TypeMismatch};
+        const bool anywhere = std::ranges::find(Anywhere, error.number()) != std::end(Anywhere);
+        const QString text = anywhere ? error.text().section(u" Datei: "_s, 0, 0) : error.text();
+        return std::to_string(static_cast<int>(error.number())) + ' ' + text.toStdString();
     }
     return {};
 }

@@ -31,4 +31,5 @@ private:
 std::string rowsOf(jet::Database& database, const QString& sql);
 
 /// Number and text of the refusal that a call ends with, "3021 Kein aktueller Datensatz."; empty when it went through.
+/// A file that is named after a refusal of any statement is left out; LimitsTest holds that it is named.
 std::string refusal(const std::function<void()>& call);

@@ -1,4 +1,5 @@
 #include "platform/jet/Transaction.h"
+#include "platform/jet/sqlite/Connection.h"
 #include "platform/system/Files.h"
 #include "tests/platform/jet/Notation.h"
 #include "tests/platform/jet/Program.h"
@@ -6,6 +7,7 @@
 
 #include <zablager/FileError.h>
 
+#include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
 
@@ -53,17 +55,41 @@ protected:
 
 } // namespace
 
-TEST_F(Sharing, WaitsForALockAndThenRefuses)
+TEST_F(Sharing, ALockIsWaitedForOnceAndThenTold)
 {
-    Program other(writer());
+    Program other([this, connection = std::shared_ptr<jet::sqlite::Connection>()](int step) mutable {
+        if (step == 2) return connection->execute("COMMIT");
+        const QString path = m_scratch.path(u"Lager.2024"_s);
+        connection = std::make_shared<jet::sqlite::Connection>(path, jet::sqlite::Connection::Mode::Existing, 0);
+        connection->execute("BEGIN EXCLUSIVE;DELETE FROM J WHERE ID=1"); // keeps readers out as well
+    });
     const auto database = open();
+    const auto rows = database->OpenRecordset(u"SELECT * FROM J"_s);
     ASSERT_TRUE(other.next());
-    EXPECT_EQ(refusal([&] { database->BeginTrans(); }), locked());
-    EXPECT_EQ(refusal([&] { database->Execute(u"DELETE FROM J"_s); }), locked());
-    EXPECT_EQ(refusal([&] { database->Execute(u"CREATE TABLE K (A Long)"_s); }), locked());
+    constexpr int Patience = 200; // ms
+    jet::engine().setLockTimeout(Patience);
+    jet::Engine stranger;
+    stranger.setLockTimeout(Patience);
+    const std::function<void()> calls[] = {
+        [&] { stranger.OpenDatabase(m_scratch.path(u"Lager.2024"_s)); },
+        [&] { database->OpenRecordset(u"SELECT * FROM J"_s); },
+        [&] { database->OpenRecordset(u"SELECT Count(*) AS N FROM Neu"_s, jet::Kind::Snapshot); },
+        [&] { (*rows)[u"Menge"]; },
+        [&] { rows->FindFirst(u"Menge = 2"_s); },
+        [&] { database->BeginTrans(); },
+        [&] { database->Execute(u"DELETE FROM J"_s); },
+        [&] { database->Execute(u"CREATE TABLE K (A Long)"_s); },
+        [&] { database->TableDefs(); },
+    };
+    for (const auto& call : calls) {
+        SCOPED_TRACE(&call - calls);
+        QElapsedTimer clock;
+        clock.start();
+        EXPECT_EQ(refusal(call), locked());
+        EXPECT_LT(clock.elapsed(), Patience * 3 / 2);
+    }
     ASSERT_TRUE(other.next());
-    EXPECT_EQ(database->Execute(u"DELETE FROM J WHERE ID < 3"_s), 2);
-    EXPECT_EQ(rowsOf(*database, u"SELECT Artikel FROM J"_s), "fremd");
+    EXPECT_EQ(rowsOf(*database, u"SELECT Artikel FROM J"_s), "Hafer");
 }
 
 TEST_F(Sharing, LockedEditIsWrittenLater)
