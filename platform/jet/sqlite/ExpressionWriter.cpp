@@ -157,7 +157,10 @@ void ExpressionWriter::condition(const Expression& expression)
 
 void ExpressionWriter::key(const Expression& expression)
 {
-    const bool constantKey = expression.op == Op::Constant; // bare, SQLite would take it for the number of a column
+    const Expression* magnitude = &expression;
+    while (magnitude->op == Op::Negate)
+        magnitude = magnitude->arguments[0].get();
+    const bool constantKey = magnitude->op == Op::Constant; // bare, SQLite would take it for the number of a column
     if (constantKey) m_out += "ifnull(";
     value(expression);
     if (constantKey) m_out += ",NULL)";

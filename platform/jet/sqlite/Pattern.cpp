@@ -2,6 +2,10 @@
 
 #include "platform/jet/Errors.h"
 
+#include <QHash>
+
+#include <vector>
+
 namespace jet::sqlite {
 
 namespace {
@@ -36,6 +40,52 @@ bool matchesElement(QChar c, QStringView element)
     return c == element.front();
 }
 
+/// A set of places in a pattern: bit i stands for its i-th element.
+using Places = std::vector<quint64>;
+
+constexpr qsizetype Bits = 64;
+
+void add(Places& places, qsizetype place)
+{
+    places[static_cast<std::size_t>(place / Bits)] |= quint64{1} << (place % Bits);
+}
+
+/// Follows all ways through the pattern at once, 64 places of it in a step: going back to the last * for each letter of
+/// a long text would take a step for each pair of letters.
+bool matchesLong(QStringView text, QStringView pattern)
+{
+    std::vector<QStringView> elements; // without the stars
+    const auto words = static_cast<std::size_t>(pattern.size() / Bits + 1);
+    Places stars(words);
+    for (qsizetype at = 0; at < pattern.size();) {
+        const qsizetype end = elementEnd(pattern, at);
+        if (pattern[at] == u'*')
+            add(stars, static_cast<qsizetype>(elements.size()));
+        else
+            elements.push_back(pattern.mid(at, end - at));
+        at = end;
+    }
+    const auto count = static_cast<qsizetype>(elements.size());
+    QHash<QChar, Places> taking; // the elements that take a letter
+    Places here(words);          // elements before which the text read so far may end
+    add(here, 0);
+    for (const QChar letter : text) {
+        auto found = taking.find(letter);
+        if (found == taking.end()) {
+            found = taking.insert(letter, Places(words));
+            for (qsizetype i = 0; i < count; ++i)
+                if (matchesElement(letter, elements[static_cast<std::size_t>(i)])) add(*found, i);
+        }
+        quint64 carry = 0;
+        for (std::size_t word = 0; word < words; ++word) {
+            const quint64 taken = here[word] & (*found)[word];
+            here[word] = (taken << 1) | carry | (here[word] & stars[word]);
+            carry = taken >> (Bits - 1);
+        }
+    }
+    return ((here[static_cast<std::size_t>(count / Bits)] >> (count % Bits)) & 1) != 0;
+}
+
 } // namespace
 
 bool matches(const QString& text, const QString& pattern)
@@ -43,6 +93,7 @@ bool matches(const QString& text, const QString& pattern)
     const QString wanted = pattern.toLower();
     const QString given = text.toLower();
     const QStringView p(wanted);
+    if (p.size() > Bits) return matchesLong(given, p);
     qsizetype star = -1; // the last * met, and where the text stood then
     qsizetype starText = 0;
     qsizetype at = 0;
