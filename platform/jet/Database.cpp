@@ -62,8 +62,9 @@ qint64 execute(Database::Session& session, const sql::Shape& shape)
 bool comesOfDamage(ErrorNumber number)
 {
     using enum ErrorNumber;
-    constexpr ErrorNumber Numbers[] = {ReservedError,  DiskError,    TooFewParameters, UnknownNameInCriterion,
-                                       ObjectNotFound, UnknownTable, UnknownFormat,    NoSuchTable};
+    constexpr ErrorNumber Numbers[] = {ReservedError,  TooFewParameters, UnknownNameInCriterion,
+                                       ObjectNotFound, UnknownTable,     UnknownFormat,
+                                       NoSuchTable};
     return std::ranges::find(Numbers, number) != std::end(Numbers);
 }
 

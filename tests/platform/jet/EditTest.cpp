@@ -194,19 +194,6 @@ TEST_F(Edit, ValuesThatNoColumnTakesAreReadableAndGoNoFurther)
     EXPECT_EQ(journal(), "1 | Weizen | 4 | 0\n2 | Hafer | NULL | 0");
 }
 
-TEST_F(Edit, StaysPendingWhenItCannotBeWritten)
-{
-    m_database->Execute(u"CREATE UNIQUE INDEX Einmalig ON J (Artikel)"_s);
-    const auto rows = m_database->OpenRecordset(u"SELECT * FROM J"_s);
-    rows->AddNew();
-    rows->Set(u"Artikel", u"WEIZEN"_s);
-    EXPECT_EQ(refusal([&] { rows->Update(); }).substr(0, 5), "3022 ");
-    EXPECT_TRUE(rows->Editing());
-    rows->Set(u"Artikel", u"Roggen"_s);
-    rows->Update();
-    EXPECT_EQ(journal(), "1 | Weizen | 1 | 0\n2 | Hafer | NULL | 0\n3 | Roggen | NULL | 0");
-}
-
 TEST_F(Edit, GivesWayToAnotherUsersChange)
 {
     const auto rows = m_database->OpenRecordset(u"SELECT * FROM J"_s);
@@ -245,19 +232,4 @@ TEST_F(Edit, WorksWithoutAnyKey)
     rows->MoveNext();
     rows->Delete();
     EXPECT_EQ(rowsOf(*m_database, u"SELECT * FROM Druck"_s), "NULL | a\n5 | a"); // of two equal rows only the one meant
-}
-
-TEST_F(Edit, NeverReusesANumber)
-{
-    m_database->Execute(u"DELETE FROM J WHERE ID = 2"_s);
-    m_database->Close();
-    m_database = m_scratch.open(u"Lager.2024"_s);
-    const auto rows = m_database->OpenRecordset(u"J"_s);
-    rows->AddNew();
-    rows->Update();
-    rows->MoveLast();
-    rows->Delete();
-    rows->AddNew();
-    rows->Update();
-    EXPECT_EQ(rowsOf(*m_database, u"SELECT ID FROM J"_s), "1\n4");
 }

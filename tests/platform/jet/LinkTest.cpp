@@ -1,7 +1,5 @@
 #include "tests/platform/jet/Scratch.h"
 
-#include <QFile>
-
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -111,16 +109,4 @@ TEST_F(Link, ACopyIntoAFileNeedsItsPasswordToo)
     EXPECT_EQ(copy(u"'' [;DATABASE="_s + path + u";PWD=falsch]"_s).substr(0, 5), "3031 ");
     EXPECT_EQ(copy(u"'' [;DATABASE="_s + path + u";PWD=RT-58KX]"_s), "");
     EXPECT_EQ(rowsOf(*m_master, u"SELECT * FROM Kopie"_s), "adl");
-}
-
-TEST_F(Link, OutlivesNoFile)
-{
-    ASSERT_EQ(link(u"HANDLER"_s, connectText()), "");
-    m_master->Close();
-    jet::engine().release();
-    QFile::remove(m_scratch.path(u"Grundstamm.mdb"_s));
-    EXPECT_EQ(refusal([&] { m_print->OpenRecordset(u"HANDLER"_s); }),
-              "3024 Datei '" + m_scratch.path(u"Grundstamm.mdb"_s).toStdString() + "' nicht gefunden.");
-    EXPECT_EQ(m_scratch.files(), QStringList{u"Lagerlieferschein.mdb"_s});
-    EXPECT_EQ(rowsOf(*m_print, u"SELECT * FROM Uberschrift"_s), "adl"); // the rest still reads
 }

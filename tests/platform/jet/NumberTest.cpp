@@ -17,28 +17,6 @@ QString decimal(qint64 number, int decimals)
 
 } // namespace
 
-TEST(Number, IsWrittenTheGermanWay)
-{
-    const struct {
-        double number;
-        const char* text;
-    } cases[] = {
-        {0, "0"},
-        {-0.0, "0"},
-        {0.25, "0,25"},
-        {-1234.5, "-1234,5"}, // no grouping
-        {0.1 + 0.2, "0,3"},   // 15 digits
-        {1.0 / 3, "0,333333333333333"},
-        {123456789012345, "123456789012345"},
-        {1e15, "1E+15"},
-        {-1.5e20, "-1,5E+20"},
-        {0.00001, "0,00001"},
-        {5.551115123125783e-17, "5,55111512312578E-17"},
-    };
-    for (const auto& given : cases)
-        EXPECT_EQ(jet::Value(given.number).toText().toStdString(), given.text);
-}
-
 TEST(Number, OfFourBytesRoundsHalfToEven)
 {
     EXPECT_EQ(jet::Value(2.5).toLong(), 2);

@@ -239,24 +239,6 @@ TEST_F(Sharing, NoticesAFileExchangedWhileItWasOpen)
     EXPECT_EQ(rowsOf(*open(), u"SELECT Count(*) AS N FROM J"_s), "0");
 }
 
-TEST_F(Sharing, KeepsWhatWasWrittenBeforeAnError)
-{
-    const auto database = open();
-    bool takenBack = false;
-    EXPECT_NE(refusal([&] {
-                  jet::Transaction transaction(*database, [&] { takenBack = true; });
-                  database->Execute(u"INSERT INTO J (Artikel) VALUES ('vorher')"_s);
-                  EXPECT_NE(refusal([&] { database->Execute(u"UPDATE J SET Menge = 1 / (ID - 2)"_s); }), "");
-                  database->Execute(u"INSERT INTO J (Artikel) SELECT Artikel & '1234567' FROM J"_s); // too long
-              }),
-              "");
-    EXPECT_FALSE(takenBack);
-    jet::Engine other; // the error has not left the file locked
-    const auto others = other.OpenDatabase(m_scratch.path(u"Lager.2024"_s));
-    EXPECT_EQ(rowsOf(*others, u"SELECT Artikel, Menge FROM J"_s), "Weizen | 1\nHafer | 2\nvorher | NULL");
-    EXPECT_EQ(others->Execute(u"UPDATE J SET Menge = 3"_s), 3);
-}
-
 TEST_F(Sharing, ShowsATransactionWhenItIsCommitted)
 {
     jet::Engine other;
