@@ -69,7 +69,7 @@ const jet::Recordset& Messbildschirm::zeilen(const char* daten) const
 void Messbildschirm::filtere()
 {
     for (QShortcut* const taste : m_fenster.findChildren<QShortcut*>())
-        if (taste->key() == QKeySequence(QKeySequence::Refresh)) Q_EMIT taste->activated();
+        if (taste->key() == QKeySequence(Qt::Key_F5)) Q_EMIT taste->activated();
 }
 
 void Messbildschirm::inSumme(bool wert)

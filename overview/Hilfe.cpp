@@ -12,19 +12,19 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString handbuchseite(const QString& bibliothek)
+QString handbuchseite(const QString& bibliothek, const QString& seite)
 {
     const QString ordner = QFileInfo(bibliothek).path();
-    return QDir::cleanPath(ordner + u"/../share/doc/zablager/handbuch/hauptbildschirm.html"_s);
+    return QDir::cleanPath(ordner + u"/../share/doc/zablager/handbuch/"_s + seite + u".html"_s);
 }
 
 } // namespace
 
-void zeigeHilfe(const QString& Hilfedatei, const QString& bibliothek)
+void zeigeHilfe(const QString& Hilfedatei, const QString& bibliothek, const QString& seite)
 {
-    const QString handbuch = handbuchseite(bibliothek);
-    for (const QString& seite : {Hilfedatei, handbuch}) {
-        if (!seite.isEmpty() && sys::Exist(seite)) return sys::openDocument(seite);
+    const QString handbuch = handbuchseite(bibliothek, seite);
+    for (const QString& datei : {Hilfedatei, handbuch}) {
+        if (!datei.isEmpty() && sys::Exist(datei)) return sys::openDocument(datei);
     }
     sys::critical(u"Die Hilfe wurde nicht gefunden. Erwartet wird sie in einer dieser beiden Dateien:\r\r"_s +
                   sys::localPath(Hilfedatei) + u'\r' + handbuch +

@@ -11,14 +11,15 @@
 #include "overview/Auswertung.h"
 #include "overview/Bildschirmzustand.h"
 #include "overview/Buchungsbefehle.h"
-#include "overview/Hilfe.h"
-#include "overview/Hilfemenue.h"
+#include "overview/GruppierungLaden.h"
+#include "overview/Hilfetaste.h"
 #include "overview/Loeschung.h"
+#include "overview/Menueleiste.h"
 #include "overview/Registerbefehl.h"
-#include "overview/Sortiermenue.h"
 #include "overview/Spaltenbreiten.h"
 #include "overview/Statusmeldung.h"
 #include "overview/Tabellenuebergabe.h"
+#include "overview/Tastenbefehle.h"
 #include "overview/Vorjahr.h"
 #include "platform/controls/RowIds.h"
 #include "platform/controls/TasteUmsetzen.h"
@@ -30,15 +31,12 @@
 #include "platform/system/ErrorReport.h"
 #include "platform/system/Files.h"
 #include "platform/system/Messages.h"
-#include "platform/system/OwnFile.h"
 #include "platform/system/Pointer.h"
 
 #include <QElapsedTimer>
 #include <QKeyEvent>
-#include <QMenuBar>
 #include <QScopeGuard>
 #include <QScreen>
-#include <QShortcut>
 
 #include <optional>
 
@@ -70,7 +68,8 @@ LagerbestandNeu::LagerbestandNeu(QWidget* parent)
     richteJournalEin(*Journaldaten, *ui->Journalliste);
     richteBestandslisteEin(*Bestanddaten, *ui->BestandListe);
     ui->KurzEingabe->setFixedWidth(2 * ui->KurzEingabe->sizeHint().height()); // one letter
-    richteMenuEin();
+    richteMenueleisteEin(*ui, *this,
+                         [this]() -> DataGrid& { return journalGezeigt() ? *ui->Journalliste : *ui->BestandListe; });
     const auto danach = [this](const Wiederfinden& gesucht) {
         aktualisiere();
         if (sucheEine(*Journaldaten, gesucht)) zeigeStatus(u" · Die neue Buchung liegt außerhalb der Auswahl."_s);
@@ -92,34 +91,20 @@ LagerbestandNeu::LagerbestandNeu(QWidget* parent)
         this);
     new Loeschung(*ui->Command4, *Journaldaten, *ui->Journalliste, danach, this);
     new Tabellenuebergabe(*ui->ExcelButton, *ui->Journalliste, *ui->Command3, *ui->BestandListe, this);
+    new Tastenbefehle(*ui, {[this] { aktualisiere(); }, [this] { zeigeAlles(); }}, *this);
+    new Hilfetaste(*ui->M_Hilfe, *this);
     new FieldKeys(*this);
     ui->KurzEingabe->setProperty("KeepsEnter", true); // it opens the mask of the code that stands there
     for (ComboBox* liste : {ui->drpLagerOrte, ui->drpArtikelGruppe, ui->drpArtikel, ui->drpJahr, ui->DrpGruppierung})
         liste->setListOnly(true);
     ui->drpLagerOrte->setColumns({u"Bezeichnung"_s}, 0);
     ui->drpJahr->setColumns({u"Jahr"_s}, 0);
-    ui->drpLagerOrte->setText(AlleLagerorte);
-    ui->drpArtikelGruppe->setText(AlleArtikelgruppen);
-    ui->drpArtikel->setText(AlleArtikel);
+    waehleAlle();
     Form_Load();
     verdrahteAlles(); // only now: what loading sets is no choice of the user
 }
 
 LagerbestandNeu::~LagerbestandNeu() = default;
-
-void LagerbestandNeu::richteMenuEin()
-{
-    auto* const leiste = new QMenuBar(this);
-    QMenu* const einstellungen = leiste->addMenu(u"E&instellungen"_s);
-    einstellungen->setObjectName(u"M_Einstellungen"_s);
-    einstellungen->addAction(ui->M_Vorjahr);
-    QMenu* const extras = leiste->addMenu(u"E&xtras"_s);
-    extras->addAction(ui->M_PflanzschPrufen);
-    extras->addMenu(new Sortiermenue(
-        [this]() -> DataGrid& { return journalGezeigt() ? *ui->Journalliste : *ui->BestandListe; }, this));
-    ergaenzeHilfemenue(*leiste, *ui->M_Hilfe);
-    layout()->setMenuBar(leiste);
-}
 
 void LagerbestandNeu::verdrahteAlles()
 {
@@ -148,9 +133,7 @@ void LagerbestandNeu::verdrahteAlles()
     verdrahte(ui->Command5, &QPushButton::clicked, this,
               [this] { LieferscheindruckForm(gewaehltesJahr(), this).exec(); });
     verdrahte(ui->M_Vorjahr, &QAction::triggered, this, &LagerbestandNeu::M_Vorjahr_Click);
-    verdrahte(ui->M_Hilfe, &QAction::triggered, this, [] { zeigeHilfe(modulzustand().Hilfedatei, sys::ownFile()); });
     verdrahte(ui->Command1, &QPushButton::clicked, this, [this] { close(); });
-    verdrahte(new QShortcut(QKeySequence::Refresh, this), &QShortcut::activated, this, &LagerbestandNeu::aktualisiere);
 }
 
 void LagerbestandNeu::Form_Load()
@@ -181,7 +164,7 @@ void LagerbestandNeu::Form_Load()
         [this] { stelleWiederHer(); },
         [this] { uebernimmLagerort(); },
         [this] { FilterEinstellen(); },
-        [this] { GruppierungLaden(); },
+        [this] { GruppierungLaden(*ui->DrpGruppierung, journalGezeigt()); },
     });
     m_geladen = ausgang == sys::Outcome::Completed;
 }
@@ -407,6 +390,21 @@ void LagerbestandNeu::schreibeWeiter()
     JahresUbertrag();
 }
 
+void LagerbestandNeu::waehleAlle()
+{
+    ui->drpLagerOrte->setText(AlleLagerorte);
+    ui->drpArtikelGruppe->setText(AlleArtikelgruppen);
+    ui->drpArtikel->setText(AlleArtikel);
+}
+
+/// The whole year again; what only shapes the stock list stays.
+void LagerbestandNeu::zeigeAlles()
+{
+    waehleAlle();
+    if (!m_gebundenesJahr.isEmpty()) zeigeJahr();
+    aktualisiere();
+}
+
 /// Shows what the file and its lists hold now; opens the year when that failed before.
 void LagerbestandNeu::aktualisiere()
 {
@@ -476,20 +474,7 @@ void LagerbestandNeu::SSTab1_Click()
     const bool journal = journalGezeigt();
     ui->Command2->setText(journal ? u"Bewegungsjournal drucken"_s : u"Lagerstandsliste drucken"_s);
     ui->Frame3->setVisible(journal);
-    GruppierungLaden();
-}
-
-void LagerbestandNeu::GruppierungLaden()
-{
-    const bool journal = journalGezeigt();
-    ComboBox& liste = *ui->DrpGruppierung;
-    liste.Clear();
-    const QString text = liste.Text();
-    if (text.isEmpty() || (!journal && (text == u"Datum" || text == u"Buchungsart"))) liste.setText(u"Artikel"_s);
-    for (const QString& zeile : {u"Artikel"_s, u"Artikelgruppe"_s, u"Artikel- und Untergruppe"_s})
-        liste.AddItem(zeile);
-    if (journal) liste.AddItem(u"Buchungsart"_s);
-    liste.AddItem(u"Lagerort"_s);
+    GruppierungLaden(*ui->DrpGruppierung, journalGezeigt());
 }
 
 bool LagerbestandNeu::event(QEvent* event)

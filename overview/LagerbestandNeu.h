@@ -33,7 +33,6 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    void richteMenuEin();
     void verdrahteAlles();
 
     void Form_Load();
@@ -49,7 +48,6 @@ private:
     void LagerDateiEinstellen();
     void AuswahllistenFullen();
     void FilterEinstellen();
-    void GruppierungLaden();
     bool journalGezeigt() const;
 
     int gewaehltesJahr() const;
@@ -59,6 +57,8 @@ private:
     void kehreZurueck();
     void schreibeWeiter();
     void aktualisiere();
+    void waehleAlle();
+    void zeigeAlles();
     void fuelleJahre();
     void stelleWiederHer();
     void uebernimmLagerort();

@@ -3,6 +3,7 @@
 #include "core/TextImEditorZeigen.h"
 #include "core/Verzeichnisse.h"
 #include "overview/Filter.h"
+#include "overview/Hilfetaste.h"
 #include "overview/Registerpruefung.h"
 #include "platform/controls/ComboBox.h"
 #include "platform/controls/DataControl.h"
@@ -38,6 +39,7 @@ void Registerbefehl::M_PflanzschPrufen_Click()
         const auto stamm = jet::engine().OpenDatabase(datei, u";pwd=RT-58KX"_s);
         befund = registerpruefung(m_felder.Bestanddaten.Recordset(), *stamm, Jahr.toInt());
     }
+    const Hilfeseite seite(*parent(), u"pruefen"_s);
     if (befund) TextImEditorZeigen(*befund);
 }
 

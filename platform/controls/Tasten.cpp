@@ -1,0 +1,101 @@
+#include "platform/controls/Tasten.h"
+
+#include "platform/controls/Wiring.h"
+
+#include <QApplication>
+#include <QShortcut>
+#include <QWidget>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+// None is a key that text fields keep for themselves on any desktop (Ctrl with A, C, D, E, K, U, V, X, Y or Z among them,
+// but for copying, which lists do as fields do), and none is Ctrl+Alt, which types letters as AltGr does.
+const std::vector<Tastenzeile>& tastentabelle()
+{
+    using enum Geltung;
+    static const std::vector<Tastenzeile> tabelle{
+        {Taste::Hilfe, Ueberall, {Qt::Key_F1}, u"öffnet die Hilfe an der Stelle, an der Sie sind"_s},
+        {Taste::NeuLesen, Ueberall, {Qt::Key_F5}, u"liest die Listen neu; die Zeile, auf der Sie stehen, bleibt"_s},
+        {Taste::Kurzel, Hauptbildschirm, {Qt::CTRL | Qt::Key_N}, u"zum Feld für das Kürzel einer neuen Eintragung"_s},
+        {Taste::Journal, Hauptbildschirm, {Qt::CTRL | Qt::Key_1}, u"zum Bewegungsjournal"_s},
+        {Taste::Bestand, Hauptbildschirm, {Qt::CTRL | Qt::Key_2}, u"zur Lagerstandsliste"_s},
+        {Taste::Lagerort, Hauptbildschirm, {Qt::CTRL | Qt::Key_O}, u"zur Eingrenzung nach dem Lagerort"_s},
+        {Taste::Artikelgruppe, Hauptbildschirm, {Qt::CTRL | Qt::Key_G}, u"zur Eingrenzung nach der Artikelgruppe"_s},
+        {Taste::Artikel, Hauptbildschirm, {Qt::CTRL | Qt::Key_F}, u"zur Eingrenzung nach dem Artikel"_s},
+        {Taste::VonDatum, Hauptbildschirm, {Qt::CTRL | Qt::Key_T}, u"zum ersten Tag des Zeitraums"_s},
+        {Taste::Jahr, Hauptbildschirm, {Qt::CTRL | Qt::Key_J}, u"zum Kalenderjahr"_s},
+        {Taste::AllesZeigen, Hauptbildschirm, {Qt::CTRL | Qt::Key_0}, u"hebt alle Eingrenzungen auf"_s},
+        {Taste::NaechsteGruppe,
+         Hauptbildschirm,
+         {Qt::Key_F6},
+         u"zur nächsten Gruppe: Kürzel, Eingrenzung, Liste, Druck"_s},
+        {Taste::VorigeGruppe, Hauptbildschirm, {Qt::SHIFT | Qt::Key_F6}, u"zur vorigen Gruppe"_s},
+        {Taste::Drucken, Hauptbildschirm, {Qt::CTRL | Qt::Key_P}, u"druckt die gezeigte Liste"_s},
+        {Taste::Tabelle, Hauptbildschirm, {Qt::Key_F12}, u"übergibt die gezeigte Liste an die Tabellenkalkulation"_s},
+        {Taste::Lieferscheine, Hauptbildschirm, {Qt::CTRL | Qt::Key_L}, u"öffnet die Lieferscheine"_s},
+        {Taste::Pruefen, Hauptbildschirm, {Qt::CTRL | Qt::Key_M}, u"prüft die Pflanzenschutzmittel"_s},
+        {Taste::Zuruecknehmen, Reserviert, {Qt::CTRL | Qt::Key_Z}, u"nimmt die letzte Eintragung zurück"_s},
+        {Taste::Bestandsbild, Reserviert, {Qt::CTRL | Qt::Key_H}, u"zeigt den Verlauf des Bestandes"_s},
+        {Taste::Aendern, Journal, {Qt::Key_Return, Qt::Key_Enter}, u"ändert die Eintragung, auf der Sie stehen"_s},
+        {Taste::Loeschen, Journal, {Qt::Key_Delete}, u"löscht die Eintragung, auf der Sie stehen"_s},
+        {Taste::Kopieren, Journal, {Qt::CTRL | Qt::Key_C}, u"kopiert die markierten Zeilen"_s},
+        {Taste::Naechster,
+         Maske,
+         {Qt::CTRL | Qt::Key_Return, Qt::CTRL | Qt::Key_Enter},
+         u"speichert und beginnt die nächste Eintragung"_s},
+        {Taste::Beenden,
+         Maske,
+         {Qt::CTRL | Qt::SHIFT | Qt::Key_Return, Qt::CTRL | Qt::SHIFT | Qt::Key_Enter},
+         u"speichert und schließt die Maske"_s},
+        {Taste::Liste,
+         Auswahlfeld,
+         {Qt::Key_F2, Qt::Key_F4, Qt::ALT | Qt::Key_Down},
+         u"öffnet die Liste oder den Kalender des Feldes"_s},
+    };
+    return tabelle;
+}
+
+const Tastenzeile& tastenzeile(Taste taste)
+{
+    const auto zeile = std::ranges::find(tastentabelle(), taste, &Tastenzeile::taste);
+    Q_ASSERT(zeile != tastentabelle().end());
+    return *zeile;
+}
+
+QString tastenname(const QKeySequence& taste)
+{
+    return taste.toString(QKeySequence::PortableText)
+        .replace(u"Ctrl+"_s, u"Strg+"_s)
+        .replace(u"Shift+"_s, u"Umschalt+"_s)
+        .replace(u"Return"_s, u"Eingabe"_s)
+        .replace(u"Del"_s, u"Entf"_s)
+        .replace(u"Down"_s, u"↓"_s);
+}
+
+QString tastenname(Taste taste)
+{
+    return tastenname(tastenzeile(taste).tasten.constFirst());
+}
+
+void bindeTaste(Taste taste, QWidget& ort, const std::function<void()>& handler, Qt::ShortcutContext context)
+{
+    const auto ausgeloest = [&ort, handler] {
+        const QWidget* const modal = QApplication::activeModalWidget();
+        if (QApplication::activePopupWidget() || (modal && modal != ort.window())) return;
+        handler();
+    };
+    for (const QKeySequence& folge : tastenzeile(taste).tasten) {
+        auto* const kurztaste = new QShortcut(folge, &ort);
+        kurztaste->setContext(context);
+        kurztaste->setAutoRepeat(false);
+        verdrahte(kurztaste, &QShortcut::activated, kurztaste, ausgeloest);
+    }
+}
+
+void nenneTaste(Taste taste, QWidget& control)
+{
+    const QString name = tastenname(taste);
+    control.toolTip().isEmpty() ? control.setToolTip(name) : control.setAccessibleDescription(name);
+}
