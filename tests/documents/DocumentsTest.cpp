@@ -1,3 +1,4 @@
+#include "platform/controls/Tasten.h"
 #include "tests/support/Pdf.h"
 #include "tests/support/Print.h"
 
@@ -154,6 +155,20 @@ TEST(Documents, QuoteTheScreenLetterForLetter)
         for (const QString& words : quoted)
             EXPECT_TRUE(isShown(words, texts)) << page.toStdString() << " quotes " << words.toStdString();
     }
+}
+
+TEST(Documents, TellTheKeysThatTheProgramHas)
+{
+    QStringList lines;
+    for (const Tastenzeile& line : tastentabelle()) {
+        if (line.gilt == Geltung::Reserviert) continue;
+        QStringList names;
+        for (const QKeySequence& key : line.tasten)
+            names.append(u"kbd:["_s + tastenname(key) + u']');
+        lines.append(names.join(u", "_s) + u"\n|"_s + line.wirkung);
+    }
+    lines.sort();
+    EXPECT_EQ(captured(textOf(u"docs/handbuch/tasten.adoc"_s), u"^\\|(kbd:.*\n\\|.*)$"_s), lines);
 }
 
 TEST(Documents, StandInOneFileForPrintingWithoutUnreadMarkup)
