@@ -13,6 +13,7 @@
 #include "overview/Buchungsbefehle.h"
 #include "overview/GruppierungLaden.h"
 #include "overview/Hilfetaste.h"
+#include "overview/Journalmenue.h"
 #include "overview/Loeschung.h"
 #include "overview/Menueleiste.h"
 #include "overview/Registerbefehl.h"
@@ -21,6 +22,7 @@
 #include "overview/Tabellenuebergabe.h"
 #include "overview/Tastenbefehle.h"
 #include "overview/Vorjahr.h"
+#include "overview/Zeitraum.h"
 #include "platform/controls/RowIds.h"
 #include "platform/controls/TasteUmsetzen.h"
 #include "platform/controls/WindowMemory.h"
@@ -90,6 +92,7 @@ LagerbestandNeu::LagerbestandNeu(QWidget* parent)
         },
         this);
     new Loeschung(*ui->Command4, *Journaldaten, *ui->Journalliste, danach, this);
+    new Journalmenue(*ui->Journalliste, *ui->Command7_1_, *ui->Command4, this);
     new Tabellenuebergabe(*ui->ExcelButton, *ui->Journalliste, *ui->Command3, *ui->BestandListe, this);
     new Tastenbefehle(*ui, {[this] { aktualisiere(); }, [this] { zeigeAlles(); }}, *this);
     new Hilfetaste(*ui->M_Hilfe, *this);
@@ -292,6 +295,7 @@ void LagerbestandNeu::FilterEinstellen()
     QElapsedTimer uhr;
     uhr.start();
     m_gezeigteEingrenzung.clear();
+    markiereZeitraum(*ui->VonDatum, *ui->Buchdatum);
     const auto ausgang = sys::underErrorReport({
         [] { // litres were once called so
             oeffneJahr()->Execute(u"UPDATE LAGERJOURNAL SET EINHEIT = 'l' WHERE IIF(Isnull(EINHEIT),'',EINHEIT) = 'Lt'"

@@ -3,6 +3,8 @@
 #include "platform/controls/DataGrid.h"
 #include "platform/controls/Wiring.h"
 
+#include <QHeaderView>
+
 using namespace Qt::StringLiterals;
 
 Sortiermenue::Sortiermenue(std::function<DataGrid&()> liste, QWidget* parent)
@@ -16,9 +18,12 @@ void Sortiermenue::bieteSpaltenAn()
 {
     clear();
     DataGrid& liste = m_liste();
+    const QHeaderView& kopf = *liste.horizontalHeader();
     for (int spalte = 0; spalte < liste.ColumnCount(); ++spalte) {
         if (!liste.Columns(spalte).Visible()) continue;
         QAction* const eintrag = addAction(liste.Columns(spalte).Caption());
+        eintrag->setCheckable(true);
+        eintrag->setChecked(kopf.isSortIndicatorShown() && kopf.sortIndicatorSection() == spalte);
         verdrahte(eintrag, &QAction::triggered, this, [&liste, spalte] { Q_EMIT liste.HeadClick(spalte); });
     }
 }

@@ -59,8 +59,30 @@ TEST_F(Hauptbildschirm, DieFilterEngenBeideAnsichtenEin)
     tippe("Buchdatum", u"7.5."_s);
     EXPECT_EQ(journal(), (QStringList{u"06.05. | H1 | Weizen | -20,00 | Verkauf"_s,
                                       u"07.05. | H2 | Diesel | +1.500,00 | Zukauf"_s}));
-    tippe("Buchdatum", u"32.13."_s); // no date: neither of the two limits anything
-    EXPECT_EQ(ueberschrift("Journalliste"), u"6 Bewegungen"_s);
+    struct Tag {
+        const char* feld;
+        QString text;
+        int bewegungen;
+        QString vonGrund, bisGrund; ///< Parts of what the fields say about themselves.
+    };
+    const Tag tage[] = {
+        {"Buchdatum", u"32.13."_s, 6, {}, u"'32.13.' gibt es nicht"_s}, // neither of the two limits anything
+        {"Buchdatum", u" "_s, 6, {}, u"fehlt ein Datum"_s},
+        {"Buchdatum", u"1.5."_s, 0, u"liegt vor"_s, u"liegt vor"_s},
+        {"VonDatum", u"1.4."_s, 1, {}, {}},
+    };
+    for (const Tag& tag : tage) {
+        tippe(tag.feld, tag.text);
+        EXPECT_EQ(ueberschrift("Journalliste").section(u' ', 0, 0), QString::number(tag.bewegungen));
+        for (const auto& [feldname, grund] :
+             {std::pair("VonDatum", tag.vonGrund), std::pair("Buchdatum", tag.bisGrund)}) {
+            const auto& datum = feld<DateCombo>(feldname);
+            const auto* const zeichen = datum.findChild<QAction*>(u"FieldMark"_s);
+            EXPECT_EQ(zeichen && zeichen->isVisible(), !grund.isEmpty()) << feldname;
+            EXPECT_TRUE(datum.toolTip().contains(grund) && datum.accessibleDescription().contains(grund)) << feldname;
+        }
+    }
+    EXPECT_EQ(feld<DateCombo>("VonDatum").toolTip(), u"Strg+T"_s);
 }
 
 TEST_F(Hauptbildschirm, DieHakenSummierenUndBlendenAus)

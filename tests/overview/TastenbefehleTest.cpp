@@ -10,6 +10,8 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
@@ -90,6 +92,71 @@ TEST_F(Tasten, FuehrenZuIhremFeldUndMarkierenEs)
     druecke(Qt::Key_F); // where the focus stays, the field does not
     druecke(Qt::Key_F);
     EXPECT_EQ(markiert(), u"Weizen"_s);
+}
+
+TEST_F(Tasten, TabGehtWieDasAuge)
+{
+    oeffne();
+    feld<QWidget>("KurzEingabe").setFocus();
+    for (const char* const name : {"DrpBuchart",
+                                   "Command7(0)",
+                                   "drpLagerOrte",
+                                   "drpArtikelGruppe",
+                                   "drpArtikel",
+                                   "drpJahr",
+                                   "VonDatum",
+                                   "Buchdatum",
+                                   "chkOhneNull",
+                                   "chkNurSumme",
+                                   "qt_tabwidget_tabbar",
+                                   "Journalliste",
+                                   "Command7(1)",
+                                   "Command4",
+                                   "SSOption1",
+                                   "DrpGruppierung",
+                                   "Command2",
+                                   "ExcelButton",
+                                   "Command5",
+                                   "Command1"}) {
+        druecke(Qt::Key_Tab, Qt::NoModifier);
+        EXPECT_EQ(hier(), QLatin1String(name));
+    }
+}
+
+TEST_F(Tasten, DasMenueDerZeileKannWasIhreKnoepfeKoennen)
+{
+    oeffne();
+    auto& liste = feld<DataGrid>("Journalliste");
+    waehleBewegung(3);
+    const auto waehle = [&](Qt::Key buchstabe) {
+        const QPoint stelle = liste.visualRect(liste.currentIndex()).center();
+        QContextMenuEvent menue(QContextMenuEvent::Keyboard, stelle, liste.mapToGlobal(stelle));
+        QCoreApplication::sendEvent(&liste, &menue);
+        ASSERT_TRUE(QApplication::activePopupWidget());
+        QTest::keyClick(QApplication::activePopupWidget(), buchstabe);
+    };
+    imNaechstenFenster([](QWidget& maske) {
+        EXPECT_EQ(text(maske, "txtMenge"), u"1500,00"_s);
+        esc();
+    });
+    waehle(Qt::Key_D);
+    aktiviere();
+    waehle(Qt::Key_K);
+    EXPECT_TRUE(QGuiApplication::clipboard()->text().contains(u"\tDiesel\t"_s));
+    waehle(Qt::Key_S);
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Down);
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Return);
+    waehle(Qt::Key_S);
+    QStringList angehakt;
+    for (const QAction* const spalte : QApplication::activePopupWidget()->actions())
+        if (spalte->isChecked()) angehakt.append(spalte->text());
+    EXPECT_EQ(angehakt, QStringList(u"Artikel"_s));
+    for (int offen = 0; offen < 2; ++offen)
+        QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
+    hof.meldungen().beantworte(Loeschfrage, sys::Answer::Yes);
+    waehle(Qt::Key_L);
+    EXPECT_EQ(hof.meldungen().abgeholt(), QStringList(Loeschfrage));
+    EXPECT_EQ(anzahl(), 5);
 }
 
 TEST_F(Tasten, InsKuerzelSchlaegtNichtsNach)
