@@ -6,6 +6,7 @@
 #include "platform/controls/FocusWhole.h"
 #include "platform/controls/ListField.h"
 #include "platform/controls/TasteUmsetzen.h"
+#include "platform/controls/Tasten.h"
 #include "platform/controls/WindowMemory.h"
 #include "platform/controls/Wiring.h"
 #include "platform/system/ErrorReport.h"
@@ -14,10 +15,7 @@
 #include <QApplication>
 #include <QPointer>
 #include <QScopeGuard>
-#include <QScreen>
 #include <QScrollArea>
-#include <QShortcut>
-#include <QStyle>
 
 #include <algorithm>
 
@@ -93,21 +91,14 @@ void Maskenfenster::setzeInRollbereich()
 
 void Maskenfenster::bindeTasten()
 {
-    const auto binde = [this](QKeyCombination taste, const std::function<void()>& tat) {
-        auto* const kuerzel = new QShortcut(QKeySequence(taste), this);
-        kuerzel->setAutoRepeat(false); // a key held too long books once
-        verdrahte(kuerzel, &QShortcut::activated, this, tat);
-    };
     QPushButton* const beenden = m_fuss->Command2_1_;
     QPushButton* const erster = aendert() ? beenden : m_fuss->Command2_0_; // one booking is changed, there is no next
-    for (const auto eingabe : {Qt::Key_Return, Qt::Key_Enter}) {
-        binde(Qt::CTRL | eingabe, [erster] { erster->click(); });
-        binde(Qt::CTRL | Qt::SHIFT | eingabe, [beenden] { beenden->click(); });
-    }
-    beenden->setToolTip(u"Strg+Umschalt+Eingabe"_s);
-    erster->setToolTip(u"Strg+Eingabe"_s);
-    binde(QKeyCombination(Qt::Key_F6), [this] { springe(1); });
-    binde(Qt::SHIFT | Qt::Key_F6, [this] { springe(-1); });
+    bindeTaste(Taste::Naechster, *this, [erster] { erster->click(); });
+    bindeTaste(Taste::Beenden, *this, [beenden] { beenden->click(); });
+    nenneTaste(Taste::Naechster, *erster);
+    nenneTaste(Taste::Beenden, *beenden);
+    bindeTaste(Taste::NaechsteGruppe, *this, [this] { springe(1); });
+    bindeTaste(Taste::VorigeGruppe, *this, [this] { springe(-1); });
 }
 
 /// To another group, checking the field that is left as Tab does.
@@ -127,20 +118,9 @@ void Maskenfenster::springe(int richtung)
     anfaenge[static_cast<std::size_t>(ziel)]->setFocus(richtung > 0 ? Qt::TabFocusReason : Qt::BacktabFocusReason);
 }
 
-/// By itself a window takes two thirds of the display at most. Its frame is known when it is shown: until then that of the
-/// window below counts.
-void Maskenfenster::oeffneGross()
-{
-    const QWidget* const darunter = parentWidget() ? parentWidget()->window() : nullptr;
-    QSize rahmen(0, style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, this));
-    if (darunter) rahmen = rahmen.expandedTo(darunter->frameGeometry().size() - darunter->size());
-    const QSize platz = (darunter ? darunter : this)->screen()->availableGeometry().size() - rahmen;
-    resize(sizeHint().boundedTo(platz));
-}
-
 void Maskenfenster::setVisible(bool visible)
 {
-    if (visible && !testAttribute(Qt::WA_Resized)) oeffneGross();
+    if (visible && !testAttribute(Qt::WA_Resized)) resize(sizeHint().boundedTo(roomFor(*this)));
     QDialog::setVisible(visible);
 }
 

@@ -45,7 +45,6 @@ private:
     void setzeInRollbereich();
     void bindeTasten();
     void springe(int richtung);
-    void oeffneGross();
 
     const Hauptansicht m_haupt;
     Maskenfuss* m_fuss = nullptr;

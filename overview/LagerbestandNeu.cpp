@@ -151,7 +151,7 @@ void LagerbestandNeu::Form_Load()
             setWindowTitle(u"Lagerverwaltung des Betriebes "_s + z.Betriebsnummer + u" "_s + z.Betriebsname + u", "_s +
                            z.Betriebsadresse);
             sys::setApplicationTitle(windowTitle());
-            resize(Entwurfsgroesse);
+            resize(Entwurfsgroesse.boundedTo(roomFor(*this)));
             restoreWindow(*this, bildschirmzustand::Abschnitt, bildschirmzustand::Fenster);
             if (screen()->size().width() <= BreiteKleinerBildschirme) setWindowState(Qt::WindowMaximized);
         },
