@@ -7,15 +7,21 @@
 #include "platform/controls/DateCombo.h"
 #include "platform/controls/Tasten.h"
 #include "platform/controls/TextBox.h"
+#include "platform/report/PrintControl.h"
+#include "tests/support/Pdf.h"
+#include "tests/support/Rekorder.h"
+#include "tests/support/Tabellenblatt.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
 #include <QContextMenuEvent>
+#include <QFile>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QShortcut>
 #include <QSignalSpy>
 #include <QTabWidget>
@@ -31,6 +37,41 @@ protected:
     {
         QTest::keyClick(QApplication::focusWidget(), Qt::Key(taste), dazu);
         QCoreApplication::processEvents();
+    }
+    /// Presses words such as "Strg+O", "F6" or "Eingabe" and types others, where the focus is; what follows ">" in the modal
+    /// window that comes.
+    void spiele(const QString& tasten) const
+    {
+        const QString dann = tasten.section(u" > "_s, 1);
+        if (!dann.isEmpty()) imNaechstenFenster([=, this](QWidget&) { spiele(dann); });
+        if (!QApplication::activeModalWidget()) aktiviere();
+        for (const QString& wort : tasten.section(u" > "_s, 0, 0).split(u' ')) {
+            static const QRegularExpression taste(u"\\+|^(F\\d+|Tab|Eingabe|Entf)$"_s);
+            if (wort.contains(taste)) {
+                const auto folge = QKeySequence::fromString(QString(wort)
+                                                                .replace(u"Strg"_s, u"Ctrl"_s)
+                                                                .replace(u"Umschalt"_s, u"Shift"_s)
+                                                                .replace(u"Eingabe"_s, u"Return"_s)
+                                                                .replace(u"Entf"_s, u"Del"_s));
+                druecke(folge[0].key(), folge[0].keyboardModifiers());
+            } else {
+                QTest::keyClicks(QApplication::focusWidget(), wort);
+                QCoreApplication::processEvents();
+            }
+        }
+    }
+    /// The lines of what keys print from a window.
+    QString gedruckt(QWidget& aus, const QString& tasten) const
+    {
+        auto& Report = *aus.findChild<report::PrintControl*>(u"Report"_s);
+        const QString pdf = hof.ort().verzeichnis() + u"/tag.pdf"_s;
+        QFile::remove(pdf);
+        Report.setDestination(report::PrintControl::ToFile);
+        Report.setPrintFileName(pdf);
+        spiele(tasten);
+        EXPECT_TRUE(
+            QTest::qWaitFor([&] { return QFile::exists(pdf); })); // a letter presses a button through an animation
+        return readPdf(pdf).front().join(u'\n');
     }
     static QString hier() { return QApplication::focusWidget()->objectName(); }
     static QString markiert()
@@ -253,6 +294,59 @@ TEST_F(Tasten, SindInKeinemFensterDoppeltVergeben)
     aktiviere();
     imNaechstenFenster([&](QWidget& lieferscheine) {
         pruefe(lieferscheine);
+        esc();
+    });
+    druecke(Qt::Key_L);
+}
+
+// Purchase, sale, consumption, count, transfer, change, delete, filter, print, spreadsheet, delivery note: what a day has.
+TEST_F(Tasten, EinTagGehtOhneMaus)
+{
+    NEEDS_PDFTOTEXT;
+    NEEDS_OPENPYXL;
+    hof.meldungen().beantworteAlle(sys::Answer::Yes);
+    oeffne();
+    struct Schritt {
+        QString tasten; ///< In the next window after ">".
+        QString danach; ///< The journal's count and its current row.
+    };
+    const Schritt tag[] = {
+        {u"Strg+N z > H1 Tab saat Tab roggen F6 10 F6 F6 HUBER Strg+Umschalt+Eingabe"_s,
+         u"7: 09.05. | H1 | Roggen | +10,00 | Zukauf"_s},
+        {u"Strg+N v > H1 F6 weizen F6 30 F6 F6 HUBER Strg+Umschalt+Eingabe"_s,
+         u"8: 06.05. | H1 | Weizen | -30,00 | Verkauf"_s},
+        {u"Strg+N e > H2 F6 weizen F6 5 Strg+Umschalt+Eingabe"_s,
+         u"9: 08.05. | H2 | Weizen | -5,00 | Eigenverbrauch"_s},
+        {u"Strg+N l > H1 F6 weizen F6 49 Strg+Umschalt+Eingabe"_s, u"10: 01.06. | H1 | Weizen | -1,00 | Korrektur"_s},
+        {u"Strg+N u > H1 F6 weizen F6 9 F6 H2 Strg+Umschalt+Eingabe"_s,
+         u"12: 01.06. | H2 | Weizen | +9,00 | Umbuchung"_s},
+        {u"Strg+F roggen Strg+1"_s, u"1: 09.05. | H1 | Roggen | +10,00 | Zukauf"_s},
+        {u"Eingabe > 12,5 Strg+Eingabe"_s, u"1: 09.05. | H1 | Roggen | +12,50 | Zukauf"_s},
+        {u"Strg+1 Entf"_s, u"0: keine"_s},
+        {u"Strg+0 Strg+O h2 Strg+G pflanz Strg+T 6.5. Tab 8.5. Eingabe"_s,
+         u"1: 08.05. | H2 | Weizen | -5,00 | Eigenverbrauch"_s},
+    };
+    for (const auto& [tasten, danach] : tag) {
+        spiele(tasten);
+        EXPECT_EQ(ueberschrift("Journalliste").section(u' ', 0, 0) + u": "_s + aktuelleBewegung(), danach)
+            << tasten.toStdString();
+    }
+    hof.meldungen().abgeholt();
+
+    QStringList tabellen;
+    {
+        Rekorder oeffner(u"xdg-open"_s);
+        for (const QString& tasten : {u"F12"_s, u"Strg+2 F12"_s}) {
+            spiele(tasten);
+            tabellen += oeffner.aufruf();
+        }
+    }
+    for (const auto& [tabelle, zeile] : {std::pair(tabellen.value(0), u"Eigenverbrauch | H2 |  | 5"_s),
+                                         std::pair(tabellen.value(1), u"H2 |  | 5 [#,##0.00] | -5"_s)})
+        EXPECT_TRUE(tabellenblatt(tabelle).last().contains(zeile)) << tabellenblatt(tabelle).last().toStdString();
+    EXPECT_TRUE(gedruckt(*fenster, u"Strg+1 Strg+P"_s).contains(u"08.05.2024 Weizen"_s));
+    imNaechstenFenster([&](QWidget& lieferscheine) {
+        EXPECT_TRUE(gedruckt(lieferscheine, u"Alt+D"_s).contains(u"1 Weizen 30,00"_s));
         esc();
     });
     druecke(Qt::Key_L);
