@@ -43,6 +43,13 @@ void ComboField::showText(const QString& text)
 {
     completeText(text);
     m_known = text;
+    showBeginning();
+}
+
+/// Of a text that is longer than the field its beginning tells more than its end. Not while the user is in it.
+void ComboField::showBeginning()
+{
+    if (!hasFocus()) lineEdit()->home(false);
 }
 
 void ComboField::setText(const QString& text)
@@ -157,5 +164,7 @@ void ComboField::focusOutEvent(QFocusEvent* event)
 {
     if (keepsFocus(*event)) return;
     QComboBox::focusOutEvent(event);
-    if (leaves(*event)) Q_EMIT LostFocus();
+    if (!leaves(*event)) return;
+    showBeginning();
+    Q_EMIT LostFocus();
 }

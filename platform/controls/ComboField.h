@@ -76,6 +76,7 @@ private:
     virtual void typed() {}   ///< The user has changed the text and may be typing on.
     virtual void taken() = 0; ///< The user has chosen another text than the one before.
     void followText();
+    void showBeginning();
 
     QString m_tag;
     QString m_known; // the text that was last shown or told of

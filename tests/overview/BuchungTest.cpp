@@ -14,6 +14,7 @@
 #include <QFile>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
 
@@ -277,6 +278,7 @@ TEST_F(Buchung, WasAngebotenWird)
         EXPECT_EQ(angebot("drpGruppe").size(), 10);
         setze(maske, "drpGruppe", u"Saatgut"_s);
         EXPECT_EQ(angebot("drpArtikel"), (QStringList{u"Bauer's Mix"_s, u"Roggen"_s})); // not the blocked one
+        EXPECT_EQ(widget(maske, "drpGruppe").findChild<QLineEdit*>()->cursorPosition(), 0); // shows its beginning
         setze(maske, "drpArtikel", u"Roggen"_s);
         hake(maske, "chkVorhanden", true);
         EXPECT_EQ(angebot("drpArtikel"), QStringList(u"Hafer"_s));
