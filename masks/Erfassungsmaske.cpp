@@ -166,9 +166,10 @@ void Erfassungsmaske::drpGruppe_Click()
         {[this] { ladeArtikelliste(); }, [this] { Ansichteinstellen(); }, [this] { FelderFullen(); }});
 }
 
+/// Once: a year of a million rows takes half a second.
 void Erfassungsmaske::drpArtikel_GotFocus()
 {
-    if (felder().drpGruppe.Text().isEmpty()) ladeArtikelliste();
+    if (felder().drpGruppe.Text().isEmpty() && !m_artikelauswahl->isOpen()) ladeArtikelliste();
 }
 
 void Erfassungsmaske::drpArtikel_Click()

@@ -97,7 +97,7 @@ void LAUmbuchForm::verdrahteSeite(const Seite& seite, void (LAUmbuchForm::*fuell
     verdrahte(felder.chkVorhanden, &CheckBox::Click, this, ladeUndFuelle);
     verdrahte(felder.drpArtikel, &DataCombo::DropDown, this, [this, &seite] { ladeArtikelliste(seite); });
     verdrahte(felder.drpArtikel, &DataCombo::GotFocus, this, [this, &seite] {
-        if (seite.felder.drpGruppe->Text().isEmpty()) ladeArtikelliste(seite);
+        if (seite.felder.drpGruppe->Text().isEmpty() && !seite.Artikelauswahl.isOpen()) ladeArtikelliste(seite);
     });
     verdrahte(felder.drpArtikel, &DataCombo::Click, this, [this, &seite, fuelle] {
         sys::underErrorReport({[&] { folgeArtikel(seite); }, [&] { (this->*fuelle)(); }});

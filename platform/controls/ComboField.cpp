@@ -157,7 +157,9 @@ void ComboField::contextMenuEvent(QContextMenuEvent* event)
 void ComboField::focusInEvent(QFocusEvent* event)
 {
     QComboBox::focusInEvent(event);
-    if (enters(*event)) Q_EMIT GotFocus();
+    if (!enters(*event)) return;
+    if (!lineEdit()->hasSelectedText()) lineEdit()->end(false); // typing goes on from there
+    Q_EMIT GotFocus();
 }
 
 void ComboField::focusOutEvent(QFocusEvent* event)
