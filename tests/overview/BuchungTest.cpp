@@ -277,7 +277,7 @@ TEST_F(Buchung, WasAngebotenWird)
         EXPECT_EQ(angebot("drpLagerort"), (QStringList{u"H1"_s, u"H2"_s})); // stores that are to be shown
         EXPECT_EQ(angebot("drpGruppe").size(), 10);
         setze(maske, "drpGruppe", u"Saatgut"_s);
-        EXPECT_EQ(angebot("drpArtikel"), (QStringList{u"Bauer's Mix"_s, u"Roggen"_s})); // not the blocked one
+        EXPECT_EQ(angebot("drpArtikel"), (QStringList{u"Bauer's Mix"_s, u"Roggen"_s}));     // not the blocked one
         EXPECT_EQ(widget(maske, "drpGruppe").findChild<QLineEdit*>()->cursorPosition(), 0); // shows its beginning
         setze(maske, "drpArtikel", u"Roggen"_s);
         hake(maske, "chkVorhanden", true);
