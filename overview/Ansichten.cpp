@@ -241,3 +241,10 @@ void sortiereBestandsliste(const Hauptansicht& haupt, int spalte)
         GridSortieren(haupt.Bestanddaten, haupt.BestandListe, spalte, {.ausdruck = ersatz(Bestandsersatz, feld)});
     });
 }
+
+void zeigeZeilenzahl(const DataControl& daten, DataGrid& liste, const QString& eine, const QString& mehrere)
+{
+    if (!daten.isOpen()) return liste.setCaption(u"Nicht gelesen"_s);
+    const qsizetype zeilen = daten.RecordCount();
+    liste.setCaption(QString::number(zeilen) + u' ' + (zeilen == 1 ? eine : mehrere));
+}

@@ -39,3 +39,6 @@ void filtereBestandsliste(const Hauptansicht& haupt, const QString& eingrenzung,
 /// Sorts by a column, at a second call in the other direction. \throws jet::Error.
 void sortiereJournal(const Hauptansicht& haupt, int spalte);
 void sortiereBestandsliste(const Hauptansicht& haupt, int spalte);
+
+/// Tells above a list how many rows it has ("1 Bewegung", "2 Bewegungen"), or that they could not be read.
+void zeigeZeilenzahl(const DataControl& daten, DataGrid& liste, const QString& eine, const QString& mehrere);

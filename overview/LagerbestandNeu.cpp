@@ -48,7 +48,6 @@ namespace {
 
 constexpr int BreiteKleinerBildschirme = 800; // pixels; there the screen takes all of it
 constexpr QSize Entwurfsgroesse(1000, 700);
-const QString NichtGelesen = u"Nicht gelesen"_s;
 
 std::unique_ptr<jet::Database> oeffneJahr()
 {
@@ -121,18 +120,16 @@ void LagerbestandNeu::verdrahteAlles()
     verdrahte(ui->chkOhneNull, &CheckBox::Click, this, &LagerbestandNeu::FilterEinstellen);
     verdrahte(ui->chkNurSumme, &CheckBox::Click, this, &LagerbestandNeu::FilterEinstellen);
     verdrahte(ui->SSTab1, &QTabWidget::currentChanged, this, &LagerbestandNeu::SSTab1_Click);
-    verdrahte(ui->Journalliste, &DataGrid::HeadClick, this, [this](int spalte) {
+    const auto sortiere = [this](const DataControl& daten, void (*wie)(const Hauptansicht&, int), int spalte) {
         const sys::Hourglass warten;
-        const bool ungefiltert = brauchtFilter(*Journaldaten);
-        sortiereJournal(*m_haupt, spalte);
+        const bool ungefiltert = brauchtFilter(daten);
+        wie(*m_haupt, spalte);
         if (ungefiltert) FilterEinstellen();
-    });
-    verdrahte(ui->BestandListe, &DataGrid::HeadClick, this, [this](int spalte) {
-        const sys::Hourglass warten;
-        const bool ungefiltert = brauchtFilter(*Bestanddaten);
-        sortiereBestandsliste(*m_haupt, spalte);
-        if (ungefiltert) FilterEinstellen();
-    });
+    };
+    verdrahte(ui->Journalliste, &DataGrid::HeadClick, this,
+              [=, this](int spalte) { sortiere(*Journaldaten, sortiereJournal, spalte); });
+    verdrahte(ui->BestandListe, &DataGrid::HeadClick, this,
+              [=, this](int spalte) { sortiere(*Bestanddaten, sortiereBestandsliste, spalte); });
     verdrahte(ui->Command5, &QPushButton::clicked, this,
               [this] { LieferscheindruckForm(gewaehltesJahr(), this).exec(); });
     verdrahte(ui->M_Vorjahr, &QAction::triggered, this, &LagerbestandNeu::M_Vorjahr_Click);
@@ -457,15 +454,12 @@ void LagerbestandNeu::Journaldaten_Reposition()
 {
     for (QPushButton* befehl : {ui->Command7_1_, ui->Command4})
         befehl->setEnabled(Journaldaten->RecordCount() > 0);
-    if (!Journaldaten->isOpen()) return ui->Journalliste->setCaption(NichtGelesen);
-    const qsizetype zeilen = Journaldaten->RecordCount();
-    ui->Journalliste->setCaption(zeilen == 1 ? u"1 Bewegung"_s : QString::number(zeilen) + u" Bewegungen"_s);
+    zeigeZeilenzahl(*Journaldaten, *ui->Journalliste, u"Bewegung"_s, u"Bewegungen"_s);
 }
 
 void LagerbestandNeu::Bestanddaten_Reposition()
 {
-    if (!Bestanddaten->isOpen()) return ui->BestandListe->setCaption(NichtGelesen);
-    ui->BestandListe->setCaption(QString::number(Bestanddaten->RecordCount()) + u" Artikel"_s);
+    zeigeZeilenzahl(*Bestanddaten, *ui->BestandListe, u"Artikel"_s, u"Artikel"_s);
 }
 
 bool LagerbestandNeu::journalGezeigt() const

@@ -70,20 +70,6 @@ TEST_F(Hauptbildschirm, EinNameDerDieAnweisungBrichtVerdirbtNurDieseWahl)
     }
 }
 
-TEST_F(Hauptbildschirm, EinJahrOhneVorlageLaesstDenBildschirmBeimAlten)
-{
-    oeffne();
-    sys::Kill(hof.ort().programm() + u"/Lager.vorlage"_s);
-    feld<ComboBox>("drpJahr").AddItem(u"2030"_s);
-    hof.meldungen().beantworteAlle(sys::Answer::Abort);
-    tippe("drpJahr", u"2030"_s);
-    EXPECT_FALSE(hof.meldungen().abgeholt().isEmpty());
-    EXPECT_EQ(feld<ComboBox>("drpJahr").Text(), u"2024"_s);
-    EXPECT_EQ(modulzustand().Jahr, u"2024"_s);
-    EXPECT_EQ(ueberschrift("Journalliste"), u"6 Bewegungen"_s);
-    EXPECT_FALSE(QFile::exists(hof.journaldatei(2030)));
-}
-
 TEST_F(Hauptbildschirm, WasBeimOeffnenScheitertLaesstSichNachholen)
 {
     sys::SaveSetting(u"Lagerverwaltung"_s, u"LagerortSumme"_s, u"1"_s);
@@ -156,15 +142,6 @@ TEST_F(Hauptbildschirm, EinBeschaedigtesJahrLaesstDenBildschirmBeimAlten)
         EXPECT_EQ(aktuelleBewegung().left(6), u"09.05."_s);
         EXPECT_EQ(ueberschrift("Journalliste"), u"5 Bewegungen"_s);
     }
-}
-
-TEST_F(Hauptbildschirm, WasKeinJahrIstSchreibtNichtsWeiter)
-{
-    oeffne();
-    hof.meldungen().beantworteAlle(sys::Answer::Abort);
-    feld<ComboBox>("drpJahr").setProperty("Text", u"neu"_s);
-    EXPECT_TRUE(hof.meldungen().abgeholt().value(0).contains(u"'neu' ist kein Jahr."_s));
-    EXPECT_EQ(hof.journal(2024).size(), 6U);
 }
 
 TEST_F(Hauptbildschirm, EineAeltereDateiOhneDieSpalteZaehltAlsNein)
