@@ -23,7 +23,8 @@ constexpr auto EigeneSeite = "Hilfeseite";
 const std::map<QString, QString> Seiten{{u"LAZukaufForm"_s, u"buchen"_s},
                                         {u"LAKorrekturForm"_s, u"buchen"_s},
                                         {u"LAUmbuchForm"_s, u"buchen"_s},
-                                        {u"LieferscheindruckForm"_s, u"lieferscheine"_s}};
+                                        {u"LieferscheindruckForm"_s, u"lieferscheine"_s},
+                                        {u"Druckvorschau"_s, u"drucken"_s}};
 
 void zeige(const QString& seite)
 {
