@@ -62,9 +62,8 @@ qint64 execute(Database::Session& session, const sql::Shape& shape)
 bool comesOfDamage(ErrorNumber number)
 {
     using enum ErrorNumber;
-    constexpr ErrorNumber Numbers[] = {ReservedError,  TooFewParameters, UnknownNameInCriterion,
-                                       ObjectNotFound, UnknownTable,     UnknownFormat,
-                                       NoSuchTable};
+    constexpr ErrorNumber Numbers[] = {ReservedError, TooFewParameters, ObjectNotFound,
+                                       UnknownTable,  UnknownFormat,    NoSuchTable};
     return std::ranges::find(Numbers, number) != std::end(Numbers);
 }
 

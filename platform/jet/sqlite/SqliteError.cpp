@@ -53,9 +53,8 @@ constexpr char OwnError[] = "jet:"; // before number and text of an Error that o
     // Figures in the head of a file, of its format and its code of characters.
     if (message == u"unsupported file format" || message.contains(u"text encoding"))
         raiseOfFile(ErrorNumber::UnknownFormat, files);
-    const QString name = message.section(u": "_s, 1).section(u'.', -1);
-    if (message.startsWith(u"no such table: ")) raise(ErrorNumber::UnknownTable, {name});
-    if (message.startsWith(u"no such column: ")) raise(ErrorNumber::UnknownNameInCriterion, {name});
+    if (message.startsWith(u"no such table: ")) // dropped by another program meanwhile
+        raise(ErrorNumber::UnknownTable, {message.section(u": "_s, 1).section(u'.', -1)});
     raise(ErrorNumber::ReservedError, {QString::number(code)});
 }
 
