@@ -9,6 +9,7 @@
 #include "delivery/Lieferscheinnummern.h"
 #include "platform/controls/RowIds.h"
 #include "platform/controls/TasteUmsetzen.h"
+#include "platform/controls/Tasten.h"
 #include "platform/controls/WindowMemory.h"
 #include "platform/controls/Wiring.h"
 #include "platform/report/ReportZurucksetzen.h"
@@ -19,7 +20,6 @@
 #include "platform/system/Pointer.h"
 
 #include <QHeaderView>
-#include <QShortcut>
 
 using namespace Qt::StringLiterals;
 
@@ -55,8 +55,8 @@ LieferscheindruckForm::LieferscheindruckForm(int Jahr, QWidget* parent)
     });
     verdrahte(ui->Command2, &QPushButton::clicked, this, &LieferscheindruckForm::Command2_Click);
     verdrahte(ui->Command1, &QPushButton::clicked, this, [this] { close(); });
-    verdrahte(new QShortcut(Qt::Key_F5, this), &QShortcut::activated, this, &LieferscheindruckForm::Form_Load);
-    verdrahte(new QShortcut(Qt::CTRL | Qt::Key_P, this), &QShortcut::activated, this, [this] {
+    bindeTaste(Taste::NeuLesen, *this, [this] { Form_Load(); });
+    bindeTaste(Taste::Drucken, *this, [this] {
         if (ui->Command2->isVisible()) ui->Command2->click();
     });
     Lieferscheindaten_Reposition(); // nothing is read yet

@@ -2,7 +2,6 @@
 
 #include "platform/controls/Wiring.h"
 
-#include <QApplication>
 #include <QShortcut>
 #include <QWidget>
 
@@ -78,16 +77,11 @@ QString tastenname(Taste taste)
 
 void bindeTaste(Taste taste, QWidget& ort, const std::function<void()>& handler, Qt::ShortcutContext context)
 {
-    const auto ausgeloest = [&ort, handler] {
-        const QWidget* const modal = QApplication::activeModalWidget();
-        if (QApplication::activePopupWidget() || (modal && modal != ort.window())) return;
-        handler();
-    };
     for (const QKeySequence& folge : tastenzeile(taste).tasten) {
         auto* const kurztaste = new QShortcut(folge, &ort);
         kurztaste->setContext(context);
-        kurztaste->setAutoRepeat(false);
-        verdrahte(kurztaste, &QShortcut::activated, kurztaste, ausgeloest);
+        kurztaste->setAutoRepeat(false); // a key held too long counts once
+        verdrahte(kurztaste, &QShortcut::activated, kurztaste, handler);
     }
 }
 

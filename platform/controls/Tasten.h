@@ -59,8 +59,8 @@ const Tastenzeile& tastenzeile(Taste taste);
 QString tastenname(const QKeySequence& taste);
 QString tastenname(Taste taste); ///< Of the first key of the line.
 
-/// Calls the handler when the key is pressed anywhere in the window of `ort`, or with a narrower context in `ort` alone. It
-/// is not called while a list, a menu or a modal window lies over that window. A key that is held down counts once.
+/// Calls the handler when the key is pressed anywhere in the window of `ort`, or with a narrower context in `ort` alone;
+/// not while a list, a menu or a modal window lies over that window.
 void bindeTaste(Taste taste, QWidget& ort, const std::function<void()>& handler,
                 Qt::ShortcutContext context = Qt::WindowShortcut);
 

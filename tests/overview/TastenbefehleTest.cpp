@@ -130,7 +130,8 @@ TEST_F(Tasten, FuehrenZuIhremFeldUndMarkierenEs)
         druecke(Qt::Key_F6, dazu);
         EXPECT_EQ(hier(), name);
     }
-    druecke(Qt::Key_F); // where the focus stays, the field does not
+    druecke(Qt::Key_F); // from anywhere, and where one is already
+    druecke(Qt::Key_End, Qt::NoModifier);
     druecke(Qt::Key_F);
     EXPECT_EQ(markiert(), u"Weizen"_s);
 }
@@ -138,6 +139,8 @@ TEST_F(Tasten, FuehrenZuIhremFeldUndMarkierenEs)
 TEST_F(Tasten, TabGehtWieDasAuge)
 {
     oeffne();
+    EXPECT_TRUE(fenster->minimumSizeHint().boundedTo(QSize(780, 480)) ==
+                fenster->minimumSizeHint()); // nothing is left out
     feld<QWidget>("KurzEingabe").setFocus();
     for (const char* const name : {"DrpBuchart",
                                    "Command7(0)",
