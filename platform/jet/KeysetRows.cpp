@@ -56,6 +56,16 @@ void KeysetRows::movePrevious()
 
 void KeysetRows::findFirst(const QString& criterion)
 {
+    const qsizetype position = findFrom(0, criterion);
+    noMatch = position < 0;
+    if (noMatch)
+        leaveRow(); // a pending edit is dropped by every find; the row stays current
+    else
+        moveTo(position);
+}
+
+qsizetype KeysetRows::findFrom(qsizetype position, const QString& criterion) const
+{
     const auto shape = sql::shapeOf(criterion);
     std::vector<qint64> found;
     {
@@ -66,29 +76,33 @@ void KeysetRows::findFirst(const QString& criterion)
             found.push_back(run.whole(0));
     }
     std::sort(found.begin(), found.end());
-    const qsizetype position = firstOf(found);
-    noMatch = position < 0;
-    if (noMatch)
-        leaveRow(); // a pending edit is dropped by every find; the row stays current
-    else
-        moveTo(position);
+    return firstOf(found, position < count() ? position : 0);
 }
 
-qsizetype KeysetRows::firstOf(const std::vector<qint64>& keys) const
+qsizetype KeysetRows::firstOf(const std::vector<qint64>& keys, qsizetype from) const
 {
-    if (keys.empty()) return -1;
+    if (keys.empty() || m_keys.empty()) return -1;
+    const auto start = m_keys.begin() + from;
     if (m_ascending) {
-        for (const qint64 key : keys) {
-            const auto place = std::lower_bound(m_keys.begin(), m_keys.end(), key);
-            if (place != m_keys.end() && *place == key) return place - m_keys.begin();
-        }
-        return -1;
+        const auto next = std::lower_bound(keys.begin(), keys.end(), *start);
+        const auto lookUp = [&](auto key, auto end) -> qsizetype {
+            for (; key != end; ++key) {
+                const auto place = std::lower_bound(m_keys.begin(), m_keys.end(), *key);
+                if (place != m_keys.end() && *place == *key) return place - m_keys.begin();
+            }
+            return -1;
+        };
+        const qsizetype behind = lookUp(next, keys.end());
+        return behind >= 0 ? behind : lookUp(keys.begin(), next);
     }
-    const auto place = keys.size() == 1 ? std::find(m_keys.begin(), m_keys.end(), keys.front())
-                                        : std::find_if(m_keys.begin(), m_keys.end(), [&](qint64 key) {
-                                              return std::binary_search(keys.begin(), keys.end(), key);
-                                          });
-    return place == m_keys.end() ? -1 : place - m_keys.begin();
+    const auto meet = [&](auto row, auto end) {
+        return keys.size() == 1 ? std::find(row, end, keys.front()) : std::find_if(row, end, [&](qint64 key) {
+            return std::binary_search(keys.begin(), keys.end(), key);
+        });
+    };
+    if (const auto behind = meet(start, m_keys.end()); behind != m_keys.end()) return behind - m_keys.begin();
+    const auto before = meet(m_keys.begin(), start);
+    return before == start ? -1 : before - m_keys.begin();
 }
 
 qint64 KeysetRows::keyAt(qsizetype position) const

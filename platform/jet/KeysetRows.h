@@ -20,6 +20,7 @@ public:
     void moveNext() override;
     void movePrevious() override;
     void findFirst(const QString& criterion) override;
+    qsizetype findFrom(qsizetype position, const QString& criterion) const override;
     qsizetype count() const override { return static_cast<qsizetype>(m_keys.size()); }
     qsizetype position() const override { return isBof() || isEof() || m_deleted ? -1 : m_position; }
     qint64 mark() const override { return currentKey(); }
@@ -29,7 +30,7 @@ public:
         return read(keyAt(position), columns);
     }
     qint64 markAt(qsizetype position) const override { return keyAt(position); }
-    qsizetype positionOf(qint64 mark) const override { return firstOf({mark}); }
+    qsizetype positionOf(qint64 mark) const override { return firstOf({mark}, 0); }
     void moveToPosition(qsizetype position) override;
 
 protected:
@@ -41,8 +42,9 @@ private:
     void moveTo(qsizetype position);
     void requireRows() const;
     qint64 keyAt(qsizetype position) const;
-    /// Position of the first row whose key is among these, which are in ascending order; -1: none is.
-    qsizetype firstOf(const std::vector<qint64>& keys) const;
+    /// Position of the first row whose key is among these, which are in ascending order, counted from one position on and
+    /// behind the last row again from the first; -1: none is.
+    qsizetype firstOf(const std::vector<qint64>& keys, qsizetype from) const;
 
     std::deque<qint64> m_keys; // grows without copies, whose memory would stay taken beside that of the keys
     bool m_ascending = true;   // the keys themselves are in order, so that one can be looked up

@@ -51,6 +51,12 @@ bool Recordset::NoMatch() const
     return m_rows->noMatch;
 }
 
+qsizetype Recordset::FindFrom(qsizetype position, const QString& criterion) const
+{
+    m_rows->connection();
+    return m_rows->findFrom(position, criterion);
+}
+
 qsizetype Recordset::RecordCount() const
 {
     return m_rows->told([this] { return m_rows->count(); });

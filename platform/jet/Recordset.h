@@ -53,6 +53,9 @@ public:
     /// \throws Error CriterionSyntax, UnknownNameInCriterion, TypeMismatch; NotSupported for a table recordset.
     void FindFirst(const QString& criterion);
     bool NoMatch() const;
+    /// The place of the first row that meets the criterion, counted from one place on and behind the last row again from
+    /// the first; -1: none does. No other row becomes current, a pending one stays. \throws Error as FindFirst does.
+    qsizetype FindFrom(qsizetype position, const QString& criterion) const;
 
     qsizetype RecordCount() const;              ///< All rows, known at once.
     qsizetype AbsolutePosition() const;         ///< From 0; -1 without a current row and for a table recordset.

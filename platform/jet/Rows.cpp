@@ -50,6 +50,11 @@ std::vector<int> Recordset::Rows::allColumns() const
     return columns;
 }
 
+qsizetype Recordset::Rows::findFrom(qsizetype, const QString&) const
+{
+    raise(ErrorNumber::NotSupported);
+}
+
 std::optional<std::vector<Value>> Recordset::Rows::valuesAt(qsizetype, const std::vector<int>&) const
 {
     raise(ErrorNumber::NotSupported); // places are for dynasets and snapshots

@@ -20,6 +20,7 @@ public:
     virtual void moveNext() = 0;
     virtual void movePrevious() = 0;
     virtual void findFirst(const QString& criterion) = 0;
+    virtual qsizetype findFrom(qsizetype position, const QString& criterion) const;
     virtual qsizetype count() const = 0;
     virtual qsizetype position() const = 0;
     virtual qint64 mark() const = 0;          ///< What a bookmark keeps of the current row.

@@ -58,20 +58,26 @@ void SnapshotRows::movePrevious()
 
 void SnapshotRows::findFirst(const QString& criterion)
 {
+    const qsizetype position = findFrom(0, criterion);
+    noMatch = position < 0;
+    if (!noMatch) m_position = position;
+}
+
+qsizetype SnapshotRows::findFrom(qsizetype position, const QString& criterion) const
+{
     const auto shape = sql::shapeOf(criterion);
     const QByteArray test = criterionTest(*m_plan, shape);
     auto& statement = connection().prepared(test);
     const int valuesFrom = static_cast<int>(shape.parameters.size());
-    noMatch = true;
-    for (qsizetype row = 0; noMatch && row < m_count; ++row) {
+    for (qsizetype i = 0; i < m_count; ++i) {
+        const qsizetype row = (position + i) % m_count;
         sqlite::Statement::Run run(statement);
         bindParameters(run, shape.parameters);
-        for (std::size_t i = 0; i < fields().size(); ++i)
-            run.bind(valuesFrom + static_cast<int>(i), at(row, i));
-        if (!run.step() || !run.value(0, Type::Boolean).toBool()) continue;
-        noMatch = false;
-        m_position = row;
+        for (std::size_t column = 0; column < fields().size(); ++column)
+            run.bind(valuesFrom + static_cast<int>(column), at(row, column));
+        if (run.step() && run.value(0, Type::Boolean).toBool()) return row;
     }
+    return -1;
 }
 
 qint64 SnapshotRows::mark() const

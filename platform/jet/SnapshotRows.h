@@ -16,6 +16,7 @@ public:
     void moveNext() override;
     void movePrevious() override;
     void findFirst(const QString& criterion) override;
+    qsizetype findFrom(qsizetype position, const QString& criterion) const override;
     qsizetype count() const override { return m_count; }
     qsizetype position() const override { return isBof() || isEof() ? -1 : m_position; }
     qint64 mark() const override;
