@@ -35,6 +35,7 @@ constexpr Function Functions[] = {
     {u"CLNG",   "N",   Type::Long,    K::Scalar,    "jet_clng"},
     {u"CDBL",   "X",   Type::Double,  K::Scalar,    "jet_cdbl"},
     {u"ISNUMERIC", "X", Type::Boolean, K::Scalar,   "jet_isnumeric"},
+    {u"BEGINS", "ATT", Type::Boolean, K::Scalar,    "jet_begins"},
     {u"YEAR",   "D",   Type::Long,    K::Scalar,    "jet_year"},
     {u"MONTH",  "D",   Type::Long,    K::Scalar,    "jet_month"},
     {u"DAY",    "D",   Type::Long,    K::Scalar,    "jet_day"},

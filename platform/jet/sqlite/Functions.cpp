@@ -3,6 +3,7 @@
 #include "platform/jet/Conversion.h"
 #include "platform/jet/Errors.h"
 #include "platform/jet/Rounding.h"
+#include "platform/jet/ShownText.h"
 #include "platform/jet/sqlite/Binding.h"
 #include "platform/jet/sqlite/Names.h"
 #include "platform/jet/sqlite/Pattern.h"
@@ -12,10 +13,13 @@
 #include <sqlite3.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
 #include <new>
 #include <optional>
+#include <string>
+#include <string_view>
 
 using namespace Qt::StringLiterals;
 
@@ -273,6 +277,56 @@ void convertValue(sqlite3_context* context, int count, sqlite3_value** values)
     }
 }
 
+bool showsBeginning(const Arguments& a)
+{
+    const QString format = a.text(1);
+    const Value value = a.value(0, format == DayFormat ? Type::Date : Type::Null);
+    return shownText(value, format).startsWith(a.text(2), Qt::CaseInsensitive);
+}
+
+/// Texts that BEGINS was asked about last: in the order of an index those of the next row are mostly the same.
+struct Asked {
+    std::array<std::string, 3> texts;
+    bool answer;
+};
+
+std::string_view rawText(sqlite3_value* value)
+{
+    const auto* bytes = reinterpret_cast<const char*>(sqlite3_value_text(value));
+    return {bytes, static_cast<std::size_t>(sqlite3_value_bytes(value))};
+}
+
+bool beginsAsBefore(sqlite3_context* context, const Arguments& a, sqlite3_value** values)
+{
+    constexpr int Word = 2; // mostly the same in all rows; only then is anything kept with it
+    const std::array texts{rawText(values[0]), rawText(values[1]), rawText(values[Word])};
+    auto* asked = static_cast<Asked*>(sqlite3_get_auxdata(context, Word));
+    if (asked && std::equal(texts.begin(), texts.end(), asked->texts.begin())) return asked->answer;
+    const bool answer = showsBeginning(a);
+    Asked now{{std::string(texts[0]), std::string(texts[1]), std::string(texts[2])}, answer};
+    if (asked)
+        *asked = std::move(now);
+    else
+        sqlite3_set_auxdata(context, Word, new Asked(std::move(now)),
+                            [](void* kept) { delete static_cast<Asked*>(kept); });
+    return answer;
+}
+
+/// value, format, word: whether what a list shows of the value begins with the word, in any case.
+void begins(sqlite3_context* context, int count, sqlite3_value** values)
+{
+    try {
+        const Arguments a(count, values);
+        if (a.anyNull()) return sqlite3_result_null(context);
+        const bool isText = sqlite3_value_type(values[0]) == SQLITE_TEXT;
+        resultValue(context, Value(isText ? beginsAsBefore(context, a, values) : showsBeginning(a)));
+    } catch (const Error& error) {
+        resultError(context, error);
+    } catch (const std::bad_alloc&) {
+        sqlite3_result_error_nomem(context);
+    }
+}
+
 /// The value in the row with the lowest or highest key of a group; NULL is a value like any other.
 struct Keyed {
     sqlite3_value* value;
@@ -311,6 +365,7 @@ constexpr Row Rows[] = {
     {"jet_left", 2, call<left>},           {"jet_right", 2, call<right>},
     {"jet_mid", 2, call<mid>},             {"jet_mid", 3, call<mid>},
     {"jet_instr", 2, call<inStr>},         {"jet_instr", 3, call<inStr>},       {"jet_like", 2, call<like>},
+    {"jet_begins", 3, begins},
     {"jet_round", 1, call<rounded>},       {"jet_round", 2, call<rounded>},
     {"jet_int", 1, call<floored>},         {"jet_fix", 1, call<truncated>},
     {"jet_cint", 1, call<toShort>},        {"jet_clng", 1, call<toLong>},
