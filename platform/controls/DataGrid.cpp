@@ -2,6 +2,7 @@
 
 #include "platform/controls/DataControl.h"
 #include "platform/controls/GridHeader.h"
+#include "platform/controls/GridSearch.h"
 #include "platform/jet/Errors.h"
 #include "platform/system/ErrorReport.h"
 
@@ -43,7 +44,8 @@ protected:
 } // namespace
 
 DataGrid::DataGrid(QWidget* parent)
-    : QTableView(parent), m_model(new GridModel(this)), m_header(new GridHeader(this)), m_selected(*this)
+    : QTableView(parent), m_model(new GridModel(this)), m_header(new GridHeader(this)),
+      m_search(new GridSearch(*this, *m_model, *m_header)), m_selected(*this)
 {
     setHorizontalHeader(m_header);
     setModel(m_model);
@@ -198,6 +200,7 @@ void DataGrid::follow()
 void DataGrid::currentChanged(const QModelIndex& current, const QModelIndex& previous)
 {
     QTableView::currentChanged(current, previous);
+    m_search->end();
     viewport()->update(); // whole rows are drawn as current
     if (m_following || !m_data || current.row() < 0 || current.row() == m_data->AbsolutePosition()) return;
     sys::underErrorReport({[&] { m_data->MoveTo(current.row()); }});
@@ -236,7 +239,7 @@ void DataGrid::keyPressEvent(QKeyEvent* event)
         // With Ctrl as without: the row they lead to is selected.
         QKeyEvent plain(event->type(), event->key(), event->modifiers() & ~Qt::ControlModifier);
         QTableView::keyPressEvent(&plain);
-    } else {
+    } else if (!m_search->press(*event)) {
         QTableView::keyPressEvent(event);
     }
     selectCurrentAsTheOnlyOne();
@@ -246,6 +249,11 @@ void DataGrid::mousePressEvent(QMouseEvent* event)
 {
     QTableView::mousePressEvent(event);
     selectCurrentAsTheOnlyOne();
+}
+
+void DataGrid::keyboardSearch(const QString& text)
+{
+    m_search->type(text);
 }
 
 void DataGrid::mouseDoubleClickEvent(QMouseEvent* event)

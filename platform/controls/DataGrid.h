@@ -10,9 +10,10 @@
 
 class DataControl;
 class GridHeader;
+class GridSearch;
 
 /// The rows of a data control as a table to read, select and delete in. Its current row is the data control's, whoever
-/// moves it; reads no more rows than it shows.
+/// moves it; reads no more rows than it shows. What is typed finds the next row that begins so in the current column.
 ///
 /// Highlighted are the rows that Delete means: several selected ones, else the current one. A single selected row is the
 /// current one: it goes along when another row becomes current.
@@ -86,7 +87,7 @@ protected:
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
     void keyPressEvent(QKeyEvent* event) override;
-    void keyboardSearch(const QString&) override {} // letters belong to the screen's short keys
+    void keyboardSearch(const QString& text) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
@@ -118,6 +119,7 @@ private:
     QPointer<DataControl> m_data;
     GridModel* m_model;
     GridHeader* m_header;
+    GridSearch* m_search;
     SelectedRows m_selected;
     QString m_title;
     QString m_emptyText;

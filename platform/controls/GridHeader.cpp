@@ -20,16 +20,26 @@ GridHeader::GridHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent), m
     });
 }
 
-QString GridHeader::Caption() const
-{
-    return m_caption->text();
-}
-
 void GridHeader::setCaption(const QString& caption)
 {
-    const bool heightChanges = caption.isEmpty() != m_caption->isHidden();
-    m_caption->setText(caption);
-    m_caption->setHidden(caption.isEmpty());
+    m_text = caption;
+    showCaption();
+}
+
+void GridHeader::setSearch(const QString& text)
+{
+    m_search = text;
+    showCaption();
+}
+
+void GridHeader::showCaption()
+{
+    QString shown = m_text;
+    if (!m_text.isEmpty() && !m_search.isEmpty()) shown += u"  –  ";
+    shown += m_search;
+    const bool heightChanges = shown.isEmpty() != m_caption->isHidden();
+    m_caption->setText(shown);
+    m_caption->setHidden(shown.isEmpty());
     if (heightChanges) placeCaption();
 }
 

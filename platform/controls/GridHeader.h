@@ -11,8 +11,9 @@ class GridHeader : public QHeaderView {
 public:
     explicit GridHeader(QWidget* parent);
 
-    QString Caption() const;
+    QString Caption() const { return m_text; }
     void setCaption(const QString& caption);
+    void setSearch(const QString& text); ///< Stands beside the caption; empty: nothing does.
 
     QSize sizeHint() const override;
     int widthFor(const QString& columnCaption,
@@ -33,8 +34,11 @@ protected:
 private:
     int captionHeight() const;
     void placeCaption();
+    void showCaption();
 
     QLabel* m_caption;
+    QString m_text;
+    QString m_search;
     bool m_pressedBeside = false;
     bool m_sizing = false; // what the mouse does now gives a column its width
 };

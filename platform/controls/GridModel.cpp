@@ -1,10 +1,9 @@
 #include "platform/controls/GridModel.h"
 
 #include "platform/controls/DataControl.h"
-#include "platform/controls/DateFormat.h"
 #include "platform/controls/GridColumn.h"
 #include "platform/jet/Errors.h"
-#include "platform/jet/NumberFormat.h"
+#include "platform/jet/ShownText.h"
 #include "platform/system/ErrorReport.h"
 
 #include <QFont>
@@ -25,13 +24,6 @@ QColor legible(const QColor& colour)
     const QColor background = QGuiApplication::palette().color(QPalette::Button);
     if (background.lightness() >= Middle || colour.lightness() >= Middle) return colour;
     return QColor::fromHsl(colour.hslHue(), colour.hslSaturation(), Light);
-}
-
-QString usualText(const jet::Value& value, const QString& format)
-{
-    if (!format.isEmpty() && jet::isNumber(value.type())) return jet::formatted(value.toDouble(), format);
-    if (value.type() == jet::Type::Date) return formatDate(value.toDate());
-    return value.toText().simplified(); // a cell is one line
 }
 
 } // namespace
@@ -189,7 +181,7 @@ QString GridModel::text(const Row& row, int column) const
 {
     if (!row) return u"#Gelöscht"_s;
     const jet::Value& value = cell(*row, column);
-    return isBlank(value, column) ? QString() : usualText(value, this->column(column).NumberFormat());
+    return isBlank(value, column) ? QString() : jet::shownText(value, this->column(column).NumberFormat());
 }
 
 bool GridModel::isBlank(const jet::Value& value, int column) const

@@ -21,7 +21,7 @@ class GridModel : public QAbstractTableModel {
     Q_OBJECT
 
 public:
-    /// Whether a cell shows nothing although it has a value.
+    /// Whether a cell shows nothing although it has a value. A search asks about the number 0 alone.
     using Blank = std::function<bool(const GridColumn& column, const jet::Value& value)>;
 
     using QAbstractTableModel::QAbstractTableModel;
@@ -43,6 +43,8 @@ public:
     QVariant data(const QModelIndex& index, int role) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
     bool showsNumbers(int column) const;
+    jet::Type type(int column) const { return m_types[static_cast<std::size_t>(column)]; }
+    bool hidesZero(int column) const { return m_blank && m_blank(*m_columns[static_cast<std::size_t>(column)], 0.0); }
     /// The texts of all columns of a row, read now. \throws jet::Error.
     QStringList texts(int row) const;
     /// The values of the visible columns of a stretch of rows, read now; NULL for a cell that shows nothing. Rows that

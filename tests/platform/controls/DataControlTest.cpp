@@ -198,20 +198,6 @@ TEST_F(DataControlTest, LetsAHandlerKeepTheUserOnHisRow)
     EXPECT_EQ(stored(1), u"NULL"_s);
 }
 
-TEST_F(DataControlTest, KeepsAPendingRowThatCannotBeWritten)
-{
-    m_data.Refresh();
-    m_data.MoveNext();
-    BoundBox box(m_data, u"Preisfaktor"_s);
-    QTest::keyClicks(&box, u"1000"_s); // one letter too long
-    EXPECT_EQ(refusal([this] { m_data.MoveNext(); }), 3163);
-    EXPECT_EQ(m_data.AbsolutePosition(), 1);
-    EXPECT_EQ(box.text(), u"1000"_s);
-    QTest::keyClick(&box, Qt::Key_Backspace);
-    m_data.MoveNext();
-    EXPECT_EQ(m_farm.zeigt(2024, u"SELECT Preisfaktor FROM LAGERJOURNAL WHERE ID = 2"_s), QStringList(u"100"_s));
-}
-
 TEST_F(DataControlTest, ShowsNothingOfARowThatIsGone)
 {
     m_data.Refresh();

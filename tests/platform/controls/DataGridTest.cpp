@@ -3,6 +3,7 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QHeaderView>
+#include <QLabel>
 #include <QScrollBar>
 #include <QTest>
 
@@ -49,8 +50,9 @@ TEST_F(GridScreen, IsWalkedWithTheKeyboard)
         {Qt::Key_Right, {}, 3, 3},
         {Qt::Key_PageUp, {}, 1, 0},
         {Qt::Key_PageDown, {}, 10, 11},
-        {Qt::Key_W, {}, 3, 3},
-        {Qt::Key_Z, {}, 3, 3},
+        {Qt::Key_W, Qt::ControlModifier, 3, 3},
+        {Qt::Key_W, Qt::AltModifier, 3, 3},
+        {Qt::Key_Z, {}, 3, 5},
         {Qt::Key_End, Qt::ControlModifier, 2, 11},
         {Qt::Key_Home, Qt::ControlModifier, 9, 0},
         {Qt::Key_PageDown, {}, 0, -1},
@@ -73,6 +75,62 @@ TEST_F(GridScreen, IsWalkedWithTheKeyboard)
     }
     press(Qt::Key_Tab);
     EXPECT_FALSE(m_grid->hasFocus());
+}
+
+TEST_F(GridScreen, FindsTheNextRowThatBeginsAsTyped)
+{
+    m_farm.fuehreAus(2024, u"UPDATE LAGERJOURNAL SET Kommentar = 'zwei\r\nZeilen' WHERE ID = 2"_s);
+    m_farm.fuehreAus(2024, u"UPDATE LAGERJOURNAL SET Kommentar = '*?#[o''x' WHERE ID = 3"_s);
+    m_farm.fuehreAus(2024, u"UPDATE LAGERJOURNAL SET Kommentar = 'Öl  alt' WHERE ID = 5"_s);
+    m_grid->setBlank([](const GridColumn& column, const jet::Value& value) {
+        return column.DataField() == u"Zugang"_s && value.toDouble() == 0;
+    });
+    m_grid->setCaption(u"6 Zeilen"_s);
+    show();
+    const auto* const line = m_grid->horizontalHeader()->findChild<QLabel*>();
+    const QString miss = u" (nicht gefunden)"_s;
+    const struct {
+        int column, from;
+        QStringList typed; // a second between them
+        int to;
+        QString word; // as shown at last; empty: none
+    } searches[] = {
+        {1, 0, {u"R"_s}, 4, u"R"_s},
+        {1, 4, {u"ro"_s}, 4, u"ro"_s},
+        {1, 5, {u"r"_s, u"r"_s}, 5, u"r"_s},
+        {1, 2, {u"mx"_s}, 3, u"mx"_s + miss},
+        {1, 2, {u"mx\b"_s}, 3, u"m"_s},
+        {1, 2, {u"m\b"_s}, 3, {}},
+        {1, 2, {u" "_s}, 2, {}},
+        {0, 0, {u"05"_s}, 2, u"05"_s},
+        {0, 0, {u"08.06.2024"_s}, 5, u"08.06.2024"_s},
+        {2, 1, {u"1.234,5"_s}, 0, u"1.234,5"_s},
+        {2, 0, {u"0"_s}, 3, u"0"_s},
+        {2, 0, {u"0,00"_s}, 3, u"0,00"_s + miss},
+        {3, 0, {u"zwei z"_s}, 1, u"zwei z"_s},
+        {3, 0, {u"*?#[o'"_s}, 2, u"*?#[o'"_s},
+        {3, 0, {u"öl a"_s}, 4, u"öl a"_s},
+    };
+    for (const auto& search : searches) {
+        SCOPED_TRACE(search.typed.join(u'|').toStdString());
+        m_grid->setCurrentIndex(m_grid->model()->index((search.from + 1) % 6, search.column));
+        m_grid->setCurrentIndex(m_grid->model()->index(search.from, search.column));
+        for (const QString& typed : search.typed) {
+            if (&typed != &search.typed.front()) QTest::qWait(1100);
+            for (const QChar c : typed) // QTest::keyClicks knows no umlauts
+                QTest::sendKeyEvent(QTest::Click, m_grid,
+                                    c == u'\b' ? Qt::Key_Backspace : Qt::Key(c.toUpper().unicode()), c, Qt::NoModifier);
+        }
+        EXPECT_EQ(m_data.AbsolutePosition(), search.to);
+        EXPECT_EQ(m_grid->currentIndex(), m_grid->model()->index(search.to, search.column));
+        const QString told = search.word.isEmpty()
+                                 ? QString()
+                                 : u"Suche in %1: "_s.arg(m_grid->Columns(search.column).Caption()) + search.word;
+        EXPECT_EQ(m_grid->accessibleDescription(), told);
+        EXPECT_EQ(line->text(), told.isEmpty() ? u"6 Zeilen"_s : u"6 Zeilen  –  "_s + told);
+    }
+    EXPECT_TRUE(QTest::qWaitFor([&] { return line->text() == u"6 Zeilen"_s; }));
+    EXPECT_EQ(messages(), QStringList());
 }
 
 TEST_F(GridScreen, FollowsTheDataControlAndKeepsASelection)
@@ -150,35 +208,6 @@ TEST_F(GridScreen, CopiesTheRowsAsShown)
         press(Qt::Key_C, Qt::ControlModifier);
         EXPECT_EQ(QGuiApplication::clipboard()->text(), u"Datum\tArtikel\tZugang\n"_s + QString::fromUtf8(c.copied));
     }
-    click(0);
-    press(Qt::Key_Down, Qt::ShiftModifier);
-    press(Qt::Key_Down, Qt::ShiftModifier);
-    EXPECT_EQ(selected(), u"Weizen Gerste Hafer"_s);
-    EXPECT_EQ(current(), u"Hafer"_s);
-}
-
-TEST_F(GridScreen, TellsOfClicks)
-{
-    show();
-    QStringList clicks;
-    QObject::connect(m_grid, &DataGrid::HeadClick, [&](int column) { clicks.append(QString::number(column)); });
-    QObject::connect(m_grid, &DataGrid::DblClick, [&] { clicks.append(current()); });
-    const auto doubleClick = [this](QPoint at) {
-        QTest::mouseClick(m_grid->viewport(), Qt::LeftButton, {}, at);
-        QTest::mouseDClick(m_grid->viewport(), Qt::LeftButton, {}, at);
-    };
-    QHeaderView* const header = m_grid->horizontalHeader();
-    header->setStretchLastSection(false);
-    header->resizeSection(3, 20);
-    m_grid->Columns(0).setVisible(false);
-    clickHeader(2);
-    QTest::mouseClick(header->viewport(), Qt::LeftButton, {},
-                      QPoint(header->viewport()->width() - 2, header->viewport()->height() / 2));
-    m_window.resize(500, 400);
-    ASSERT_TRUE(QTest::qWaitFor([this] { return m_grid->viewport()->height() > 200; }));
-    doubleClick(m_grid->visualRect(m_grid->model()->index(3, 1)).center());
-    doubleClick(QPoint(5, m_grid->viewport()->height() - 3));
-    EXPECT_EQ(clicks, QStringList({u"2"_s, u"-1"_s, u"Mais"_s}));
 }
 
 TEST_F(GridScreen, ShowsWhatOtherProgramsDid)
@@ -218,18 +247,6 @@ TEST_F(GridScreen, ReportsAFailureOfDrawingOnce)
     m_grid->Columns(3).setDataField(u"Kommentar"_s);
     m_data.Refresh();
     EXPECT_EQ(article(0), u"Weizen"_s);
-
-    m_grid->setBlank([](const GridColumn& column, const jet::Value& value) {
-        if (column.DataField() == u"Zugang"_s && value.toDouble() == 50) jet::engine().OpenDatabase(u"/nirgends"_s);
-        return false;
-    });
-    m_grid->grab();
-    m_grid->grab();
-    EXPECT_EQ(seen(1), u"03.04.2024 | Gerste | #Fehler | "_s);
-    const QString missing = report(3024, u"Datei '/nirgends' nicht gefunden."_s);
-    m_farm.meldungen().beantworte(missing, sys::Answer::Ignore);
-    QCoreApplication::processEvents();
-    EXPECT_EQ(messages(), QStringList(missing));
 }
 
 TEST_F(GridScreen, ReadsOnlyTheRowsOnView)

@@ -1,6 +1,7 @@
 #include "platform/controls/GridSortieren.h"
 #include "tests/platform/controls/GridScreen.h"
 
+#include <QHeaderView>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -59,7 +60,12 @@ TEST_F(GridSortierenTest, WritesWhatIsPendingEvenBesideTheColumns)
     const QString source = m_data.RecordSource();
     m_data.Edit();
     m_data.Set(u"Kommentar", u"neu"_s);
-    GridSortieren(m_data, *m_grid, -1);
+    QObject::connect(m_grid, &DataGrid::HeadClick, [this](int column) { GridSortieren(m_data, *m_grid, column); });
+    QHeaderView* const header = m_grid->horizontalHeader();
+    header->setStretchLastSection(false);
+    header->resizeSection(3, 20);
+    QTest::mouseClick(header->viewport(), Qt::LeftButton, {},
+                      QPoint(header->viewport()->width() - 2, header->viewport()->height() / 2));
     EXPECT_EQ(m_data.RecordSource(), source);
     EXPECT_EQ(m_farm.zeigt(2024, u"SELECT Kommentar FROM LAGERJOURNAL WHERE ID = 1"_s), QStringList(u"neu"_s));
 }
