@@ -17,7 +17,15 @@ void shiftParameters(sql::Expression& expression, int by)
         shiftParameters(*argument, by);
 }
 
-/// `use` keeps apart what the same criterion becomes for keys and for values.
+sql::ExpressionPtr boundToTable(const sqlite::Plan& plan, const sql::Shape& criterion)
+{
+    auto expression = sql::parseCriterion(criterion);
+    shiftParameters(*expression, plan.parameters);
+    bind::OutputBinder(plan.select->columns, bind::OutputBinder::By::Expression).bindCondition(expression);
+    return expression;
+}
+
+/// `use` keeps apart what the same criterion becomes for all keys, for some and for values.
 template <typename Write>
 QByteArray kept(sqlite::Plan& plan, const sql::Shape& criterion, QChar use, Write write)
 {
@@ -33,11 +41,14 @@ QByteArray kept(sqlite::Plan& plan, const sql::Shape& criterion, QChar use, Writ
 
 QByteArray criterionKeys(sqlite::Plan& plan, const sql::Shape& criterion)
 {
-    return kept(plan, criterion, u'K', [&] {
-        auto expression = sql::parseCriterion(criterion);
-        shiftParameters(*expression, plan.parameters);
-        bind::OutputBinder(plan.select->columns, bind::OutputBinder::By::Expression).bindCondition(expression);
-        return sqlite::writeFind(*plan.select, *expression);
+    return kept(plan, criterion, u'K', [&] { return sqlite::writeFind(*plan.select, *boundToTable(plan, criterion)); });
+}
+
+QByteArray criterionKeysAmong(sqlite::Plan& plan, const sql::Shape& criterion)
+{
+    return kept(plan, criterion, u'A', [&] {
+        const int keys = plan.parameters + static_cast<int>(criterion.parameters.size());
+        return sqlite::writeFindAmong(*plan.select, *boundToTable(plan, criterion), keys);
     });
 }
 

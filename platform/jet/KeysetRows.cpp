@@ -56,7 +56,8 @@ void KeysetRows::movePrevious()
 
 void KeysetRows::findFirst(const QString& criterion)
 {
-    const qsizetype position = findFrom(0, criterion);
+    const auto shape = sql::shapeOf(criterion);
+    const qsizetype position = firstOf(found(criterionKeys(*m_plan, shape), shape), 0);
     noMatch = position < 0;
     if (noMatch)
         leaveRow(); // a pending edit is dropped by every find; the row stays current
@@ -64,19 +65,33 @@ void KeysetRows::findFirst(const QString& criterion)
         moveTo(position);
 }
 
+/// Asks a short stretch of the rows first: what is frequent is met there, and need not be looked for in all of them.
 qsizetype KeysetRows::findFrom(qsizetype position, const QString& criterion) const
 {
+    constexpr qsizetype Near = 1000;
+    if (position >= count()) position = 0;
     const auto shape = sql::shapeOf(criterion);
-    std::vector<qint64> found;
+    std::vector<Value> near;
+    for (qsizetype i = position; i < std::min(position + Near, count()); ++i)
+        near.emplace_back(keyAt(i));
+    const auto met = found(criterionKeysAmong(*m_plan, shape), shape, {near});
+    return firstOf(met.empty() ? found(criterionKeys(*m_plan, shape), shape) : met, position);
+}
+
+std::vector<qint64> KeysetRows::found(const QByteArray& statement, const sql::Shape& criterion,
+                                      const std::vector<std::vector<Value>>& among) const
+{
+    std::vector<qint64> keys;
     {
-        sqlite::Statement::Run run(connection().prepared(criterionKeys(*m_plan, shape)));
+        sqlite::Statement::Run run(connection().prepared(statement));
         bindParameters(run, m_shape.parameters);
-        bindParameters(run, shape.parameters, m_plan->parameters);
+        bindParameters(run, criterion.parameters, m_plan->parameters);
+        bindParameters(run, among, m_plan->parameters + static_cast<int>(criterion.parameters.size()));
         while (run.step())
-            found.push_back(run.whole(0));
+            keys.push_back(run.whole(0));
     }
-    std::sort(found.begin(), found.end());
-    return firstOf(found, position < count() ? position : 0);
+    std::sort(keys.begin(), keys.end());
+    return keys;
 }
 
 qsizetype KeysetRows::firstOf(const std::vector<qint64>& keys, qsizetype from) const

@@ -42,6 +42,9 @@ private:
     void moveTo(qsizetype position);
     void requireRows() const;
     qint64 keyAt(qsizetype position) const;
+    /// Keys that a statement finds, in ascending order.
+    std::vector<qint64> found(const QByteArray& statement, const sql::Shape& criterion,
+                              const std::vector<std::vector<Value>>& among = {}) const;
     /// Position of the first row whose key is among these, which are in ascending order, counted from one position on and
     /// behind the last row again from the first; -1: none is.
     qsizetype firstOf(const std::vector<qint64>& keys, qsizetype from) const;

@@ -81,11 +81,11 @@ public:
         return m_out;
     }
 
-    QByteArray find(const Expression& criterion)
+    QByteArray find(const Expression& criterion, const QByteArray& among = {})
     {
         m_out += "SELECT t0._rowid_";
         from();
-        m_out += " WHERE ";
+        m_out += " WHERE " + among;
         m_expressions.condition(criterion);
         return m_out;
     }
@@ -320,6 +320,12 @@ QByteArray writeRow(const BoundSelect& select, int key)
 QByteArray writeFind(const BoundSelect& select, const sql::Expression& criterion)
 {
     return SelectWriter(select).find(criterion);
+}
+
+QByteArray writeFindAmong(const BoundSelect& select, const sql::Expression& criterion, int keys)
+{
+    const QByteArray list = "(SELECT value FROM json_each(?" + QByteArray::number(keys + 1) + "))";
+    return SelectWriter(select).find(criterion, "t0._rowid_ IN " + list + " AND ");
 }
 
 QByteArray writeTest(const sql::Expression& criterion, int valuesFrom)

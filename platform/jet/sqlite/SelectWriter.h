@@ -23,6 +23,9 @@ QByteArray writeRow(const bind::BoundSelect& select, int key);
 /// The statement that gives the keys of all rows of the SELECT's table that meet a bound criterion, in no order.
 QByteArray writeFind(const bind::BoundSelect& select, const sql::Expression& criterion);
 
+/// The same of those rows whose keys are in a list; that is parameter `keys`, counted from 0.
+QByteArray writeFindAmong(const bind::BoundSelect& select, const sql::Expression& criterion, int keys);
+
 /// The statement that tells whether given values meet a criterion; they are the parameters from `valuesFrom` on.
 QByteArray writeTest(const sql::Expression& criterion, int valuesFrom);
 
