@@ -315,11 +315,9 @@ TEST_F(Recordset, FindsFromAPlaceOnAndThenFromTheFirst)
     for (const Kind kind : {Kind::Dynaset, Kind::Snapshot}) {
         const auto descending = open(u"SELECT * FROM J ORDER BY Menge DESC"_s, kind); // Mais, Hafer, Weizen
         const auto ascending = open(u"SELECT * FROM J"_s, kind);                      // Weizen, Hafer, Mais
-        EXPECT_EQ(descending->FindFrom(0, u"Menge < 3"_s), 1);
         EXPECT_EQ(descending->FindFrom(2, u"Menge < 3"_s), 2);
         EXPECT_EQ(descending->FindFrom(2, u"Menge > 1"_s), 0);
         EXPECT_EQ(descending->FindFrom(3, u"ID = 2"_s), 1);
-        EXPECT_EQ(ascending->FindFrom(1, u"Menge <> 2"_s), 2);
         EXPECT_EQ(ascending->FindFrom(2, u"Menge < 3"_s), 0);
         EXPECT_EQ(ascending->FindFrom(1, u"Menge > 3"_s), -1);
         EXPECT_EQ(ascending->AbsolutePosition(), 0);
