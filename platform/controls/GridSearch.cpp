@@ -38,7 +38,8 @@ QString dateCriterion(const QString& field, const QString& word)
 }
 
 /// The stretch of an index in which the word can be: from what of it no blank interrupts, which is on view one blank
-/// however many there are, to that with the last of all characters behind it.
+/// however many there are, to that with the last of all characters behind it. A text that begins with blanks lies
+/// elsewhere in the order and is not found.
 QString textCriterion(const QString& field, const QString& word)
 {
     const QString first = word.section(u' ', 0, 0);
