@@ -11,6 +11,7 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScopedValueRollback>
+#include <QScrollBar>
 #include <QStyledItemDelegate>
 #include <QToolTip>
 
@@ -18,7 +19,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Highlights the current row as well: fully while no row is selected, faintly beside others that are.
+/// Highlights the current row as well: fully while no row is selected, faintly beside others that are. In a grid that keys
+/// do not go to, highlights are grey.
 class RowDelegate : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
@@ -28,6 +30,9 @@ protected:
     {
         QStyledItemDelegate::initStyleOption(option, index);
         const auto* const grid = qobject_cast<const DataGrid*>(option->widget);
+        if (grid && !grid->hasFocus())
+            for (const auto role : {QPalette::Highlight, QPalette::HighlightedText})
+                option->palette.setBrush(role, option->palette.brush(QPalette::Disabled, role));
         if (!grid || grid->currentIndex().row() != index.row() || option->state.testFlag(QStyle::State_Selected))
             return;
         if (!grid->selectionModel()->hasSelection()) {
@@ -57,6 +62,7 @@ DataGrid::DataGrid(QWidget* parent)
     setAlternatingRowColors(true);
     setWordWrap(false);
     setHorizontalScrollMode(ScrollPerPixel);
+    setVerticalScrollMode(ScrollPerItem);
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     sizeRows();
@@ -291,6 +297,27 @@ void DataGrid::showEvent(QShowEvent* event)
 {
     QTableView::showEvent(event);
     sizeColumns();
+}
+
+/// The toolkit puts the last row to the lower edge, and half a row to the upper one.
+void DataGrid::keepTopRowWhole()
+{
+    const QScrollBar* const bar = verticalScrollBar();
+    if (bar->value() < bar->maximum() || bar->maximum() == 0) return;
+    verticalHeader()->setOffsetToSectionPosition(bar->value());
+    viewport()->update();
+}
+
+void DataGrid::scrollContentsBy(int dx, int dy)
+{
+    QTableView::scrollContentsBy(dx, dy);
+    keepTopRowWhole();
+}
+
+void DataGrid::updateGeometries()
+{
+    QTableView::updateGeometries();
+    keepTopRowWhole();
 }
 
 void DataGrid::sizeRows()

@@ -94,6 +94,8 @@ protected:
     void changeEvent(QEvent* event) override;
     bool viewportEvent(QEvent* event) override;
     void showEvent(QShowEvent* event) override;
+    void scrollContentsBy(int dx, int dy) override;
+    void updateGeometries() override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
@@ -107,6 +109,7 @@ private:
     int mostForText() const;
     void widenForContents();
     void sizeRows();
+    void keepTopRowWhole();
     bool selectsOnly(int row) const;
     void selectCurrentAsTheOnlyOne();
     std::vector<jet::Bookmark> rowsToDelete() const;

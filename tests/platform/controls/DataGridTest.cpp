@@ -66,6 +66,8 @@ TEST_F(GridScreen, IsWalkedWithTheKeyboard)
         EXPECT_EQ(fired, now == move.from ? 0 : 1);
         EXPECT_EQ(m_grid->currentIndex().row(), now);
         EXPECT_EQ(m_grid->SelBookmarks().rows(), std::vector<int>{int(now)});
+        EXPECT_EQ(m_grid->rowViewportPosition(m_grid->rowAt(0)), 0); // the upper one is whole, and this one:
+        EXPECT_TRUE(m_grid->viewport()->rect().contains(m_grid->visualRect(m_grid->currentIndex())));
         QObject::disconnect(connection);
     }
     press(Qt::Key_Tab);
