@@ -7,6 +7,7 @@
 #include "delivery/Liefereinstellungen.h"
 #include "delivery/Lieferscheindatei.h"
 #include "delivery/Lieferscheinnummern.h"
+#include "platform/controls/FocusWhole.h"
 #include "platform/controls/RowIds.h"
 #include "platform/controls/TasteUmsetzen.h"
 #include "platform/controls/Tasten.h"
@@ -196,7 +197,7 @@ void LieferscheindruckForm::Command2_Click()
     const QString formular = ui->drpFormular->Text();
     if (sys::trimBlanks(formular).isEmpty() || !sys::Exist(formularordner() + formular)) {
         weiseAb(u"Bitte wählen Sie ein gültiges Lieferscheinformular aus."_s);
-        return ui->drpFormular->setFocus();
+        return focusWhole(*ui->drpFormular);
     }
     if (!baueLieferscheindatei(druckdatei(), m_jahr, schein)) return;
     report::ReportZurucksetzen(*Report);

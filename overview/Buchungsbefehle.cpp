@@ -120,6 +120,7 @@ void Buchungsbefehle::zeige(Maske maske)
         auto& buchung = gesucht.neue.emplace_back();
         for (qsizetype neue = ende - 1; neue >= qMax(zeilen, ende - zeilenJeBuchung); --neue)
             if (const auto ID = idAt(journal, neue)) buchung.push_back(*ID);
+        if (buchung.empty()) gesucht.neue.pop_back(); // taken back, by a full disk
     }
     m_danach(gesucht);
 }

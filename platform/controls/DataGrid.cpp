@@ -6,6 +6,7 @@
 #include "platform/jet/Errors.h"
 #include "platform/system/ErrorReport.h"
 
+#include <QApplication>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QKeyEvent>
@@ -13,6 +14,7 @@
 #include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
+#include <QTimer>
 #include <QToolTip>
 
 using namespace Qt::StringLiterals;
@@ -173,9 +175,20 @@ void DataGrid::showSort(int column, Qt::SortOrder order)
 
 void DataGrid::rowsReplaced()
 {
+    rememberView();
     const QScopedValueRollback following(m_following, true);
     m_model->reload();
     sizeColumns();
+}
+
+/// For the rows that stand there when the handler that reads them anew has found the current one again: nothing jumps.
+void DataGrid::rememberView()
+{
+    const int top = rowAt(0);
+    if (m_view || top < 0 || !currentIndex().isValid()) return;
+    m_view = View{currentIndex().row() - top, horizontalScrollBar()->value()};
+    QMetaObject::invokeMethod(
+        this, [this] { m_view.reset(); }, Qt::QueuedConnection);
 }
 
 void DataGrid::rowRemoved(qsizetype row)
@@ -199,14 +212,18 @@ void DataGrid::follow()
     const QScopedValueRollback following(m_following, true);
     const auto select = selectsOnly(old.row()) ? QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows
                                                : QItemSelectionModel::SelectionFlags(QItemSelectionModel::NoUpdate);
-    const int column = old.isValid() ? old.column() : qMax(0, m_header->logicalIndexAt(0));
+    const int column = m_column >= 0 ? m_column : qMax(0, m_header->logicalIndexAt(0));
     selectionModel()->setCurrentIndex(m_model->index(row, column), select);
+    if (!m_view) return;
+    verticalScrollBar()->setValue(row - m_view->above);
+    horizontalScrollBar()->setValue(m_view->left);
 }
 
 void DataGrid::currentChanged(const QModelIndex& current, const QModelIndex& previous)
 {
     QTableView::currentChanged(current, previous);
     m_search->end();
+    if (current.isValid()) m_column = current.column();
     viewport()->update(); // whole rows are drawn as current
     if (m_following || !m_data || current.row() < 0 || current.row() == m_data->AbsolutePosition()) return;
     sys::underErrorReport({[&] { m_data->MoveTo(current.row()); }});
@@ -239,7 +256,7 @@ void DataGrid::keyPressEvent(QKeyEvent* event)
     const auto modifiers = event->modifiers() & ~Qt::KeypadModifier; // the number block has the key, too
     if (event->key() == Qt::Key_Delete && modifiers == Qt::NoModifier) {
         if (m_allowDelete && !event->isAutoRepeat()) sys::underErrorReport({[this] { Delete(); }});
-    } else if (event->matches(QKeySequence::Copy)) {
+    } else if (event->key() == Qt::Key_C && modifiers == Qt::ControlModifier) {
         sys::underErrorReport({[this] { Copy(); }});
     } else if (event->key() == Qt::Key_Home || event->key() == Qt::Key_End) {
         // With Ctrl as without: the row they lead to is selected.
@@ -255,6 +272,8 @@ void DataGrid::mousePressEvent(QMouseEvent* event)
 {
     QTableView::mousePressEvent(event);
     selectCurrentAsTheOnlyOne();
+    // A row that the edge cuts is shown whole, but only when no second click can follow that would hit another one.
+    QTimer::singleShot(QApplication::doubleClickInterval(), this, [this] { scrollTo(currentIndex()); });
 }
 
 void DataGrid::keyboardSearch(const QString& text)
@@ -288,7 +307,7 @@ bool DataGrid::viewportEvent(QEvent* event)
     const auto* const help = static_cast<QHelpEvent*>(event);
     const QModelIndex index = indexAt(help->pos());
     const QString text = index.data().toString();
-    const bool cut = index.isValid() && fontMetrics().horizontalAdvance(text) > visualRect(index).width();
+    const bool cut = index.isValid() && fontMetrics().horizontalAdvance(text) + margin() > visualRect(index).width();
     QToolTip::showText(help->globalPos(), cut ? text : QString(), this);
     return true;
 }
@@ -367,10 +386,10 @@ void DataGrid::sizeColumns()
         if (set == 0) widths.emplace_back(i, width);
         if (isColumnHidden(i)) continue;
         spare -= width;
-        if (set == 0 && !m_model->showsNumbers(i)) ofTexts += width;
+        if (set == 0 && jet::isText(m_model->type(i))) ofTexts += width;
     }
     for (const auto& [i, width] : widths) {
-        const bool grows = spare > 0 && !isColumnHidden(i) && !m_model->showsNumbers(i);
+        const bool grows = spare > 0 && !isColumnHidden(i) && jet::isText(m_model->type(i));
         setColumnWidth(i, grows ? width + spare * width / ofTexts : width);
     }
 }

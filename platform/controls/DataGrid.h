@@ -8,6 +8,8 @@
 #include <QPointer>
 #include <QTableView>
 
+#include <optional>
+
 class DataControl;
 class GridHeader;
 class GridSearch;
@@ -101,6 +103,7 @@ protected:
 private:
     void rowsReplaced();
     void rowRemoved(qsizetype row);
+    void rememberView();
     void follow();
     std::vector<int> sampledWidths() const;
     void sizeColumns();
@@ -129,7 +132,13 @@ private:
     QString m_closedText;
     QString m_tag;
     bool m_allowDelete = true;
-    bool m_following = false; // the current row is being set to the data control's
+    int m_column = -1; // where the user is in his row; -1: nowhere yet
+    struct View {
+        int above; // rows of the view above the current one
+        int left;  // of the horizontal scroll bar
+    };
+    std::optional<View> m_view; // while rows are read anew
+    bool m_following = false;   // the current row is being set to the data control's
     bool m_deleting = false;
     bool m_several = false;
     bool m_endsDeletes = false;

@@ -152,7 +152,8 @@ Qt::Alignment GridModel::alignment(int column) const
 
 void GridModel::requireFields() const
 {
-    if (std::find(m_fields.begin(), m_fields.end(), -1) != m_fields.end()) jet::raise(jet::ErrorNumber::NoSuchField);
+    if (std::find(m_fields.begin(), m_fields.end(), -1) != m_fields.end())
+        jet::raiseOfFile(jet::ErrorNumber::NoSuchField, m_source->Database().Name());
 }
 
 GridModel::Row GridModel::read(int row) const

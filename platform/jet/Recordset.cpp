@@ -53,8 +53,7 @@ bool Recordset::NoMatch() const
 
 qsizetype Recordset::FindFrom(qsizetype position, const QString& criterion) const
 {
-    m_rows->connection();
-    return m_rows->findFrom(position, criterion);
+    return m_rows->told([&] { return m_rows->findFrom(position, criterion); });
 }
 
 qsizetype Recordset::RecordCount() const

@@ -90,7 +90,8 @@ void PreviewWindow::button(QHBoxLayout& bar, const QString& name, const QString&
     auto* const button = new QPushButton(text, this);
     button->setObjectName(name);
     button->setAutoDefault(false);
-    button->setToolTip(key.toString(QKeySequence::NativeText));
+    // Not native, which is English in a host without German translations.
+    button->setToolTip(key.toString(QKeySequence::PortableText).replace(u"Ctrl"_s, u"Strg"_s));
     const auto* const shortcut = new QShortcut(key, this);
     connect(shortcut, &QShortcut::activated, button, [button] { button->click(); });
     connect(button, &QPushButton::clicked, this,

@@ -157,9 +157,15 @@ TEST_F(GridScreen, FollowsTheDataControlAndKeepsASelection)
     EXPECT_EQ(marks.Count(), 1);
     EXPECT_THROW(marks.Add({}), jet::Error);
     EXPECT_THROW(marks.Remove(1), jet::Error);
+    click(4);
+    press(Qt::Key_Right);
+    const int place = m_grid->rowViewportPosition(4);
     m_data.Refresh();
     EXPECT_EQ(selected(), QString());
     EXPECT_EQ(current(), u"Weizen"_s);
+    m_data.MoveTo(4); // as a screen does that reads its rows anew and finds the one that was current
+    EXPECT_EQ(m_grid->currentIndex().column(), 2);
+    EXPECT_EQ(m_grid->rowViewportPosition(4), place);
 }
 
 TEST_F(GridScreen, StaysWhereTheDataControlStays)
@@ -229,7 +235,8 @@ TEST_F(GridScreen, ShowsWhatOtherProgramsDid)
 
 TEST_F(GridScreen, ReportsAFailureOfDrawingOnce)
 {
-    const QString told = report(3265, u"Element in dieser Auflistung nicht gefunden."_s);
+    const QString told =
+        report(3265, u"Element in dieser Auflistung nicht gefunden. Datei: '"_s + m_data.DatabaseName() + u"'."_s);
     m_farm.meldungen().beantworte(told, sys::Answer::Ignore);
     m_grid->Columns(3).setDataField(u"Bemerkung"_s);
     show();
