@@ -36,10 +36,19 @@ int Recordset::Rows::column(QStringView name) const
 
 Value Recordset::Rows::cell(const sqlite::Statement::Run& run, int column) const
 {
-    const auto index = static_cast<std::size_t>(column);
-    Value value = run.value(column, fields()[index].type);
-    const bool computed = m_plan->select->columns[index].tableColumn < 0;
-    if (computed && value.type() == Type::Double && !std::isfinite(value.toDouble())) raise(ErrorNumber::Overflow);
+    const auto isInfinite = [](const Value& read) {
+        return read.type() == Type::Double && !std::isfinite(read.toDouble());
+    };
+    const auto isStored = [&](int at) {
+        return m_plan->select->columns[static_cast<std::size_t>(at)].tableColumn >= 0;
+    };
+    const auto typeAt = [&](int at) { return fields()[static_cast<std::size_t>(at)].type; };
+    Value value = run.value(column, typeAt(column));
+    if (!isInfinite(value) || isStored(column)) return value;
+    // Of a row that has such a number itself, from before they were refused, or it could be neither seen nor mended.
+    const std::vector<int> all = allColumns();
+    if (std::ranges::none_of(all, [&](int at) { return isStored(at) && isInfinite(run.value(at, typeAt(at))); }))
+        raise(ErrorNumber::Overflow);
     return value;
 }
 
