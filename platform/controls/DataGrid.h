@@ -60,14 +60,12 @@ public:
     /// Marks the header of a column that the rows are sorted by; -1 marks none.
     void showSort(int column, Qt::SortOrder order);
 
-    /// Deletes the rows selected, if they are several, else the current one; within AfterDelete the current one. Each is made current before
-    /// its BeforeDelete, of several it alone is selected then and is on view; when it is gone the next one, else the
-    /// previous one is current. \throws jet::Error.
+    /// Deletes the rows selected, if they are several, else the current one; within AfterDelete the current one. Each is
+    /// made current before its BeforeDelete, of several it alone is selected then and is on view; when it is gone the next
+    /// one, else the previous one is current. \throws jet::Error.
     void Delete();
-    bool DeletesSeveral() const
-    {
-        return m_several;
-    }                                           ///< For handlers: whether other rows come before or after this one.
+    /// For handlers: whether other rows come before or after this one.
+    bool DeletesSeveral() const { return m_several; }
     void EndDeletes() { m_endsDeletes = true; } ///< For handlers: no further row is to be asked about.
     /// Puts the selected rows, else the current one, on the clipboard: the texts as shown, tab-separated, under a line
     /// of the columns' captions. \throws jet::Error.
@@ -81,8 +79,8 @@ Q_SIGNALS:
     void AfterDelete();
     /// After each BeforeDelete, whatever became of the row; maybe while an error is on its way, so nothing may be thrown.
     void DeleteEnded();
-    void
-    DeletesEnded(); ///< After the last of the rows, also when an error or EndDeletes came before. Nothing may be thrown.
+    /// After the last of the rows, also when an error or EndDeletes came before. Nothing may be thrown.
+    void DeletesEnded();
 
 protected:
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
