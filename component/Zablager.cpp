@@ -1,6 +1,7 @@
 #include "component/Zablager.h"
 
 #include "overview/LagerbestandNeu.h"
+#include "platform/system/Application.h"
 
 #include <zablager/DatabaseError.h>
 
@@ -38,6 +39,11 @@ QObject* Zablager::CreateObject(const QString& klasse)
     if (klasse == u"ZABLAGER.Lagerverwaltungsdaten"_s) return neu(m_meldungen).release();
     m_fehler = u"Objekterstellung nicht möglich: Die Klasse '"_s + klasse + u"' gibt es nicht."_s;
     return nullptr;
+}
+
+QString Zablager::Version()
+{
+    return sys::applicationVersion();
 }
 
 std::unique_ptr<_Lagerverwaltungsdaten> Zablager::erzeuge()

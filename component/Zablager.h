@@ -16,6 +16,7 @@ class Zablager final : public QObject, public IZablager {
     Q_PLUGIN_METADATA(IID "ZABLAGER.Zablager/1.0")
     Q_INTERFACES(IZablager)
     Q_PROPERTY(QString LetzterFehler READ LetzterFehler)
+    Q_PROPERTY(QString Version READ Version CONSTANT)
 
 public:
     Zablager() = default;
@@ -25,6 +26,7 @@ public:
     /// A new object of the class "ZABLAGER.Lagerverwaltungsdaten", owned by the caller; null for any other class, with
     /// the reason in LetzterFehler.
     Q_INVOKABLE QObject* CreateObject(const QString& klasse);
+    static QString Version();                          ///< Of the library, such as "0.2.0".
     QString LetzterFehler() const { return m_fehler; } ///< Why the last CreateObject gave null; empty after another.
 
     std::unique_ptr<_Lagerverwaltungsdaten> erzeuge() override;

@@ -50,6 +50,11 @@ class Zablager:
         if self._root.metaObject().className() != "Zablager":
             raise ZablagerError(429, f"Die Bibliothek '{path}' ist eine andere.")
 
+    @property
+    def Version(self):
+        """The version of the library, such as "0.2.0"."""
+        return self._root.property("Version")
+
     def CreateObject(self, klasse):
         """A new object of the class, deleted with its last reference."""
         _expect("klasse", klasse, str)

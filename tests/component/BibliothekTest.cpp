@@ -1,6 +1,7 @@
 // The loadable library as hosts without a screen use it: loaded by path, early-bound and late-bound.
 
 #include "tests/component/Bibliothek.h"
+#include "platform/system/Application.h"
 #include "tests/support/Print.h"
 
 #include <QMetaProperty>
@@ -104,6 +105,7 @@ TEST_F(Bibliothek, SpaetGebundeneFehlerStehenImObjekt)
     EXPECT_EQ(text(), u"Kein Betrieb in der Registrierung eingestellt!"_s);
     EXPECT_EQ(nummer(), 0);
 
+    EXPECT_EQ(wurzel->property("Version"), sys::applicationVersion());
     EXPECT_EQ(objekt(u"ZABLAGER.Ampel"_s), nullptr);
     EXPECT_TRUE(wurzel->property("LetzterFehler").toString().contains(u"ZABLAGER.Ampel"_s));
 }

@@ -42,6 +42,7 @@ with tempfile.TemporaryDirectory() as farm:
     os.environ["XDG_CONFIG_HOME"] = f"{farm}/einstellungen"
 
     zablager = Zablager(library)
+    assert zablager.Version.count(".") == 2
     assert refusal(lambda: zablager.CreateObject("ZABLAGER.Ampel")) == 429
     assert refusal(lambda: Zablager(f"{farm}/fehlt.so")) == 429
 
