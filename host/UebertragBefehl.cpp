@@ -10,6 +10,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+bool hatBuchungen(const Installation& ort, const QString& betrieb, int jahr)
+{
+    const auto journal = jet::engine().OpenDatabase(ort.journaldatei(betrieb, jahr), u";pwd=quenlor"_s);
+    return !journal->OpenRecordset(u"LAGERJOURNAL"_s, jet::Kind::Table)->Eof();
+}
+
 /// "2023 nach 2024", "2024 nach 2027 (ohne 2025, 2026)", "2025 nach 2026: nicht übernommen".
 QString uebergang(const Installation& ort, const QString& betrieb, int von, int nach)
 {
@@ -40,8 +46,13 @@ void uebertrage(const QCommandLineParser& aufruf)
         return schreibe(stdout, u"Nach "_s + QString::number(jahre.front()) +
                                     u" gibt es noch kein Jahr: Es ist nichts zu übertragen."_s);
     QStringList uebergaenge;
-    for (std::size_t i = 1; i < jahre.size(); ++i)
-        uebergaenge.append(uebergang(ort, betrieb, jahre[i - 1], jahre[i]));
+    for (std::size_t i = 1; i < jahre.size(); ++i) {
+        if (hatBuchungen(ort, betrieb, jahre[i - 1]))
+            uebergaenge.append(uebergang(ort, betrieb, jahre[i - 1], jahre[i]));
+    }
+    if (uebergaenge.isEmpty())
+        return schreibe(stdout, u"Vor "_s + QString::number(jahre.back()) +
+                                    u" ist nichts gebucht: Es ist nichts zu übertragen."_s);
     schreibe(stdout, u"Bestände übertragen: "_s + uebergaenge.join(u"; "_s));
 }
 

@@ -165,8 +165,9 @@ TEST_F(Zablager, UebertragUndBestandGehenDurchDieBibliothek)
               u"Bestände übertragen: 2024 nach 2027 (ohne 2025, 2026); 2027 nach 2028: nicht übernommen, so ist es im"
               u" Jahr eingestellt\n"_s);
     EXPECT_EQ(zablager({u"uebertrag"_s, ort, u"--ab"_s, u"2028"_s}).ende, 0);
-    EXPECT_EQ(zablager({u"uebertrag"_s, ort, u"--ab"_s, u"2029"_s}).ende, 1);
+    EXPECT_EQ(zablager({u"uebertrag"_s, ort, u"--ab"_s, u"2030"_s}).ende, 1);
 
+    ASSERT_EQ(einrichten(u"4711"_s, u"2029"_s).ende, 0); // 2028 has nothing to carry into it
     const QString neuerOrt = ort + u" (Kopie)"_s; // the settings follow
     ASSERT_TRUE(QDir().rename(ort, neuerOrt));
     ort = neuerOrt;
