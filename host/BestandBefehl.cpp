@@ -2,6 +2,7 @@
 #include "host/Befehl.h"
 #include "host/Komponente.h"
 #include "platform/jet/Engine.h"
+#include "platform/jet/Errors.h"
 #include "platform/system/Files.h"
 
 #include <zablager/DatabaseError.h>
@@ -41,6 +42,21 @@ void meldeUnbekannte(const QString& datei, const QString& Artikel, const QString
         schreibe(stderr, keineBuchung + u"Lagerort '"_s + Lagerort + u"'."_s);
 }
 
+/// Another program may have put a text among the quantities: the sum takes it as 0, and a program would read the figure.
+void pruefeMengen(const QString& datei, const QString& Artikel, const QString& Lagerort, QDate Stichtag)
+{
+    const auto journal = jet::engine().OpenDatabase(datei);
+    const auto texte = journal->OpenRecordset(
+        u"SELECT ID FROM LAGERJOURNAL WHERE Artikel = '"_s + Artikel + u"' AND LagerortKurzKu = '"_s + Lagerort +
+            u"' AND Datum <= "_s + Stichtag.toString(u"#MM/dd/yyyy#") +
+            u" AND Menge > 1.7976931348623157E308"_s, // every text is, and no number
+        jet::Kind::Snapshot);
+    if (texte->Eof()) return;
+    const jet::Error fehler(jet::ErrorNumber::ConversionFailed, jet::errorText(jet::ErrorNumber::ConversionFailed));
+    throw jet::named(jet::named(jet::named(fehler, u"Feld"_s, u"Menge"_s), u"Datei"_s, datei), u"ID"_s,
+                     (*texte)[u"ID"].toText());
+}
+
 void zeigeBestand(const QCommandLineParser& aufruf)
 {
     const QStringList argumente = aufruf.positionalArguments();
@@ -55,6 +71,7 @@ void zeigeBestand(const QCommandLineParser& aufruf)
     const auto lager = lagerverwaltungsdaten(ort, betrieb, QDate(10000, 1, 1));
     lager->Kontrolle_LagerbestandLaden();
     const double menge = bestand(dynamic_cast<QObject&>(*lager), argumente[1], argumente[2], Stichtag);
+    pruefeMengen(datei, argumente[1], argumente[2], Stichtag);
     if (menge == 0) meldeUnbekannte(datei, argumente[1], argumente[2]);
     schreibe(stdout, zahlText(menge));
 }

@@ -1,4 +1,5 @@
 #include "host/Installation.h"
+#include "platform/jet/sqlite/Connection.h"
 #include "tests/host/Lauf.h"
 #include "tests/support/Print.h"
 
@@ -135,6 +136,9 @@ TEST_F(Zablager, UebertragUndBestandGehenDurchDieBibliothek)
     EXPECT_EQ(uebertrag.ende, 0);
     EXPECT_EQ(uebertrag.ausgabe + uebertrag.fehler, u"Bestände übertragen: 2023 nach 2024\n"_s);
 
+    jet::sqlite::Connection(ort + u"/daten/B4711/Lager.2024"_s, jet::sqlite::Connection::Mode::Existing, 0)
+        .execute("INSERT INTO Lagerjournal (Datum, Artikel, LagerortKurzKu, Menge)"
+                 " VALUES ('2024-01-01', 'Hafer', 'H1', '12 dt')"); // by another program
     const QStringList vorher = dateien();
     EXPECT_EQ(bestand(u"01.01.2024"_s).ausgabe, u"1000000.5\n"_s);
     EXPECT_EQ(bestand(u"4.3.2023"_s).ausgabe, u"0\n"_s);
@@ -149,6 +153,9 @@ TEST_F(Zablager, UebertragUndBestandGehenDurchDieBibliothek)
         {u"Weizne"_s, u"H1"_s, u"1.1.2024"_s, 0, u"0\n"_s, unbekannt + u"Artikel 'Weizne'.\n"_s},
         {u"weizen"_s, u"H9"_s, u"1.1.2024"_s, 0, u"0\n"_s, unbekannt + u"Lagerort 'H9'.\n"_s},
         {u"Bauer's Mix"_s, u"H1"_s, u"1.1.2024"_s, 1, u""_s, u"Syntaxfehler"_s},
+        {u"Hafer"_s, u"H1"_s, u"1.1.2024"_s, 1, u""_s,
+         u"Datentyp-Konvertierungsfehler. Feld: 'Menge'. Datei: '"_s + ort +
+             u"/daten/B4711/Lager.2024'. ID: '2'. (Fehler 3421)"_s},
     };
     for (const auto& frage : fragen) {
         const Lauf lauf = zablager({u"bestand"_s, ort, frage.artikel, frage.lagerort, frage.tag});
