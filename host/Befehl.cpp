@@ -22,9 +22,10 @@ QString gewaehlterBetrieb(const Installation& ort, const QCommandLineParser& auf
     const QStringList betriebe = ort.betriebe();
     const QString gewuenscht = aufruf.value(u"betrieb"_s);
     if (betriebe.isEmpty())
-        throw sys::FileError(sys::FileErrorNumber::PathNotFound,
-                             u"In '"_s + ort.verzeichnis() +
-                                 u"' ist kein Betrieb eingerichtet; das macht der Befehl 'einrichten'."_s);
+        throw sys::FileError(
+            sys::FileErrorNumber::PathNotFound,
+            u"In '"_s + ort.verzeichnis() +
+                u"' ist kein Betrieb eingerichtet; das macht 'zablager einrichten VERZEICHNIS --betrieb NR'."_s);
     const QString auswahl = u" Vorhanden: "_s + betriebe.join(u", "_s);
     if (aufruf.isSet(u"betrieb"_s) && !betriebe.contains(gewuenscht))
         throw Aufruffehler(u"Den Betrieb '"_s + gewuenscht + u"' gibt es in '"_s + ort.verzeichnis() + u"' nicht."_s +

@@ -10,6 +10,7 @@
 #include "platform/system/Display.h"
 
 #include <QApplication>
+#include <QMessageBox>
 
 #include <algorithm>
 
@@ -96,6 +97,22 @@ std::unique_ptr<QCoreApplication> anwendung(int& argc, char** argv)
     return std::make_unique<QCoreApplication>(argc, argv);
 }
 
+/// The reason of a refusal, on standard error, and in a box where nobody would read it there. Whoever wants a picture is a
+/// program, which no box may hold up.
+void melde(const QString& grund, const QString& hilfe)
+{
+    schreibe(stderr, grund + hilfe);
+    const QStringList worte = QCoreApplication::arguments();
+    const bool nurBild = !worte.filter(u"--bild"_s).isEmpty();
+    if (nurBild || sys::hasTerminal() || !qobject_cast<QApplication*>(QCoreApplication::instance())) return;
+    QMessageBox meldung(QMessageBox::Critical, u"Lagerverwaltung"_s,
+                        grund + u"\n\nAufgerufen wurde: zablager "_s + worte.mid(1).join(u' ') +
+                            u"\n\nSo steht es im Menüeintrag zablager.desktop. Eine Kopie davon kann ein anderes"
+                            u" Verzeichnis nennen, oder mit --betrieb NR einen Betrieb."_s);
+    meldung.setTextFormat(Qt::PlainText);
+    meldung.exec();
+}
+
 } // namespace
 
 int main(int argc, char* argv[])
@@ -107,11 +124,11 @@ int main(int argc, char* argv[])
         fuehreAus(QCoreApplication::arguments());
         return 0;
     } catch (const Aufruffehler& fehler) {
-        schreibe(stderr, QString::fromUtf8(fehler.what()) + u"\nHilfe: zablager --hilfe"_s);
+        melde(QString::fromUtf8(fehler.what()), u"\nHilfe: zablager --hilfe"_s);
         return 2;
     } catch (...) {
         const sys::CaughtError fehler = sys::caughtError();
-        schreibe(stderr, fehler.text + u" (Fehler "_s + QString::number(fehler.number) + u')');
+        melde(fehler.text, u" (Fehler "_s + QString::number(fehler.number) + u')');
     }
     return 1;
 }

@@ -42,11 +42,21 @@ bool hasDisplay(int argc, char** argv)
     return child > 0 && waitpid(child, &status, 0) == child && WIFEXITED(status) && WEXITSTATUS(status) == 0;
 }
 
+bool hasTerminal()
+{
+    return isatty(STDERR_FILENO) != 0;
+}
+
 #else
 
 bool hasDisplay(int, char**)
 {
     return true;
+}
+
+bool hasTerminal()
+{
+    return false;
 }
 
 #endif

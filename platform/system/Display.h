@@ -6,4 +6,7 @@ namespace sys {
 /// one that does not answer; so a copy of this process tries it first, for some 50 ms. Before any thread is started only.
 bool hasDisplay(int argc, char** argv);
 
+/// Whether somebody reads standard error on a terminal: not of a program that the desktop's menu starts.
+bool hasTerminal();
+
 } // namespace sys
