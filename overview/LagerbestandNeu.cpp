@@ -142,7 +142,7 @@ void LagerbestandNeu::Form_Load()
     // Before the first refresh, whose row counts are to be shown.
     verdrahte(Journaldaten, &DataControl::Reposition, this, &LagerbestandNeu::Journaldaten_Reposition);
     verdrahte(Bestanddaten, &DataControl::Reposition, this, &LagerbestandNeu::Bestanddaten_Reposition);
-    const auto ausgang = sys::underErrorReport({
+    sys::underErrorReport({
         [this] {
             const Modulzustand& z = modulzustand();
             setWindowTitle(u"Lagerverwaltung des Betriebes "_s + z.Betriebsnummer + u" "_s + z.Betriebsname + u", "_s +
@@ -166,7 +166,6 @@ void LagerbestandNeu::Form_Load()
         [this] { FilterEinstellen(); },
         [this] { GruppierungLaden(*ui->DrpGruppierung, journalGezeigt()); },
     });
-    m_geladen = ausgang == sys::Outcome::Completed;
 }
 
 void LagerbestandNeu::stelleWiederHer()
@@ -294,15 +293,19 @@ void LagerbestandNeu::FilterEinstellen()
     m_gezeigteEingrenzung.clear();
     markiereZeitraum(*ui->VonDatum, *ui->Buchdatum);
     const auto ausgang = sys::underErrorReport({
-        [] { // litres were once called so
+        [this] { // litres were once called so
             oeffneJahr()->Execute(u"UPDATE LAGERJOURNAL SET EINHEIT = 'l' WHERE IIF(Isnull(EINHEIT),'',EINHEIT) = 'Lt'"
                                   u" AND ARTIKELART = 'Pflanzenschutzmittel'"_s);
+            m_dateiAntwortet = true;
         },
         [this] { filtereJournal(*m_haupt, gewaehlteEingrenzung()); },
         [this] {
             if (m_gemalt) zeigeBestandsliste();
         },
-        [this] { ui->M_Vorjahr->setChecked(ohneVorjahr(*oeffneJahr())); },
+        [this] {
+            ui->M_Vorjahr->setChecked(ohneVorjahr(*oeffneJahr()));
+            m_dateiAntwortet = true;
+        },
     });
     if (ausgang == sys::Outcome::Completed) m_gezeigteEingrenzung = gewaehlteEingrenzung();
     constexpr int Lange = 1000; // ms; by the last time, since nobody knows before
@@ -343,7 +346,8 @@ void LagerbestandNeu::nachErstemMalen()
 {
     if (m_gemalt) return;
     m_gemalt = true;
-    if (!m_geladen) return; // the user left, and knows why nothing is there
+    // A lock is waited for and told once. After a name that broke a statement the lists are needed to choose another.
+    if (!m_dateiAntwortet) return;
     const auto lade = [this] {
         const sys::Hourglass warten;
         sys::underErrorReport({[this] { AuswahllistenFullen(); }, [this] { zeigeBestandsliste(); }});

@@ -78,7 +78,7 @@ private:
     bool m_ersteAktivierung = false;
     bool m_liestLange = false;        ///< Reading the views took over a second last time.
     QString m_gezeigteEingrenzung;    ///< What the views were last narrowed to; empty: that failed.
-    bool m_geladen = false;           ///< Opening went to its end.
+    bool m_dateiAntwortet = false;    ///< A statement on the open year has succeeded.
     bool m_gemalt = false;            ///< Seen for the first time; until then the stock list waits.
     bool m_wiederhergestellt = false; ///< The remembered state was shown, and may be remembered anew.
 };

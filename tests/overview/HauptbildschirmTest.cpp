@@ -252,6 +252,12 @@ TEST_F(Hauptbildschirm, DerWirtKannEinenLagerortVorgeben)
     oeffne();
     EXPECT_EQ(feld<ComboBox>("drpLagerOrte").Text(), u"XY"_s);
     EXPECT_EQ(ueberschrift("Journalliste"), u"0 Bewegungen"_s);
+    schliesse();
+    modulzustand().Lagername = u"O'Brien"_s; // breaks the statement; the lists are there to choose another
+    hof.meldungen().beantworteAlle(sys::Answer::Abort);
+    oeffne();
+    EXPECT_TRUE(hof.meldungen().abgeholt().value(0).startsWith(bericht(3075)));
+    EXPECT_EQ(feld<ComboBox>("drpArtikel").ListCount(), 4);
 }
 
 TEST_F(Hauptbildschirm, LieferscheineOeffnenSichFuerDasGezeigteJahr)
