@@ -4,6 +4,7 @@
 #include "core/Journaldatei.h"
 #include "core/SQLTexte.h"
 #include "platform/jet/Engine.h"
+#include "platform/jet/Errors.h"
 #include "platform/system/Files.h"
 #include "platform/system/Messages.h"
 #include "platform/system/Path.h"
@@ -30,4 +31,18 @@ double BestandErmitteln(const QString& Artikel, const QString& Lagerort, QDate S
         jet::Kind::Snapshot);
     if (summe->Eof()) return 0;
     return (*summe)[u"SumMenge"].toDouble(); // NULL, a journal of empty quantities, counts as 0
+}
+
+jet::Error mitArtikel(const jet::Error& fehler, jet::Database& journal, const QString& spalte,
+                      const QString& eingrenzung)
+{
+    if (fehler.number() != jet::ErrorNumber::Overflow) return fehler;
+    const auto paar =
+        journal.OpenRecordset(u"SELECT TOP 1 Artikel, LagerortKurzKu FROM Lagerjournal "_s + eingrenzung +
+                                  u" GROUP BY Artikel, LagerortKurzKu HAVING Sum(Abs("_s + spalte +
+                                  u")) > 1.7976931348623157E308"_s, // the largest number: only infinity is above it
+                              jet::Kind::Snapshot);
+    if (paar->Eof()) return fehler;
+    return jet::named(jet::named(fehler, u"Artikel"_s, (*paar)[u"Artikel"].toText()), u"Lagerort"_s,
+                      (*paar)[u"LagerortKurzKu"].toText());
 }

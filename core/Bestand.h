@@ -1,5 +1,9 @@
 #pragma once
 
+#include "platform/jet/Database.h"
+
+#include <zablager/DatabaseError.h>
+
 #include <QDate>
 #include <QString>
 
@@ -10,3 +14,8 @@
 /// \throws jet::Error InvalidArgument when the day is no date, ExpressionSyntax for a name with an apostrophe, and
 /// what Engine::OpenDatabase throws.
 double BestandErmitteln(const QString& Artikel, const QString& Lagerort, QDate Stichtag);
+
+/// An error of a statement that sums a column of the journal over many articles; an overflow with the first article and
+/// place, in their order, whose numbers are too large for a sum. `eingrenzung` is the statement's WHERE or empty.
+jet::Error mitArtikel(const jet::Error& fehler, jet::Database& journal, const QString& spalte,
+                      const QString& eingrenzung = {});

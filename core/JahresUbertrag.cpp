@@ -32,11 +32,15 @@ std::vector<int> jahreAb(int ab)
 /// Every pair of article and storage place that has any row in the file, whatever its stock.
 std::unique_ptr<jet::Recordset> paare(jet::Database& journal)
 {
-    return journal.OpenRecordset(
-        u"SELECT Lagerjournal.Artikel, Lagerjournal.LagerortKurzKu, First(Artikelart) AS FirstArtikelart,"
-        u" avg(Preis) AS FirstPreis, First(Preisfaktor) AS FirstPreisfaktor, First(Einheit) AS FirstEinheit"
-        u" FROM Lagerjournal GROUP BY Lagerjournal.Artikel, Lagerjournal.LagerortKurzKu"_s,
-        jet::Kind::Snapshot);
+    try {
+        return journal.OpenRecordset(
+            u"SELECT Lagerjournal.Artikel, Lagerjournal.LagerortKurzKu, First(Artikelart) AS FirstArtikelart,"
+            u" avg(Preis) AS FirstPreis, First(Preisfaktor) AS FirstPreisfaktor, First(Einheit) AS FirstEinheit"
+            u" FROM Lagerjournal GROUP BY Lagerjournal.Artikel, Lagerjournal.LagerortKurzKu"_s,
+            jet::Kind::Snapshot);
+    } catch (const jet::Error& fehler) {
+        throw mitArtikel(fehler, journal, u"Preis"_s);
+    }
 }
 
 /// Names the row of the year before at fault, where a value does not fit into the next one's file.

@@ -1,5 +1,6 @@
 #include "overview/Ansichten.h"
 
+#include "core/Bestand.h"
 #include "core/SQLTexte.h"
 #include "platform/controls/DataControl.h"
 #include "platform/controls/DataGrid.h"
@@ -84,13 +85,13 @@ void richteEin(DataControl& daten, DataGrid& liste, const Spalte (&spalten)[Anza
     GridVorsortieren(daten, liste, 0);
 }
 
-/// Whether the file is at fault and not the text of the statement: the same text will do once the file can be read.
+/// Whether the file or a number in it is at fault and not the text of the statement, which will do once that is mended.
 bool liegtAnDerDatei(jet::ErrorNumber fehler)
 {
     using enum jet::ErrorNumber;
-    constexpr jet::ErrorNumber Dateifehler[] = {FileNotFound,  ReadOnly,           WrongPassword, DiskError,
-                                                PathNotFound,  CannotOpenFile,     DiskFull,      Locked,
-                                                UnknownFormat, UnknownDatabaseType};
+    constexpr jet::ErrorNumber Dateifehler[] = {Overflow,  FileNotFound,  ReadOnly,           WrongPassword,
+                                                DiskError, PathNotFound,  CannotOpenFile,     DiskFull,
+                                                Locked,    UnknownFormat, UnknownDatabaseType};
     return std::ranges::find(Dateifehler, fehler) != std::end(Dateifehler);
 }
 
@@ -217,7 +218,13 @@ void filtereBestandsliste(const Hauptansicht& haupt, const QString& eingrenzung,
     DataControl& daten = haupt.Bestanddaten;
     const QString aktueller = aktuellerBestand(daten);
     haupt.BestandListe.Columns(u"LagerortKurzKu").setVisible(!ansicht.inSumme);
-    oeffne(bestand(haupt), journal(haupt), bestandsquelle(eingrenzung, ansicht, SQLAbOrder(daten.RecordSource())));
+    try {
+        oeffne(bestand(haupt), journal(haupt), bestandsquelle(eingrenzung, ansicht, SQLAbOrder(daten.RecordSource())));
+    } catch (const jet::Error& fehler) {
+        if (fehler.number() != jet::ErrorNumber::Overflow) throw;
+        const auto datei = jet::engine().OpenDatabase(daten.DatabaseName(), daten.Connect());
+        throw mitArtikel(fehler, *datei, u"Menge"_s, eingrenzung);
+    }
     if (!aktueller.isEmpty()) daten.FindFirst(aktueller);
 }
 

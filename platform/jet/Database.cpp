@@ -71,8 +71,8 @@ bool comesOfDamage(ErrorNumber number)
 bool needsFile(ErrorNumber number)
 {
     using enum ErrorNumber;
-    constexpr ErrorNumber Numbers[] = {ReservedError, ReadOnly,     TooFewParameters, UnknownTable,
-                                       NoSuchField,   TypeMismatch, ConversionFailed};
+    constexpr ErrorNumber Numbers[] = {Overflow,     ReservedError, ReadOnly,     TooFewParameters,
+                                       UnknownTable, NoSuchField,   TypeMismatch, ConversionFailed};
     return std::ranges::find(Numbers, number) != std::end(Numbers);
 }
 

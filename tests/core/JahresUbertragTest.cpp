@@ -207,18 +207,20 @@ TEST(JahresUbertrag, WasVorEinemFehlerGeschriebenWurdeBleibt)
         EXPECT_EQ(fehler.number(), jet::ErrorNumber::ExpressionSyntax) << fehler.what();
     }
     EXPECT_EQ(hof.journal(2025), zeilen("01.01. | H1 | Anis | 1 | Anfangsbestand"));
-    hof.fuehreAus(2024, u"UPDATE LAGERJOURNAL SET Artikel = 'Mix', Menge = 1E308 WHERE Menge = 2"_s);
-    hof.fuehreAus(
-        2024,
-        u"INSERT INTO LAGERJOURNAL (Datum, Artikel, LagerortKurzKu, Menge) VALUES (#1/1/2024#, 'Mix', 'H1', 1E308)"_s);
-    try {
-        JahresUbertrag();
-        ADD_FAILURE() << "no stock is infinite";
-    } catch (const jet::Error& fehler) {
-        EXPECT_EQ(fehler.text(), u"Überlauf. Artikel: 'Mix'. Lagerort: 'H1'."_s);
+    hof.fuehreAus(2024, u"UPDATE LAGERJOURNAL SET Artikel = 'Mix' WHERE Menge = 2"_s);
+    hof.bucht(2024, "01.01. | H1 | Mix | 2 | Zukauf");
+    for (const QString& zahlen : {u"Menge = 1E308"_s, u"Menge = 2, Preis = 1E308"_s}) {
+        hof.fuehreAus(2024, u"UPDATE LAGERJOURNAL SET "_s + zahlen + u" WHERE Artikel = 'Mix'"_s);
+        try {
+            JahresUbertrag();
+            ADD_FAILURE() << "no stock and no price is infinite";
+        } catch (const jet::Error& fehler) {
+            EXPECT_EQ(fehler.text(),
+                      u"Überlauf. Datei: '"_s + hof.journaldatei(2024) + u"'. Artikel: 'Mix'. Lagerort: 'H1'."_s);
+        }
     }
     hof.fuehreAus(2024, u"DELETE FROM LAGERJOURNAL WHERE ID > 3"_s);
-    hof.fuehreAus(2024, u"UPDATE LAGERJOURNAL SET Menge = 2 WHERE Artikel = 'Mix'"_s);
+    hof.fuehreAus(2024, u"UPDATE LAGERJOURNAL SET Preis = NULL"_s);
     ASSERT_TRUE(JahresUbertrag());
     EXPECT_EQ(hof.journal(2025), zeilen("01.01. | H1 | Anis | 1 | Anfangsbestand\n"
                                         "01.01. | H1 | Mix | 2 | Anfangsbestand\n"

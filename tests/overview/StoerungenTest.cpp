@@ -98,13 +98,22 @@ TEST_F(Hauptbildschirm, WasBeimOeffnenScheitertLaesstSichNachholen)
     EXPECT_EQ(feld<ComboBox>("drpArtikel").ListCount(), 4);
 }
 
-TEST_F(Hauptbildschirm, EineGeloeschteBewegungHaeltNichtsAuf)
+TEST_F(Hauptbildschirm, EineGeloeschteBewegungUndEinUeberlaufHaltenNichtsAuf)
 {
     oeffne();
+    feld<QTabWidget>("SSTab1").setCurrentIndex(1);
+    klickeKopf("BestandListe", 3); // by receipts
     hof.fuehreAus(2024,
                   u"DELETE * FROM LAGERJOURNAL WHERE Artikel = 'Hafer'"_s); // by another program; it is the current one
+    hof.fuehreAus(2024, u"UPDATE LAGERJOURNAL SET Menge = 1E308 WHERE Artikel = 'Weizen' AND LagerortKurzKu = 'H1'"_s);
+    hof.meldungen().beantworteAlle(sys::Answer::Ignore);
     drucke("drpArtikel", Qt::Key_F5);
+    EXPECT_EQ(hof.meldungen().abgeholt(), QStringList(bericht(6) + u"Überlauf. Datei: '"_s + hof.journaldatei(2024) +
+                                                      u"'. Artikel: 'Weizen'. Lagerort: 'H1'."_s));
     EXPECT_EQ(ueberschrift("Journalliste"), u"5 Bewegungen"_s);
+    hof.fuehreAus(2024, u"UPDATE LAGERJOURNAL SET Menge = 1 WHERE Menge = 1E308"_s);
+    drucke("drpArtikel", Qt::Key_F5);
+    EXPECT_EQ(bestaende().last().left(11), u"Diesel | H2"_s);
     EXPECT_EQ(ueberschrift("BestandListe"), u"3 Artikel"_s);
 }
 
@@ -114,6 +123,8 @@ TEST_F(Hauptbildschirm, EinGesperrtesJahrIstEineMeldungUndDannWiederDa)
     for (const auto& [antwort, berichte] : {std::pair{sys::Answer::Ignore, 3}, std::pair{sys::Answer::Abort, 1}}) {
         const Fremdprogramm sperre(hof.journaldatei(2024), Fremdprogramm::Sperre::Alles);
         hof.meldungen().beantworteAlle(antwort);
+        oeffne();
+        EXPECT_EQ(hof.meldungen().abgeholt().filter(bericht(3218)).size(), berichte);
         drucke("drpArtikel", Qt::Key_F5);
         EXPECT_TRUE(hof.meldungen().abgeholt().value(0).startsWith(bericht(3218)));
     }

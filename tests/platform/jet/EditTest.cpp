@@ -183,7 +183,7 @@ TEST_F(Edit, ValuesThatNoColumnTakesAreReadableAndGoNoFurther)
     const auto rows = m_database->OpenRecordset(u"SELECT * FROM J"_s);
     EXPECT_EQ((*rows)[u"Menge"].toText(), u"-1,#INF"_s);
     EXPECT_EQ((*m_database->OpenRecordset(u"SELECT -Menge AS Abgang, * FROM J"_s))[u"Abgang"].toText(), u"1,#INF"_s);
-    EXPECT_EQ(refusal([&] { rowsOf(*m_database, u"SELECT Sum(Menge) AS S FROM J"_s); }), "6 Überlauf");
+    EXPECT_EQ(refusal([&] { rowsOf(*m_database, u"SELECT Sum(Menge) AS S FROM J"_s); }), "6 Überlauf.");
     EXPECT_EQ(refusal([&] { m_database->Execute(u"INSERT INTO J (Menge) SELECT Menge FROM J"_s); }),
               "6 Überlauf. Feld: 'Menge'.");
     EXPECT_EQ(refusal([&] { m_database->Execute(u"INSERT INTO J (Fertig) SELECT Fertig FROM J"_s); }),

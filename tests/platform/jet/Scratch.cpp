@@ -42,7 +42,7 @@ std::string refusal(const std::function<void()>& call)
         call();
     } catch (const jet::Error& error) {
         using enum jet::ErrorNumber;
-        constexpr jet::ErrorNumber Anywhere[] = {ReadOnly,    TooFewParameters, UnknownTable,
+        constexpr jet::ErrorNumber Anywhere[] = {Overflow,    ReadOnly,         TooFewParameters, UnknownTable,
                                                  NoSuchField, ConversionFailed, TypeMismatch};
         const bool anywhere = std::ranges::find(Anywhere, error.number()) != std::end(Anywhere);
         const QString text = anywhere ? error.text().section(u" Datei: "_s, 0, 0) : error.text();
