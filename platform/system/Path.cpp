@@ -54,7 +54,9 @@ QString localPath(const QString& path)
 QString withLocalSeparators(const QString& path)
 {
     QString local = path;
-    return local.replace(u'\\', u'/');
+    local.replace(u'\\', u'/');
+    if (path.startsWith(u"x\\")) local[1] = u'\\';
+    return local;
 }
 
 } // namespace sys

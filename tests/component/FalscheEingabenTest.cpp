@@ -151,7 +151,7 @@ TEST_F(FalscheEingaben, GestoerteEinstellungenSindEinFehlerUndKeinAndererBetrieb
         {"die Datei ist ein Verzeichnis", daten.filePath(u"ordner"_s), 75, u"Fehler beim Zugriff auf Pfad/Datei: "_s,
          u"Fehler beim Zugriff auf Pfad/Datei: "_s},
         {"es gibt noch keine", daten.filePath(u"neu"_s), 0, u"Kein Betrieb in der Registrierung eingestellt!"_s,
-         u"Der Dateiname x/B4711/Lager.2023 existiert nicht!"_s},
+         u"Der Dateiname x\\B4711/Lager.2023 existiert nicht!"_s},
     };
     for (const Fall& fall : faelle) {
         qputenv("XDG_CONFIG_HOME", QFile::encodeName(fall.verzeichnis));

@@ -84,11 +84,12 @@ TEST(Verzeichnisse, DasProgrammverzeichnisWeichtAufDasDatenverzeichnisAus)
     sys::SaveSetting(u"Gemeinsame"_s, u"Verzeichnisname"_s, hof.ort().verzeichnis() + u"/fehlt"_s);
     EXPECT_EQ(ProgrammVerzeichnis(), hof.ort().daten());
 
-    QFile::remove(hof.ort().einstellungen() + u"/ZAB - Programme.ini"_s);
-    EXPECT_EQ(datenverzeichnis(), u"x"_s);
-    EXPECT_EQ(ProgrammVerzeichnis(), u"x"_s);
     const QString vorher = QDir::currentPath();
     ASSERT_TRUE(QDir::setCurrent(hof.ort().verzeichnis()) && QDir().mkdir(u"x"_s)); // "x" is no folder of anybody's
+    schreibe(u"x/Lager.vorlage"_s, "x");
+    QFile::remove(hof.ort().einstellungen() + u"/ZAB - Programme.ini"_s);
+    EXPECT_EQ(datenverzeichnis(), u"x"_s);
+    EXPECT_FALSE(sys::Exist(ProgrammVerzeichnis() + u"\\Lager.vorlage"_s));
     sys::SaveSetting(u"Datenverzeichnis"_s, u"Verzeichnisname"_s, hof.ort().daten());
     EXPECT_EQ(ProgrammVerzeichnis(), hof.ort().daten());
     ASSERT_TRUE(QDir::setCurrent(vorher));
