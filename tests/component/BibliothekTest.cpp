@@ -4,8 +4,6 @@
 #include "platform/system/Application.h"
 #include "tests/support/Print.h"
 
-#include <QMetaProperty>
-
 #include <cstring>
 #include <iterator>
 
@@ -124,18 +122,4 @@ TEST_F(Bibliothek, ObjekteUeberlebenDasEntladen)
     EXPECT_TRUE(lager->property("LetzterFehler").toString().endsWith(u"existiert nicht!"_s));
     QMetaObject::invokeMethod(lager.get(), "Kontrolle_LagerbestandLaden");
     EXPECT_EQ(bestand(*lager, "QDate", u"Weizen"_s, QDate(2024, 1, 31)), 120.5);
-}
-
-TEST_F(Bibliothek, DieNamenSindDieDerSchnittstelle)
-{
-    QStringList namen;
-    const auto lager = objekt();
-    const QMetaObject* const klasse = lager->metaObject();
-    for (int i = QObject::staticMetaObject.propertyCount(); i < klasse->propertyCount(); ++i)
-        namen.append(QString::fromUtf8(klasse->property(i).name()));
-    namen.sort();
-    EXPECT_EQ(namen, (QStringList{u"Anlagenpasswort"_s, u"Anlagenverzeichnis"_s, u"Artikelname"_s, u"Betriebpasswort"_s,
-                                  u"Betriebsadresse"_s, u"Betriebsname"_s, u"Betriebsnummer"_s, u"Datenverzeichnis"_s,
-                                  u"Herkunft"_s, u"Lagername"_s, u"Lagerpasswort"_s, u"LetzteFehlernummer"_s,
-                                  u"LetzterFehler"_s, u"Stammverzeichnis"_s, u"Stichdatum"_s, u"Währung"_s}));
 }
