@@ -1,0 +1,180 @@
+#include "tests/szenario/Bedienung.h"
+
+#include "platform/controls/DataGrid.h"
+
+#include <QAbstractButton>
+#include <QAbstractEventDispatcher>
+#include <QApplication>
+#include <QComboBox>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QRegularExpression>
+#include <QTabWidget>
+#include <QTest>
+
+#include <map>
+#include <stdexcept>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QLineEdit* eingabezeile(QWidget& feld)
+{
+    auto* const zeile = qobject_cast<QLineEdit*>(&feld);
+    return zeile ? zeile : feld.findChild<QLineEdit*>();
+}
+
+QString rasterzeile(const DataGrid& liste, int zeile)
+{
+    QStringList zellen;
+    for (int spalte = 0; spalte < liste.model()->columnCount(); ++spalte)
+        if (!liste.isColumnHidden(spalte)) zellen.append(liste.model()->index(zeile, spalte).data().toString());
+    return zellen.join(u" | "_s);
+}
+
+/// A button that a letter presses shows it for a while before it acts; that time is passed at once.
+void beendeDruck()
+{
+    for (QWidget* ding : QApplication::allWidgets()) {
+        auto* const knopf = qobject_cast<QAbstractButton*>(ding);
+        if (!knopf || !knopf->isDown()) continue;
+        for (const auto& uhr : QAbstractEventDispatcher::instance()->registeredTimers(knopf)) {
+            QTimerEvent abgelaufen(uhr.timerId);
+            QCoreApplication::sendEvent(knopf, &abgelaufen);
+            return; // it may have closed what the lists name
+        }
+    }
+}
+
+QKeyCombination taste(QString name)
+{
+    static const std::pair<QString, QString> deutsch[] = {
+        {u"Strg"_s, u"Ctrl"_s},  {u"Umschalt"_s, u"Shift"_s}, {u"Eingabe"_s, u"Return"_s},
+        {u"Entf"_s, u"Del"_s},   {u"Pos1"_s, u"Home"_s},      {u"Ende"_s, u"End"_s},
+        {u"Leer"_s, u"Space"_s}, {u"Ab"_s, u"Down"_s},        {u"Auf"_s, u"Up"_s}};
+    QStringList teile = name.split(u'+');
+    for (const auto& [wort, qt] : deutsch)
+        teile.replaceInStrings(QRegularExpression(u"^"_s + wort + u"$"_s), qt);
+    const auto folge = QKeySequence::fromString(teile.join(u'+'));
+    if (folge.isEmpty() || folge[0].key() == Qt::Key_unknown) scheitere(u"no key: "_s + name);
+    return folge[0];
+}
+
+} // namespace
+
+void scheitere(const QString& grund)
+{
+    throw std::runtime_error(grund.toStdString());
+}
+
+QWidget* vorn()
+{
+    QWidget* const liste = QApplication::activePopupWidget();
+    return liste ? liste : QApplication::activeModalWidget();
+}
+
+QWidget& fokus()
+{
+    QWidget* ziel = QApplication::activePopupWidget();
+    if (!ziel)
+        ziel = QApplication::focusWidget();
+    else if (ziel->focusWidget())
+        ziel = ziel->focusWidget();
+    if (!ziel) scheitere(u"no field has the keys"_s);
+    return *ziel;
+}
+
+void druecke(const QString& name)
+{
+    QTest::keyClick(&fokus(), taste(name).key(), taste(name).keyboardModifiers());
+    beendeDruck();
+    QCoreApplication::processEvents(); // Enter goes on only when it has been handled
+}
+
+void tippe(const QString& text)
+{
+    QTest::keyClicks(&fokus(), text);
+    QCoreApplication::processEvents();
+}
+
+void geheIn(QWidget& feld)
+{
+    feld.setFocus();
+    if (!feld.hasFocus()) scheitere(u"cannot be entered: "_s + feld.objectName());
+    if (auto* const zeile = eingabezeile(feld)) zeile->selectAll();
+}
+
+void klicke(QWidget& feld, int zeile, bool doppelt)
+{
+    QWidget* ziel = &feld;
+    QPoint stelle = feld.rect().center();
+    if (const auto* const liste = qobject_cast<DataGrid*>(&feld); liste && zeile > 0) {
+        stelle = liste->visualRect(liste->model()->index(zeile - 1, liste->columnAt(1))).center();
+        ziel = liste->viewport();
+    }
+    QTest::mouseClick(ziel, Qt::LeftButton, Qt::NoModifier, stelle);
+    if (doppelt) QTest::mouseDClick(ziel, Qt::LeftButton, Qt::NoModifier, stelle);
+}
+
+void klickeKopf(const QWidget& liste, const QString& titel)
+{
+    const auto& kopf = *dynamic_cast<const DataGrid&>(liste).horizontalHeader();
+    for (int spalte = 0; spalte < kopf.count(); ++spalte) {
+        if (kopf.model()->headerData(spalte, Qt::Horizontal).toString() != titel) continue;
+        const QPoint mitte(kopf.sectionViewportPosition(spalte) + kopf.sectionSize(spalte) / 2, kopf.height() - 5);
+        return QTest::mouseClick(kopf.viewport(), Qt::LeftButton, Qt::NoModifier, mitte);
+    }
+    scheitere(u"no column: "_s + titel);
+}
+
+QString gesehen(const QObject& ding)
+{
+    if (ding.property("Ampel").isValid()) return ding.property("Ampel").toInt() == 3 ? u"rot"_s : u"grün"_s;
+    if (const auto* const reiter = qobject_cast<const QTabWidget*>(&ding))
+        return reiter->tabText(reiter->currentIndex());
+    for (const char* name : {"Caption", "Text", "text", "title"})
+        if (const QVariant wert = ding.property(name); wert.isValid()) return wert.toString();
+    return {};
+}
+
+QStringList rasterzeilen(const QWidget& liste)
+{
+    const auto& raster = dynamic_cast<const DataGrid&>(liste);
+    QStringList zeilen;
+    for (int zeile = 0; zeile < raster.model()->rowCount(); ++zeile)
+        zeilen.append(rasterzeile(raster, zeile));
+    return zeilen;
+}
+
+QString aktuelleZeile(const QWidget& liste)
+{
+    const auto& raster = dynamic_cast<const DataGrid&>(liste);
+    return raster.currentIndex().isValid() ? rasterzeile(raster, raster.currentIndex().row()) : u"keine"_s;
+}
+
+QString angebot(const QWidget& auswahl)
+{
+    const auto& liste = dynamic_cast<const QComboBox&>(auswahl);
+    QStringList texte;
+    for (int i = 0; i < liste.count(); ++i)
+        texte.append(liste.itemText(i));
+    return texte.join(u" | "_s);
+}
+
+QString markierter()
+{
+    const QLineEdit* const zeile = eingabezeile(fokus());
+    return zeile ? zeile->selectedText() : QString();
+}
+
+bool ist(const QObject& ding, const QString& was)
+{
+    static const std::map<QString, std::pair<const char*, bool>> zustaende{
+        {u"an"_s, {"checked", true}},      {u"aus"_s, {"checked", false}},     {u"offen"_s, {"DroppedDown", true}},
+        {u"zu"_s, {"DroppedDown", false}}, {u"sichtbar"_s, {"visible", true}}, {u"verborgen"_s, {"visible", false}},
+        {u"frei"_s, {"enabled", true}},    {u"gesperrt"_s, {"enabled", false}}};
+    const auto zustand = zustaende.find(was);
+    if (zustand == zustaende.end()) scheitere(u"no state: "_s + was);
+    return ding.property(zustand->second.first).toBool() == zustand->second.second;
+}

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QKeyCombination>
+#include <QString>
+#include <QStringList>
+#include <QWidget>
+
+// What a user does at a screen, and what he sees there. \throws std::runtime_error for what cannot be done.
+
+/// A failure of what is being done.
+[[noreturn]] void scheitere(const QString& grund);
+
+/// The window that has the keys beside the main one: a list that is open, else a modal one; none: null.
+QWidget* vorn();
+QWidget& fokus(); ///< The field that has the keys.
+
+/// Presses a key as a German keyboard names it, "Strg+Umschalt+Eingabe", and lets what it presses act at once.
+void druecke(const QString& taste);
+void tippe(const QString& text);
+void geheIn(QWidget& feld); ///< Puts the focus there and selects what stands there.
+/// On the middle of a field; of a list on a row, from 1.
+void klicke(QWidget& feld, int zeile, bool doppelt);
+void klickeKopf(const QWidget& liste, const QString& titel);
+
+/// The text of a field, label, tab or heading of a list; of a traffic light its colour.
+QString gesehen(const QObject& ding);
+/// The rows of a list, or of its row that is current, cells joined by " | "; hidden columns are left out.
+QStringList rasterzeilen(const QWidget& liste);
+QString aktuelleZeile(const QWidget& liste);
+QString angebot(const QWidget& auswahl); ///< What drops down, joined by " | ".
+QString markierter();                    ///< The text that is selected where the focus is.
+/// "an", "aus", "offen", "zu", "sichtbar", "verborgen", "frei" or "gesperrt".
+bool ist(const QObject& ding, const QString& was);
