@@ -57,6 +57,8 @@ LieferscheindruckForm::LieferscheindruckForm(int Jahr, QWidget* parent)
     verdrahte(ui->Command2, &QPushButton::clicked, this, &LieferscheindruckForm::Command2_Click);
     verdrahte(ui->Command1, &QPushButton::clicked, this, [this] { close(); });
     bindeTaste(Taste::NeuLesen, *this, [this] { Form_Load(); });
+    bindeGruppen(*this, {ui->drpFormular, ui->Text2_0_, ui->Text1, ui->SSDBGrid1, ui->Command2});
+    nenneTaste(Taste::Drucken, *ui->Command2);
     bindeTaste(Taste::Drucken, *this, [this] {
         if (ui->Command2->isVisible()) ui->Command2->click();
     });

@@ -17,8 +17,6 @@
 #include <QScopeGuard>
 #include <QScrollArea>
 
-#include <algorithm>
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -47,15 +45,15 @@ Maskenfenster::Maskenfenster(const Hauptansicht& haupt, QWidget* parent) : QDial
     if (modulzustand().Aenderungsmodus) m_id = journaldaten().Recordset()[u"ID"].toLong();
 }
 
-void Maskenfenster::richteFensterEin(Maskenfuss& fuss, std::vector<QWidget*> anfaenge)
+void Maskenfenster::richteFensterEin(Maskenfuss& fuss, const std::vector<QWidget*>& anfaenge)
 {
     m_fuss = &fuss;
-    m_anfaenge = std::move(anfaenge);
     nummeriere(u"Command2"_s, {fuss.Command2_0_, fuss.Command2_1_});
     fuss.Command1->setProperty("CausesValidation", false);
     setzeInRollbereich();
     new FieldKeys(*this);
     bindeTasten();
+    bindeGruppen(*this, anfaenge);
     bewache(*fuss.txtKommentar);
     begrenze(*fuss.txtKommentar, u"Kommentar"_s, 255);
     verdrahte(fuss.Command1, &QPushButton::clicked, this, [this] { QDialog::reject(); });
@@ -97,25 +95,6 @@ void Maskenfenster::bindeTasten()
     bindeTaste(Taste::Beenden, *this, [beenden] { beenden->click(); });
     nenneTaste(Taste::Naechster, *erster);
     nenneTaste(Taste::Beenden, *beenden);
-    bindeTaste(Taste::NaechsteGruppe, *this, [this] { springe(1); });
-    bindeTaste(Taste::VorigeGruppe, *this, [this] { springe(-1); });
-}
-
-/// To another group, checking the field that is left as Tab does.
-void Maskenfenster::springe(int richtung)
-{
-    std::vector<QWidget*> anfaenge;
-    for (QWidget* feld : m_anfaenge)
-        if (feld->isVisible() && feld->isEnabled()) anfaenge.push_back(feld);
-    QWidget* const hier = focusWidget();
-    if (!hier || anfaenge.empty()) return;
-    const auto gruppe = [&](QWidget* feld) { return std::find(anfaenge.begin(), anfaenge.end(), feld); };
-    QWidget* beginn = hier;
-    while (gruppe(beginn) == anfaenge.end() && beginn->previousInFocusChain() != hier)
-        beginn = beginn->previousInFocusChain();
-    const auto anzahl = static_cast<qsizetype>(anfaenge.size());
-    const qsizetype ziel = (gruppe(beginn) - anfaenge.begin() + richtung + anzahl) % anzahl;
-    anfaenge[static_cast<std::size_t>(ziel)]->setFocus(richtung > 0 ? Qt::TabFocusReason : Qt::BacktabFocusReason);
 }
 
 void Maskenfenster::setVisible(bool visible)

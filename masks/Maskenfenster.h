@@ -27,7 +27,7 @@ protected:
 
     /// To be called by the mask when its own part is set up: keys, buttons, the size it had. F6 goes to the next of the
     /// `anfaenge`, the fields that groups begin with, in the order of the tabulator.
-    void richteFensterEin(Maskenfuss& fuss, std::vector<QWidget*> anfaenge);
+    void richteFensterEin(Maskenfuss& fuss, const std::vector<QWidget*>& anfaenge);
     /// What is typed into the field or chosen there would be lost.
     void bewache(EditField& feld);
     void bewache(ListField& feld);
@@ -44,11 +44,9 @@ protected:
 private:
     void setzeInRollbereich();
     void bindeTasten();
-    void springe(int richtung);
 
     const Hauptansicht m_haupt;
     Maskenfuss* m_fuss = nullptr;
-    std::vector<QWidget*> m_anfaenge;
     qint64 m_id = 0;
     bool m_getippt = false; ///< Since the mask was opened or saved.
 };

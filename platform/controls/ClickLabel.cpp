@@ -1,7 +1,8 @@
 #include "platform/controls/ClickLabel.h"
 
+#include "platform/controls/Tasten.h"
+
 #include <QPainter>
-#include <QShortcut>
 #include <QStyle>
 
 using namespace Qt::StringLiterals;
@@ -17,9 +18,8 @@ void ClickLabel::setBuddy(QWidget& field)
 {
     QString name = text();
     field.setAccessibleName(name.remove(u'&').remove(u':'));
-    auto* const shortcut = new QShortcut(QKeySequence(Qt::Key_F5), &field);
-    shortcut->setContext(Qt::WidgetShortcut);
-    connect(shortcut, &QShortcut::activated, this, &QAbstractButton::click);
+    bindeTaste(
+        Taste::NeuLesen, field, [this] { click(); }, Qt::WidgetShortcut);
 }
 
 QSize ClickLabel::sizeHint() const

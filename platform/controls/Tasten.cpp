@@ -9,6 +9,25 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/// To another of the groups that can be gone to.
+void springe(const QWidget& fenster, std::vector<QWidget*> anfaenge, int richtung)
+{
+    std::erase_if(anfaenge, [](const QWidget* feld) { return !feld->isVisible() || !feld->isEnabled(); });
+    QWidget* const hier = fenster.focusWidget();
+    if (!hier || anfaenge.empty()) return;
+    const auto gruppe = [&](QWidget* feld) { return std::ranges::find(anfaenge, feld); };
+    QWidget* beginn = hier;
+    while (gruppe(beginn) == anfaenge.end() && beginn->previousInFocusChain() != hier)
+        beginn = beginn->previousInFocusChain();
+    const auto anzahl = std::ssize(anfaenge);
+    const auto ziel = (gruppe(beginn) - anfaenge.begin() + richtung + anzahl) % anzahl;
+    anfaenge[static_cast<std::size_t>(ziel)]->setFocus(richtung > 0 ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+}
+
+} // namespace
+
 // None is a key that text fields keep for themselves on any desktop (Ctrl with A, C, D, E, K, U, V, X, Y or Z among them,
 // but for copying, which lists do as fields do), and none is Ctrl+Alt, which types letters as AltGr does.
 const std::vector<Tastenzeile>& tastentabelle()
@@ -83,6 +102,12 @@ void bindeTaste(Taste taste, QWidget& ort, const std::function<void()>& handler,
         kurztaste->setAutoRepeat(false); // a key held too long counts once
         verdrahte(kurztaste, &QShortcut::activated, kurztaste, handler);
     }
+}
+
+void bindeGruppen(QWidget& fenster, const std::vector<QWidget*>& anfaenge)
+{
+    bindeTaste(Taste::NaechsteGruppe, fenster, [&fenster, anfaenge] { springe(fenster, anfaenge, +1); });
+    bindeTaste(Taste::VorigeGruppe, fenster, [&fenster, anfaenge] { springe(fenster, anfaenge, -1); });
 }
 
 void nenneTaste(Taste taste, QWidget& control)

@@ -64,5 +64,9 @@ QString tastenname(Taste taste); ///< Of the first key of the line.
 void bindeTaste(Taste taste, QWidget& ort, const std::function<void()>& handler,
                 Qt::ShortcutContext context = Qt::WindowShortcut);
 
+/// F6 and Umschalt+F6 in a window: to the next and the previous of the fields that its groups begin with, which are in the
+/// order of the tabulator. The field that is left is checked as Tab does it.
+void bindeGruppen(QWidget& fenster, const std::vector<QWidget*>& anfaenge);
+
 /// Tells the key at the control that does the same: as its tool tip, or where it has one already for assistive tools.
 void nenneTaste(Taste taste, QWidget& control);

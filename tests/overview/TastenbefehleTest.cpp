@@ -300,6 +300,7 @@ TEST_F(Tasten, SindInKeinemFensterDoppeltVergeben)
         esc();
     });
     druecke(Qt::Key_L);
+    hof.meldungen().abgeholt(); // what that window says of itself
 }
 
 // Purchase, sale, consumption, count, transfer, change, delete, filter, print, spreadsheet, delivery note: what a day has.
