@@ -2,6 +2,7 @@
 
 #include "platform/controls/DateFormat.h"
 #include "platform/system/Clock.h"
+#include "platform/system/GermanDialogs.h"
 #include "platform/system/Messages.h"
 
 #include <QCalendarWidget>
@@ -9,6 +10,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QScreen>
+#include <QSpinBox>
 #include <QStyleOptionComboBox>
 #include <QTextCharFormat>
 #include <QVBoxLayout>
@@ -58,22 +60,25 @@ void DateCombo::taken()
 
 bool DateCombo::accepts()
 {
+    const QString refusal = this->refusal();
+    if (refusal.isEmpty()) return ComboField::accepts();
+    sys::critical(refusal);
+    lineEdit()->selectAll(); // what is typed next takes its place
+    return false;
+}
+
+QString DateCombo::refusal() const
+{
     const QDate date = Date();
-    if (m_minDate.isValid() && !date.isValid() && !Text().trimmed().isEmpty()) {
-        sys::critical(u"\""_s + Text() + u"\" ist kein Datum. Bitte tragen Sie Tag und Monat ein."_s);
-        return false;
-    }
-    if (date.isValid() && m_minDate.isValid() && date < m_minDate) {
-        sys::critical(u"Das Datum "_s + formatDate(date) + u" ist zu früh. Das erste mögliche Datum ist der "_s +
-                      formatDate(m_minDate) + u'.');
-        return false;
-    }
-    if (date.isValid() && m_maxDate.isValid() && date > m_maxDate) {
-        sys::critical(u"Das Datum "_s + formatDate(date) + u" ist zu spät. Das letzte mögliche Datum ist der "_s +
-                      formatDate(m_maxDate) + u'.');
-        return false;
-    }
-    return ComboField::accepts();
+    if (m_minDate.isValid() && !date.isValid() && !Text().trimmed().isEmpty())
+        return u"\""_s + Text() + u"\" ist kein Datum. Bitte tragen Sie Tag und Monat ein."_s;
+    if (date.isValid() && m_minDate.isValid() && date < m_minDate)
+        return u"Das Datum "_s + formatDate(date) + u" ist zu früh. Das erste mögliche Datum ist der "_s +
+               formatDate(m_minDate) + u'.';
+    if (date.isValid() && m_maxDate.isValid() && date > m_maxDate)
+        return u"Das Datum "_s + formatDate(date) + u" ist zu spät. Das letzte mögliche Datum ist der "_s +
+               formatDate(m_maxDate) + u'.';
+    return {};
 }
 
 void DateCombo::step(int days)
@@ -120,6 +125,7 @@ QCalendarWidget& DateCombo::calendar()
     for (const auto day : {Qt::Saturday, Qt::Sunday})
         m_calendar->setWeekdayTextFormat(day, QTextCharFormat()); // its red cannot be read on a dark ground
     m_calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+    sys::makeMenuGerman(*m_calendar->findChild<QSpinBox*>()); // the year
     layout->addWidget(m_calendar);
     connect(m_calendar, &QCalendarWidget::activated, this, &DateCombo::pick);
     connect(m_calendar, &QCalendarWidget::clicked, this, &DateCombo::pick);

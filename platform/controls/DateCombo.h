@@ -51,6 +51,7 @@ protected:
 private:
     void taken() override;
     int yearMeant() const;
+    QString refusal() const; ///< Why the text may not stay; empty: it may.
     void step(int days);
     void pick(QDate date);
     QCalendarWidget& calendar();

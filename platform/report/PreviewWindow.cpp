@@ -67,6 +67,8 @@ PreviewWindow::PreviewWindow(Document document, const QString& title, QWidget* p
     m_pages->setFocus();
 }
 
+/// The keys of this window stand here and not in the program's table of keys: reports are shown to programs that have
+/// none, and the fields and lists that table is made for are not among what this room knows.
 void PreviewWindow::buildBar(QHBoxLayout& bar)
 {
     button(bar, u"Drucken"_s, u"&Drucken ..."_s, Qt::CTRL | Qt::Key_P, &PreviewWindow::Drucken_Click);
@@ -121,7 +123,7 @@ void PreviewWindow::buildTurning(QHBoxLayout& bar)
     m_page->setAlignment(Qt::AlignRight);
     m_page->setKeyboardTracking(false); // "12" does not lead over page 1
     m_page->setAccessibleName(u"Seite"_s);
-    m_page->setContextMenuPolicy(Qt::NoContextMenu); // it would speak the language of the host
+    sys::makeMenuGerman(*m_page);
     caption->setBuddy(m_page);
     connect(m_page, &QSpinBox::editingFinished, m_pages, [this] { m_pages->setFocus(); }); // keys turn pages again
     bar.addWidget(caption);
@@ -152,7 +154,7 @@ void PreviewWindow::buildZoom(QHBoxLayout& bar)
     m_zoom->setCurrentIndex(FixedEntries - 1);
     m_zoom->setEditable(true); // shows sizes that are not in the list
     m_zoom->lineEdit()->setReadOnly(true);
-    m_zoom->lineEdit()->setContextMenuPolicy(Qt::NoContextMenu);
+    sys::makeMenuGerman(*m_zoom);
     m_zoom->setInsertPolicy(QComboBox::NoInsert);
     caption->setBuddy(m_zoom);
     bar.addWidget(caption);

@@ -14,4 +14,7 @@ private:
     QTranslator m_translator; // leaves the application when it goes
 };
 
+/// Makes the context menu of a field of the toolkit's own class German; our classes do it themselves.
+void makeMenuGerman(QObject& field);
+
 } // namespace sys
