@@ -48,9 +48,7 @@ LAUmbuchForm::LAUmbuchForm(const Hauptansicht& haupt, QWidget* parent)
     ui->Zugang->nenneZweite();
     ui->Abgang->setzeEinheitNeben(*ui->txtMenge, *ui->MengeMitEinheit);
     constexpr int Mengenzeichen = 12; // of average width
-    constexpr int Einheitzeichen = 7;
     ui->txtMenge->setMinimumWidth(Mengenzeichen * fontMetrics().averageCharWidth());
-    ui->Abgang->txtEinheit->setFixedWidth(Einheitzeichen * fontMetrics().averageCharWidth());
     ui->Abgang->verbinde(*m_lagerauswahl, *m_artikelauswahl);
     ui->Zugang->verbinde(*m_lagerauswahl, *m_artikelauswahl2);
     m_abgang.emplace(Seite{*ui->Abgang, *m_artikelauswahl, *ui->txtAbgangsID, -1});

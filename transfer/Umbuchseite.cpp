@@ -1,24 +1,21 @@
 #include "transfer/Umbuchseite.h"
 
 #include "masks/ErfassungsmaskenModul.h"
-#include "masks/Maskenraster.h"
 
 using namespace Qt::StringLiterals;
 
 Umbuchseite::Umbuchseite(QWidget* parent) : QGroupBox(parent)
 {
-    constexpr int Feldzeichen = 27; // of average width: the longest kind of articles fits, and both sides on 800 pixels
+    // Of average width: the longest kind of articles fits, and both sides on 800 pixels; the longest unit fits.
+    constexpr int Feldzeichen = 27, Einheitzeichen = 7;
     setupUi(this);
+    txtEinheit->setFixedWidth(Einheitzeichen * fontMetrics().averageCharWidth());
     Seite->setColumnMinimumWidth(1, Feldzeichen * fontMetrics().averageCharWidth());
 }
 
 void Umbuchseite::setzeEinheitNeben(QWidget& feld, QHBoxLayout& zeile)
 {
-    Seite->removeWidget(txtEinheit);
-    lblEinheit->setMinimumHeight(txtEinheit->sizeHint().height()); // the stocks of both sides stay in line
-    behaeltPlatz(*lblEinheit);
-    lblEinheit->hide();
-    txtEinheit->setAccessibleName(u"Einheit"_s);
+    Bestaende->removeWidget(txtEinheit);
     zeile.addWidget(txtEinheit);
     setTabOrder(&feld, txtEinheit);
 }
