@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QShortcut>
 
 #include <stdexcept>
@@ -86,6 +87,17 @@ void Messbildschirm::waehleJahr(int jahr)
 void Messbildschirm::klickeKopf(const char* liste, int spalte)
 {
     Q_EMIT teil<DataGrid>(liste).horizontalHeader()->sectionClicked(spalte);
+}
+
+bool Messbildschirm::tippe(const char* liste, int spalte, const QString& wort)
+{
+    auto& tabelle = teil<DataGrid>(liste);
+    tabelle.setCurrentIndex(tabelle.model()->index(0, spalte)); // ends the word before
+    for (const QChar buchstabe : wort) {
+        QKeyEvent taste(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, buchstabe);
+        QCoreApplication::sendEvent(&tabelle, &taste);
+    }
+    return !tabelle.accessibleDescription().contains(u"nicht gefunden");
 }
 
 int messeBildschirm(int argc, char** argv, Umfang vorgabe, Umfang voll,

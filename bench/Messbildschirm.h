@@ -18,6 +18,8 @@ public:
     void inSumme(bool wert);
     void waehleJahr(int jahr);
     void klickeKopf(const char* liste, int spalte);
+    /// Types a word in a column of the first row. \returns whether a row was found.
+    bool tippe(const char* liste, int spalte, const QString& wort);
 
     const jet::Recordset& journal() const { return zeilen("Journaldaten"); }
     const jet::Recordset& bestandsliste() const { return zeilen("Bestanddaten"); }

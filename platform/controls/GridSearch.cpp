@@ -47,6 +47,13 @@ QString textCriterion(const QString& field, const QString& word)
                                                  begins(field, {}, word));
 }
 
+/// A letter begins no figure, so that no row need be asked.
+bool mayBegin(const GridModel& model, int column, const QString& word)
+{
+    return !jet::isNumber(model.type(column)) ||
+           std::none_of(word.begin(), word.end(), [](QChar c) { return c.isLetter(); });
+}
+
 /// What the engine looks for: the rows that show a text beginning with the word.
 QString criterion(const GridModel& model, int column, const QString& word)
 {
@@ -107,7 +114,10 @@ void GridSearch::find(qsizetype from)
     if (m_word.isEmpty()) return end();
     const int column = m_grid.currentIndex().column();
     std::optional<qsizetype> found;
-    sys::underErrorReport({[&] { found = m_grid.rows().FindFrom(from, criterion(m_model, column, m_word)); }});
+    sys::underErrorReport({[&] {
+        found =
+            mayBegin(m_model, column, m_word) ? m_grid.rows().FindFrom(from, criterion(m_model, column, m_word)) : -1;
+    }});
     if (!found) return end();
     if (*found >= 0) {
         const QScopedValueRollback moving(m_moving, true);
