@@ -63,38 +63,34 @@ jet::Value read(QStringView cell)
     return text;
 }
 
-QString writtenRow(const jet::Recordset& rows)
+QString writtenRow(const std::vector<jet::Value>& row)
 {
     QStringList cells;
-    for (qsizetype column = 0; column < std::ssize(rows.Fields()); ++column)
-        cells += written(rows[column]);
+    for (const jet::Value& value : row)
+        cells += written(value);
     return cells.join(u" | "_s);
+}
+
+QString writtenRow(const jet::Recordset& rows)
+{
+    std::vector<jet::Value> row;
+    for (qsizetype column = 0; column < std::ssize(rows.Fields()); ++column)
+        row.push_back(rows[column]);
+    return writtenRow(row);
 }
 
 QString writtenType(const jet::Field& field)
 {
-    switch (field.type) {
-    case jet::Type::Null: return u"Null"_s;
-    case jet::Type::Boolean: return u"Boolean"_s;
-    case jet::Type::Byte: return u"Byte"_s;
-    case jet::Type::Short: return u"Short"_s;
-    case jet::Type::Long: return u"Long"_s;
-    case jet::Type::Counter: return u"Counter"_s;
-    case jet::Type::Currency: return u"Currency"_s;
-    case jet::Type::Single: return u"Single"_s;
-    case jet::Type::Double: return u"Double"_s;
-    case jet::Type::Date: return u"Date"_s;
-    case jet::Type::Text: return u"Text("_s + QString::number(field.size) + u')';
-    case jet::Type::Memo: return u"Memo"_s;
-    }
-    return {};
+    static const char* const names[] = {"Null",     "Boolean", "Byte",   "Short", "Long", "Counter",
+                                        "Currency", "Single",  "Double", "Date",  "Text", "Memo"};
+    const QString name = QString::fromLatin1(names[static_cast<int>(field.type)]);
+    return field.type == jet::Type::Text ? u"%1(%2)"_s.arg(name).arg(field.size) : name;
 }
 
-std::string all(jet::Recordset& rows)
+QString writtenRows(jet::Database& database, const QString& sql, jet::Kind kind)
 {
     QStringList lines;
-    if (rows.RecordCount() > 0) rows.MoveFirst();
-    for (; !rows.Eof(); rows.MoveNext())
-        lines += writtenRow(rows);
-    return lines.join(u'\n').toStdString();
+    for (const auto rows = database.OpenRecordset(sql, kind); !rows->Eof(); rows->MoveNext())
+        lines += writtenRow(*rows);
+    return lines.isEmpty() ? u"-"_s : lines.join(u"; "_s);
 }

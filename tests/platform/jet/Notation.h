@@ -1,12 +1,12 @@
 #pragma once
 
-#include "platform/jet/Recordset.h"
+#include "platform/jet/Database.h"
 #include "platform/jet/TableDef.h"
 
 #include <QString>
 #include <QStringView>
 
-#include <string>
+#include <vector>
 
 // How values, rows and columns are written in the tests of the engine, going in and coming out alike:
 //
@@ -17,15 +17,16 @@
 //   'Weizen  '  ''  '100'     a text that is empty, has blanks at an end or a line break in it, or would read as one
 //                             of the above; a quote in it is not doubled, a line break is written \n
 //
-// A text never has " | " in it, which stands between the cells of a row.
+// A text never has " | " or "; " in it, which stand between the cells of a row and between rows.
 
 QString written(const jet::Value& value);
 jet::Value read(QStringView cell); ///< The reverse of written().
 
-/// Fields of the current row, joined by " | ".
+/// The fields of a row, the current one of a recordset, joined by " | ".
+QString writtenRow(const std::vector<jet::Value>& row);
 QString writtenRow(const jet::Recordset& rows);
 /// Type of a column as it is declared: "Text(50)", "Counter", "Double".
 QString writtenType(const jet::Field& field);
 
-/// All rows of a recordset from the first one on, one a line.
-std::string all(jet::Recordset& rows);
+/// All rows of a statement, joined by "; "; "-" without.
+QString writtenRows(jet::Database& database, const QString& sql, jet::Kind kind = jet::Kind::Default);

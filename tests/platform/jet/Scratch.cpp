@@ -4,7 +4,7 @@
 
 #include <QDir>
 
-#include <algorithm>
+#include <cstdlib>
 
 using namespace Qt::StringLiterals;
 
@@ -33,7 +33,7 @@ QStringList Scratch::files() const
 
 std::string rowsOf(jet::Database& database, const QString& sql)
 {
-    return all(*database.OpenRecordset(sql, jet::Kind::Snapshot));
+    return writtenRows(database, sql, jet::Kind::Snapshot).toStdString();
 }
 
 std::string refusal(const std::function<void()>& call)
@@ -41,12 +41,12 @@ std::string refusal(const std::function<void()>& call)
     try {
         call();
     } catch (const jet::Error& error) {
-        using enum jet::ErrorNumber;
-        constexpr jet::ErrorNumber Anywhere[] = {Overflow,    ReadOnly,         TooFewParameters, UnknownTable,
-                                                 NoSuchField, ConversionFailed, TypeMismatch};
-        const bool anywhere = std::ranges::find(Anywhere, error.number()) != std::end(Anywhere);
-        const QString text = anywhere ? error.text().section(u" Datei: "_s, 0, 0) : error.text();
-        return std::to_string(static_cast<int>(error.number())) + ' ' + text.toStdString();
+        return std::to_string(static_cast<int>(error.number())) + ' ' + error.what();
     }
     return {};
+}
+
+int refused(const std::function<void()>& call)
+{
+    return std::atoi(refusal(call).c_str());
 }

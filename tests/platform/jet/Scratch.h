@@ -27,9 +27,10 @@ private:
     QTemporaryDir m_directory;
 };
 
-/// Rows of a statement, in the notation of Notation.h.
+/// Rows of a statement, read at once; see Notation.h.
 std::string rowsOf(jet::Database& database, const QString& sql);
 
 /// Number and text of the refusal that a call ends with, "3021 Kein aktueller Datensatz."; empty when it went through.
-/// A file that is named after a refusal of any statement is left out; LimitsTest holds that it is named.
 std::string refusal(const std::function<void()>& call);
+/// The number alone; 0 when it went through.
+int refused(const std::function<void()>& call);
