@@ -45,8 +45,8 @@ TEST_F(Values, ThatNoFileCanWriteComeFromHosts)
         jet::Value value;
         std::string wanted;
     } cases[] = {
-        {u"Menge", std::numeric_limits<double>::infinity(), "6 Überlauf. Feld: 'Menge'."},
-        {u"Menge", std::numeric_limits<double>::quiet_NaN(), "6 Überlauf. Feld: 'Menge'."},
+        {u"Menge", std::numeric_limits<double>::infinity(), "6 Überlauf. Feld: 'Menge'"},
+        {u"Menge", std::numeric_limits<double>::quiet_NaN(), "6 Überlauf. Feld: 'Menge'"},
         {u"Tag", QDateTime(day, QTime(13, 45), Qt::OffsetFromUTC, 3600), "05.03.2024 13:45:00"},
         {u"Tag", QDateTime(day, QTime(12, 45), Qt::UTC), "05.03.2024 12:45:00"}, // the same moment
         {u"Tag", QDate(), "3421 Datentyp-Konvertierungsfehler. Feld: 'Tag'"},
@@ -62,15 +62,16 @@ TEST_F(Values, ThatNoFileCanWriteComeFromHosts)
 TEST_F(Values, ThatNoColumnTakesAreReadableAndGoNoFurther)
 {
     const std::string noTruth = "3317 Der Wert verletzt die Gültigkeitsregel: 0 (Nein) oder -1 (Ja). Feld: 'Fertig'.";
+    const std::string inFile = ". Datei: '" + m_scratch.path(u"Lager.2024"_s).toStdString() + "'.";
     jet::sqlite::Connection past(m_scratch.path(u"Lager.2024"_s), jet::sqlite::Connection::Mode::Existing, 0);
     EXPECT_EQ(refusal([&] { past.execute("UPDATE J SET Fertig=1 WHERE ID=1"); }), noTruth);
     past.execute("PRAGMA ignore_check_constraints=1");
     past.execute("UPDATE J SET Fertig=1,Menge=-9e999 WHERE ID=1");
     const auto rows = open(u"SELECT -Menge AS Abgang, * FROM J"_s);
     EXPECT_EQ((*rows)[u"Menge"].toText() + (*rows)[u"Abgang"].toText(), u"-1,#INF1,#INF"_s);
-    EXPECT_EQ(refusal([&] { rowsOf(*m_database, u"SELECT Sum(Menge) AS S FROM J"_s); }), "6 Überlauf");
+    EXPECT_EQ(refusal([&] { rowsOf(*m_database, u"SELECT Sum(Menge) AS S FROM J"_s); }), "6 Überlauf" + inFile);
     EXPECT_EQ(refusal([&] { m_database->Execute(u"INSERT INTO J (Menge) SELECT Menge FROM J"_s); }),
-              "6 Überlauf. Feld: 'Menge'.");
+              "6 Überlauf. Feld: 'Menge'" + inFile);
     EXPECT_EQ(refusal([&] { m_database->Execute(u"INSERT INTO J (Fertig) SELECT Fertig FROM J"_s); }), noTruth);
     rows->Edit();
     rows->Set(u"Menge", 4);
