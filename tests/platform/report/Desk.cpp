@@ -1,9 +1,6 @@
 #include "tests/platform/report/Desk.h"
 
 #include "platform/jet/Engine.h"
-#include "platform/report/Output.h"
-#include "platform/report/Paginator.h"
-#include "platform/system/CaughtError.h"
 
 #include <QFile>
 
@@ -11,18 +8,10 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-bool goOn(qsizetype, qsizetype)
-{
-    return true;
-}
-
-} // namespace
-
 Desk::Desk()
 {
     jet::engine().CreateDatabase(path(u"daten.mdb"_s), {})->Close();
+    execute({u"CREATE TABLE J (Nr Long, Artikel Text(20), Ort Text(5), Menge Double, T Memo)"_s});
 }
 
 QString Desk::write(const QString& name, const QByteArray& content) const
@@ -33,52 +22,26 @@ QString Desk::write(const QString& name, const QByteArray& content) const
     return file.fileName();
 }
 
-QString Desk::form(const QByteArray& elements) const
-{
-    return write(u"form.rpt"_s, R"(<report paper="A5" left="10" top="10" right="10" bottom="10" size="10">)"
-                                "\n" +
-                                    elements + "</report>\n");
-}
-
 void Desk::execute(const QStringList& statements) const
 {
     const auto file = jet::engine().OpenDatabase(path(u"daten.mdb"_s));
-    file->BeginTrans();
     for (const QString& statement : statements)
         file->Execute(statement);
-    file->CommitTrans();
 }
 
-report::Job Desk::job(const QString& form) const
+void Desk::fill(int rows) const
 {
+    execute({u"DELETE FROM J"_s});
+    for (int i = 1; i <= rows; ++i)
+        execute({u"INSERT INTO J (Nr) VALUES (%1)"_s.arg(i)});
+}
+
+report::Job Desk::job(const QByteArray& form) const
+{
+    const bool isWhole = form.startsWith("<?xml") || form.startsWith("<report") || form.startsWith("<html");
+    const QByteArray begin = "<report paper='A5' left='10' top='10' right='10' bottom='10' size='10'>\n";
     report::Job job;
-    job.reportFile = form;
+    job.reportFile = write(u"form.rpt"_s, isWhole ? form : begin + form + "</report>\n");
     job.dataFiles[0] = path(u"daten.mdb"_s);
     return job;
-}
-
-std::vector<QStringList> Desk::print(const report::Job& job) const
-{
-    const QString pdf = path(u"druck.pdf"_s);
-    EXPECT_TRUE(report::writePdf(*report::setPages(job, goOn), pdf, goOn));
-    return readPdf(pdf);
-}
-
-QStringList Desk::printedLines(const report::Job& job) const
-{
-    QStringList lines;
-    for (const QStringList& page : print(job))
-        lines += page;
-    return lines;
-}
-
-QString Desk::refusal(const report::Job& job)
-{
-    try {
-        report::setPages(job, goOn);
-    } catch (const std::exception&) {
-        return sys::caughtError().text;
-    }
-    ADD_FAILURE() << "nothing was refused";
-    return {};
 }
