@@ -2,54 +2,22 @@
 
 #include "platform/system/CaughtError.h"
 #include "platform/system/ErrorReport.h"
+#include "platform/system/Pointer.h"
 #include "tests/support/Print.h"
 
-#include <zablager/DatabaseError.h>
 #include <zablager/FileError.h>
+
+#include <QCursor>
+#include <QGuiApplication>
 
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-/// Keeps what it was to show.
-class Recorder : public sys::Messages {
-public:
-    sys::Answer show(const QString& text, int flags) override
-    {
-        shown.append(QString::number(flags) + u' ' + text);
-        return answers.isEmpty() ? sys::Answer::Retry : answers.takeFirst();
-    }
-
-    QStringList shown;
-    QList<sys::Answer> answers;
-};
-
-} // namespace
-
-TEST(Messages, GoToTheInnermostScopeAndThenBack)
-{
-    Recorder outer;
-    Recorder inner;
-    const sys::MessageScope outerScope(outer);
-    {
-        const sys::MessageScope innerScope(inner);
-        sys::critical(u"innen"_s);
-    }
-    EXPECT_EQ(sys::messages().show(u"außen"_s, sys::YesNo | sys::Question), sys::Answer::Retry);
-    EXPECT_EQ(inner.shown, QStringList(u"16 innen"_s));
-    EXPECT_EQ(outer.shown, QStringList(u"36 außen"_s));
-}
-
 TEST(Messages, OnATerminalAreLinesAndTheDefaultButtonIsTheAnswer)
 {
     using namespace sys;
-    struct Case {
-        int flags;
-        Answer answer;
-    };
-    const Case cases[] = {
+    const std::pair<int, Answer> cases[] = {
         {OKOnly | Critical, Answer::OK},
         {YesNo | Question, Answer::Yes},
         {YesNo | DefaultButton2, Answer::No},
@@ -58,56 +26,68 @@ TEST(Messages, OnATerminalAreLinesAndTheDefaultButtonIsTheAnswer)
         {AbortRetryIgnore | DefaultButton3 | Information, Answer::Ignore},
         {YesNo | DefaultButton3, Answer::No},
     };
-    for (const Case& c : cases) {
+    for (const auto& [flags, answer] : cases) {
         testing::internal::CaptureStderr();
-        EXPECT_EQ(messages().show(u"Größe <b>&\rzwei\r\ndrei\nvier"_s, c.flags), c.answer) << c.flags;
+        EXPECT_EQ(messages().show(u"Größe <b>&\rzwei\r\ndrei\nvier"_s, flags), answer) << flags;
         EXPECT_EQ(testing::internal::GetCapturedStderr(), "Größe <b>&\nzwei\ndrei\nvier\n");
     }
 }
 
-TEST(ErrorReport, LeavesRepeatsOrGoesOnAsTheUserSays)
+TEST(Messages, OfAnErrorRepeatLeaveOrGoOnAsTheUserSays)
 {
     using namespace sys;
-    struct Case {
+    struct User final : Messages {
+        Answer show(const QString& text, int flags) override
+        {
+            EXPECT_EQ(QString::number(flags) + u' ' + text,
+                      u"530 Es ist ein kritischer Zustand aufgetreten.\r\rFehler: 53 wurde ausgelöst durch ZABLAGER\r"
+                      u"Die Datei fehlt."_s);
+            return answers.takeFirst();
+        }
+        QList<Answer> answers;
+    };
+    const struct {
         QList<Answer> answers;
         QString run; ///< The steps as they ran; the second one throws at each try while there is an answer left.
         Outcome outcome;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {{Answer::Abort}, u"12"_s, Outcome::Left},
         {{Answer::Ignore}, u"123"_s, Outcome::Completed},
         {{Answer::Retry}, u"1223"_s, Outcome::Completed},
         {{Answer::Retry, Answer::Retry, Answer::Abort}, u"1222"_s, Outcome::Left},
     };
-    const QString text =
-        u"530 Es ist ein kritischer Zustand aufgetreten.\r\rFehler: 53 wurde ausgelöst durch ZABLAGER\r"
-        u"Die Datei fehlt."_s;
-    for (const Case& c : cases) {
-        Recorder user;
-        user.answers = c.answers;
+    for (const auto& [answers, expected, outcome] : cases) {
+        User user;
+        user.answers = answers;
         const MessageScope scope(user);
         QString run;
         const auto second = [&] {
             run += u'2';
             if (!user.answers.isEmpty()) throw FileError(FileErrorNumber::FileNotFound, u"Die Datei fehlt."_s);
         };
-        EXPECT_EQ(underErrorReport({[&] { run += u'1'; }, second, [&] { run += u'3'; }}), c.outcome);
-        EXPECT_EQ(run, c.run);
-        EXPECT_EQ(user.shown, QStringList(c.answers.size(), text));
+        EXPECT_EQ(underErrorReport({[&] { run += u'1'; }, second, [&] { run += u'3'; }}), outcome);
+        EXPECT_EQ(run, expected);
+    }
+    try {
+        throw std::bad_alloc();
+    } catch (...) {
+        EXPECT_EQ(caughtError().text, u"Interner Fehler: std::bad_alloc"_s);
     }
 }
 
-TEST(ErrorReport, TellsEveryExceptionByNumberAndText)
+TEST(Hourglass, NestsAndLeavesTheHostsPointerAlone)
 {
-    const auto told = [](const auto& exception) {
-        try {
-            throw exception;
-        } catch (...) {
-            const sys::CaughtError error = sys::caughtError();
-            return QString::number(error.number) + u' ' + error.text;
-        }
-    };
-    EXPECT_EQ(told(jet::Error(jet::ErrorNumber::Locked, u"Gesperrt."_s)), u"3218 Gesperrt."_s);
-    EXPECT_EQ(told(sys::FileError(sys::FileErrorNumber::DiskFull, u"Voll."_s)), u"61 Voll."_s);
-    EXPECT_EQ(told(std::bad_alloc()), u"51 Interner Fehler: std::bad_alloc"_s);
+    sys::MausWarten(); // without a screen: nothing
+    int argc = 1;
+    char name[] = "system_test";
+    char* argv[] = {name, nullptr};
+    const QGuiApplication application(argc, argv);
+    QGuiApplication::setOverrideCursor(Qt::CrossCursor); // the host's
+    QString shapes;
+    for (const auto step : {&sys::MausNormal, &sys::MausWarten, &sys::MausWarten, &sys::MausNormal, &sys::MausWarten,
+                            &sys::resetPointer, &sys::MausNormal}) {
+        step();
+        shapes += QGuiApplication::overrideCursor()->shape() == Qt::CrossCursor ? u'+' : u'w';
+    }
+    EXPECT_EQ(shapes, u"+wwww++"_s);
 }
