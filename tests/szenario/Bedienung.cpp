@@ -6,6 +6,7 @@
 #include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QComboBox>
+#include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QRegularExpression>
@@ -50,9 +51,9 @@ void beendeDruck()
 QKeyCombination taste(QString name)
 {
     static const std::pair<QString, QString> deutsch[] = {
-        {u"Strg"_s, u"Ctrl"_s},  {u"Umschalt"_s, u"Shift"_s}, {u"Eingabe"_s, u"Return"_s},
-        {u"Entf"_s, u"Del"_s},   {u"Pos1"_s, u"Home"_s},      {u"Ende"_s, u"End"_s},
-        {u"Leer"_s, u"Space"_s}, {u"Ab"_s, u"Down"_s},        {u"Auf"_s, u"Up"_s}};
+        {u"Strg"_s, u"Ctrl"_s}, {u"Umschalt"_s, u"Shift"_s}, {u"Eingabe"_s, u"Return"_s}, {u"Entf"_s, u"Del"_s},
+        {u"Pos1"_s, u"Home"_s}, {u"Ende"_s, u"End"_s},       {u"Leer"_s, u"Space"_s},     {u"Ab"_s, u"Down"_s},
+        {u"Auf"_s, u"Up"_s},    {u"Menü"_s, u"Menu"_s}};
     QStringList teile = name.split(u'+');
     for (const auto& [wort, qt] : deutsch)
         teile.replaceInStrings(QRegularExpression(u"^"_s + wort + u"$"_s), qt);
@@ -88,6 +89,11 @@ QWidget& fokus()
 void druecke(const QString& name)
 {
     QTest::keyClick(&fokus(), taste(name).key(), taste(name).keyboardModifiers());
+    if (taste(name).key() == Qt::Key_Menu) { // the desktop makes a wish of it
+        const QPoint mitte = fokus().rect().center();
+        QContextMenuEvent wunsch(QContextMenuEvent::Keyboard, mitte, fokus().mapToGlobal(mitte));
+        QCoreApplication::sendEvent(&fokus(), &wunsch);
+    }
     beendeDruck();
     QCoreApplication::processEvents(); // Enter goes on only when it has been handled
 }

@@ -1,9 +1,13 @@
 #include "tests/szenario/Szenario.h"
 
 #include "overview/LagerbestandNeu.h"
+#include "platform/report/PrintControl.h"
 #include "platform/system/Clock.h"
 #include "platform/system/Settings.h"
 #include "tests/support/Fremdprogramm.h"
+#include "tests/support/Pdf.h"
+#include "tests/support/Rekorder.h"
+#include "tests/support/Tabellenblatt.h"
 #include "tests/szenario/Bedienung.h"
 #include "tests/szenario/Musterhof.h"
 
@@ -165,6 +169,7 @@ private:
     bool bereit() const
     {
         if (m_laeuft && (!vorn() || vorn() == m_davor)) return false;
+        if (!vorn() && m_fenster && m_fenster->isHidden()) return true; // the user has closed it
         QWidget* const fenster = vorn() ? vorn() : m_fenster.get();
         if (!fenster || fenster == QApplication::activePopupWidget() || fenster->isActiveWindow()) return true;
         fenster->activateWindow(); // as a window manager does when another one has closed
@@ -189,6 +194,7 @@ private:
         for (const Antwort& antwort : alle)
             if (!antwort.gegeben) return versage(u"it was not asked: "_s + antwort.frage);
         if (!m_meldungen.isEmpty()) return versage(u"nobody expected: "_s + lesbar(m_meldungen.first()));
+        if (QApplication::overrideCursor()) return versage(u"the mouse still shows an hourglass"_s);
         beende();
     }
 
@@ -211,23 +217,36 @@ private:
     {
         if (name == u"Grundstamm") return m_hof.ort().daten() + u"/Grundstamm.mdb"_s;
         if (name == u"Anlagen") return m_hof.ort().anlagen() + u"/Anlagen.mdb"_s;
+        if (name == u"Stammdaten") return m_hof.ort().programm() + u"/ZABStammdaten_2024.mdb"_s;
+        if (name == u"Formular") return m_hof.ort().programm() + u"/Report/Lagerverwaltung/Lagerjournal.rpt"_s;
         return m_hof.journaldatei(name.toInt());
     }
 
     std::unique_ptr<jet::Database> oeffne(const QString& name)
     {
-        static const QMap<QString, QString> kennworte{{u"Grundstamm"_s, u"RT-58KX"_s}, {u"Anlagen"_s, u"volmira"_s}};
+        static const QMap<QString, QString> kennworte{
+            {u"Grundstamm"_s, u"RT-58KX"_s}, {u"Stammdaten"_s, u"RT-58KX"_s}, {u"Anlagen"_s, u"volmira"_s}};
         m_fremdes = std::make_unique<jet::Engine>(); // as another program does
         return m_fremdes->OpenDatabase(datei(name), u";pwd="_s + kennworte.value(name));
     }
 
-    /// Out of its place, and back.
-    void versetze(const QString& name, bool weg) const
+    /// Out of its place, with rubbish there instead, and back.
+    static void versetze(const QString& name, const QString& wie)
     {
         const QString dort = name + u".weg"_s;
         jet::engine().release();
-        if (!weg) QFile::remove(name);
-        if (!QFile::rename(weg ? name : dort, weg ? dort : name)) scheitere(u"cannot be renamed: "_s + name);
+        if (wie == u"da") QFile::remove(name);
+        if (QFile::exists(wie == u"da" ? dort : name) &&
+            !QFile::rename(wie == u"da" ? dort : name, wie == u"da" ? name : dort))
+            scheitere(u"cannot be renamed: "_s + name);
+        QFile kaputt(name);
+        if (wie == u"kaputt" && kaputt.open(QIODevice::WriteOnly)) kaputt.write(QByteArray(5000, 'x'));
+    }
+
+    void sperre(const QString& name, const QString& ganz)
+    {
+        using enum Fremdprogramm::Sperre;
+        m_sperre = std::make_unique<Fremdprogramm>(datei(name), ganz.isEmpty() ? Schreiben : Alles);
     }
 
     static void setzeHost(const QString& was, const QString& wert)
@@ -287,10 +306,47 @@ private:
         diese.hasCaptured(1) ? druecke(diese.captured(1)) : tippe(diese.captured());
     }
 
-    void meldung(const QString& text)
+    void meldung(const QStringList& zeilen)
     {
-        vergleiche({text}, m_meldungen.mid(0, 1));
-        m_meldungen.removeFirst();
+        if (m_meldungen.isEmpty()) scheitere(u"nothing was said"_s);
+        const QString text = m_meldungen.takeFirst();
+        vergleiche(zeilen, zeilen.size() == 1 ? QStringList(text) : text.split(u"\r\n"_s));
+    }
+
+    static void drueckeKlammer(const QString& taste) { druecke(taste.mid(1, taste.size() - 2)); }
+
+    void papier(const QString& taste, const QStringList& zeilen) const
+    {
+        NEEDS_PDFTOTEXT;
+        auto* const Report = fenster().findChild<report::PrintControl*>();
+        if (!Report) scheitere(u"there is nothing to print here"_s);
+        const QString datei = m_hof.ort().verzeichnis() + u"/papier.pdf"_s;
+        QFile::remove(datei);
+        Report->setDestination(report::PrintControl::ToFile);
+        Report->setPrintFileName(datei);
+        drueckeKlammer(taste);
+        QStringList gelesen;
+        if (QFile::exists(datei))
+            for (const QStringList& seite : readPdf(datei))
+                gelesen += seite;
+        // As one text, where a line "..." is any number of lines.
+        vergleiche({zeilen.join(u"\\n"_s)}, {gelesen.join(u'\n')});
+    }
+
+    void oeffnet(const QString& taste, const QString& was, const QStringList& zeilen)
+    {
+        QString datei;
+        {
+            Rekorder programm(u"xdg-open"_s);
+            drueckeKlammer(taste);
+            datei = m_meldungen.isEmpty() ? programm.aufruf().value(0) : m_meldungen.takeFirst();
+        }
+        vergleiche({was}, {datei});
+        if (zeilen.isEmpty()) return;
+        NEEDS_OPENPYXL;
+        vergleiche(zeilen, tabellenblatt(datei));
+        QFile::remove(datei);
+        QDir().rmdir(QFileInfo(datei).path());
     }
 
     void fuehreAus(const Anweisung& schritt)
@@ -306,14 +362,16 @@ private:
             {u"host"_s, [&] { setzeHost(erstes, weiteres); }},
             {u"heute"_s, [&] { sys::stelleUhr(tag(rest)); }},
             {u"einstellung"_s, [&] { einstellung(erstes, weiteres); }},
-            {u"datei"_s, [&] { versetze(datei(weiteres), erstes == u"weg"); }},
-            {u"sperre"_s, [&] { m_sperre = std::make_unique<Fremdprogramm>(datei(rest)); }},
+            {u"datei"_s, [&] { versetze(datei(weiteres), erstes); }},
+            {u"sperre"_s, [&] { sperre(erstes, weiteres); }},
             {u"frei"_s, [&] { m_sperre.reset(); }},
             {u"antwort"_s, [&] { m_antworten.push_back({schritt, erstes, weiteres}); }},
             {u"stets"_s, [&] { m_immer.push_back({schritt, erstes, weiteres}); }},
-            {u"meldung"_s, [&] { meldung(rest); }},
+            {u"meldung"_s, [&] { meldung(rest.isEmpty() ? zeilen : QStringList(rest)); }},
             {u"oeffne"_s, [&] { oeffneBildschirm(); }},
             {u"tasten"_s, [&] { drueckeErste(rest); }},
+            {u"papier"_s, [&] { papier(erstes, zeilen); }},
+            {u"oeffnet"_s, [&] { oeffnet(erstes, weiteres, zeilen); }},
             {u"feld"_s, [&] { geheIn(feld(rest)); }},
             {u"klick"_s, [&] { klicke(feld(erstes), weiteres.toInt(), false); }},
             {u"doppelklick"_s, [&] { klicke(feld(erstes), weiteres.toInt(), true); }},
@@ -337,6 +395,7 @@ private:
         if (wort == u"zeigt" && !zeilen.isEmpty()) return vergleiche(zeilen, rasterzeilen(feld(name)));
         if (wort == u"zeigt") return vergleiche({text}, {gesehen(feld<QObject>(name))});
         if (wort == u"bietet") return vergleiche({text}, {angebot(feld(name))});
+        if (wort == u"sagt") return vergleiche({text}, {feld(name).toolTip()});
         if (wort == u"steht") return vergleiche({text.mid(4)}, {aktuelleZeile(feld(name))});
         if (wort != u"ist" || !ist(feld<QObject>(name), text)) scheitere(name + u" is not "_s + text);
     }
