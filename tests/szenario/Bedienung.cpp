@@ -34,6 +34,13 @@ QString rasterzeile(const DataGrid& liste, int zeile)
     return zellen.join(u" | "_s);
 }
 
+int spalteZu(const QHeaderView& kopf, const QString& titel)
+{
+    for (int spalte = 0; spalte < kopf.count(); ++spalte)
+        if (kopf.model()->headerData(spalte, Qt::Horizontal).toString() == titel) return spalte;
+    scheitere(u"no column: "_s + titel);
+}
+
 /// A button that a letter presses shows it for a while before it acts; that time is passed at once.
 void beendeDruck()
 {
@@ -126,12 +133,10 @@ void klicke(QWidget& feld, int zeile, bool doppelt)
 void klickeKopf(const QWidget& liste, const QString& titel)
 {
     const auto& kopf = *dynamic_cast<const DataGrid&>(liste).horizontalHeader();
-    for (int spalte = 0; spalte < kopf.count(); ++spalte) {
-        if (kopf.model()->headerData(spalte, Qt::Horizontal).toString() != titel) continue;
-        const QPoint mitte(kopf.sectionViewportPosition(spalte) + kopf.sectionSize(spalte) / 2, kopf.height() - 5);
-        return QTest::mouseClick(kopf.viewport(), Qt::LeftButton, Qt::NoModifier, mitte);
-    }
-    scheitere(u"no column: "_s + titel);
+    const int spalte = spalteZu(kopf, titel);
+    const QPoint mitte(kopf.sectionViewportPosition(spalte) + kopf.sectionSize(spalte) / 2,
+                       kopf.viewport()->height() / 2);
+    QTest::mouseClick(kopf.viewport(), Qt::LeftButton, Qt::NoModifier, mitte);
 }
 
 QString gesehen(const QObject& ding)
@@ -151,6 +156,16 @@ QStringList rasterzeilen(const QWidget& liste)
     for (int zeile = 0; zeile < raster.model()->rowCount(); ++zeile)
         zeilen.append(rasterzeile(raster, zeile));
     return zeilen;
+}
+
+QString rasterspalte(const QWidget& liste, const QString& titel)
+{
+    const auto& raster = dynamic_cast<const DataGrid&>(liste);
+    const int spalte = spalteZu(*raster.horizontalHeader(), titel);
+    QStringList zellen;
+    for (int zeile = 0; zeile < raster.model()->rowCount(); ++zeile)
+        zellen.append(raster.model()->index(zeile, spalte).data().toString());
+    return zellen.join(u" | "_s);
 }
 
 QString aktuelleZeile(const QWidget& liste)

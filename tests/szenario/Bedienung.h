@@ -26,6 +26,7 @@ void klickeKopf(const QWidget& liste, const QString& titel);
 QString gesehen(const QObject& ding);
 /// The rows of a list, or of its row that is current, cells joined by " | "; hidden columns are left out.
 QStringList rasterzeilen(const QWidget& liste);
+QString rasterspalte(const QWidget& liste, const QString& titel); ///< From above, joined by " | ".
 QString aktuelleZeile(const QWidget& liste);
 QString angebot(const QWidget& auswahl); ///< What drops down, joined by " | ".
 QString markierter();                    ///< The text that is selected where the focus is.

@@ -19,6 +19,7 @@
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QScopedValueRollback>
+#include <QTest>
 #include <QTimer>
 
 #include <gtest/gtest.h>
@@ -153,7 +154,8 @@ private:
         m_wartet = !bereit();
         if (m_wartet) return m_geduld.hasExpired() ? versage(u"the window has not opened or closed"_s) : void();
         if (m_schritte.empty()) return pruefeEnde();
-        static const QRegularExpression vorher(u"^(bucht|sql|host|heute|einstellung|datei|sperre|antwort|stets) "_s);
+        static const QRegularExpression vorher(
+            u"^((bucht|sql|host|heute|einstellung|datei|sperre|antwort|stets) |oeffne$)"_s);
         if (!m_fenster && !m_schritte.front().text.contains(vorher))
             m_schritte.push_front({m_schritte.front().zeile, u"oeffne"_s, {}});
         const Anweisung schritt = m_schritte.front();
@@ -254,7 +256,7 @@ private:
         if (was == u"Stichdatum")
             modulzustand().Stichdatum = tag(wert);
         else
-            modulzustand().Lagername = wert;
+            (was == u"Lagername" ? modulzustand().Lagername : modulzustand().Betriebsname) = wert;
     }
 
     static void einstellung(const QString& name, const QString& was)
@@ -266,10 +268,16 @@ private:
 
     void oeffneBildschirm()
     {
-        m_letzteID = gezeigt(*oeffne(u"2024"_s), u"SELECT Max(ID) FROM LAGERJOURNAL"_s).value(0);
+        try {
+            if (!m_sperre) m_letzteID = gezeigt(*oeffne(u"2024"_s), u"SELECT Max(ID) FROM LAGERJOURNAL"_s).value(0);
+        } catch (const jet::Error&) {
+            m_letzteID.clear(); // the screen has to tell that
+        }
         m_fenster.reset(); // what it remembers is read by the next one
         m_fenster = std::make_unique<LagerbestandNeu>();
         m_fenster->show();
+        m_fenster->activateWindow();
+        if (!QTest::qWaitForWindowActive(m_fenster.get())) scheitere(u"the main screen has not come"_s);
         QCoreApplication::processEvents(); // the stock list comes after the first painting
     }
 
@@ -310,7 +318,7 @@ private:
     {
         if (m_meldungen.isEmpty()) scheitere(u"nothing was said"_s);
         const QString text = m_meldungen.takeFirst();
-        vergleiche(zeilen, zeilen.size() == 1 ? QStringList(text) : text.split(u"\r\n"_s));
+        vergleiche(zeilen, zeilen.size() == 1 ? QStringList(text) : text.split(u"\r\n"_s, Qt::SkipEmptyParts));
     }
 
     static void drueckeKlammer(const QString& taste) { druecke(taste.mid(1, taste.size() - 2)); }
@@ -366,7 +374,7 @@ private:
             {u"sperre"_s, [&] { sperre(erstes, weiteres); }},
             {u"frei"_s, [&] { m_sperre.reset(); }},
             {u"antwort"_s, [&] { m_antworten.push_back({schritt, erstes, weiteres}); }},
-            {u"stets"_s, [&] { m_immer.push_back({schritt, erstes, weiteres}); }},
+            {u"stets"_s, [&] { m_immer.push_front({schritt, erstes, weiteres}); }},
             {u"meldung"_s, [&] { meldung(rest.isEmpty() ? zeilen : QStringList(rest)); }},
             {u"oeffne"_s, [&] { oeffneBildschirm(); }},
             {u"tasten"_s, [&] { drueckeErste(rest); }},
@@ -394,6 +402,8 @@ private:
         if (wort == u"=") return setze(feld(name), text);
         if (wort == u"zeigt" && !zeilen.isEmpty()) return vergleiche(zeilen, rasterzeilen(feld(name)));
         if (wort == u"zeigt") return vergleiche({text}, {gesehen(feld<QObject>(name))});
+        if (wort == u"hat")
+            return vergleiche({text.section(u": "_s, 1)}, {rasterspalte(feld(name), text.section(u": "_s, 0, 0))});
         if (wort == u"bietet") return vergleiche({text}, {angebot(feld(name))});
         if (wort == u"sagt") return vergleiche({text}, {feld(name).toolTip()});
         if (wort == u"steht") return vergleiche({text.mid(4)}, {aktuelleZeile(feld(name))});
@@ -403,7 +413,7 @@ private:
     const QString m_quelle, m_name;
     std::deque<Anweisung> m_schritte;
     std::deque<Antwort> m_antworten;
-    std::vector<Antwort> m_immer;
+    std::deque<Antwort> m_immer; ///< The latest first.
     QStringList m_meldungen;
     Musterhof& m_hof;
     QString m_letzteID; ///< In the open year, when the screen opened.

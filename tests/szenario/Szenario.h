@@ -12,7 +12,7 @@
 //   bucht 2024  05.03. | H1 | Weizen | 100 | Zukauf      rows, more of them below
 //   sql 2024 UPDATE ...          in a year file, Grundstamm, Stammdaten or Anlagen, by another program
 //   heute 5.3.2024               the day
-//   host Stichdatum 1.6.2024     what a host has set; Lagername too
+//   host Stichdatum 1.6.2024     what a host has set; Lagername and Betriebsname too
 //   einstellung Name = 1         a setting of the user; "einstellung Name zeigt 1"
 //   datei weg Grundstamm         a file cannot be found, or "kaputt", until "datei da Grundstamm"; the journal's Formular too
 //   sperre 2024                  another program is writing in a file, until "frei"; "sperre 2024 ganz": none can read it
@@ -39,6 +39,7 @@
 //   fokus txtMenge               where the focus is; "markiert 7": what is selected there
 //   txtMenge zeigt 12,50         the text of a field, label, tab, heading of a list; "Ampel zeigt rot" or "grün"
 //   Journalliste zeigt           the rows of a list, which stand below
+//   Journalliste hat Artikel: Weizen | Hafer      a column of it, from above
 //   Journalliste steht auf ...   its current row, or "keine"
 //   drpArtikel bietet A | B      what drops down
 //   VonDatum sagt Strg+T         its tool tip
