@@ -155,7 +155,7 @@ private:
         if (m_wartet) return m_geduld.hasExpired() ? versage(u"the window has not opened or closed"_s) : void();
         if (m_schritte.empty()) return pruefeEnde();
         static const QRegularExpression vorher(
-            u"^((bucht|sql|host|heute|einstellung|datei|sperre|antwort|stets) |oeffne$)"_s);
+            u"^((bucht|fuellt|sql|host|heute|einstellung|datei|sperre|antwort|stets) |oeffne$)"_s);
         if (!m_fenster && !m_schritte.front().text.contains(vorher))
             m_schritte.push_front({m_schritte.front().zeile, u"oeffne"_s, {}});
         const Anweisung schritt = m_schritte.front();
@@ -221,6 +221,7 @@ private:
         if (name == u"Anlagen") return m_hof.ort().anlagen() + u"/Anlagen.mdb"_s;
         if (name == u"Stammdaten") return m_hof.ort().programm() + u"/ZABStammdaten_2024.mdb"_s;
         if (name == u"Formular") return m_hof.ort().programm() + u"/Report/Lagerverwaltung/Lagerjournal.rpt"_s;
+        if (name == u"Lieferschein") return m_hof.ort().lieferscheinformulare() + u"/Standardlieferschein.rpt"_s;
         return m_hof.journaldatei(name.toInt());
     }
 
@@ -230,6 +231,20 @@ private:
             {u"Grundstamm"_s, u"RT-58KX"_s}, {u"Stammdaten"_s, u"RT-58KX"_s}, {u"Anlagen"_s, u"volmira"_s}};
         m_fremdes = std::make_unique<jet::Engine>(); // as another program does
         return m_fremdes->OpenDatabase(datei(name), u";pwd="_s + kennworte.value(name));
+    }
+
+    void fuelle(const QString& name, const QString& tabelle, const QStringList& zeilen)
+    {
+        const auto datei = oeffne(name);
+        const auto ziel = datei->OpenRecordset(tabelle, jet::Kind::Table);
+        const QStringList spalten = zeilen.first().split(u" | "_s);
+        for (const QString& zeile : zeilen.mid(1)) {
+            const QStringList zellen = zeile.split(u" | "_s);
+            ziel->AddNew();
+            for (qsizetype i = 0; i < zellen.size(); ++i)
+                if (zellen[i] != u"NULL") ziel->Set(spalten.at(i), zellen[i]);
+            ziel->Update();
+        }
     }
 
     /// Out of its place, with rubbish there instead, and back.
@@ -366,6 +381,7 @@ private:
         // clang-format off
         const std::map<QString, std::function<void()>> worte = {
             {u"bucht"_s, [&] { m_hof.bucht(erstes.toInt(), alle(weiteres)); }},
+            {u"fuellt"_s, [&] { fuelle(erstes, weiteres, zeilen); }},
             {u"sql"_s, [&] { oeffne(erstes)->Execute(QString::fromUtf8(alle(weiteres))); }},
             {u"host"_s, [&] { setzeHost(erstes, weiteres); }},
             {u"heute"_s, [&] { sys::stelleUhr(tag(rest)); }},

@@ -10,11 +10,13 @@
 // a remark, behind a step after two blanks. In what is expected "..." stands for anything, \r and \n for line breaks.
 //
 //   bucht 2024  05.03. | H1 | Weizen | 100 | Zukauf      rows, more of them below
+//   fuellt 2024 LAGERJOURNAL     rows of any table: its columns stand below, then the rows, "Artikel | Menge"; NULL: left out
 //   sql 2024 UPDATE ...          in a year file, Grundstamm, Stammdaten or Anlagen, by another program
 //   heute 5.3.2024               the day
 //   host Stichdatum 1.6.2024     what a host has set; Lagername and Betriebsname too
 //   einstellung Name = 1         a setting of the user; "einstellung Name zeigt 1"
-//   datei weg Grundstamm         a file cannot be found, or "kaputt", until "datei da Grundstamm"; the journal's Formular too
+//   datei weg Grundstamm         a file cannot be found, or "kaputt", until "datei da Grundstamm"; the paper of the journal
+//                                is the Formular, that of a delivery the Lieferschein
 //   sperre 2024                  another program is writing in a file, until "frei"; "sperre 2024 ganz": none can read it
 //
 // The first of other steps opens the main screen. Fields are those of the window in front, by their object names.
