@@ -176,7 +176,7 @@ Block Typesetter::cut(Block& block, double height) const
     double lineAbove = 0; // of the last band
     for (const TextLine& line : block.lines)
         if (line.top < block.height - block.last) lineAbove = std::max(lineAbove, line.top);
-    if (lineAbove > 0 && block.last < height) at = std::min(at, lineAbove);
+    if (lineAbove > 0) at = std::min(at, lineAbove);
     at = fromBandsTop(block, at);
     if (at <= 0) at = std::min(height, block.height); // a line higher than the page is painted over its edge
 
