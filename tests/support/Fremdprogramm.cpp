@@ -10,34 +10,61 @@
 #include <stdexcept>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-int halteFest(const QString& datei, Fremdprogramm::Sperre sperre, int bescheid)
+using jet::sqlite::Connection;
+
+void melde(int bescheid)
 {
-    try {
-        jet::sqlite::Connection verbindung(sys::localPath(datei), jet::sqlite::Connection::Mode::Existing, 0);
-        verbindung.execute(sperre == Fremdprogramm::Sperre::Alles ? "BEGIN EXCLUSIVE" : "BEGIN IMMEDIATE");
-        if (write(bescheid, "!", 1) == 1) pause();
-    } catch (const jet::Error& fehler) {
-        std::fprintf(stderr, "the other program: %s\n", fehler.what());
-    }
-    return 1;
+    if (write(bescheid, "!", 1) != 1) throw std::runtime_error("nobody listens");
 }
 
 } // namespace
 
 Fremdprogramm::Fremdprogramm(const QString& datei, Sperre sperre) : m_geduld(jet::engine().LockTimeout())
 {
+    starte([&](int bescheid) {
+        Connection verbindung(sys::localPath(datei), Connection::Mode::Existing, 0);
+        verbindung.execute(sperre == Sperre::Alles ? "BEGIN EXCLUSIVE" : "BEGIN IMMEDIATE");
+        melde(bescheid);
+        pause();
+    });
+    jet::engine().setLockTimeout(50); // ms
+}
+
+Fremdprogramm::Fremdprogramm(const QString& datei, const char* anweisung) : m_geduld(jet::engine().LockTimeout())
+{
+    starte([&](int bescheid) {
+        const auto verbindung = jet::engine().OpenDatabase(datei, u";pwd=quenlor"_s);
+        verbindung->BeginTrans();
+        verbindung->Execute(QString::fromUtf8(anweisung));
+        melde(bescheid);
+        constexpr useconds_t EinWenig = 200'000; // µs, for the other one to come to the lock
+        usleep(EinWenig);
+        verbindung->Close();
+    });
+}
+
+void Fremdprogramm::starte(const std::function<void(int bescheid)>& arbeit)
+{
     jet::engine().release(); // the child must not inherit connections
     int rohr[2];
     if (pipe(rohr) != 0) throw std::runtime_error("no pipe");
-    m_prozess = startChild([&] { return halteFest(datei, sperre, rohr[1]); });
+    m_prozess = startChild([&] {
+        try {
+            arbeit(rohr[1]);
+        } catch (const std::runtime_error& fehler) {
+            std::fprintf(stderr, "the other program: %s\n", fehler.what());
+        }
+        return 1;
+    });
     close(rohr[1]);
     char zeichen = 0;
     const bool bereit = read(rohr[0], &zeichen, 1) == 1;
     close(rohr[0]);
     if (!bereit) throw std::runtime_error("the other program could not open the file");
-    jet::engine().setLockTimeout(50); // ms
 }
 
 Fremdprogramm::~Fremdprogramm()

@@ -9,6 +9,7 @@
 #include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QRegularExpression>
 #include <QTabWidget>
 #include <QTest>
@@ -116,6 +117,7 @@ void geheIn(QWidget& feld)
     feld.setFocus();
     if (!feld.hasFocus()) scheitere(u"cannot be entered: "_s + feld.objectName());
     if (auto* const zeile = eingabezeile(feld)) zeile->selectAll();
+    if (auto* const text = qobject_cast<QPlainTextEdit*>(&feld)) text->selectAll();
 }
 
 void klicke(QWidget& feld, int zeile, bool doppelt)
@@ -144,7 +146,7 @@ QString gesehen(const QObject& ding)
     if (ding.property("Ampel").isValid()) return ding.property("Ampel").toInt() == 3 ? u"rot"_s : u"grün"_s;
     if (const auto* const reiter = qobject_cast<const QTabWidget*>(&ding))
         return reiter->tabText(reiter->currentIndex());
-    for (const char* name : {"Caption", "Text", "text", "title"})
+    for (const char* name : {"Caption", "Text", "text", "title", "DocumentName"})
         if (const QVariant wert = ding.property(name); wert.isValid()) return wert.toString();
     return {};
 }

@@ -1,0 +1,122 @@
+// Under the screen: the file that a note is printed from, what is preset, and that numbers are given together.
+
+#include "core/Modulzustand.h"
+#include "delivery/Liefereinstellungen.h"
+#include "delivery/Lieferscheindatei.h"
+#include "delivery/Lieferscheinnummern.h"
+#include "platform/system/Files.h"
+#include "platform/system/Settings.h"
+#include "tests/support/Fremdprogramm.h"
+#include "tests/support/Plattenstoerung.h"
+#include "tests/support/Print.h"
+#include "tests/support/Testbetrieb.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString Nummern = u"SELECT Lieferscheinnummer FROM LAGERJOURNAL ORDER BY ID"_s;
+
+void verkauft(const Testbetrieb& hof)
+{
+    hof.bucht(2024, "03.05. | H1 | Heu | -3 | Verkauf\n"
+                    "01.05. | H1 | Hafer | -4 | Verkauf\n"
+                    "02.05. | H1 | Mais | -5 | Verkauf");
+    hof.fuehreAus(2024, u"UPDATE LAGERJOURNAL SET Uberstallt_alt = 'BERGER', Artikelart = 'Futtermittel'"_s);
+}
+
+} // namespace
+
+TEST(Lieferschein, SeineDateiHatWasEigeneFormulareBrauchen)
+{
+    Testbetrieb hof;
+    verkauft(hof);
+    hof.fuehreAus(2024, u"UPDATE LAGERJOURNAL SET Einheit = '', Menge = NULL, Preis = 7, Lieferscheinnummer = 4"_s);
+    jet::engine()
+        .OpenDatabase(hof.ort().daten() + u"/Grundstamm.mdb"_s, u";pwd=RT-58KX"_s)
+        ->Execute(u"INSERT INTO HANDLER (KurzKu, Ort) VALUES ('BERGER', 'Musterdorf')"_s);
+    const QString datei = hof.ort().verzeichnis() + u"/druck.mdb"_s;
+    Lieferschein schein{.Datum = QDate(2024, 5, 3),
+                        .Empfaenger = u"BERGER"_s,
+                        .Nummer = 4,
+                        .Zeile1 = u"  Hof  "_s,
+                        .Zeile2 = u"   "_s,
+                        .Zeile3 = {},
+                        .Zusatztext = u" Danke "_s};
+    for (const char* preis : {"NULL", "7"}) { // the second one replaces the first, which another program reads
+        std::unique_ptr<Fremdprogramm> leser;
+        if (schein.mitPreis) leser = std::make_unique<Fremdprogramm>(datei);
+        ASSERT_TRUE(baueLieferscheindatei(datei, 2024, schein));
+        const auto druck = jet::engine().OpenDatabase(datei);
+        EXPECT_EQ(gezeigt(*druck, u"SELECT * FROM Uberschrift"_s),
+                  QStringList(u"NULL | Hof | NULL | NULL | 03.05.2024 | BERGER | 4 | Danke"_s));
+        EXPECT_EQ(gezeigt(*druck, u"SELECT * FROM Journal"_s),
+                  QStringList(u"NULL | Heu | Futtermittel | 0 | %1 | NULL | NULL"_s.arg(QLatin1StringView(preis))));
+        EXPECT_EQ(gezeigt(*druck, u"SELECT KurzKu, Ort FROM HANDLER"_s), QStringList(u"BERGER | Musterdorf"_s));
+        schein.mitPreis = true;
+    }
+    hof.meldungen().beantworteAlle(sys::Answer::Ignore);
+    sys::Kill(hof.journaldatei(2024));
+    EXPECT_FALSE(baueLieferscheindatei(datei, 2024, schein)); // what is built half is not left
+    EXPECT_FALSE(QFile::exists(datei));
+    ASSERT_TRUE(QDir().mkdir(datei)); // in whose place nothing can be made
+    EXPECT_FALSE(baueLieferscheindatei(datei, 2024, schein));
+    EXPECT_TRUE(hof.meldungen().abgeholt().value(1).contains(u"druck.mdb"_s));
+}
+
+TEST(Lieferschein, VorgabenKommenVomBenutzerSonstVomBetrieb)
+{
+    const Testbetrieb hof;
+    modulzustand().Betriebsname = u"Lindenhof"_s;
+    modulzustand().Betriebsadresse = QString(101, u'x');
+    const auto journal = hof.oeffne(2024);
+    const auto vorgaben = [&] {
+        ergaenzeLiefereinstellungen(*journal);
+        return gezeigt(*journal, u"SELECT * FROM Liefereinstellungen"_s);
+    };
+    const QStringList vomBetrieb(u"Standardlieferschein.rpt | Lindenhof | "_s + QString(100, u'x') + u" |  |  | 0"_s);
+    EXPECT_EQ(vorgaben(), vomBetrieb);
+    for (const auto& [name, wert] :
+         {std::pair{"formular", u"A.rpt"_s}, std::pair{"Zeile1", QString(101, u'y')}, std::pair{"Zeile2", u"2"_s},
+          std::pair{"Zeile3", u"3"_s}, std::pair{"Zusatztext", u"Danke"_s}, std::pair{"MitPreis", u"True"_s}})
+        sys::SaveSetting(u"Lagerverwaltung"_s, u"Lieferschein"_s + QLatin1StringView(name), wert);
+    EXPECT_EQ(vorgaben(), vomBetrieb); // the row is the user's by now
+    journal->Execute(u"DELETE FROM Liefereinstellungen"_s);
+    EXPECT_EQ(vorgaben(), QStringList(u"A.rpt | "_s + QString(100, u'y') + u" | 2 | 3 | Danke | -1"_s));
+}
+
+TEST(Lieferschein, JedeStoerungDerPlatteLaesstAlleNummernOderKeine)
+{
+    Testbetrieb hof;
+    verkauft(hof);
+    hof.meldungen().beantworteAlle(sys::Answer::Abort);
+    const QString kopie = hof.ort().verzeichnis() + u"/Kopie"_s;
+    sys::FileCopy(hof.journaldatei(2024), kopie);
+    const QStringList keine = hof.zeigt(2024, Nummern), alle{u"3"_s, u"1"_s, u"2"_s};
+    const auto vergib = [] {
+        if (!Lieferscheinnummern(2024).vergib()) throw std::runtime_error("the user left");
+    };
+    stoereUeberall([&] { sys::FileCopy(kopie, hof.journaldatei(2024)); }, vergib,
+                   [&](bool fertig) {
+                       const QStringList gefunden = hof.zeigt(2024, Nummern);
+                       EXPECT_TRUE(gefunden == alle || (!fertig && gefunden == keine))
+                           << gefunden.join(u' ').toStdString();
+                       EXPECT_EQ(befund(hof.journaldatei(2024)), u"ok"_s);
+                       vergib();
+                       EXPECT_EQ(hof.zeigt(2024, Nummern), alle);
+                   });
+}
+
+TEST(Lieferschein, ZweiProgrammeZugleichVergebenNichtDieselbeNummer)
+{
+    const Testbetrieb hof;
+    verkauft(hof);
+    const Fremdprogramm anderes(hof.journaldatei(2024), "UPDATE LAGERJOURNAL SET Lieferscheinnummer = 1 WHERE ID = 1");
+    EXPECT_TRUE(Lieferscheinnummern(2024).vergib());
+    EXPECT_EQ(hof.zeigt(2024, Nummern), (QStringList{u"1"_s, u"2"_s, u"3"_s}));
+}
