@@ -22,7 +22,7 @@ QColor legible(const QColor& colour)
     constexpr int Middle = 128;
     constexpr int Light = 190;
     const QColor background = QGuiApplication::palette().color(QPalette::Button);
-    if (background.lightness() >= Middle || colour.lightness() >= Middle) return colour;
+    if (background.lightness() >= Middle || colour.lightness() > Middle) return colour;
     return QColor::fromHsl(colour.hslHue(), colour.hslSaturation(), Light);
 }
 

@@ -35,10 +35,12 @@ public:
     }
 };
 
-/// Red on the ground it stands on.
+/// Red on the ground it stands on, which is the window's where the field has none of its own.
 QColor red(const QPalette& palette)
 {
-    return palette.base().color().lightness() < 128 ? QColor(255, 110, 110) : QColor(192, 0, 0);
+    const QColor base = palette.color(QPalette::Base);
+    const QColor ground = base.alpha() == 0 ? palette.color(QPalette::Window) : base;
+    return ground.lightness() < 128 ? QColor(255, 110, 110) : QColor(192, 0, 0);
 }
 
 } // namespace
