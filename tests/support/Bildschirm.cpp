@@ -2,11 +2,15 @@
 
 #include <QApplication>
 #include <QDeadlineTimer>
+#include <QKeySequence>
 #include <QPointer>
+#include <QRegularExpression>
 #include <QTest>
 #include <QTimer>
 
 #include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -46,4 +50,21 @@ void warteAufFenster(const std::function<void(QWidget& fenster)>& handlung, QDea
 void imNaechstenFenster(const std::function<void(QWidget& fenster)>& handlung)
 {
     warteAufFenster(handlung, QDeadlineTimer(Geduld));
+}
+
+void tippe(QStringView tasten)
+{
+    static const QRegularExpression eine(u"\\{([^}]+)\\}|."_s);
+    for (const auto& treffer : eine.globalMatch(tasten.toString())) {
+        QWidget* const hier = QApplication::focusWidget();
+        ASSERT_TRUE(hier) << "nobody hears " << treffer.captured().toStdString();
+        const QChar zeichen = treffer.captured().front();
+        if (treffer.lastCapturedIndex() > 0) {
+            const QKeyCombination taste = QKeySequence::fromString(treffer.captured(1), QKeySequence::PortableText)[0];
+            QTest::keyClick(hier, taste.key(), taste.keyboardModifiers());
+        } else { // which keyClick does for ASCII alone
+            QTest::sendKeyEvent(QTest::Click, hier, Qt::Key(zeichen.toUpper().unicode()), zeichen, Qt::NoModifier);
+        }
+        QCoreApplication::processEvents(); // Enter is sent on as Tab
+    }
 }

@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <QStringView>
 
 #include <ostream>
 
@@ -10,6 +11,11 @@
 inline void PrintTo(const QString& text, std::ostream* out)
 {
     *out << '"' << text.toStdString() << '"';
+}
+
+inline void PrintTo(QStringView text, std::ostream* out)
+{
+    *out << '"' << text.toUtf8().toStdString() << '"';
 }
 
 inline void PrintTo(const QStringList& texts, std::ostream* out)

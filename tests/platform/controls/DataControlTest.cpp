@@ -1,205 +1,162 @@
 #include "platform/controls/DataControl.h"
-#include "platform/controls/BoundField.h"
-#include "tests/support/Print.h"
+#include "platform/controls/CheckBox.h"
+#include "platform/controls/ComboBox.h"
+#include "platform/controls/MemoBox.h"
+#include "platform/controls/TextBox.h"
+#include "platform/jet/Errors.h"
+#include "tests/platform/controls/FieldScreen.h"
 #include "tests/support/Testbetrieb.h"
-
-#include <QLineEdit>
-#include <QTest>
-
-#include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-class BoundBox : public QLineEdit, public BoundField {
-public:
-    BoundBox(DataControl& source, const QString& field) { bindTo(source, field); }
-
-private:
-    void showValue(const jet::Value& value) override
-    {
-        setText(value.toText());
-        setModified(false);
-    }
-    std::optional<jet::Value> changedValue() const override
-    {
-        if (!isModified()) return {};
-        return jet::Value(text());
-    }
-};
-
-class DataControlTest : public testing::Test {
+/// Three rows, bound to fields as a screen binds them.
+class DataControlTest : public FieldScreen {
 protected:
     DataControlTest()
     {
-        m_farm.bucht(2024, "01.02. | H1 | Weizen | 100 | Ernte\n"
-                           "03.04. | H2 | Gerste | 50 | Zukauf\n"
-                           "05.06. | H1 | Hafer | -20 | Verkauf");
-        m_data.setDatabaseName(m_farm.journaldatei(2024));
-        m_data.setRecordSource(u"SELECT * FROM LAGERJOURNAL ORDER BY Datum"_s);
-        QObject::connect(&m_data, &DataControl::Reposition, [this] {
-            const bool hasRow = m_data.AbsolutePosition() >= 0;
-            m_visited.append(hasRow ? m_data.Recordset()[u"Artikel"].toText() : u"-"_s);
-        });
+        m_file->Execute(u"CREATE TABLE Ware (ID Counter PRIMARY KEY, Artikel Text(10), Art Text(10), Notiz Memo, "
+                        u"Bio YesNo)"_s);
+        for (const auto& article : {u"Weizen"_s, u"Gerste"_s, u"Hafer"_s})
+            m_file->Execute(u"INSERT INTO Ware (Artikel, Art) VALUES ('%1', 'lose')"_s.arg(article));
+        m_data.setDatabaseName(m_path);
+        m_article.bindTo(m_data, u"Artikel"_s);
+        m_kind.bindTo(m_data, u"art"_s);
+        m_note.bindTo(m_data, u"Notiz"_s);
+        m_organic.bindTo(m_data, u"Bio"_s);
+        note(m_data, &DataControl::Reposition, "moved");
+        refresh(u"SELECT * FROM Ware ORDER BY ID"_s);
+        open();
+        told();
     }
-
-    QStringList visited() { return std::exchange(m_visited, {}); }
-    QString stored(int id) const
+    void refresh(const QString& source)
     {
-        return m_farm.zeigt(2024, u"SELECT Kommentar FROM LAGERJOURNAL WHERE ID = "_s + QString::number(id)).value(0);
+        m_data.setRecordSource(source);
+        m_data.Refresh();
     }
-    static int refusal(const std::function<void()>& call)
+    void retype(const QString& article)
+    {
+        m_article.setFocus();
+        m_article.selectAll();
+        tippe(article);
+    }
+    QString stored() const ///< The first row.
+    {
+        return gezeigt(*m_file, u"SELECT Artikel, Art, Notiz, Bio FROM Ware"_s).value(0);
+    }
+    void expectRefusal(int number, const std::function<void()>& call)
     {
         try {
             call();
+            ADD_FAILURE() << number;
         } catch (const jet::Error& error) {
-            return int(error.number());
+            EXPECT_EQ(int(error.number()), number);
         }
-        return 0;
     }
 
-    Testbetrieb m_farm;
+    QTemporaryDir m_folder;
+    QString m_path = m_folder.filePath(u"Waren.mdb"_s);
+    std::unique_ptr<jet::Database> m_file = jet::engine().CreateDatabase(m_path, {});
     DataControl m_data;
-    QStringList m_visited;
+    TextBox& m_article = add<TextBox>();
+    ComboBox& m_kind = add<ComboBox>();
+    MemoBox& m_note = add<MemoBox>();
+    CheckBox& m_organic = add<CheckBox>();
 };
 
 } // namespace
 
-TEST_F(DataControlTest, FiresRepositionOnceForEachRowThatBecomesCurrent)
+TEST_F(DataControlTest, TellsOnceOfEachRowThatBecomesCurrent)
 {
+    const auto noRows = [&] { refresh(u"SELECT * FROM Ware WHERE ID < 0"_s); };
+    const auto noSource = [&] { expectRefusal(3145, [&] { refresh(u"SELECT * FROM Ware WHERE"_s); }); };
     const struct {
-        const char* name;
-        std::function<void(DataControl&)> step;
-        QStringList visited;
+        std::function<void()> step;
+        QStringView after;
     } steps[] = {
-        {"opening", [](auto& data) { data.Refresh(); }, {u"Weizen"_s}},
-        {"next", [](auto& data) { data.MoveNext(); }, {u"Gerste"_s}},
-        {"last", [](auto& data) { data.MoveLast(); }, {u"Hafer"_s}},
-        {"behind the last", [](auto& data) { data.MoveNext(); }, {u"-"_s}},
-        {"back", [](auto& data) { data.MovePrevious(); }, {u"Hafer"_s}},
-        {"a place", [](auto& data) { data.MoveTo(1); }, {u"Gerste"_s}},
-        {"a find with a match", [](auto& data) { data.FindFirst(u"Artikel = 'hafer'"_s); }, {u"Hafer"_s}},
-        {"a find without", [](auto& data) { data.FindFirst(u"Artikel = 'Mais'"_s); }, {}},
-        {"a bookmark", [](auto& data) { data.setBookmark(data.Recordset().BookmarkAt(0)); }, {u"Weizen"_s}},
-        {"a new row",
-         [](auto& data) {
-             data.AddNew();
-             data.Set(u"Artikel", u"Neu"_s);
-             data.Update();
-         },
-         {}},
-        {"a delete and a move",
-         [](auto& data) {
-             data.Delete();
-             data.MoveNext();
-         },
-         {u"Gerste"_s}},
-        {"no rows",
-         [](auto& data) {
-             data.setRecordSource(u"SELECT * FROM LAGERJOURNAL WHERE ID < 0"_s);
-             data.Refresh();
-         },
-         {u"-"_s}},
+        {[&] { m_data.MoveNext(); }, u"Gerste moved"},
+        {[&] { m_data.MoveLast(); }, u"Hafer moved"},
+        {[&] { m_data.MoveNext(); }, u" moved"},
+        {[&] { m_data.MovePrevious(); }, u"Hafer moved"},
+        {[&] { m_data.MoveFirst(); }, u"Weizen moved"},
+        {[&] { m_data.MoveTo(1); }, u"Gerste moved"},
+        {[&] { m_data.FindFirst(u"Artikel = 'hafer'"_s); }, u"Hafer moved"},
+        {[&] { m_data.FindFirst(u"Artikel = 'Mais'"_s); }, u"Hafer "},
+        {[&] { m_data.setBookmark(m_data.Recordset().BookmarkAt(0)); }, u"Weizen moved"},
+        {[&] { m_data.AddNew(); }, u" "},
+        {[&] { m_data.CancelUpdate(); }, u"Weizen "},
+        {[&] { m_data.AddNew(), m_data.Set(u"Artikel", u"Neu"_s), m_data.Update(); }, u"Weizen "},
+        {[&] { m_data.MoveLast(); }, u"Neu moved"},
+        {[&] { m_data.MoveTo(1), m_data.Delete(), m_data.MoveNext(); }, u"Hafer moved moved"},
+        {[&] { m_file->Execute(u"DELETE FROM Ware WHERE ID = 4"_s), m_data.MoveNext(); }, u" moved"},
+        {noRows, u" moved"},
+        {[&] { expectRefusal(3021, [&] { m_data.MoveLast(); }); }, u" "},
+        {[&] { m_data.setRecordSource(u"Ware"_s), m_data.Refresh(); }, u"Weizen moved"},
+        {noSource, u" moved"}, // captions and buttons follow
+        {[&] { expectRefusal(3420, [&] { m_data.MoveFirst(); }); }, u" "},
     };
-    for (const auto& step : steps) {
-        step.step(m_data);
-        EXPECT_EQ(visited(), step.visited) << step.name;
+    for (const auto& [step, after] : steps) {
+        step();
+        EXPECT_EQ(m_article.Text() + u' ' + told(), after) << &step - &steps[0].step;
     }
-    EXPECT_EQ(refusal([this] { m_data.MoveLast(); }), 3021);
-    EXPECT_EQ(visited(), QStringList());
 }
 
-TEST_F(DataControlTest, IsClosedAfterARefreshThatFailed)
+TEST_F(DataControlTest, WritesWhatTheUserChangedWhenTheRowIsLeft)
 {
-    m_data.Refresh();
-    BoundBox box(m_data, u"Artikel"_s);
-    EXPECT_EQ(box.text(), u"Weizen"_s);
-    visited();
-    const QString good = m_data.RecordSource();
-    m_data.setRecordSource(u"SELECT * FROM LAGERJOURNAL WHERE"_s);
-    EXPECT_EQ(m_data.RecordCount(), 3); // nothing yet
-    EXPECT_NE(refusal([this] { m_data.Refresh(); }), 0);
-    EXPECT_FALSE(m_data.isOpen());
-    EXPECT_EQ(m_data.RecordCount(), 0);
-    EXPECT_EQ(box.text(), QString());
-    EXPECT_EQ(visited(), QStringList(u"-"_s)); // captions and buttons follow
-    EXPECT_EQ(refusal([this] { m_data.MoveFirst(); }), 3420);
-    m_data.setRecordSource(good);
-    m_data.Refresh();
-    EXPECT_EQ(box.text(), u"Weizen"_s);
-}
-
-TEST_F(DataControlTest, SavesWhatTheUserTypedWhenTheRowIsLeft)
-{
-    const struct {
-        const char* name;
-        std::function<void(DataControl&)> step;
-        const char* stored;
-    } ways[] = {
-        {"a find without a match", [](auto& data) { data.FindFirst(u"ID = 77"_s); }, "getippt"},
-        {"UpdateControls and a move",
-         [](auto& data) {
-             data.UpdateControls();
-             data.MoveNext();
-         },
-         "NULL"},
-        {"Refresh", [](auto& data) { data.Refresh(); }, "NULL"},
+    const QStringView typed = u"Dinkel | Sack | Danke | -1";
+    const QStringView before = u"Weizen | lose | NULL | 0";
+    const std::pair<std::function<void()>, QStringView> ways[] = {
+        {[&] { m_data.UpdateRecord(); }, typed},
+        {[&] { m_data.MoveNext(); }, typed},
+        {[&] { m_data.FindFirst(u"ID = 77"_s); }, typed},
+        {[&] { m_data.AddNew(); }, typed},
+        {[&] { m_data.Close(); }, typed},
+        {[&] { m_data.Refresh(); }, before},
+        {[&] { m_data.UpdateControls(), m_data.MoveNext(); }, before},
     };
-    for (const auto& way : ways) {
-        SCOPED_TRACE(way.name);
-        m_farm.fuehreAus(2024, u"UPDATE LAGERJOURNAL SET Kommentar = NULL"_s);
+    for (const auto& [leave, after] : ways) {
+        m_file->Execute(u"UPDATE Ware SET Artikel = 'Weizen', Art = 'lose', Notiz = NULL, Bio = False WHERE ID = 1"_s);
         m_data.Refresh();
-        BoundBox box(m_data, u"Kommentar"_s);
-        QTest::keyClicks(&box, u"getippt"_s);
-        way.step(m_data);
-        EXPECT_EQ(stored(1), QString::fromUtf8(way.stored));
-        EXPECT_FALSE(box.isModified());
+        m_article.setText(u"vom Programm"_s);
+        m_data.MoveNext();
+        m_data.MoveFirst();
+        EXPECT_EQ(stored(), before);
+        retype(u"Dinkel{Tab}"_s);
+        m_kind.lineEdit()->selectAll();
+        tippe(u"Sack{Tab}Danke{Tab}{Space}");
+        leave();
+        EXPECT_EQ(stored(), after) << &leave - &ways[0].first;
     }
 }
 
-TEST_F(DataControlTest, LetsAHandlerKeepTheUserOnHisRow)
+TEST_F(DataControlTest, KeepsWhatWasTypedWhenItIsNotWritten)
 {
-    using Action = DataControl::Action;
-    m_data.Refresh();
-    BoundBox box(m_data, u"Kommentar"_s);
-    std::vector<Action> asked;
-    bool pending = false;
-    bool forbid = true;
-    QObject::connect(&m_data, &DataControl::Validate, [&](Action action, Cancel& cancel, bool& save) {
-        asked.push_back(action);
-        pending = save;
-        if (forbid)
-            cancel = true;
-        else
-            save = false;
+    bool forbids = true;
+    bool drops = true;
+    QObject::connect(&m_data, &DataControl::Validate, [&](DataControl::Action action, Cancel& cancel, bool& save) {
+        tell(QByteArray::number(int(action)) + (save ? " pending" : ""));
+        cancel = forbids;
+        save = save && !drops;
     });
-    QTest::keyClicks(&box, u"getippt"_s);
+    retype(u"Dinkel"_s);
     m_data.MoveLast();
     m_data.Close();
     m_data.Delete();
-    EXPECT_EQ(asked, (std::vector{Action::MoveLast, Action::Close, Action::Delete}));
-    EXPECT_TRUE(m_data.isOpen());
-    EXPECT_EQ(m_data.RecordCount(), 3);
-    EXPECT_EQ(m_data.AbsolutePosition(), 0);
-    EXPECT_EQ(box.text(), u"getippt"_s);
-    forbid = false;
+    EXPECT_EQ(told(), u"4 pending 10 pending 7"_s);
+    EXPECT_EQ(m_article.Text() + QString::number(m_data.RecordCount()), u"Dinkel3"_s);
+    forbids = false;
     m_data.MoveNext();
-    EXPECT_TRUE(pending);
-    m_data.MoveNext();
-    EXPECT_FALSE(pending);
-    EXPECT_EQ(stored(1), u"NULL"_s);
-}
-
-TEST_F(DataControlTest, ShowsNothingOfARowThatIsGone)
-{
-    m_data.Refresh();
-    BoundBox box(m_data, u"Artikel"_s);
-    m_farm.fuehreAus(2024, u"DELETE FROM LAGERJOURNAL WHERE ID = 2"_s);
-    m_data.blockSignals(true);
-    m_data.MoveNext();
-    EXPECT_EQ(box.text(), QString());
-    EXPECT_EQ(m_data.AbsolutePosition(), 1);
-    m_data.MoveNext();
-    EXPECT_EQ(box.text(), u"Hafer"_s);
+    m_data.MoveFirst();
+    EXPECT_EQ(told(), u"3 pending moved 1 moved"_s);
+    EXPECT_EQ(m_article.Text(), u"Weizen"_s);
+    drops = false;
+    retype(u"Winterweizen"_s);
+    expectRefusal(3163, [&] { m_data.MoveNext(); });
+    EXPECT_EQ(m_article.Text(), u"Winterweizen"_s);
+    tippe(u"{Backspace}{Backspace}");
+    m_file->Execute(u"UPDATE Ware SET Art = 'Sack' WHERE ID = 1"_s);
+    expectRefusal(3197, [&] { m_data.UpdateRecord(); });
+    m_data.UpdateRecord();
+    EXPECT_EQ(stored(), u"Winterweiz | Sack | NULL | 0"_s);
 }

@@ -2,156 +2,58 @@
 #include "platform/controls/TextBox.h"
 #include "platform/system/Clock.h"
 #include "tests/platform/controls/FieldScreen.h"
-#include "tests/support/Print.h"
 
-#include <QCalendarWidget>
-#include <QLineEdit>
+#include <QScopeGuard>
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-class DateComboTest : public FieldScreen {
-protected:
-    DateComboTest()
-    {
-        sys::stelleUhr(QDate(2026, 11, 24));
-        show();
-    }
-    ~DateComboTest() override { sys::stelleUhr({}); }
-    void type(const QString& keys)
-    {
-        m_date.setFocus();
-        m_date.lineEdit()->selectAll();
-        QTest::keyClicks(&m_date, keys);
-    }
-
-    DateCombo& m_date = add<DateCombo>();
-    TextBox& m_next = add<TextBox>();
-    std::shared_ptr<int> m_changes = counted(m_date, &DateCombo::Change);
-};
-
-} // namespace
-
-TEST_F(DateComboTest, CompletesWhatIsTypedOnLeaving)
+TEST_F(FieldScreen, ADateFieldTakesWhatIsTypedOrPicked)
 {
-    const struct {
-        QString keys, text;
-        QDate date;
-    } cases[] = {
-        {u"1.3.24"_s, u"01.03.2024"_s, QDate(2024, 3, 1)},
-        {u"01.03.2024"_s, u"01.03.2024"_s, QDate(2024, 3, 1)},
-        {u"1.3.29"_s, u"01.03.2029"_s, QDate(2029, 3, 1)},
-        {u"1.3.30"_s, u"01.03.1930"_s, QDate(1930, 3, 1)},
-        {u"1,3,24"_s, u"01.03.2024"_s, QDate(2024, 3, 1)},
-        {u"31.12."_s, u"31.12.2026"_s, QDate(2026, 12, 31)},
-        {u"5.6"_s, u"05.06.2026"_s, QDate(2026, 6, 5)},
-        {u"31.02.2024"_s, u"31.02.2024"_s, QDate()},
-        {u"12.31.2024"_s, u"12.31.2024"_s, QDate()},
-        {u"1.3.24 12"_s, u"1.3.24 12"_s, QDate()},
-        {u"abc"_s, u"abc"_s, QDate()},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.keys.toStdString());
-        m_date.setText(u""_s);
-        DateCombo fresh; // no date stood there before
-        fresh.setProperty("Text", c.keys.contains(u',') ? u"1.3.24"_s : c.keys);
-        EXPECT_EQ(fresh.Text(), c.text);
-        type(c.keys);
-        EXPECT_EQ(m_date.Text(), QString(c.keys).replace(u',', u'.')) << "as typed";
-        *m_changes = 0;
-        QTest::keyClick(&m_date, Qt::Key_Tab);
-        EXPECT_FALSE(m_date.hasFocus());
-        EXPECT_EQ(m_date.property("Date").toDate().isValid(), c.date.isValid());
-        EXPECT_EQ(*m_changes, 1);
-    }
-    EXPECT_EQ(messages(), QStringList());
-}
-
-TEST_F(DateComboTest, TakesTheMissingYearFromWhereItIsUsed)
-{
-    m_date.setDate(QDate(2024, 1, 1));
-    type(u"1.3\r"_s);
-    EXPECT_EQ(m_date.Date(), QDate(2024, 3, 1)) << "the year that stood there";
-    m_date.setMinDate(QDate(2023, 1, 1));
-    type(u"1.3\r"_s);
-    EXPECT_EQ(m_date.Date(), QDate(2023, 3, 1)) << "the open year";
-}
-
-TEST_F(DateComboTest, TellsOfADateOnceItIsTaken)
-{
-    const struct {
-        const char* name;
-        std::function<void()> take;
-        int changes;
-    } cases[] = {
-        {"typing", [&] { type(u"1.2.24"_s); }, 0},
-        {"Enter", [&] { type(u"1.3.24\r"_s); }, 1},
-        {"leaving", [&] { type(u"1.4.24\t"_s); }, 1},
-        {"the same day", [&] { type(u"01.01.24\t"_s); }, 0},
-        {"property", [&] { m_date.setProperty("Date", QDate(2024, 5, 1)); }, 1},
-        {"text property", [&] { m_date.setProperty("Text", u"1.6.24"_s); }, 1},
-        {"emptied", [&] { m_date.setProperty("Date", QDate()); }, 1},
-        {"program", [&] { m_date.setDate(QDate(2024, 6, 1)); }, 0},
-        {"arrow", [&] { QTest::keyClick(&m_date, Qt::Key_Up); }, 0},
-        {"calendar",
-         [&] {
-             QTest::keyClick(&m_date, Qt::Key_Down, Qt::AltModifier);
-             EXPECT_TRUE(m_date.DroppedDown());
-             auto& days = *m_date.findChild<QCalendarWidget*>();
-             QTest::keyClick(days.focusProxy() ? days.focusProxy() : &days, Qt::Key_Right);
-             QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
-             EXPECT_EQ(m_date.Date(), QDate(2024, 1, 2));
-         },
-         1},
-        {"Esc in the calendar",
-         [&] {
-             m_date.setDroppedDown(true);
-             QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
-         },
-         0},
-    };
-    for (const auto& c : cases) {
-        m_date.setDate(QDate(2024, 1, 1));
-        m_date.setFocus();
-        *m_changes = 0;
-        c.take();
-        EXPECT_EQ(*m_changes, c.changes) << c.name;
-        EXPECT_FALSE(m_date.DroppedDown()) << c.name;
-    }
-}
-
-TEST_F(DateComboTest, IsNotLeftOutsideItsRange)
-{
-    m_date.setMinDate(QDate(2024, 1, 1));
-    m_date.setMaxDate(QDate(2024, 12, 31));
-    type(u"31.12.23\t"_s);
-    EXPECT_TRUE(m_date.hasFocus());
-    EXPECT_EQ(m_date.Text(), u"31.12.2023"_s);
-    EXPECT_EQ(messages(),
-              QStringList(u"Das Datum 31.12.2023 ist zu früh. Das erste mögliche Datum ist der 01.01.2024."_s));
-    type(u"1.1.25\t"_s);
-    EXPECT_TRUE(m_date.hasFocus());
-    EXPECT_EQ(messages().size(), 1);
-    type(u"31.12.24\t"_s);
-    EXPECT_FALSE(m_date.hasFocus());
-    m_date.setDate(QDate(2022, 5, 5)); // a stored row's
-    EXPECT_EQ(m_date.Date(), QDate(2022, 5, 5));
-    EXPECT_EQ(messages(), QStringList());
-    m_date.setProperty("Date", QDate(2022, 5, 6));
+    sys::stelleUhr(QDate(2026, 11, 24));
+    const auto clock = qScopeGuard([] { sys::stelleUhr({}); });
+    auto& date = add<DateCombo>();
+    add<TextBox>();
+    note(date, &DateCombo::Change, "Change");
+    note(date, &DateCombo::LostFocus, "left");
+    note(date, &DateCombo::DropDown, "open");
+    note(date, &DateCombo::CloseUp, "shut");
+    open();
+    tippe(u"{Alt+Down}{Esc}");                                               // makes the calendar
+    expectTyped(date, {{u"", u"31.12.{Tab}", u"31.12.2026", u"Change left"}, // first: no date stood there before
+                       {u"", u"1.3.24", u"1.3.24", u""},
+                       {u"", u"1.3.24{Tab}", u"01.03.2024", u"Change left"},
+                       {u"", u"1.3.29{Return}", u"01.03.2029", u"Change"},
+                       {u"", u"1,3,30{Tab}", u"01.03.1930", u"Change left"},
+                       {u"", u"31.02.2024{Tab}", u"31.02.2024", u"Change left"},
+                       {u"", u"12.31.2024{Tab}", u"12.31.2024", u"Change left"},
+                       {u"", u"1.3.24 12{Tab}", u"1.3.24 12", u"Change left"},
+                       {u"1.1.24", u"abc{Tab}", u"abc", u"Change left"},
+                       {u"1.1.24", u"5.6{Tab}", u"05.06.2024", u"Change left"},
+                       {u"1.1.24", u"1.1.24{Tab}", u"01.01.2024", u"left"},
+                       {u"1.1.24", u"{Del}{Tab}", u"", u"Change left"},
+                       {u"", u"abc{Down}", u"[24.11.2026]", u""},
+                       {u"28.2.24", u"{Up}{Up}{Tab}", u"01.03.2024", u"Change left"},
+                       {u"", u"{Alt+Down}{Return}", u"[24.11.2026]", u"open shut Change"},
+                       {u"1.1.24", u"{Alt+Down}{Right}{Return}", u"[02.01.2024]", u"open shut Change"},
+                       {u"1.1.24", u"{Alt+Down}{Right}{Esc}", u"01.01.2024", u"open shut"}});
+    date.setMinDate(QDate(2023, 1, 1)); // another year than that of the calendar before
+    date.setMaxDate(QDate(2023, 12, 31));
+    expectTyped(date, {{u"1.5.23", u"{Alt+Down}{Right}{Return}", u"[02.05.2023]", u"open shut Change"},
+                       {u"1.1.23", u"{Alt+Down}{Left}{Return}", u"[01.01.2023]", u"open shut"},
+                       {u"5.5.22", u"{Tab}", u"[05.05.2022]", u"!"},
+                       {u"5.5.22", u"1.3{Return}", u"01.03.2023", u"Change"},
+                       {u"", u"31.12.22{Tab}", u"[31.12.2022]", u"Change !"},
+                       {u"", u"1.1.23{Tab}", u"01.01.2023", u"Change left"},
+                       {u"", u"31.12.{Tab}", u"31.12.2023", u"Change left"},
+                       {u"", u"1.1.24{Tab}", u"[01.01.2024]", u"Change !"},
+                       {u"", u"31.2.{Tab}", u"[31.2.]", u"Change !"},
+                       {u"", u"{Tab}", u"", u"left"},
+                       {u"1.1.23", u"{Down}{Tab}", u"01.01.2023", u"left"},
+                       {u"30.12.23", u"{Up}{Up}{Up}{Down}", u"[30.12.2023]", u""}});
+    date.setDate(QDate(2022, 5, 5)); // the program itself may set any
+    EXPECT_EQ(told(), QString());
+    date.setProperty("Date", QDate(2022, 5, 6));
     EXPECT_FALSE(owedChecksPass(m_window));
-    EXPECT_EQ(messages().size(), 1);
-}
-
-TEST_F(DateComboTest, GoesDayByDayWithinItsRange)
-{
-    m_date.setMaxDate(QDate(2024, 3, 1));
-    m_date.setDate(QDate(2024, 2, 28));
-    for (const Qt::Key key : {Qt::Key_Up, Qt::Key_Up, Qt::Key_Up, Qt::Key_Down})
-        QTest::keyClick(&m_date, key);
-    EXPECT_EQ(m_date.Text(), u"29.02.2024"_s);
-    m_date.setText(u"abc"_s);
-    m_date.setMaxDate({});
-    QTest::keyClick(&m_date, Qt::Key_Down);
-    EXPECT_EQ(m_date.Date(), QDate(2026, 11, 24)) << "begins with today";
+    EXPECT_EQ(told(), u"Change !"_s);
+    EXPECT_EQ(m_message, u"Das Datum 06.05.2022 ist zu früh. Das erste mögliche Datum ist der 01.01.2023."_s);
 }

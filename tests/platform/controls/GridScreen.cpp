@@ -2,6 +2,7 @@
 
 #include <QHeaderView>
 #include <QTest>
+#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
@@ -14,12 +15,14 @@ GridScreen::GridScreen() : m_field(new QLineEdit(&m_window)), m_grid(new DataGri
                        "07.06. | H1 | Roggen | 0 | Korrektur\n"
                        "08.06. | H1 | Raps | 7 | Zukauf");
     m_data.setDatabaseName(m_farm.journaldatei(2024));
-    m_data.setRecordSource(u"Select IIF(Menge < 0, -Menge,0) as Abgang, IIF(Menge > 0, Menge,0) as Zugang, *  "
-                           u"FROM LAGERJOURNAL ORDER BY DATUM, ID"_s);
+    m_data.setRecordSource(u"Select IIF(Menge > 0, Menge,0) as Zugang, *  FROM LAGERJOURNAL ORDER BY DATUM, ID"_s);
     m_grid->addColumn(u"Datum"_s, u"Datum"_s);
     m_grid->addColumn(u"Artikel"_s, u"ARTIKEL"_s);
     m_grid->addColumn(u"Zugang"_s, u"Zugang"_s, u"##,#0.00"_s);
     m_grid->addColumn(u"Kommentar"_s, u"Kommentar"_s);
+    m_grid->setBlank([](const GridColumn& column, const jet::Value& value) {
+        return column.DataField() == u"Zugang"_s && value.toDouble() == 0;
+    });
     m_grid->setDataSource(m_data);
     auto* const layout = new QVBoxLayout(&m_window);
     layout->addWidget(m_field);
@@ -36,9 +39,22 @@ void GridScreen::show()
     ASSERT_TRUE(QTest::qWaitForWindowActive(&m_window));
 }
 
-void GridScreen::press(Qt::Key key, Qt::KeyboardModifiers modifiers)
+QString GridScreen::act(const QString& steps)
 {
-    QTest::keyClick(m_grid, key, modifiers);
+    for (const QString& step : steps.split(u' ', Qt::SkipEmptyParts)) {
+        bool isRow = false;
+        const int row = step.toInt(&isRow);
+        if (!isRow)
+            tippe(step);
+        else
+            click(qAbs(row), step[0] == u'+'   ? Qt::ControlModifier
+                             : step[0] == u'-' ? Qt::ShiftModifier
+                                               : Qt::NoModifier);
+    }
+    QString selected = current() + u':';
+    for (const int row : m_grid->SelBookmarks().rows())
+        selected += u' ' + article(row);
+    return selected;
 }
 
 void GridScreen::click(int row, Qt::KeyboardModifiers modifiers)
@@ -48,12 +64,10 @@ void GridScreen::click(int row, Qt::KeyboardModifiers modifiers)
     QTest::mouseClick(m_grid->viewport(), Qt::LeftButton, modifiers, m_grid->visualRect(cell).center());
 }
 
-void GridScreen::clickHeader(int column)
+void GridScreen::clickHeader(int x)
 {
-    const QHeaderView* const header = m_grid->horizontalHeader();
-    const QPoint middle(header->sectionViewportPosition(column) + header->sectionSize(column) / 2,
-                        header->viewport()->height() / 2);
-    QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, middle);
+    QWidget* const header = m_grid->horizontalHeader()->viewport();
+    QTest::mouseClick(header, Qt::LeftButton, {}, QPoint(x, header->height() / 2));
 }
 
 QString GridScreen::seen(int row) const
@@ -69,30 +83,16 @@ QString GridScreen::article(int row) const
     return m_grid->model()->index(row, 1).data().toString();
 }
 
-QStringList GridScreen::articles() const
+QString GridScreen::articles() const
 {
     QStringList articles;
     for (int row = 0; row < m_grid->model()->rowCount(); ++row)
         articles.append(article(row));
-    return articles;
+    return articles.join(u' ');
 }
 
 QString GridScreen::current() const
 {
     EXPECT_EQ(m_grid->currentIndex().row(), m_data.AbsolutePosition());
     return m_data.AbsolutePosition() < 0 ? u"-"_s : m_data.Recordset()[u"Artikel"].toText();
-}
-
-QString GridScreen::selected()
-{
-    QStringList articles;
-    for (const int row : m_grid->SelBookmarks().rows())
-        articles.append(article(row));
-    return articles.join(u' ');
-}
-
-QString GridScreen::report(int number, const QString& text)
-{
-    return u"Es ist ein kritischer Zustand aufgetreten.\r\rFehler: "_s + QString::number(number) +
-           u" wurde ausgelöst durch ZABLAGER\r"_s + text;
 }

@@ -1,5 +1,6 @@
 #include "platform/controls/MessageBoxes.h"
-
+#include "platform/controls/TextBox.h"
+#include "platform/controls/Wiring.h"
 #include "platform/system/ErrorReport.h"
 #include "platform/system/Pointer.h"
 #include "tests/support/Bildschirm.h"
@@ -9,6 +10,7 @@
 
 #include <QAbstractTextDocumentLayout>
 #include <QApplication>
+#include <QCheckBox>
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
@@ -20,12 +22,11 @@
 #include <QTest>
 #include <QTextBlock>
 #include <QTextLayout>
+#include <QTimer>
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <csignal>
-#include <memory>
 
 #include <sys/resource.h>
 
@@ -43,14 +44,15 @@ void limitFileSize(rlim_t room) ///< Of this process: a disk that is full.
 }
 
 /// The captions as they stand from left to right.
-QStringList captions(const QWidget& box)
+QString captions(const QWidget& box)
 {
-    QList<QPushButton*> buttons = box.findChildren<QPushButton*>();
-    std::sort(buttons.begin(), buttons.end(), [](auto* a, auto* b) { return a->x() < b->x(); });
-    QStringList texts;
-    for (const QPushButton* button : buttons)
-        texts.append(button->text().remove(u'&'));
-    return texts;
+    std::map<int, QString> texts;
+    for (const QPushButton* button : box.findChildren<QPushButton*>())
+        texts[button->x()] += button->text().remove(u'&') + u' ';
+    QString all;
+    for (const auto& [x, text] : texts)
+        all += text;
+    return all.trimmed();
 }
 
 QString textOf(const QWidget& box)
@@ -62,88 +64,41 @@ QString textOf(const QWidget& box)
 
 TEST(MessageBoxes, AreAnsweredByKeyboard)
 {
-    struct Case {
-        QStringList captions;
+    const struct {
+        QStringView captions;
         int flags;
-        Qt::Key key;
-        Qt::KeyboardModifier modifier;
+        QStringView keys;
         Answer answer;
+    } rows[] = {
+        {u"OK", OKOnly | Critical, u"{Return}", Answer::OK},
+        {u"OK", OKOnly | Information, u"{Esc}", Answer::OK},
+        {u"Ja Nein", YesNo | Question, u"{Return}", Answer::Yes},
+        {u"Ja Nein", YesNo | Question | DefaultButton2, u"{Return}", Answer::No},
+        {u"Ja Nein", YesNo | Question | DefaultButton2, u"{Alt+J}", Answer::Yes},
+        {u"Ja Nein", YesNo | Question, u"{Esc}{Right}{Space}", Answer::No},
+        {u"Abbrechen Wiederholen Ignorieren", AbortRetryIgnore | DefaultButton3, u"{Enter}", Answer::Ignore},
+        {u"Abbrechen Wiederholen Ignorieren", AbortRetryIgnore | DefaultButton3, u"{Alt+W}", Answer::Retry},
+        {u"Abbrechen Wiederholen Ignorieren", AbortRetryIgnore, u"{Esc}{Space}", Answer::Abort},
+        {u"Ja Nein Abbrechen", YesNoCancel | Question | DefaultButton2, u"{Return}", Answer::No},
+        {u"Ja Nein Abbrechen", YesNoCancel | Question, u"{Esc}", Answer::Cancel},
+        {u"OK Abbrechen", OKCancel | Critical, u"{Esc}", Answer::Cancel},
     };
-    const QStringList yesNo = {u"Ja"_s, u"Nein"_s};
-    const QStringList three = {u"Abbrechen"_s, u"Wiederholen"_s, u"Ignorieren"_s};
-    const Case cases[] = {
-        {{u"OK"_s}, OKOnly | Critical, Qt::Key_Return, Qt::NoModifier, Answer::OK},
-        {{u"OK"_s}, OKOnly | Information, Qt::Key_Escape, Qt::NoModifier, Answer::OK},
-        {yesNo, YesNo | Question, Qt::Key_Return, Qt::NoModifier, Answer::Yes},
-        {yesNo, YesNo | Question | DefaultButton2, Qt::Key_Return, Qt::NoModifier, Answer::No},
-        {yesNo, YesNo | Question | DefaultButton2, Qt::Key_J, Qt::AltModifier, Answer::Yes},
-        {three, AbortRetryIgnore | Critical | DefaultButton3, Qt::Key_Enter, Qt::NoModifier, Answer::Ignore},
-        {three, AbortRetryIgnore | Critical | DefaultButton3, Qt::Key_W, Qt::AltModifier, Answer::Retry},
-        {three, AbortRetryIgnore | Critical, Qt::Key_Space, Qt::NoModifier, Answer::Abort},
-        {yesNo + QStringList(u"Abbrechen"_s), YesNoCancel | Question | DefaultButton2, Qt::Key_Return, Qt::NoModifier,
-         Answer::No},
-        {yesNo + QStringList(u"Abbrechen"_s), YesNoCancel | Question, Qt::Key_Escape, Qt::NoModifier, Answer::Cancel},
-        {{u"OK"_s, u"Abbrechen"_s}, OKCancel | Critical, Qt::Key_Escape, Qt::NoModifier, Answer::Cancel},
-    };
-    for (const Case& c : cases) {
-        imNaechstenFenster([&](QWidget& box) {
-            EXPECT_EQ(captions(box), c.captions);
-            QTest::keyClick(box.focusWidget(), c.key, c.modifier);
-        });
-        EXPECT_EQ(MessageBoxes().show(u"Frage"_s, c.flags), c.answer) << c.flags << ' ' << c.key;
-    }
-}
-
-TEST(MessageBoxes, LeaveAQuestionOpenUntilItIsAnswered)
-{
-    for (const int flags : {int(YesNo), int(AbortRetryIgnore)}) {
-        imNaechstenFenster([](QWidget& box) {
-            QTest::keyClick(&box, Qt::Key_Escape);
-            box.close();
-            QCoreApplication::processEvents();
-            EXPECT_TRUE(box.isVisible());
-            QTest::keyClick(box.focusWidget(), Qt::Key_Right);
-            QTest::keyClick(box.focusWidget(), Qt::Key_Space);
-        });
-        EXPECT_EQ(MessageBoxes().show(u"Frage"_s, flags), flags == YesNo ? Answer::No : Answer::Retry);
-    }
-}
-
-TEST(MessageBoxes, ShowThePlainTextOverTheActiveWindow)
-{
     QWidget window;
     window.show();
     QApplication::setActiveWindow(&window);
-    imNaechstenFenster([&](QWidget& box) {
-        EXPECT_EQ(textOf(box), u"A<b>B & C\nzwei\ndrei"_s);
-        EXPECT_EQ(box.findChild<QLabel*>(u"qt_msgbox_label"_s)->textFormat(), Qt::PlainText);
-        EXPECT_EQ(box.parentWidget(), &window);
-        EXPECT_EQ(box.windowTitle(), u"ZABLAGER"_s);
-        QTest::keyClick(&box, Qt::Key_Return);
-    });
-    MessageBoxes().show(u"A<b>B & C\rzwei\r\ndrei"_s, Exclamation);
-}
-
-TEST(MessageBoxes, CarryTheCommonErrorReport)
-{
-    MessageBoxes boxes;
-    const MessageScope scope(boxes);
-    int tries = 0;
-    sys::MausWarten();
-    imNaechstenFenster([](QWidget& box) {
-        EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::ArrowCursor);
-        EXPECT_EQ(qobject_cast<QMessageBox*>(&box)->icon(), QMessageBox::Critical);
-        EXPECT_EQ(
-            textOf(box),
-            u"Es ist ein kritischer Zustand aufgetreten.\n\nFehler: 3218 wurde ausgelöst durch ZABLAGER\nGesperrt."_s);
-        QTest::keyClick(box.focusWidget(), Qt::Key_W, Qt::AltModifier);
-    });
-    EXPECT_EQ(underErrorReport({[&] {
-                  if (++tries == 1) throw jet::Error(jet::ErrorNumber::Locked, u"Gesperrt."_s);
-              }}),
-              Outcome::Completed);
-    EXPECT_EQ(tries, 2);
-    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr); // the report has ended the hourglass
+    for (const auto& row : rows) {
+        imNaechstenFenster([&](QWidget& box) {
+            EXPECT_EQ(captions(box), row.captions);
+            EXPECT_EQ(textOf(box), u"A<b>B & C\nzwei\ndrei"_s);
+            EXPECT_EQ(box.findChild<QLabel*>(u"qt_msgbox_label"_s)->textFormat(), Qt::PlainText);
+            EXPECT_EQ(box.parentWidget(), &window);
+            EXPECT_EQ(box.windowTitle(), u"ZABLAGER"_s);
+            if (row.keys.startsWith(u"{Esc}{")) box.close(); // a question that cannot be given up stays
+            tippe(row.keys);
+        });
+        EXPECT_EQ(MessageBoxes().show(u"A<b>B & C\rzwei\r\ndrei"_s, row.flags), row.answer) << row.flags;
+        QApplication::setActiveWindow(&window);
+    }
 }
 
 // A text of many lines scrolls, letter for letter, and can be kept; that the disk is full is told, and tried again.
@@ -165,7 +120,6 @@ TEST(MessageBoxes, ALongTextScrollsAndIsSaved)
         const std::unique_ptr<QMenu> menu(shown->createStandardContextMenu());
         EXPECT_TRUE(menu->actions().constFirst()->text().contains(u"Kopieren"_s));
         auto* const saving = box.findChildren<QPushButton*>().constFirst();
-        EXPECT_EQ(saving->text(), u"&Speichern ..."_s);
         const auto enterName = [&](QWidget& dialog) {
             auto* const edit = dialog.findChild<QLineEdit*>(u"fileNameEdit"_s);
             edit->setText(name);
@@ -193,4 +147,58 @@ TEST(MessageBoxes, ALongTextScrollsAndIsSaved)
     QFile file(name);
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     EXPECT_EQ(QString::fromUtf8(file.readAll()), QString(text).remove(u'\r'));
+}
+
+namespace {
+
+class Screen : public QObject {
+public:
+    void without() { m_calls += u"without "_s; }
+    void with(bool on) { m_calls += on ? u"on "_s : u"off "_s; }
+    QString m_calls;
+};
+
+} // namespace
+
+TEST(Wiring, HandlersMayTakeFewerArgumentsThanTheSignal)
+{
+    QCheckBox box;
+    Screen screen;
+    verdrahte(&box, &QCheckBox::clicked, &screen, &Screen::without);
+    verdrahte(&box, &QCheckBox::clicked, &screen, &Screen::with);
+    verdrahte(&box, &QAbstractButton::toggled, &screen, [&screen] { screen.m_calls += u"toggled "_s; });
+    QTest::keyClick(&box, Qt::Key_Space);
+    EXPECT_EQ(screen.m_calls, u"toggled without on "_s);
+
+    QTimer timer; // its signal has a private argument
+    bool fired = false;
+    verdrahte(&timer, &QTimer::timeout, &screen, [&fired] { fired = true; });
+    timer.start(0);
+    EXPECT_TRUE(QTest::qWaitFor([&fired] { return fired; }));
+    nummeriere(u"Command7"_s, {&screen, &timer});
+    EXPECT_EQ(screen.objectName() + timer.objectName(), u"Command7(0)Command7(1)"_s);
+}
+
+TEST(Wiring, AHandlerThatFailsIsReportedAndRefuses)
+{
+    for (const auto& [key, refused] : {std::pair{"{Alt+I}", true}, {"{Alt+A}", true}, {"{Alt+W}", false}}) {
+        MessageBoxes boxes;
+        const MessageScope scope(boxes);
+        TextBox field;
+        int tries = 0;
+        verdrahte(&field, &TextBox::Validate, &field, [&tries](Cancel&) {
+            if (++tries == 1) throw jet::Error(jet::ErrorNumber::Locked, u"Gesperrt."_s);
+        });
+        sys::MausWarten();
+        imNaechstenFenster([&](QWidget& box) {
+            EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::ArrowCursor);
+            EXPECT_EQ(qobject_cast<QMessageBox*>(&box)->icon(), QMessageBox::Critical);
+            EXPECT_TRUE(textOf(box).endsWith(u"Fehler: 3218 wurde ausgelöst durch ZABLAGER\nGesperrt."_s));
+            tippe(QString::fromUtf8(key));
+        });
+        Cancel cancel;
+        Q_EMIT field.Validate(cancel);
+        EXPECT_EQ(bool(cancel), refused) << key;
+        EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr); // the report has ended the hourglass
+    }
 }
