@@ -50,10 +50,13 @@ TEST_F(FieldScreen, ADateFieldTakesWhatIsTypedOrPicked)
                        {u"", u"{Tab}", u"", u"left"},
                        {u"1.1.23", u"{Down}{Tab}", u"01.01.2023", u"left"},
                        {u"30.12.23", u"{Up}{Up}{Up}{Down}", u"[30.12.2023]", u""}});
+    date.setMaxDate(QDate(2025, 12, 31));
+    date.setMinDate(QDate(2025, 1, 1)); // no day of the calendar as it was last
+    expectTyped(date, {{u"1.5.25", u"{Alt+Down}{Right}{Return}", u"[02.05.2025]", u"open shut Change"}});
     date.setDate(QDate(2022, 5, 5)); // the program itself may set any
     EXPECT_EQ(told(), QString());
     date.setProperty("Date", QDate(2022, 5, 6));
     EXPECT_FALSE(owedChecksPass(m_window));
     EXPECT_EQ(told(), u"Change !"_s);
-    EXPECT_EQ(m_message, u"Das Datum 06.05.2022 ist zu früh. Das erste mögliche Datum ist der 01.01.2023."_s);
+    EXPECT_EQ(m_message, u"Das Datum 06.05.2022 ist zu früh. Das erste mögliche Datum ist der 01.01.2025."_s);
 }

@@ -11,8 +11,10 @@
 #include "tests/platform/controls/FieldScreen.h"
 
 #include <QAccessible>
+#include <QFile>
 #include <QLabel>
 #include <QPushButton>
+#include <QRegularExpression>
 
 using namespace Qt::StringLiterals;
 
@@ -133,4 +135,25 @@ TEST(KeyTable, GivesEachKeyOnceAndNoneThatTypesOrEdits)
         }
     }
     EXPECT_EQ(tastenname(Taste::Beenden), u"Strg+Umschalt+Eingabe"_s);
+}
+
+TEST(KeyTable, StandsInTheHandbook)
+{
+    QStringList lines;
+    for (const Tastenzeile& line : tastentabelle()) {
+        if (line.gilt == Geltung::Reserviert) continue;
+        QStringList names;
+        for (const QKeySequence& key : line.tasten)
+            names.append(u"kbd:["_s + tastenname(key) + u']');
+        lines.append(u'|' + names.join(u", "_s) + u"\n|"_s + line.wirkung);
+    }
+    QFile page(QStringLiteral(HANDBOOK) + u"/tasten.adoc"_s);
+    ASSERT_TRUE(page.open(QIODevice::ReadOnly));
+    QStringList told;
+    static const QRegularExpression row(u"^\\|kbd:.*\n\\|.*$"_s, QRegularExpression::MultilineOption);
+    for (const auto& found : row.globalMatch(QString::fromUtf8(page.readAll())))
+        told.append(found.captured());
+    lines.sort();
+    told.sort();
+    EXPECT_EQ(told, lines);
 }

@@ -105,6 +105,21 @@ TEST_F(GridExportTest, LeavesNothingOfWhatEndsBeforeTime)
     EXPECT_EQ(files(), QStringList());
 }
 
+// The file is read again in pieces of 64 KiB; the sheet, which holds its captions, ends with a tag.
+TEST_F(GridExportTest, AcceptsASheetThatEndsAcrossTwoPieces)
+{
+    const auto caption = [this](int column, int letters) {
+        m_grid->Columns(column).setCaption(QString(letters, u'x'));
+    };
+    m_data.Refresh();
+    caption(1, 31000); // the longest are 32767
+    caption(2, 32000);
+    for (int letters = 1; letters < 1000; letters += 10) {
+        caption(3, letters);
+        ASSERT_NO_THROW(write()) << letters;
+    }
+}
+
 TEST_F(GridExportTest, IsWholeOrNotThereWhereverTheDiskIsFull)
 {
     NEEDS_OPENPYXL;
