@@ -24,7 +24,7 @@ const QString Ordner = QStringLiteral(ZABLAGER_SHARED_DATA) + u"/register/regist
 
 QString text(const CsvTabelle& tabelle, const char* spalte)
 {
-    return QString::fromUtf8(tabelle.feld(spalte));
+    return tabelle.feld(QString::fromLatin1(spalte));
 }
 
 /// What a farm calls its article, by name and number; nothing is longer than the column, so that a long one is cut.
@@ -60,13 +60,13 @@ TEST(EchtesRegister, SagtVonJedemMittelWasDarinSteht)
         ergaenze(*lager, {{u"Artikel"_s, artikel(zeile)}, {u"Artikelart"_s, u"Pflanzenschutzmittel"_s}});
     };
     std::set<QString> bekannt;
-    for (CsvTabelle alt(dateiinhalt(frueher)); alt.naechste();) {
+    for (CsvTabelle alt(frueher); alt.naechste();) {
         const QString nummer = text(alt, "registration");
         ergaenze(*mittel, {{u"NAME"_s, artikel(alt)}, {u"Gruppe"_s, text(alt, "category_de")}, {u"Regnr"_s, nummer}});
         lagere(alt);
         bekannt.insert(nummer);
     }
-    for (CsvTabelle neu(dateiinhalt(heute)); neu.naechste();) {
+    for (CsvTabelle neu(heute); neu.naechste();) {
         const QString nummer = text(neu, "registration");
         const QDate frist = QDate::fromString(text(neu, "use_up_deadline"), Qt::ISODate);
         ergaenze(*verzeichnis, {{u"Regnr"_s, nummer},

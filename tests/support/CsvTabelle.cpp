@@ -1,77 +1,34 @@
 #include "tests/support/CsvTabelle.h"
 
-#include <QFile>
-#include <QProcess>
-
-#include <stdexcept>
+#include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-QByteArray entpackt(const QString& name)
+CsvTabelle::CsvTabelle(const QString& datei)
 {
-    QProcess xz;
-    xz.start(u"xz"_s, {u"-dc"_s, name});
-    if (!xz.waitForFinished(-1) || xz.exitStatus() != QProcess::NormalExit || xz.exitCode() != 0)
-        throw std::runtime_error(name.toStdString() +
-                                 " cannot be unpacked: " + xz.readAllStandardError().toStdString());
-    return xz.readAllStandardOutput();
-}
-
-QList<QByteArray> felder(const QByteArray& zeile)
-{
-    if (!zeile.contains('"')) return zeile.split(',');
-    QList<QByteArray> alle(1);
-    bool gequotet = false;
-    for (const char zeichen : zeile) {
-        if (zeichen == '"')
-            gequotet = !gequotet;
-        else if (zeichen == ',' && !gequotet)
-            alle.emplaceBack();
-        else
-            alle.back().append(zeichen);
-    }
-    return alle;
-}
-
-} // namespace
-
-QByteArray dateiinhalt(const QString& name)
-{
-    if (name.endsWith(u".xz")) return entpackt(name);
-    QFile datei(name);
-    if (!datei.open(QIODevice::ReadOnly)) throw std::runtime_error(name.toStdString() + " cannot be read");
-    return datei.readAll();
-}
-
-CsvTabelle::CsvTabelle(const QByteArray& csv) : m_zeilen(csv.split('\n'))
-{
-    const auto kopf = felder(m_zeilen.takeFirst());
-    for (qsizetype i = 0; i < kopf.size(); ++i)
-        m_spalten.insert(kopf[i], i);
+    m_entpacker.start(u"xz"_s, {u"-dcf"_s, datei}); // copies what is not packed
+    EXPECT_TRUE(naechste()) << datei.toStdString() << " has no header";
+    for (const QString& spalte : m_felder)
+        m_spalten.insert(spalte, m_spalten.size());
 }
 
 bool CsvTabelle::naechste()
 {
-    if (m_nummer >= m_zeilen.size() || m_zeilen[m_nummer].isEmpty()) return false;
-    m_felder = felder(m_zeilen[m_nummer++]);
-    if (m_felder.size() != m_spalten.size())
-        throw std::runtime_error("row " + std::to_string(m_nummer) + " of the table has another number of fields");
+    while (!m_entpacker.canReadLine() && m_entpacker.waitForReadyRead(-1)) {
+    }
+    const QString zeile = QString::fromUtf8(m_entpacker.readLine()).trimmed();
+    if (zeile.isEmpty()) {
+        m_entpacker.waitForFinished(-1);
+        EXPECT_EQ(m_entpacker.exitCode(), 0) << m_entpacker.readAllStandardError().toStdString();
+        return false;
+    }
+    m_felder.clear();
+    bool gequotet = false;
+    for (const QString& stueck : zeile.split(u',')) { // of a field in quotes, or all of one
+        gequotet ? m_felder.last() += u',' + stueck : m_felder.emplace_back(stueck);
+        if (stueck.count(u'"') % 2 != 0) gequotet = !gequotet;
+    }
+    m_felder.replaceInStrings(u"\""_s, QString());
+    EXPECT_TRUE(m_spalten.isEmpty() || m_felder.size() == m_spalten.size()) << zeile.toStdString();
     return true;
-}
-
-QByteArray CsvTabelle::feld(const QByteArray& spalte) const
-{
-    const auto stelle = m_spalten.constFind(spalte);
-    if (stelle == m_spalten.constEnd()) throw std::runtime_error("the table lacks the column " + spalte.toStdString());
-    return m_felder[*stelle];
-}
-
-double CsvTabelle::zahl(const QByteArray& spalte) const
-{
-    bool gueltig = false;
-    const double zahl = feld(spalte).toDouble(&gueltig);
-    if (!gueltig) throw std::runtime_error("no number: " + feld(spalte).toStdString());
-    return zahl;
 }

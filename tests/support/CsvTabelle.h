@@ -1,27 +1,21 @@
 #pragma once
 
-#include <QByteArray>
 #include <QHash>
-#include <QList>
-#include <QString>
+#include <QProcess>
+#include <QStringList>
 
-/// The contents of a file, unpacked where its name ends in ".xz". \throws std::runtime_error when it cannot be read.
-QByteArray dateiinhalt(const QString& name);
-
-/// A table of commas with a header line, row after row:  for (CsvTabelle tabelle(csv); tabelle.naechste();) ...
-///
-/// A field in double quotes may hold commas, but no quotes and no line breaks.
+/// A table of commas with a header line, packed by xz or not, row after row:
+/// for (CsvTabelle tabelle(datei); tabelle.naechste();) ... A field in double quotes may hold commas, but no quotes and no
+/// line breaks. What cannot be read is a failure of the test.
 class CsvTabelle {
 public:
-    explicit CsvTabelle(const QByteArray& csv);
-
-    bool naechste(); ///< \throws std::runtime_error when the row has another number of fields than the header.
-    QByteArray feld(const QByteArray& spalte) const;
-    double zahl(const QByteArray& spalte) const;
+    explicit CsvTabelle(const QString& datei);
+    bool naechste();
+    QString feld(const QString& spalte) const { return m_felder.value(m_spalten.value(spalte, -1)); }
+    double zahl(const QString& spalte) const { return feld(spalte).toDouble(); }
 
 private:
-    QList<QByteArray> m_zeilen;
-    QList<QByteArray> m_felder;
-    QHash<QByteArray, qsizetype> m_spalten;
-    qsizetype m_nummer = 0;
+    QProcess m_entpacker;
+    QHash<QString, qsizetype> m_spalten;
+    QStringList m_felder;
 };
