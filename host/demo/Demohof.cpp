@@ -26,9 +26,10 @@ constexpr int AbgeschlosseneJahre = 3;
     throw sys::FileError(sys::FileErrorNumber::PathAccess, text);
 }
 
-void loesche(const QString& verzeichnis)
+/// With all that is in it. What is no whole path would be looked for in the current directory. \returns whether it is gone.
+bool loesche(const QString& verzeichnis)
 {
-    if (!QDir(verzeichnis).removeRecursively()) verweigere(u"'"_s + verzeichnis + u"' lässt sich nicht löschen."_s);
+    return QDir::isAbsolutePath(verzeichnis) && QDir(verzeichnis).removeRecursively();
 }
 
 void verschiebe(const QString& von, const QString& nach)
@@ -115,10 +116,11 @@ bool legeDemohofAn(const Installation& ort, QDate heute)
     if (hatDemohof(ort)) return false; // of another run, meanwhile
 
     const Installation baustelle(ort.verzeichnis() + u"/demo.neu"_s);
-    loesche(baustelle.verzeichnis());
+    if (!loesche(baustelle.verzeichnis()))
+        verweigere(u"'"_s + baustelle.verzeichnis() + u"' lässt sich nicht löschen."_s);
     const auto raeumeAuf = qScopeGuard([&] {
         jet::engine().release();
-        QDir(baustelle.verzeichnis()).removeRecursively(); // what stays, the next run deletes
+        loesche(baustelle.verzeichnis()); // what stays, the next run deletes
     });
     baue(baustelle, heute);
     uebernimm(baustelle, ort);

@@ -208,8 +208,8 @@ FAULTS = [
     ('D54 pattern: only one * at the end may stand for nothing (while -> if)', 'jet', 'platform/jet/sqlite/Pattern.cpp',
      "    while (at < p.size() && p[at] == u'*')\n        ++at;\n",
      "    if (at < p.size() && p[at] == u'*') ++at;\n"),
-    ('D55 mask: from the middle of a group the begin is looked for ahead, so one group is skipped', 'masks',
-     'masks/Maskenfenster.cpp',
+    ('D55 mask: from the middle of a group the begin is looked for ahead, so one group is skipped', 'controls',
+     'platform/controls/Tasten.cpp',
      'while (gruppe(beginn) == anfaenge.end() && beginn->previousInFocusChain() != hier)\n'
      '        beginn = beginn->previousInFocusChain();',
      'while (gruppe(beginn) == anfaenge.end() && beginn->nextInFocusChain() != hier)\n'
