@@ -136,7 +136,12 @@ TEST(Schadensfall, EinGesperrtesJahrIstEinFehlerUndDerNaechsteLaufHoltEsNach)
             EXPECT_EQ(fehler.number(), ErrorNumber::Locked) << fehler.what();
         }
     }
-    EXPECT_TRUE(JahresUbertrag());
+    { // who comes second sees what the other one wrote
+        const Fremdprogramm anderes(hof.journaldatei(2025),
+                                    "INSERT INTO LAGERJOURNAL (Datum, Artikel, LagerortKurzKu, Menge, Buchungsart)"
+                                    " VALUES (#1/1/2025#, 'Weizen', 'H1', 7, 'Anfangsbestand')");
+        EXPECT_TRUE(JahresUbertrag());
+    }
     EXPECT_EQ(hof.journal(2025), zeilen("01.01. | H1 | Weizen | 100 | Anfangsbestand"));
 }
 
