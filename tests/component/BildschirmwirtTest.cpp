@@ -17,111 +17,76 @@
 
 using namespace Qt::StringLiterals;
 
-TEST(Bildschirmwirt, BekommtMeldungenAlsFenster)
+namespace {
+
+class Bildschirmwirt : public testing::Test {
+protected:
+    Bildschirmwirt() { lager->setBetriebsnummer(u"4711"_s); }
+
+    /// What the next message box says; it is left by Enter.
+    void lese(QString& text)
+    {
+        imNaechstenFenster([&text](QWidget& fenster) {
+            if (const auto* box = qobject_cast<QMessageBox*>(&fenster)) text = box->text();
+            QTest::keyClick(&fenster, Qt::Key_Return);
+        });
+    }
+
+    Testbetrieb hof;
+    QPluginLoader loader{QStringLiteral(ZABLAGER_LIBRARY)};
+    IZablager* const zablager = qobject_cast<IZablager*>(loader.instance());
+    const std::unique_ptr<_Lagerverwaltungsdaten> lager = zablager->erzeuge();
+};
+
+} // namespace
+
+TEST_F(Bildschirmwirt, BekommtMeldungenAlsFenster)
 {
-    const Testbetrieb hof;
-    QPluginLoader loader(QStringLiteral(ZABLAGER_LIBRARY));
-    auto* const zablager = qobject_cast<IZablager*>(loader.instance());
-    ASSERT_TRUE(zablager) << loader.errorString().toStdString();
     Meldungsprotokoll protokoll;
     zablager->setzeMeldungen(&protokoll); // only for hosts without a screen
-    const auto lager = zablager->erzeuge();
-    lager->setBetriebsnummer(u"4711"_s);
+    QString text;
     lager->setStichdatum(QDate(2024, 1, 1));
     lager->Kontrolle_LagerbestandLaden();
-    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
-
-    // The hourglass of the carry-forward waits while its message is read.
-    QList<Qt::CursorShape> zeiger;
-    imNaechstenFenster([&](QWidget& fenster) {
-        QGuiApplication::restoreOverrideCursor(); // what the box has put over it
-        if (const QCursor* darunter = QGuiApplication::overrideCursor()) zeiger.append(darunter->shape());
-        QGuiApplication::setOverrideCursor(Qt::ArrowCursor);
-        QTest::keyClick(&fenster, Qt::Key_Return);
-    });
-    lager->setBetriebsnummer(u"x"_s);
-    lager->Kontrolle_LagerbestandLaden();
-    EXPECT_EQ(zeiger, QList<Qt::CursorShape>{Qt::WaitCursor});
-    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
-    lager->setBetriebsnummer(u"4711"_s);
-    lager->setStichdatum(QDate(2025, 1, 1));
-    lager->Kontrolle_LagerbestandLaden();
-
-    QString text;
-    imNaechstenFenster([&](QWidget& fenster) {
-        if (const auto* box = qobject_cast<QMessageBox*>(&fenster)) text = box->text();
-        QTest::keyClick(&fenster, Qt::Key_Return);
-    });
+    lese(text);
     EXPECT_EQ(lager->Get_Bestand(u"Weizen"_s, u"H1"_s, QDate(2019, 1, 1)), 0);
     EXPECT_EQ(text, u"Der Dateiname "_s + hof.journaldatei(2019) + u" existiert nicht!"_s);
-    EXPECT_EQ(protokoll.abgeholt(), QStringList());
     EXPECT_EQ(dynamic_cast<QObject&>(*lager).property("LetzterFehler"), u""_s);
+    lese(text);
+    lager->setBetriebsnummer(u"x"_s);
+    lager->Kontrolle_LagerbestandLaden();
+    EXPECT_EQ(text, u"Kein Betrieb in der Registrierung eingestellt!"_s);
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr); // the hourglass of the carry-forward
+    EXPECT_EQ(protokoll.abgeholt(), QStringList());
     zablager->setzeMeldungen(nullptr);
 }
 
-TEST(Bildschirmwirt, OeffnetDenBildschirmUndFragtInzwischenBestaende)
+TEST_F(Bildschirmwirt, OeffnetDenBildschirmUndFragtInzwischenBestaende)
 {
-    const Testbetrieb hof;
     hof.bucht(2024, "05.03. | H1 | Weizen | 100 | Zukauf");
-    QPluginLoader loader(QStringLiteral(ZABLAGER_LIBRARY));
-    auto* const zablager = qobject_cast<IZablager*>(loader.instance());
-    ASSERT_TRUE(zablager);
-    const auto lager = zablager->erzeuge();
-    lager->setBetriebsnummer(u"4711"_s);
     lager->setStichdatum(QDate(2025, 6, 1));
-    lager->setDatenverzeichnis(hof.journaldatei(2025)); // not there yet
-
-    QString titel;
+    lager->setDatenverzeichnis(hof.journaldatei(2025));                      // not there yet
+    QFile hilfe(hof.ort().programm() + u"/ZAB Hilfe/Lagerverwaltung.chm"_s); // of the family, before our own
+    ASSERT_TRUE(QDir().mkpath(QFileInfo(hilfe).path()) && hilfe.open(QIODevice::WriteOnly));
+    Rekorder oeffner(u"xdg-open"_s);
+    QString titel, info;
     imNaechstenFenster([&](QWidget& fenster) {
         titel = fenster.windowTitle();
-        imNaechstenFenster([](QWidget& box) {
-            EXPECT_TRUE(dynamic_cast<QMessageBox&>(box).text().startsWith(u"ZABLAGER "_s));
-            QTest::keyClick(&box, Qt::Key_Return);
-        });
-        fenster.findChild<QAction*>(u"M_Info"_s)->trigger();
+        for (const auto& feld : {u"Journalliste"_s, u"VonDatum"_s, u"drpArtikel"_s, u"chkNurSumme"_s, u"SSTab1"_s}) {
+            fenster.findChild<QWidget*>(feld)->setFocus();
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_F1);
+            EXPECT_EQ(oeffner.aufruf(), QStringList{hilfe.fileName()}) << feld.toStdString();
+        }
         EXPECT_EQ(lager->Get_Bestand(u"Weizen"_s, u"H1"_s, QDate(2024, 12, 31)), 100);
         EXPECT_THROW(lager->LagerbestandLaden(), jet::Error); // there is one screen
+        lese(info);
+        fenster.findChild<QAction*>(u"M_Info"_s)->trigger();
         fenster.close();
     });
     lager->LagerbestandLaden();
     EXPECT_EQ(titel, u"Lagerverwaltung des Betriebes 4711 , "_s);
+    EXPECT_TRUE(info.startsWith(u"ZABLAGER "_s)) << info.toStdString();
     EXPECT_EQ(hof.journal(2025).size(), 0U); // opening a year carries nothing into it
     imNaechstenFenster([](QWidget& fenster) { fenster.close(); });
     lager->LagerbestandLaden(); // and again
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
-}
-
-TEST(Bildschirmwirt, BekommtMitF1UeberallDieHilfe)
-{
-    const Testbetrieb hof;
-    hof.bucht(2024, "05.03. | H1 | Weizen | 12,5 | Zukauf");
-    QPluginLoader loader(QStringLiteral(ZABLAGER_LIBRARY));
-    auto* const zablager = qobject_cast<IZablager*>(loader.instance());
-    ASSERT_TRUE(zablager) << loader.errorString().toStdString();
-    const auto lager = zablager->erzeuge();
-    lager->setBetriebsnummer(u"4711"_s);
-    lager->setDatenverzeichnis(hof.journaldatei(2024));
-    lager->setStichdatum(QDate(2024, 1, 1));
-
-    QFile hilfedatei(hof.ort().programm() + u"/ZAB Hilfe/Lagerverwaltung.chm"_s);
-    ASSERT_TRUE(QDir().mkpath(QFileInfo(hilfedatei).path()));
-    ASSERT_TRUE(hilfedatei.open(QIODevice::WriteOnly));
-    const QString handbuch = QDir::cleanPath(QFileInfo(QStringLiteral(ZABLAGER_LIBRARY)).path() +
-                                             u"/../share/doc/zablager/handbuch/hauptbildschirm.html"_s);
-    Rekorder oeffner(u"xdg-open"_s);
-    imNaechstenFenster([&](QWidget& fenster) {
-        for (const auto& feld : {u"Journalliste"_s, u"VonDatum"_s, u"drpArtikel"_s, u"chkNurSumme"_s, u"SSTab1"_s}) {
-            SCOPED_TRACE(feld.toStdString());
-            fenster.findChild<QWidget*>(feld)->setFocus();
-            QTest::keyClick(QApplication::focusWidget(), Qt::Key_F1);
-            EXPECT_EQ(oeffner.aufruf(), QStringList{hilfedatei.fileName()});
-        }
-        hilfedatei.remove();
-        if (QFile::exists(handbuch)) { // where it could be built
-            QTest::keyClick(QApplication::focusWidget(), Qt::Key_F1);
-            EXPECT_EQ(oeffner.aufruf(), QStringList{handbuch});
-        }
-        fenster.close();
-    });
-    lager->LagerbestandLaden();
 }

@@ -3,8 +3,6 @@
 #include "tests/component/Bibliothek.h"
 #include "tests/support/Print.h"
 
-#include <zablager/DatabaseError.h>
-
 #include <QDir>
 
 #include <string>
@@ -90,31 +88,6 @@ TEST_F(FalscheEingaben, EineFremdeArtWirdUmgewandeltOderAendertNichts)
     EXPECT_FALSE(QMetaObject::invokeMethod(lager.get(), "Get_Bestand", Q_RETURN_ARG(double, menge), Q_ARG(int, 1),
                                            Q_ARG(QString, u"H1"_s), Q_ARG(QDate, QDate(2023, 12, 31))));
     EXPECT_EQ(menge, -1);
-}
-
-TEST_F(FalscheEingaben, EinUnmoeglicherArtikelHatKeinenBestand)
-{
-    auto* const frueh = qobject_cast<_Lagerverwaltungsdaten*>(lager.get());
-    ASSERT_TRUE(frueh);
-    struct Fall {
-        QString artikel;
-        int nummer;
-    };
-    const Fall faelle[] = {
-        {QString(), 0}, {u""_s, 0},           {Lang, 0}, {HalbesZeichen, 0}, {u"%1\n#"_s, 0},
-        {MitNul, 3075}, {u"Bauer's"_s, 3075},
-    };
-    for (const Fall& fall : faelle) {
-        EXPECT_EQ(bestand(*lager, "QDate", fall.artikel, QDate(2023, 12, 31)), 0)
-            << fall.artikel.left(20).toStdString();
-        EXPECT_EQ(nummer(), fall.nummer) << text();
-        try {
-            EXPECT_EQ(frueh->Get_Bestand(u"Weizen"_s, fall.artikel, QDate(2023, 12, 31)), 0);
-            EXPECT_EQ(fall.nummer, 0);
-        } catch (const jet::Error& fehler) {
-            EXPECT_EQ(int(fehler.number()), fall.nummer) << fehler.what();
-        }
-    }
 }
 
 TEST_F(FalscheEingaben, EineUnmoeglicheBetriebsnummerHatKeineDateien)

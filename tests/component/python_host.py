@@ -20,9 +20,7 @@ program, library, module = sys.argv[1:]
 sys.path.insert(0, module)
 from zablager import Zablager, ZablagerError  # noqa: E402
 
-
-def run(*args, text=""):
-    subprocess.run([program, *args], input=text, text=True, check=True)
+DAY = datetime.date(2024, 1, 1)
 
 
 def refusal(action, kind=ZablagerError):
@@ -36,8 +34,8 @@ def refusal(action, kind=ZablagerError):
 
 with tempfile.TemporaryDirectory() as farm:
     for year in ("2023", "2024"):
-        run("einrichten", farm, "--betrieb", "4711", "--jahr", year)
-    run("sql", f"{farm}/daten/B4711/Lager.2023", text=(
+        subprocess.run([program, "einrichten", farm, "--betrieb", "4711", "--jahr", year], check=True)
+    subprocess.run([program, "sql", f"{farm}/daten/B4711/Lager.2023"], text=True, check=True, input=(
         "INSERT INTO LAGERJOURNAL (Datum, Artikel, LagerortKurzKu, Menge) VALUES (#5/4/2023#, 'Mühlenkleie', 'H1', 2.5)"))
     os.environ["XDG_CONFIG_HOME"] = f"{farm}/einstellungen"
 
@@ -49,16 +47,15 @@ with tempfile.TemporaryDirectory() as farm:
     lager = zablager.CreateObject("ZABLAGER.Lagerverwaltungsdaten")
     assert lager.Stichdatum == datetime.date(1899, 12, 30)
     lager.Betriebsnummer = "4711"
-    lager.Währung = "€"
-    lager.Stichdatum = datetime.date(2023, 1, 1)
-    assert (lager.Betriebsnummer, lager.Währung, lager.Stichdatum) == ("4711", "€", datetime.date(2023, 1, 1))
+    lager.Stichdatum = datetime.datetime(2023, 1, 1, 23, 59)
+    assert (lager.Betriebsnummer, lager.Stichdatum) == ("4711", datetime.date(2023, 1, 1))
     lager.Kontrolle_LagerbestandLaden()
 
-    assert lager.Get_Bestand("Mühlenkleie", "H1", datetime.date(2024, 1, 1)) == 2.5
+    assert lager.Get_Bestand("Mühlenkleie", "H1", DAY) == 2.5
     assert lager.Get_Bestand("Mühlenkleie", "H1", datetime.datetime(2023, 5, 3, 23, 59)) == 0.0
     assert lager.Get_Bestand("Mühlenkleie", "H1", datetime.date(2019, 1, 1)) == 0.0
     assert "existiert nicht!" in lager.LetzterFehler
-    assert refusal(lambda: lager.Get_Bestand("Bauer's Mix", "H1", datetime.date(2024, 1, 1))) == 3075
+    assert refusal(lambda: lager.Get_Bestand("Bauer's Mix", "H1", DAY)) == 3075
     assert refusal(lager.LagerbestandLaden) == 53  # no journal file is named
     lager.Datenverzeichnis = f"{farm}/daten/B4711/Lager.2024"
     assert refusal(lager.LagerbestandLaden) == 3251
@@ -70,30 +67,27 @@ with tempfile.TemporaryDirectory() as farm:
                   lambda: setattr(lager, "LetzterFehler", "")):
         assert refusal(wrong, AttributeError)
 
-    texts = ("Betriebsadresse Betriebsnummer Betriebsname Stammverzeichnis Herkunft Anlagenpasswort Anlagenverzeichnis"
-             " Währung Lagerpasswort Betriebpasswort Datenverzeichnis Artikelname Lagername").split()
     second = zablager.CreateObject("ZABLAGER.Lagerverwaltungsdaten")
+    texts = [name for name in dir(second) if name[0] != "_" and isinstance(getattr(second, name), str)]
+    texts.remove("LetzterFehler")
+    assert len(texts) == 13 and {"Währung", "Betriebsnummer"} <= set(texts), texts
     for name in texts:
         setattr(second, name, f"{name} ä\0'")
-        for value in (None, True, 4711, 1.5, b"4711", datetime.date(2024, 1, 1)):
+        for value in (None, True, 4711, b"4711", DAY):
             assert refusal(lambda: setattr(second, name, value), TypeError), (name, value)
         assert getattr(second, name) == f"{name} ä\0'"
-    assert {*texts, "Stichdatum", "LetzterFehler", "Get_Bestand"} <= set(dir(second)), dir(second)
     for value in (None, "2024-01-01", 45000, datetime.time(12)):
         assert refusal(lambda: setattr(second, "Stichdatum", value), TypeError), value
         assert refusal(lambda: second.Get_Bestand("Mühlenkleie", "H1", value), TypeError), value
-    assert refusal(lambda: second.Get_Bestand(4711, "H1", datetime.date(2024, 1, 1)), TypeError)
-    assert refusal(lambda: zablager.CreateObject(None), TypeError)
-    second.Stichdatum = datetime.datetime(2024, 2, 29, 23, 59)
-    assert second.Stichdatum == datetime.date(2024, 2, 29)
+    assert refusal(lambda: second.Get_Bestand(4711, "H1", DAY), TypeError)
     for article in ("", "w" * 100_000, "\ud800"):
-        assert second.Get_Bestand(article, "H1", datetime.date(2024, 1, 1)) == 0.0
-    assert refusal(lambda: second.Get_Bestand("Wei\0zen", "H1", datetime.date(2024, 1, 1))) == 3075
+        assert second.Get_Bestand(article, "H1", DAY) == 0.0
+    assert refusal(lambda: second.Get_Bestand("Wei\0zen", "H1", DAY)) == 3075
 
     # The farm is that of the last carry-forward, whichever object asks; an object outlives the factory.
-    assert second.Get_Bestand("Mühlenkleie", "H1", datetime.date(2024, 1, 1)) == 2.5
+    assert second.Get_Bestand("Mühlenkleie", "H1", DAY) == 2.5
     second.Kontrolle_LagerbestandLaden()
     del lager, zablager
     gc.collect()
-    assert second.Get_Bestand("Mühlenkleie", "H1", datetime.date(2024, 1, 1)) == 0.0
+    assert second.Get_Bestand("Mühlenkleie", "H1", DAY) == 0.0
     assert "existiert nicht!" in second.LetzterFehler
