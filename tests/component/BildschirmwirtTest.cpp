@@ -85,7 +85,7 @@ TEST_F(Bildschirmwirt, OeffnetDenBildschirmUndFragtInzwischenBestaende)
     lager->LagerbestandLaden();
     EXPECT_EQ(titel, u"Lagerverwaltung des Betriebes 4711 , "_s);
     EXPECT_TRUE(info.startsWith(u"ZABLAGER "_s)) << info.toStdString();
-    EXPECT_EQ(hof.journal(2025).size(), 0U); // opening a year carries nothing into it
+    EXPECT_EQ(hof.journal(2025).size(), 0); // opening a year carries nothing into it
     imNaechstenFenster([](QWidget& fenster) { fenster.close(); });
     lager->LagerbestandLaden(); // and again
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);

@@ -17,7 +17,7 @@ protected:
     ~FalscheEingaben() override
     {
         frageRichtig();
-        EXPECT_EQ(hof.journal(2023).size() + hof.journal(2024).size(), 2U);
+        EXPECT_EQ(hof.journal(2023).size() + hof.journal(2024).size(), 2);
     }
 
     void frageRichtig() const

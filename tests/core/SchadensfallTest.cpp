@@ -154,7 +154,7 @@ TEST(Schadensfall, JedeStoerungDerPlatteLaesstGanzeJahreUndDerNaechsteLaufHoltNa
     hof.bucht(2023, "01.01. | H1 | Mais | 5 | Anfangsbestand\n" // one row is changed, one is new
                     "07.05. | H2 | Mais | 1 | Zukauf");
     hof.bucht(2024, "");
-    std::map<int, std::vector<Zeile>> vorher, nachher;
+    std::map<int, QStringList> vorher, nachher;
     const auto kopie = [&](int jahr) { return hof.ort().verzeichnis() + u"/Kopie."_s + QString::number(jahr); };
     for (const int jahr : Jahre) {
         vorher[jahr] = hof.journal(jahr);
@@ -163,7 +163,7 @@ TEST(Schadensfall, JedeStoerungDerPlatteLaesstGanzeJahreUndDerNaechsteLaufHoltNa
     ASSERT_TRUE(JahresUbertrag());
     for (const int jahr : Jahre)
         nachher[jahr] = hof.journal(jahr);
-    ASSERT_EQ(nachher[2024].size(), 3U);
+    ASSERT_EQ(nachher[2024].size(), 3);
 
     const auto stelleHer = [&] {
         for (const int jahr : Jahre) {

@@ -4,6 +4,8 @@
 #include "host/Einrichtung.h"
 #include "platform/system/Clock.h"
 
+#include <QLocale>
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -89,13 +91,14 @@ void Testbetrieb::bucht(int jahr, const char* text) const
     richteEin(jahr);
     const auto datei = oeffne(jahr);
     const auto journal = datei->OpenRecordset(u"LAGERJOURNAL"_s, jet::Kind::Table);
-    for (const Zeile& zeile : zeilen(text)) {
+    for (const QString& zeile : zeilen(text)) {
+        const QStringList zellen = zeile.split(u" | "_s);
         journal->AddNew();
-        journal->Set(u"Datum", QDate::fromString(zeile.tag + QString::number(jahr), u"dd.MM.yyyy"_s));
-        journal->Set(u"LagerortKurzKu", oderNull(zeile.ort));
-        journal->Set(u"Artikel", oderNull(zeile.artikel));
-        journal->Set(u"Menge", zeile.menge);
-        journal->Set(u"Buchungsart", zeile.buchungsart);
+        journal->Set(u"Datum", QDate::fromString(zellen.at(0).trimmed() + QString::number(jahr), u"dd.MM.yyyy"_s));
+        journal->Set(u"LagerortKurzKu", oderNull(zellen.at(1)));
+        journal->Set(u"Artikel", oderNull(zellen.at(2)));
+        journal->Set(u"Menge", QLocale(QLocale::German).toDouble(zellen.at(3)));
+        journal->Set(u"Buchungsart", zellen.at(4));
         journal->Update();
     }
 }
@@ -105,17 +108,8 @@ void Testbetrieb::fuehreAus(int jahr, const QString& anweisung) const
     oeffne(jahr)->Execute(anweisung);
 }
 
-std::vector<Zeile> Testbetrieb::journal(int jahr) const
+QStringList Testbetrieb::journal(int jahr) const
 {
-    std::vector<Zeile> alle;
-    const auto datei = oeffne(jahr);
-    const auto zeilen = datei->OpenRecordset(u"SELECT * FROM LAGERJOURNAL ORDER BY ID"_s, jet::Kind::Snapshot);
-    for (; !zeilen->Eof(); zeilen->MoveNext()) {
-        const jet::Recordset& zeile = *zeilen;
-        const QDate tag = zeile[u"Datum"].toDate();
-        alle.push_back({tag.toString(tag.year() == jahr ? u"dd.MM."_s : u"dd.MM.yyyy"_s),
-                        text(zeile[u"LagerortKurzKu"]), text(zeile[u"Artikel"]), zeile[u"Menge"].toDouble(),
-                        text(zeile[u"Buchungsart"])});
-    }
-    return alle;
+    return zeigt(jahr, u"SELECT Datum, LagerortKurzKu, Artikel, Menge, Buchungsart FROM LAGERJOURNAL ORDER BY ID"_s)
+        .replaceInStrings(QString::number(jahr) + u" |"_s, u" |"_s);
 }

@@ -3,7 +3,6 @@
 #include "host/Installation.h"
 #include "platform/jet/Engine.h"
 #include "platform/system/Messages.h"
-#include "tests/support/Zeile.h"
 
 #include <QDate>
 #include <QStringList>
@@ -33,6 +32,12 @@ private:
 /// The rows of a query, cells joined by " | ", NULL as "NULL".
 QStringList gezeigt(jet::Database& datei, const QString& abfrage);
 
+/// Rows as Testbetrieb::journal() gives them.
+inline QStringList zeilen(const char* text)
+{
+    return QString::fromUtf8(text).split(u'\n', Qt::SkipEmptyParts);
+}
+
 /// A farm in a temporary directory, made by the product's own set-up. While it lives the product finds this farm, this
 /// day and this key date; messages are kept, and one that no test looked at is a failure.
 class Testbetrieb {
@@ -46,9 +51,11 @@ public:
     std::unique_ptr<jet::Database> oeffne(int jahr) const;
 
     void richteEin(int jahr) const;               ///< Makes the year file if it is missing.
-    void bucht(int jahr, const char* text) const; ///< Adds rows to a year file, which is made if it is missing.
+    /// Adds rows, one a line, to a year file, which is made if it is missing; "NULL" is a text that is missing.
+    void bucht(int jahr, const char* text) const;
     void fuehreAus(int jahr, const QString& anweisung) const;
-    std::vector<Zeile> journal(int jahr) const; ///< All rows, in the order of their ID.
+    /// All rows, in the order of their ID, as a user notes them: "01.12. | H1 | Weizen | -20 | Verkauf".
+    QStringList journal(int jahr) const;
     QStringList zeigt(int jahr, const QString& abfrage) const { return gezeigt(*oeffne(jahr), abfrage); }
 
     Meldungsprotokoll& meldungen() { return m_meldungen; }
