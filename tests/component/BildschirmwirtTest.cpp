@@ -13,8 +13,6 @@
 #include <QPluginLoader>
 #include <QTest>
 
-#include <gtest/gtest.h>
-
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -3,8 +3,6 @@
 #include "tests/support/Print.h"
 #include "tests/support/Testbetrieb.h"
 
-#include <gtest/gtest.h>
-
 using namespace Qt::StringLiterals;
 
 TEST(Bestand, IstDieSummeDesJahresBisZumTag)

@@ -1,13 +1,10 @@
 #include "core/Journaldatei.h"
 #include "core/Lagerverwaltungsdaten.h"
-#include "platform/jet/Engine.h"
 #include "tests/support/CsvTabelle.h"
 #include "tests/support/Print.h"
 #include "tests/support/Testbetrieb.h"
 
 #include <QFile>
-
-#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <iterator>

@@ -2,15 +2,12 @@
 
 #include "core/Bestand.h"
 #include "core/Modulzustand.h"
-#include "platform/jet/Engine.h"
 #include "platform/system/Files.h"
 #include "platform/system/Settings.h"
 #include "tests/support/Print.h"
 #include "tests/support/Testbetrieb.h"
 
 #include <QDir>
-
-#include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 

@@ -9,8 +9,6 @@
 
 #include <QMetaProperty>
 
-#include <gtest/gtest.h>
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -31,19 +29,9 @@ protected:
     static QString uebernommen() ///< What a method has handed on.
     {
         const Modulzustand& z = modulzustand();
-        const QStringList werte{z.Betriebsnummer,
-                                z.Lagerpasswort,
-                                z.Anlagenverzeichnis,
-                                z.Anlagenpasswort,
-                                z.Betriebpasswort,
-                                z.Artikelname,
-                                z.Lagername,
-                                z.Stammverzeichnis,
-                                z.Waehrung,
-                                z.Betriebsname,
-                                z.Betriebsadresse,
-                                z.Herkunft,
-                                z.Jahr};
+        QStringList werte{z.Betriebsnummer, z.Lagerpasswort, z.Anlagenverzeichnis, z.Anlagenpasswort};
+        werte << z.Betriebpasswort << z.Artikelname << z.Lagername << z.Stammverzeichnis << z.Waehrung;
+        werte << z.Betriebsname << z.Betriebsadresse << z.Herkunft << z.Jahr;
         return werte.join(u' ').simplified();
     }
 

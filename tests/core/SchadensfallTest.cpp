@@ -14,8 +14,6 @@
 #include <QDir>
 #include <QFile>
 
-#include <gtest/gtest.h>
-
 #include <map>
 
 using namespace Qt::StringLiterals;

@@ -14,8 +14,6 @@
 #include <QDir>
 #include <QFile>
 
-#include <gtest/gtest.h>
-
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -10,8 +10,6 @@
 #include <QGuiApplication>
 #include <QTest>
 
-#include <gtest/gtest.h>
-
 using namespace Qt::StringLiterals;
 
 TEST(Programme, FehlendeHilfeWirdMitBeidenDateienGenannt)

@@ -8,7 +8,6 @@
 #include <csignal>
 #include <cstdio>
 #include <stdexcept>
-#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 

@@ -4,6 +4,8 @@
 #include <QStringList>
 #include <QStringView>
 
+#include <gtest/gtest.h>
+
 #include <ostream>
 
 // How GoogleTest shows Qt's texts in a failure.

@@ -50,7 +50,7 @@ public:
     QString journaldatei(int jahr) const { return m_ort.journaldatei(m_betriebsnummer, jahr); }
     std::unique_ptr<jet::Database> oeffne(int jahr) const;
 
-    void richteEin(int jahr) const;               ///< Makes the year file if it is missing.
+    void richteEin(int jahr) const; ///< Makes the year file if it is missing.
     /// Adds rows, one a line, to a year file, which is made if it is missing; "NULL" is a text that is missing.
     void bucht(int jahr, const char* text) const;
     void fuehreAus(int jahr, const QString& anweisung) const;

@@ -22,8 +22,6 @@
 #include <QTest>
 #include <QTimer>
 
-#include <gtest/gtest.h>
-
 #include <deque>
 #include <stdexcept>
 

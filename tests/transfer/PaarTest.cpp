@@ -1,4 +1,3 @@
-#include "core/Modulzustand.h"
 #include "overview/Loeschung.h"
 #include "platform/controls/DataControl.h"
 #include "platform/controls/DataGrid.h"
@@ -9,8 +8,6 @@
 #include "transfer/LAUmbuchForm.h"
 
 #include <QPushButton>
-
-#include <gtest/gtest.h>
 
 #include <stdexcept>
 

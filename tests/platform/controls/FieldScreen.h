@@ -12,8 +12,6 @@
 #include <QTest>
 #include <QVBoxLayout>
 
-#include <gtest/gtest.h>
-
 /// A dialog of fields one below the other, and what it tells one after the other: signals by the words given to note(), and
 /// "!" for a message, which is answered by its default button.
 class FieldScreen : public testing::Test, public sys::Messages {

@@ -7,9 +7,6 @@
 #include "tests/support/Testbetrieb.h"
 
 #include <QLineEdit>
-#include <QWidget>
-
-#include <gtest/gtest.h>
 
 /// A window with a field and the journal of a farm in a grid, as a screen has them. Six rows, in this order: Weizen,
 /// Gerste, Hafer, Mais, Roggen, Raps. What was added shows nothing where it is 0.

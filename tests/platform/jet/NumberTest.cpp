@@ -2,8 +2,6 @@
 #include "tests/platform/jet/Scratch.h"
 #include "tests/support/Print.h"
 
-#include <gtest/gtest.h>
-
 #include <random>
 
 using namespace Qt::StringLiterals;

@@ -17,8 +17,6 @@
 #include <QPrinterInfo>
 #include <QProcess>
 
-#include <gtest/gtest.h>
-
 #include <csignal>
 #include <functional>
 

@@ -20,8 +20,6 @@
 #include <QProcess>
 #include <QStandardPaths>
 
-#include <gtest/gtest.h>
-
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -1,7 +1,6 @@
 #include "platform/report/PageView.h"
 #include "platform/report/PrintControl.h"
 #include "platform/report/ProgressBox.h"
-#include "platform/system/Messages.h"
 #include "tests/platform/report/Desk.h"
 #include "tests/support/Bildschirm.h"
 #include "tests/support/Pdf.h"
@@ -14,14 +13,11 @@
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QPointer>
-#include <QPrinterInfo>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QSpinBox>
 #include <QTest>
 #include <QToolButton>
-
-#include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 
@@ -158,24 +154,6 @@ TEST_F(Preview, NeedsNoFileAnyMoreAndSavesThePdf)
     activate();
     QTest::keyClick(window, Qt::Key_Escape);
     EXPECT_TRUE(QTest::qWaitFor([this] { return window.isNull(); }, Patience));
-}
-
-TEST_F(Preview, TellsWhenThereIsNoPrinter)
-{
-    if (!QPrinterInfo::availablePrinterNames().isEmpty()) GTEST_SKIP() << "this machine has a printer";
-    struct Kept final : sys::Messages {
-        sys::Answer show(const QString& text, int) override
-        {
-            texts.append(text);
-            return sys::Answer::OK;
-        }
-        QStringList texts;
-    } kept;
-    const sys::MessageScope scope(kept);
-    press(Qt::Key_P, Qt::ControlModifier);
-    EXPECT_EQ(kept.texts,
-              QStringList(u"Es ist kein Drucker eingerichtet. Der Bericht kann als PDF gespeichert werden."_s));
-    EXPECT_TRUE(window->isVisible());
 }
 
 TEST_F(Preview, LongWorkShowsABoxThatEndsIt)

@@ -9,8 +9,6 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-#include <gtest/gtest.h>
-
 #include <csignal>
 
 #include <sys/resource.h>

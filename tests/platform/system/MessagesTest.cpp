@@ -10,8 +10,6 @@
 #include <QCursor>
 #include <QGuiApplication>
 
-#include <gtest/gtest.h>
-
 using namespace Qt::StringLiterals;
 
 TEST(Messages, OnATerminalAreLinesAndTheDefaultButtonIsTheAnswer)

@@ -4,8 +4,6 @@
 #include <QAccessible>
 #include <QPainter>
 
-#include <gtest/gtest.h>
-
 using namespace Qt::StringLiterals;
 
 namespace {
