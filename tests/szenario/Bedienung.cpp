@@ -1,16 +1,12 @@
 #include "tests/szenario/Bedienung.h"
 
 #include "platform/controls/DataGrid.h"
+#include "tests/support/Bildschirm.h"
 
-#include <QAbstractButton>
-#include <QAbstractEventDispatcher>
-#include <QApplication>
 #include <QComboBox>
-#include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QPlainTextEdit>
-#include <QRegularExpression>
 #include <QTabWidget>
 #include <QTest>
 
@@ -42,74 +38,11 @@ int spalteZu(const QHeaderView& kopf, const QString& titel)
     scheitere(u"no column: "_s + titel);
 }
 
-/// A button that a letter presses shows it for a while before it acts; that time is passed at once.
-void beendeDruck()
-{
-    for (QWidget* ding : QApplication::allWidgets()) {
-        auto* const knopf = qobject_cast<QAbstractButton*>(ding);
-        if (!knopf || !knopf->isDown()) continue;
-        for (const auto& uhr : QAbstractEventDispatcher::instance()->registeredTimers(knopf)) {
-            QTimerEvent abgelaufen(uhr.timerId);
-            QCoreApplication::sendEvent(knopf, &abgelaufen);
-            return; // it may have closed what the lists name
-        }
-    }
-}
-
-QKeyCombination taste(QString name)
-{
-    static const std::pair<QString, QString> deutsch[] = {
-        {u"Strg"_s, u"Ctrl"_s}, {u"Umschalt"_s, u"Shift"_s}, {u"Eingabe"_s, u"Return"_s}, {u"Entf"_s, u"Del"_s},
-        {u"Pos1"_s, u"Home"_s}, {u"Ende"_s, u"End"_s},       {u"Leer"_s, u"Space"_s},     {u"Ab"_s, u"Down"_s},
-        {u"Auf"_s, u"Up"_s},    {u"Menü"_s, u"Menu"_s}};
-    QStringList teile = name.split(u'+');
-    for (const auto& [wort, qt] : deutsch)
-        teile.replaceInStrings(QRegularExpression(u"^"_s + wort + u"$"_s), qt);
-    const auto folge = QKeySequence::fromString(teile.join(u'+'));
-    if (folge.isEmpty() || folge[0].key() == Qt::Key_unknown) scheitere(u"no key: "_s + name);
-    return folge[0];
-}
-
 } // namespace
 
 void scheitere(const QString& grund)
 {
     throw std::runtime_error(grund.toStdString());
-}
-
-QWidget* vorn()
-{
-    QWidget* const liste = QApplication::activePopupWidget();
-    return liste ? liste : QApplication::activeModalWidget();
-}
-
-QWidget& fokus()
-{
-    QWidget* ziel = QApplication::activePopupWidget();
-    if (!ziel)
-        ziel = QApplication::focusWidget();
-    else if (ziel->focusWidget())
-        ziel = ziel->focusWidget();
-    if (!ziel) scheitere(u"no field has the keys"_s);
-    return *ziel;
-}
-
-void druecke(const QString& name)
-{
-    QTest::keyClick(&fokus(), taste(name).key(), taste(name).keyboardModifiers());
-    if (taste(name).key() == Qt::Key_Menu) { // the desktop makes a wish of it
-        const QPoint mitte = fokus().rect().center();
-        QContextMenuEvent wunsch(QContextMenuEvent::Keyboard, mitte, fokus().mapToGlobal(mitte));
-        QCoreApplication::sendEvent(&fokus(), &wunsch);
-    }
-    beendeDruck();
-    QCoreApplication::processEvents(); // Enter goes on only when it has been handled
-}
-
-void tippe(const QString& text)
-{
-    QTest::keyClicks(&fokus(), text);
-    QCoreApplication::processEvents();
 }
 
 void geheIn(QWidget& feld)

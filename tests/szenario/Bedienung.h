@@ -10,13 +10,6 @@
 /// A failure of what is being done.
 [[noreturn]] void scheitere(const QString& grund);
 
-/// The window that has the keys beside the main one: a list that is open, else a modal one; none: null.
-QWidget* vorn();
-QWidget& fokus(); ///< The field that has the keys.
-
-/// Presses a key as a German keyboard names it, "Strg+Umschalt+Eingabe", and lets what it presses act at once.
-void druecke(const QString& taste);
-void tippe(const QString& text);
 void geheIn(QWidget& feld); ///< Puts the focus there and selects what stands there.
 /// On the middle of a field; of a list on a row, from 1.
 void klicke(QWidget& feld, int zeile, bool doppelt);

@@ -4,6 +4,7 @@
 #include "platform/report/PrintControl.h"
 #include "platform/system/Clock.h"
 #include "platform/system/Settings.h"
+#include "tests/support/Bildschirm.h"
 #include "tests/support/Fremdprogramm.h"
 #include "tests/support/Pdf.h"
 #include "tests/support/Rekorder.h"
@@ -312,19 +313,19 @@ private:
     {
         geheIn(ziel);
         if (const auto* const knopf = qobject_cast<QAbstractButton*>(&ziel))
-            return knopf->isChecked() == (text == u"an") ? void() : druecke(u"Leer"_s);
-        text.isEmpty() ? druecke(u"Entf"_s) : tippe(text);
+            return knopf->isChecked() == (text == u"an") ? void() : tippe(u"{Leer}");
+        tippe(text.isEmpty() ? QString(u"{Entf}"_s) : text);
         m_schritte.push_front({m_zeile, u"tasten {Tab}"_s, {}});
     }
 
     /// Only the first: it may open a window that the next one goes to.
     void drueckeErste(const QString& tasten)
     {
-        static const QRegularExpression eine(u"^(?:\\{([^}]+)\\}|.)"_s);
-        const auto diese = eine.match(tasten);
-        const QString weitere = tasten.mid(diese.capturedLength());
+        static const QRegularExpression eine(u"^(\\{[^}]+\\}|.)"_s);
+        const QString diese = eine.match(tasten).captured();
+        const QString weitere = tasten.mid(diese.size());
         if (!weitere.isEmpty()) m_schritte.push_front({m_zeile, u"tasten "_s + weitere, {}});
-        diese.hasCaptured(1) ? druecke(diese.captured(1)) : tippe(diese.captured());
+        tippe(diese);
     }
 
     void meldung(const QStringList& zeilen)
@@ -333,8 +334,6 @@ private:
         const QString text = m_meldungen.takeFirst();
         vergleiche(zeilen, zeilen.size() == 1 ? QStringList(text) : text.split(u"\r\n"_s, Qt::SkipEmptyParts));
     }
-
-    static void drueckeKlammer(const QString& taste) { druecke(taste.mid(1, taste.size() - 2)); }
 
     void papier(const QString& taste, const QStringList& zeilen) const
     {
@@ -345,7 +344,7 @@ private:
         QFile::remove(datei);
         Report->setDestination(report::PrintControl::ToFile);
         Report->setPrintFileName(datei);
-        drueckeKlammer(taste);
+        tippe(taste);
         QStringList gelesen;
         if (QFile::exists(datei))
             for (const QStringList& seite : readPdf(datei))
@@ -359,7 +358,7 @@ private:
         QString datei;
         {
             Rekorder programm(u"xdg-open"_s);
-            drueckeKlammer(taste);
+            tippe(taste);
             datei = m_meldungen.isEmpty() ? programm.aufruf().value(0) : m_meldungen.takeFirst();
         }
         vergleiche({was}, {datei});
