@@ -54,7 +54,7 @@ void buche(const Testbetrieb& hof, const QString& datei)
     for (CsvTabelle tabelle(datei); tabelle.naechste();) {
         const QDate tag = QDate::fromString(tabelle.feld(u"timestamp"_s).left(10), Qt::ISODate);
         if (tag.year() != std::exchange(jahr, tag.year())) {
-            hof.richteEin(jahr);
+            hof.bucht(jahr, "");
             jahresdatei = hof.oeffne(jahr); // the year before is kept
             jahresdatei->BeginTrans();
             journal = jahresdatei->OpenRecordset(u"LAGERJOURNAL"_s, jet::Kind::Table);

@@ -75,7 +75,7 @@ TEST(JahresUbertrag, EineNeueZeileWirdGerundetEineVorhandeneNicht)
     const Testbetrieb hof(QDate(2024, 6, 1));
     hof.bucht(2024, "05.05. | H1 | Weizen | 1,00005 | Zukauf\n"
                     "05.05. | H2 | Weizen | 1,23456 | Zukauf");
-    hof.richteEin(2025);
+    hof.bucht(2025, "");
     ASSERT_TRUE(JahresUbertrag());
     EXPECT_EQ(hof.journal(2025), zeilen("01.01. | H1 | Weizen | 1 | Anfangsbestand\n"
                                         "01.01. | H2 | Weizen | 1,2346 | Anfangsbestand"));
@@ -95,7 +95,7 @@ TEST(JahresUbertrag, EineNeueZeileNimmtDieAngabenDesArtikelsMit)
         hof.fuehreAus(2024, u"INSERT INTO LAGERJOURNAL (Datum, Artikel, Artikelart, LagerortKurzKu, Menge, Preis, "
                             u"Preisfaktor, Einheit, Buchungsart, BuchungsID) VALUES "_s +
                                 werte);
-    hof.richteEin(2025);
+    hof.bucht(2025, "");
     ASSERT_TRUE(JahresUbertrag());
     EXPECT_EQ(hof.zeigt(2025, u"SELECT * FROM LAGERJOURNAL ORDER BY ID"_s),
               (QStringList{u"1 | 01.01.2025 | Mais | NULL | H1 | 5 | NULL | NULL | NULL | NULL | Anfangsbestand | 0 | "
@@ -152,7 +152,7 @@ TEST(JahresUbertrag, EinJahrKannDieBestaendeDesVorjahresAblehnen)
         const Testbetrieb hof(QDate(2024, 6, 1));
         hof.bucht(2024, "05.05. | H1 | Weizen | 100 | Zukauf");
         hof.bucht(2025, "05.05. | H1 | Weizen | 10 | Zukauf");
-        hof.richteEin(2026);
+        hof.bucht(2026, "");
         for (const QString& anweisung : fall.anweisung.split(u'\n', Qt::SkipEmptyParts))
             hof.fuehreAus(2025, anweisung);
         ASSERT_TRUE(JahresUbertrag());
@@ -182,7 +182,7 @@ TEST(JahresUbertrag, EineLeereBetriebsnummerMeintDenOrdnerB)
     modulzustand().Betriebsnummer.clear();
     EXPECT_FALSE(JahresUbertrag());
     hof.bucht(2024, "05.05. | H1 | Weizen | 3 | Zukauf");
-    hof.richteEin(2025);
+    hof.bucht(2025, "");
     const QString betrieb = hof.ort().daten() + u"/B4711"_s;
     ASSERT_TRUE(QDir().rename(betrieb, hof.ort().daten() + u"/B"_s));
     EXPECT_TRUE(JahresUbertrag());

@@ -29,7 +29,6 @@ QString text(const jet::Value& wert)
 sys::Answer Meldungsprotokoll::show(const QString& text, int flags)
 {
     m_texte.append(text);
-    if (m_dabei) m_dabei();
     if ((flags & (sys::YesNo | sys::AbortRetryIgnore)) == 0) return sys::Answer::OK;
     const auto antwort = std::find_if(m_antworten.rbegin(), m_antworten.rend(),
                                       [&](const auto& eintrag) { return eintrag.first == text; });
@@ -64,7 +63,7 @@ Testbetrieb::Testbetrieb(QDate Stichtag, const QString& Betriebsnummer)
     modulzustand() = {};
     modulzustand().Stichdatum = Stichtag;
     modulzustand().Betriebsnummer = Betriebsnummer;
-    richteEin(Stichtag.year());
+    richteEin(m_ort, m_betriebsnummer, Stichtag.year());
 }
 
 Testbetrieb::~Testbetrieb()
@@ -81,14 +80,9 @@ std::unique_ptr<jet::Database> Testbetrieb::oeffne(int jahr) const
     return jet::engine().OpenDatabase(journaldatei(jahr));
 }
 
-void Testbetrieb::richteEin(int jahr) const
-{
-    ::richteEin(m_ort, m_betriebsnummer, jahr);
-}
-
 void Testbetrieb::bucht(int jahr, const char* text) const
 {
-    richteEin(jahr);
+    richteEin(m_ort, m_betriebsnummer, jahr);
     const auto datei = oeffne(jahr);
     const auto journal = datei->OpenRecordset(u"LAGERJOURNAL"_s, jet::Kind::Table);
     for (const QString& zeile : zeilen(text)) {

@@ -8,7 +8,6 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
-#include <functional>
 #include <optional>
 #include <vector>
 
@@ -19,14 +18,12 @@ public:
     /// Of two answers to one question the later one counts.
     void beantworte(const QString& text, sys::Answer antwort) { m_antworten.emplace_back(text, antwort); }
     void beantworteAlle(sys::Answer antwort) { m_jede = antwort; }     ///< Questions that have no answer of their own.
-    void begleite(const std::function<void()>& tat) { m_dabei = tat; } ///< What happens while one is shown.
     QStringList abgeholt();                                            ///< The texts since the last time.
 
 private:
     QStringList m_texte;
     std::vector<std::pair<QString, sys::Answer>> m_antworten;
     std::optional<sys::Answer> m_jede;
-    std::function<void()> m_dabei;
 };
 
 /// The rows of a query, cells joined by " | ", NULL as "NULL".
@@ -50,7 +47,6 @@ public:
     QString journaldatei(int jahr) const { return m_ort.journaldatei(m_betriebsnummer, jahr); }
     std::unique_ptr<jet::Database> oeffne(int jahr) const;
 
-    void richteEin(int jahr) const; ///< Makes the year file if it is missing.
     /// Adds rows, one a line, to a year file, which is made if it is missing; "NULL" is a text that is missing.
     void bucht(int jahr, const char* text) const;
     void fuehreAus(int jahr, const QString& anweisung) const;
