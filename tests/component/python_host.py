@@ -1,4 +1,5 @@
-"""A Python host: sets up a farm, carries its stocks forward and asks for them late-bound.
+"""A Python host: sets up a farm, carries its stocks forward and asks for them late-bound; then it opens the screen,
+filters by keyboard and reads the journal by the names of the controls.
 
 Arguments: the program zablager, the library, the directory of the Python module.
 """
@@ -11,7 +12,9 @@ import sys
 import tempfile
 
 try:
-    from PyQt6.QtCore import QDate
+    from PyQt6.QtCore import QDate, Qt, QTimer
+    from PyQt6.QtTest import QTest
+    from PyQt6.QtWidgets import QApplication, QTableView, QWidget
 except ImportError:
     print("PyQt6 is missing: the late-bound host is not tested")
     sys.exit(77)
@@ -30,6 +33,38 @@ def refusal(action, kind=ZablagerError):
     except kind as error:
         return getattr(error, "number", True)
     return None
+
+
+seen = []
+
+
+def look(screen):
+    journal = screen.findChild(QTableView, "Journalliste")
+    place = screen.findChild(QWidget, "drpLagerOrte")
+    seen.append((screen.windowTitle(), journal.property("Caption")))
+    place.setFocus()
+    QTest.keyClicks(place, "h2")
+    QTest.keyClick(place, Qt.Key.Key_Return)
+    application.processEvents()  # Enter goes on to the next field, and leaving takes what was typed
+    rows = journal.model()
+    seen.append((journal.property("Caption"), *(rows.index(0, column).data() for column in (0, 1, 4, 6))))
+    place.setProperty("Text", "Alle Lagerorte")  # as a user's choice
+    try:
+        lager.LagerbestandLaden()
+    except ZablagerError as error:
+        seen.append(error.number)
+    seen.append((journal.property("Caption"), lager.Get_Bestand("Mühlenkleie", "H1", DAY)))
+
+
+def visit():
+    screen = QApplication.activeModalWidget()
+    if screen is None or not screen.isActiveWindow():
+        return QTimer.singleShot(5, visit)
+    try:
+        look(screen)
+    except Exception as failure:  # it must not end the process within the component's call
+        seen.append(repr(failure))
+    screen.close()
 
 
 with tempfile.TemporaryDirectory() as farm:
@@ -91,3 +126,17 @@ with tempfile.TemporaryDirectory() as farm:
     gc.collect()
     assert second.Get_Bestand("Mühlenkleie", "H1", DAY) == 0.0
     assert "existiert nicht!" in second.LetzterFehler
+
+    subprocess.run([program, "sql", f"{farm}/daten/B4711/Lager.2024"], text=True, check=True, input=(
+        "INSERT INTO LAGERJOURNAL (Datum, Artikel, LagerortKurzKu, Menge) VALUES (#5/5/2024#, 'Hafer', 'H2', -1234.5)"))
+    application = QApplication([])
+    lager = Zablager(library).CreateObject("ZABLAGER.Lagerverwaltungsdaten")
+    lager.Betriebsnummer = "4711"
+    lager.Betriebsname = "Lindenhof"
+    lager.Datenverzeichnis = f"{farm}/daten/B4711/Lager.2024"
+    lager.Stichdatum = datetime.date(2024, 6, 1)
+    QTimer.singleShot(5, visit)
+    QTimer.singleShot(60_000, application.closeAllWindows)  # what stays open by then has failed
+    lager.LagerbestandLaden()
+    assert seen == [("Lagerverwaltung des Betriebes 4711 Lindenhof, ", "2 Bewegungen"),
+                    ("1 Bewegung", "05.05.2024", "Hafer", "H2", "1.234,50"), 5, ("2 Bewegungen", 2.5)], seen
