@@ -1,6 +1,6 @@
 #include "core/Journaldatei.h"
 #include "core/Lagerverwaltungsdaten.h"
-#include "tests/support/CsvTabelle.h"
+#include "tests/core/CsvTabelle.h"
 #include "tests/support/Print.h"
 #include "tests/support/Testbetrieb.h"
 

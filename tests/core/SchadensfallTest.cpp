@@ -3,9 +3,9 @@
 #include "core/Bestand.h"
 #include "core/JahresUbertrag.h"
 #include "platform/system/Files.h"
+#include "tests/platform/jet/Fremdprogramm.h"
+#include "tests/platform/jet/Plattenstoerung.h"
 #include "tests/support/Child.h"
-#include "tests/support/Fremdprogramm.h"
-#include "tests/support/Plattenstoerung.h"
 #include "tests/support/Print.h"
 #include "tests/support/Testbetrieb.h"
 

@@ -6,8 +6,8 @@
 #include "delivery/Lieferscheinnummern.h"
 #include "platform/system/Files.h"
 #include "platform/system/Settings.h"
-#include "tests/support/Fremdprogramm.h"
-#include "tests/support/Plattenstoerung.h"
+#include "tests/platform/jet/Fremdprogramm.h"
+#include "tests/platform/jet/Plattenstoerung.h"
 #include "tests/support/Print.h"
 #include "tests/support/Testbetrieb.h"
 

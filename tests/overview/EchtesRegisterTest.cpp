@@ -5,7 +5,7 @@
 // two states; only the official register (psm.admin.ch) counts. They may not be handed on and lie beside the project.
 
 #include "overview/Registerpruefung.h"
-#include "tests/support/CsvTabelle.h"
+#include "tests/core/CsvTabelle.h"
 #include "tests/support/Testbetrieb.h"
 
 #include <QFile>

@@ -17,8 +17,8 @@ public:
     sys::Answer show(const QString& text, int flags) override;
     /// Of two answers to one question the later one counts.
     void beantworte(const QString& text, sys::Answer antwort) { m_antworten.emplace_back(text, antwort); }
-    void beantworteAlle(sys::Answer antwort) { m_jede = antwort; }     ///< Questions that have no answer of their own.
-    QStringList abgeholt();                                            ///< The texts since the last time.
+    void beantworteAlle(sys::Answer antwort) { m_jede = antwort; } ///< Questions that have no answer of their own.
+    QStringList abgeholt();                                        ///< The texts since the last time.
 
 private:
     QStringList m_texte;

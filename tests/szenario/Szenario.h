@@ -30,7 +30,7 @@
 //   kopf Journalliste Artikel    the mouse on the head of a column
 //   papier {Strg+P}              what the key prints, whose lines stand below; a line "..." is any number of them
 //   oeffnet {F12} ... 2024.xlsx  the file that the user's own program is to open, or what is said instead; of a table the
-//                                rows stand below, see tests/support/Tabellenblatt.h
+//                                rows stand below, see tests/platform/family/Tabellenblatt.h
 //
 //   antwort Ja  text             before a question: it will be asked once, in this order, and answered so: OK, Ja, Nein,
 //                                Wiederholen, Abbruch, Ignorieren; steps below it are done meanwhile

@@ -2,7 +2,7 @@
 #include "platform/controls/DataControl.h"
 #include "platform/controls/DataGrid.h"
 #include "platform/system/Files.h"
-#include "tests/support/Plattenstoerung.h"
+#include "tests/platform/jet/Plattenstoerung.h"
 #include "tests/support/Print.h"
 #include "tests/szenario/Musterhof.h"
 #include "transfer/LAUmbuchForm.h"

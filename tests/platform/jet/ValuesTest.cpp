@@ -131,7 +131,8 @@ TEST_F(Values, OfAnotherFileNeedItsPassword)
     ASSERT_EQ(tables.size(), 2U); // no system table shows
     EXPECT_EQ(tables[1].name + tables[1].sourceTable, u"KundenHANDLER"_s);
     EXPECT_EQ(tables[1].connect, connect);
-    std::vector<std::unique_ptr<jet::Recordset>> kept; // more than files can be attached: each is let go once it is read
+    std::vector<std::unique_ptr<jet::Recordset>>
+        kept; // more than files can be attached: each is let go once it is read
     while (kept.size() < 12)
         kept.push_back(open(u"kunden"_s, Kind::Snapshot));
     EXPECT_TRUE(kept.back()->Eof());

@@ -3,8 +3,8 @@
 #include "platform/report/ReportZurucksetzen.h"
 #include "platform/system/CaughtError.h"
 #include "tests/platform/report/Desk.h"
+#include "tests/platform/report/Pdf.h"
 #include "tests/support/Child.h"
-#include "tests/support/Pdf.h"
 #include "tests/support/Print.h"
 
 #include <zablager/DatabaseError.h>

@@ -2,8 +2,8 @@
 #include "platform/report/PrintControl.h"
 #include "platform/report/ProgressBox.h"
 #include "tests/platform/report/Desk.h"
+#include "tests/platform/report/Pdf.h"
 #include "tests/support/Bildschirm.h"
-#include "tests/support/Pdf.h"
 #include "tests/support/Print.h"
 
 #include <QAbstractItemView>

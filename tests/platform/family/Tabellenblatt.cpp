@@ -1,4 +1,4 @@
-#include "tests/support/Tabellenblatt.h"
+#include "tests/platform/family/Tabellenblatt.h"
 
 #include <QProcess>
 

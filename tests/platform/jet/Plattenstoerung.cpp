@@ -1,4 +1,4 @@
-#include "tests/support/Plattenstoerung.h"
+#include "tests/platform/jet/Plattenstoerung.h"
 
 #include "platform/jet/Engine.h"
 #include "platform/jet/sqlite/Connection.h"

@@ -1,4 +1,4 @@
-#include "tests/support/CsvTabelle.h"
+#include "tests/core/CsvTabelle.h"
 
 #include <gtest/gtest.h>
 

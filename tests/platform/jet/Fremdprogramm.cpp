@@ -1,4 +1,4 @@
-#include "tests/support/Fremdprogramm.h"
+#include "tests/platform/jet/Fremdprogramm.h"
 
 #include "platform/jet/Engine.h"
 #include "platform/jet/sqlite/Connection.h"

@@ -1,4 +1,4 @@
-#include "tests/support/Pdf.h"
+#include "tests/platform/report/Pdf.h"
 
 #include <QProcess>
 #include <QStandardPaths>
