@@ -3,8 +3,6 @@
 #include "tests/component/Bibliothek.h"
 #include "tests/support/Print.h"
 
-#include <QDir>
-
 #include <string>
 
 using namespace Qt::StringLiterals;
@@ -92,35 +90,4 @@ TEST_F(FalscheEingaben, EineUnmoeglicheBetriebsnummerHatKeineDateien)
         EXPECT_EQ(nummer(), 0);
         EXPECT_TRUE(QString::fromStdString(text()).endsWith(u"existiert nicht!"_s)) << text();
     }
-}
-
-TEST_F(FalscheEingaben, GestoerteEinstellungenSindEinFehlerUndKeinAndererBetrieb)
-{
-    const QByteArray einstellungen = qgetenv("XDG_CONFIG_HOME");
-    const QDir daten(hof.ort().daten());
-    ASSERT_TRUE(daten.mkpath(u"ordner/ZAB - Programme.ini"_s));
-    struct Fall {
-        const char* name;
-        QString verzeichnis;
-        int nummer;
-        QString uebertrag, frage; ///< Beginnings of the texts.
-    };
-    const Fall faelle[] = {
-        {"das Verzeichnis ist eine Datei", hof.journaldatei(2023), 76, u"Pfad nicht gefunden: "_s,
-         u"Pfad nicht gefunden: "_s},
-        {"die Datei ist ein Verzeichnis", daten.filePath(u"ordner"_s), 75, u"Fehler beim Zugriff auf Pfad/Datei: "_s,
-         u"Fehler beim Zugriff auf Pfad/Datei: "_s},
-        {"es gibt noch keine", daten.filePath(u"neu"_s), 0, u"Kein Betrieb in der Registrierung eingestellt!"_s,
-         u"Der Dateiname x\\B4711/Lager.2023 existiert nicht!"_s},
-    };
-    for (const Fall& fall : faelle) {
-        qputenv("XDG_CONFIG_HOME", QFile::encodeName(fall.verzeichnis));
-        uebertrage();
-        EXPECT_EQ(nummer(), fall.nummer) << fall.name;
-        EXPECT_TRUE(QString::fromStdString(text()).startsWith(fall.uebertrag)) << fall.name << text();
-        EXPECT_EQ(weizen(), 0);
-        EXPECT_EQ(nummer(), fall.nummer) << fall.name;
-        EXPECT_TRUE(QString::fromStdString(text()).startsWith(fall.frage)) << fall.name << text();
-    }
-    qputenv("XDG_CONFIG_HOME", einstellungen);
 }

@@ -56,15 +56,19 @@ def look(screen):
     seen.append((journal.property("Caption"), lager.Get_Bestand("Mühlenkleie", "H1", DAY)))
 
 
-def visit():
-    screen = QApplication.activeModalWidget()
-    if screen is None or not screen.isActiveWindow():
-        return QTimer.singleShot(5, visit)
-    try:
-        look(screen)
-    except Exception as failure:  # it must not end the process within the component's call
-        seen.append(repr(failure))
-    screen.close()
+def at_next_window(steps):
+    """Queues what the user does in the next modal window, which he closes."""
+    def visit():
+        window = QApplication.activeModalWidget()
+        if window is None or not window.isActiveWindow():
+            return QTimer.singleShot(5, visit)
+        try:
+            steps(window)
+        except Exception as failure:  # it must not end the process within the component's call
+            seen.append(repr(failure))
+        window.close()
+
+    QTimer.singleShot(5, visit)
 
 
 with tempfile.TemporaryDirectory() as farm:
@@ -135,8 +139,12 @@ with tempfile.TemporaryDirectory() as farm:
     lager.Betriebsname = "Lindenhof"
     lager.Datenverzeichnis = f"{farm}/daten/B4711/Lager.2024"
     lager.Stichdatum = datetime.date(2024, 6, 1)
-    QTimer.singleShot(5, visit)
+    at_next_window(look)
     QTimer.singleShot(60_000, application.closeAllWindows)  # what stays open by then has failed
     lager.LagerbestandLaden()
+    at_next_window(lambda screen: None)
+    lager.LagerbestandLaden()  # and again
+    at_next_window(lambda box: seen.append(box.text()[:13]))  # with a screen messages are windows
+    assert lager.Get_Bestand("Mühlenkleie", "H1", datetime.date(2019, 1, 1)) == 0.0 and lager.LetzterFehler == ""
     assert seen == [("Lagerverwaltung des Betriebes 4711 Lindenhof, ", "2 Bewegungen"),
-                    ("1 Bewegung", "05.05.2024", "Hafer", "H2", "1.234,50"), 5, ("2 Bewegungen", 2.5)], seen
+                    ("1 Bewegung", "05.05.2024", "Hafer", "H2", "1.234,50"), 5, ("2 Bewegungen", 2.5), "Der Dateiname"], seen

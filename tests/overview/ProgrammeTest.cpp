@@ -3,6 +3,7 @@
 #include "core/TextImEditorZeigen.h"
 #include "overview/Hilfe.h"
 #include "tests/support/Print.h"
+#include "tests/support/Rekorder.h"
 #include "tests/support/Testbetrieb.h"
 
 #include <QClipboard>
@@ -12,9 +13,16 @@
 
 using namespace Qt::StringLiterals;
 
-TEST(Programme, FehlendeHilfeWirdMitBeidenDateienGenannt)
+TEST(Programme, DieHilfeDerFamilieKommtVorDemHandbuchUndFehlendeWirdGenannt)
 {
     Testbetrieb hof;
+    const QString hilfe = hof.ort().programm() + u"/Lager.CHM"_s;
+    ASSERT_TRUE(QFile(hilfe).open(QIODevice::WriteOnly));
+    {
+        Rekorder oeffner(u"xdg-open"_s);
+        zeigeHilfe(hof.ort().programm() + u"\\lager.chm"_s, {}, u"buchen"_s);
+        EXPECT_EQ(oeffner.aufruf(), QStringList{hilfe});
+    }
     zeigeHilfe(u"/fehlt\\Lager.chm"_s, u"/fehlt/lib/zablager.so"_s, u"buchen"_s);
     EXPECT_EQ(hof.meldungen().abgeholt(),
               QStringList{u"Die Hilfe wurde nicht gefunden. Erwartet wird sie in einer dieser beiden Dateien:\r\r"_s
