@@ -14,57 +14,26 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-void schreibe(const QString& datei, const QByteArray& inhalt)
-{
-    QFile ziel(datei);
-    ASSERT_TRUE(ziel.open(QIODevice::WriteOnly));
-    ASSERT_EQ(ziel.write(inhalt), inhalt.size());
-}
-
-QByteArray inhalt(const QString& datei)
-{
-    QFile quelle(datei);
-    return quelle.open(QIODevice::ReadOnly) ? quelle.readAll() : QByteArray("fehlt");
-}
-
-} // namespace
-
-TEST(Journaldatei, LiegtImBetriebsordnerDesDatenverzeichnisses)
+TEST(Journaldatei, HeisstNachIhremJahrUndIstKeineSperrdatei)
 {
     const Testbetrieb hof;
-    EXPECT_EQ(Journaldatei(2024), hof.ort().daten() + u"\\B4711\\Lager.2024"_s);
-    EXPECT_EQ(Journaldatei(987), hof.ort().daten() + u"\\B4711\\Lager.0987"_s);
-
-    sys::SaveSetting(u"Datenverzeichnis"_s, u"Verzeichnisname"_s, u"D:\\Daten"_s); // read afresh each time
-    modulzustand().Betriebsnummer.clear();
-    EXPECT_EQ(Journaldatei(2024), u"D:\\Daten\\B\\Lager.2024"_s);
-}
-
-TEST(Journaldatei, JahreSindVierZiffernUndKeineSperrdatei)
-{
-    const Testbetrieb hof(QDate(2024, 6, 1));
-    EXPECT_EQ(journaljahre(), std::vector{2024});
     const QString ordner = hof.ort().betriebsordner(u"4711"_s);
-    for (const QString& name : {u"LAGER.2025"_s, u"lager.2023"_s, u"lager.2024"_s, u"Lager.ldb"_s, u"Lager.LDB"_s,
-                                u"Lager.abcd"_s, u"Lager.20x4"_s, u"Lager.1"_s, u"Lager"_s, u"Lager.20245"_s,
-                                u"Lager.+204"_s, u"Lager.２０２６"_s, u"Lager.vorlage"_s, u"Grund.2027"_s})
-        schreibe(ordner + u'/' + name, "x");
+    EXPECT_EQ(Journaldatei(987), hof.ort().daten() + u"\\B4711\\Lager.0987"_s);
+    for (const QString& name : {u"LAGER.2025"_s, u"lager.2023"_s, u"lager.2024"_s, u"Lager.ldb"_s, u"Lager.20x4"_s,
+                                u"Lager.1"_s, u"Lager.20245"_s, u"Lager.２０２６"_s, u"Grund.2027"_s})
+        EXPECT_TRUE(QFile(ordner + u'/' + name).open(QIODevice::WriteOnly));
     ASSERT_TRUE(QDir(ordner).mkdir(u"Lager.2028"_s)); // who opens it is told that it is no file
     EXPECT_EQ(journaljahre(), (std::vector{2023, 2024, 2025, 2028}));
 }
 
-TEST(Journaldatei, EntstehtAlsKopieDerVorlageWennSieFehlt)
+TEST(Journaldatei, EntstehtAlsKopieDerVorlageNurWennSieFehlt)
 {
     const Testbetrieb hof;
-    const QString neu = hof.journaldatei(2025);
-    stelleJournalBereit(neu);
-    EXPECT_EQ(inhalt(neu), inhalt(hof.ort().programm() + u"/Lager.vorlage"_s));
-
-    schreibe(neu, "von einem anderen Programm");
-    stelleJournalBereit(neu);
-    EXPECT_EQ(inhalt(neu), "von einem anderen Programm");
+    hof.bucht(2024, "01.02. | H1 | Weizen | 3 | Zukauf");
+    stelleJournalBereit(hof.journaldatei(2024));
+    EXPECT_EQ(hof.journal(2024).size(), 1);
+    stelleJournalBereit(hof.journaldatei(2025));
+    EXPECT_EQ(hof.journal(2025).size(), 0);
 
     const QString vorlage = hof.ort().programm() + u"/Lager.vorlage"_s;
     jet::engine().release();
@@ -84,11 +53,10 @@ TEST(Verzeichnisse, DasProgrammverzeichnisWeichtAufDasDatenverzeichnisAus)
 
     const QString vorher = QDir::currentPath();
     ASSERT_TRUE(QDir::setCurrent(hof.ort().verzeichnis()) && QDir().mkdir(u"x"_s)); // "x" is no folder of anybody's
-    schreibe(u"x/Lager.vorlage"_s, "x");
-    QFile::remove(hof.ort().einstellungen() + u"/ZAB - Programme.ini"_s);
-    EXPECT_EQ(datenverzeichnis(), u"x"_s);
-    EXPECT_FALSE(sys::Exist(ProgrammVerzeichnis() + u"\\Lager.vorlage"_s));
-    sys::SaveSetting(u"Datenverzeichnis"_s, u"Verzeichnisname"_s, hof.ort().daten());
-    EXPECT_EQ(ProgrammVerzeichnis(), hof.ort().daten());
+    sys::Kill(hof.ort().einstellungen() + u"/ZAB - Programme.ini"_s);
+    sys::SaveSetting(u"Datenverzeichnis"_s, u"Verzeichnisname"_s, u"D:\\Daten"_s); // read afresh each time
+    EXPECT_EQ(ProgrammVerzeichnis(), u"D:\\Daten"_s);
+    modulzustand().Betriebsnummer.clear();
+    EXPECT_EQ(Journaldatei(2024), u"D:\\Daten\\B\\Lager.2024"_s);
     ASSERT_TRUE(QDir::setCurrent(vorher));
 }
