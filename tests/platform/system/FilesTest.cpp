@@ -6,53 +6,40 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-class Files : public Folder {};
-
-const QString Access = u"75 Fehler beim Zugriff auf Pfad/Datei: %/"_s, NoPath = u"76 Pfad nicht gefunden: %/"_s,
-              NoFile = u"53 Datei nicht gefunden: %/"_s, Denied = u"70 Zugriff verweigert: %/"_s,
-              Full = u"61 Datenträger voll: %/"_s;
-
-} // namespace
+using Files = Folder;
 
 TEST_F(Files, AreFoundWhateverTheirCase)
 {
     for (const auto& name : {u"Lager.vorlage"_s, u"Daten/B4711/lager.2024"_s, u"Größe/Äcker/.versteckt"_s, u"BEIDE/x"_s,
                              u"beide/y"_s, u"ab"_s, u"aB"_s})
         write(name, {});
-    const struct {
-        const char *asked, *found;
-        bool exists = true;
-    } cases[] = {
+    const char* const cases[][2] = {
         {"\\DATEN\\b4711\\LAGER.2024", "/Daten/B4711/lager.2024"},
         {"\\Daten/b4711\\", "/Daten/B4711/"},
         {"\\\\Daten\\B4711", "//Daten/B4711"},
         {"\\daten\\..\\lager.VORLAGE", "/Daten/../Lager.vorlage"},
-        {"\\GRÖSSE", "/GRÖSSE", false},
+        {"\\GRÖSSE", "/GRÖSSE"},
         {"\\GRÖßE\\äCKER\\.Versteckt", "/Größe/Äcker/.versteckt"},
         {"\\ab", "/ab"},
         {"\\AB", "/aB"}, // several other spellings: the first in alphabetical order
         {"\\Beide\\X", "/BEIDE/x"},
-        {"\\beide\\X", "/beide/X", false}, // the exact directory wins although the file is in the other one
-        {"\\daten\\B1\\lager.2024", "/Daten/B1/lager.2024", false},
-        {"\\lager.vorlage\\daten", "/Lager.vorlage/daten", false},
+        {"\\beide\\X", "/beide/X"}, // the exact directory wins although the file is in the other one
+        {"\\daten\\B1\\lager.2024", "/Daten/B1/lager.2024"},
     };
-    for (const auto& [asked, found, exists] : cases) {
-        EXPECT_EQ(sys::localPath(path() + QString::fromUtf8(asked)), path() + QString::fromUtf8(found));
-        EXPECT_EQ(sys::Exist(path() + QString::fromUtf8(asked)), exists ? -1 : 0) << asked;
+    for (const auto& [asked, found] : cases) {
+        const QString expected = path() + QString::fromUtf8(found);
+        EXPECT_EQ(sys::localPath(path() + QString::fromUtf8(asked)), expected);
+        EXPECT_EQ(sys::Exist(path() + QString::fromUtf8(asked)), QFile::exists(expected) ? -1 : 0) << asked;
     }
-    EXPECT_EQ(sys::localPath(u"D:\\Daten\\B4711"_s), u"D:/Daten/B4711"_s);
-    EXPECT_EQ(sys::Exist({}), 0);
     const QString before = QDir::currentPath();
     QDir::setCurrent(path());
     EXPECT_EQ(sys::localPath(u"DATEN\\b4711"_s), u"Daten/B4711"_s);
     EXPECT_EQ(sys::Dir(u"LAGER.???????"_s), QStringList(u"Lager.vorlage"_s));
     QDir::setCurrent(before);
 
-    for (const auto& [set, found] : {std::pair("C:\\Windows"_ba, "C:\\Windows"_ba), {QByteArray(145, 'w'), ""_ba}}) {
-        qputenv("windir", set);
-        EXPECT_EQ(sys::WindowsVerzeichnis(), QString::fromLatin1(found)); // programs of the family keep 144 letters
+    for (const int letters : {144, 145}) { // programs of the family keep no more
+        qputenv("windir", QByteArray(letters, 'w'));
+        EXPECT_EQ(sys::WindowsVerzeichnis().size(), letters == 144 ? 144 : 0);
     }
 }
 
@@ -76,7 +63,6 @@ TEST_F(Files, DirFollowsTheClassicWildcardRule)
     };
     for (const auto& [pattern, found] : cases)
         EXPECT_EQ(sys::Dir(path() + u"\\HOF\\"_s + QString::fromUtf8(pattern)).join(u' '), QString::fromUtf8(found));
-    EXPECT_EQ(sys::Dir(path() + u"\\B1\\Lager.????"_s), QStringList());
 }
 
 TEST_F(Files, ACopyIsWholeOrNotThere)
@@ -102,13 +88,11 @@ TEST_F(Files, ACopyIsWholeOrNotThere)
     EXPECT_EQ(names(), u"lager.2024 Lager.2026 Lager.vorlage"_s);
     EXPECT_EQ(asked.join(u", "_s), u"Lager.vorlage alt, lager.2024 alt, Lager.vorlage vvv, Lager.2025 vvv, "
                                    u"Lager.vorlage vvv, Lager.2026 vvv, Lager.2025 vvv"_s);
-    for (const auto& [source, size] : {std::pair(u"klein"_s, 5'000), {u"gross"_s, 5'000'000}}) {
-        write(source, QByteArray(size, 'g'));
-        const QString known = path(u"neu"_s), old = path(u"Lager.2026"_s); // not the draft that it is written as
-        EXPECT_TRUE(refusesFullDisk(4096, Full + u"Lager.2026"_s, [&] { sys::FileCopy(path(source), old); }));
-        EXPECT_TRUE(refusesFullDisk(4096, Full + u"neu"_s, [&] { sys::CopyWhereMissing(path(source), known); }));
-        QFile::remove(path(source));
-    }
+    write(u"Lager.vorlage"_s, QByteArray(5'000, 'g'));
+    const QString from = path(u"Lager.vorlage"_s), known = path(u"neu"_s); // not the draft that it is written as
+    EXPECT_TRUE(
+        refuses(&onFullDisk<4096>, Full + u"Lager.2026"_s, [&] { sys::FileCopy(from, path(u"Lager.2026"_s)); }));
+    EXPECT_TRUE(refuses(&onFullDisk<4096>, Full + u"neu"_s, [&] { sys::CopyWhereMissing(from, known); }));
     EXPECT_EQ(read(u"Lager.2026"_s), "gebucht");
     EXPECT_EQ(names(), u"lager.2024 Lager.2026 Lager.vorlage"_s) << "nothing half stays behind";
     sys::surroundings().letGo.clear();
@@ -139,9 +123,9 @@ TEST_F(Files, RefusalsNameTheFileAndChangeNone)
     QFile::setPermissions(path(u"ordner/ziel"_s), QFile::Permissions(0x4444));
     QFile::setPermissions(path(u"ordner"_s), QFile::Permissions(0x5555));
     const auto copy = [&](const QString& to) { sys::FileCopy(path(u"da"_s), path(to)); };
-    EXPECT_TRUE(refusesNobody(Denied + u"ordner/neu"_s, [&] { copy(u"ordner/neu"_s); }));
-    EXPECT_TRUE(refusesNobody(Access + u"ordner/ziel"_s, [&] { copy(u"ordner/ziel"_s); }));
-    EXPECT_TRUE(refusesNobody(Denied + u"ordner/ziel"_s, [&] { sys::Kill(path(u"ordner/ziel"_s)); }));
+    EXPECT_TRUE(refuses(&asNobody, Denied + u"ordner/neu"_s, [&] { copy(u"ordner/neu"_s); }));
+    EXPECT_TRUE(refuses(&asNobody, Access + u"ordner/ziel"_s, [&] { copy(u"ordner/ziel"_s); }));
+    EXPECT_TRUE(refuses(&asNobody, Denied + u"ordner/ziel"_s, [&] { sys::Kill(path(u"ordner/ziel"_s)); }));
     QFile::setPermissions(path(u"ordner"_s), QFile::Permissions(0x7755));
     EXPECT_EQ(read(u"ziel"_s) + read(u"ordner/ziel"_s), "altalt");
     EXPECT_EQ(names(), u"da ordner ziel"_s);

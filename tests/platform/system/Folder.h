@@ -31,10 +31,9 @@ protected:
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no such file");
     }
 
-    QString names() const ///< All in the directory, hidden ones too.
+    QString names(const QString& of = {}) const ///< All in a directory, hidden ones too.
     {
-        const QStringList all = QDir(path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
-        return all.join(u' ');
+        return QDir(path(of)).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot).join(u' ');
     }
 
     /// "53 Datei nicht gefunden: %", with % for this directory; empty when there is none.
@@ -50,26 +49,27 @@ protected:
         return {};
     }
 
-    /// Whether a program of one who is not root is refused so.
+    /// Whether it is refused so to a program in that position.
     template <class Action>
-    bool refusesNobody(const QString& told, const Action& action) const
+    bool refuses(bool (*position)(), const QString& told, const Action& action) const
     {
-        return exitCode(startChild([&] {
-                   constexpr uid_t Nobody = 65534; // root may read and write everywhere
-                   return (geteuid() == 0 && setuid(Nobody) != 0) || refusal(action) != told ? 1 : 0;
-               })) == 0;
+        return exitCode(startChild([&] { return position() && refusal(action) == told ? 0 : 1; })) == 0;
     }
 
-    /// Whether it is refused so where no file can grow beyond `bytes`.
-    template <class Action>
-    bool refusesFullDisk(rlim_t bytes, const QString& told, const Action& action) const
+    static bool asNobody() { return geteuid() != 0 || setuid(65534) == 0; } ///< Root may read and write everywhere.
+
+    template <rlim_t Bytes> ///< That a file may grow to.
+    static bool onFullDisk()
     {
-        return exitCode(startChild([&] {
-                   std::signal(SIGXFSZ, SIG_IGN); // the write fails instead of ending the process
-                   const rlimit limit{bytes, bytes};
-                   return setrlimit(RLIMIT_FSIZE, &limit) != 0 || refusal(action) != told ? 1 : 0;
-               })) == 0;
+        std::signal(SIGXFSZ, SIG_IGN); // the write fails instead of ending the process
+        const rlimit limit{Bytes, Bytes};
+        return setrlimit(RLIMIT_FSIZE, &limit) == 0;
     }
 
     const QTemporaryDir root;
+    const QString Access = QStringLiteral("75 Fehler beim Zugriff auf Pfad/Datei: %/"),
+                  NoPath = QStringLiteral("76 Pfad nicht gefunden: %/"),
+                  NoFile = QStringLiteral("53 Datei nicht gefunden: %/"),
+                  Denied = QStringLiteral("70 Zugriff verweigert: %/"),
+                  Full = QStringLiteral("61 Datenträger voll: %/");
 };
