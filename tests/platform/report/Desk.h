@@ -1,29 +1,35 @@
 #pragma once
 
+#include "platform/jet/Engine.h"
 #include "platform/report/Paginator.h"
-
-#include <QStringList>
-#include <QTemporaryDir>
+#include "tests/support/Folder.h"
 
 /// A directory with a data file and a report form. The table J has the columns Nr, Artikel, Ort, Menge and T.
-class Desk {
+class Desk : public Folder {
 public:
-    Desk();
-    Q_DISABLE_COPY_MOVE(Desk)
+    Desk()
+    {
+        jet::engine().CreateDatabase(path(QStringLiteral("daten.mdb")), {})->Close();
+        execute(QStringLiteral("CREATE TABLE J (Nr Long, Artikel Text(20), Ort Text(5), Menge Double, T Memo)"));
+    }
 
-    QString path(const QString& name) const { return m_directory.filePath(name); }
-    QString write(const QString& name, const QByteArray& content) const; ///< \returns the full name.
-    void execute(const QStringList& statements) const;                   ///< On the data file.
-    void fill(int rows) const; ///< With so many, in place of those before; Nr counts from 1.
+    void execute(const QString& statement) const ///< On the data file.
+    {
+        jet::engine().OpenDatabase(path(QStringLiteral("daten.mdb")))->Execute(statement);
+    }
+
     /// Of a form that has its own <report>, or of the elements, from its second line on, of one on A5 with margins of 10 mm
     /// and letters of 10 points.
-    report::Job job(const QByteArray& form) const;
-
-private:
-    QTemporaryDir m_directory;
+    report::Job job(QByteArray form) const
+    {
+        if (!form.startsWith("<?xml") && !form.startsWith("<report") && !form.startsWith("<html"))
+            form = "<report paper='A5' left='10' top='10' right='10' bottom='10' size='10'>\n" + form + "</report>\n";
+        write(QStringLiteral("form.rpt"), form);
+        report::Job job;
+        job.reportFile = path(QStringLiteral("form.rpt"));
+        job.dataFiles[0] = path(QStringLiteral("daten.mdb"));
+        return job;
+    }
 };
 
-inline bool goOn(qsizetype, qsizetype)
-{
-    return true;
-}
+inline const auto goOn = [](qsizetype, qsizetype) { return true; };

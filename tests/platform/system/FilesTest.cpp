@@ -2,11 +2,15 @@
 #include "platform/system/Path.h"
 #include "platform/system/Surroundings.h"
 #include "platform/system/WindowsDirectory.h"
-#include "tests/platform/system/Folder.h"
+#include "tests/support/Folder.h"
 
 using namespace Qt::StringLiterals;
 
-using Files = Folder;
+namespace {
+
+class Files : public testing::Test, protected Folder {};
+
+} // namespace
 
 TEST_F(Files, AreFoundWhateverTheirCase)
 {

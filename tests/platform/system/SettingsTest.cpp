@@ -1,5 +1,5 @@
 #include "platform/system/Settings.h"
-#include "tests/platform/system/Folder.h"
+#include "tests/support/Folder.h"
 
 #include <sys/stat.h>
 
@@ -9,7 +9,7 @@ namespace {
 
 const QString Ini = u"ZAB - Programme.ini"_s;
 
-class Settings : public Folder {
+class Settings : public testing::Test, protected Folder {
 protected:
     Settings() { goTo({}); }
 

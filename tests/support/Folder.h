@@ -14,9 +14,12 @@
 #include <sys/resource.h>
 
 /// A directory of its own, and what happens in it to users who may not, or have no room.
-class Folder : public testing::Test {
-protected:
-    QString path(const QString& name = {}) const { return name.isEmpty() ? root.path() : root.filePath(name); }
+class Folder {
+public:
+    QString path(const QString& name = {}) const ///< An absolute one stays.
+    {
+        return name.isEmpty() ? root.path() : QDir(root.path()).filePath(name);
+    }
 
     void write(const QString& name, const QByteArray& bytes) const
     {
@@ -66,6 +69,7 @@ protected:
         return setrlimit(RLIMIT_FSIZE, &limit) == 0;
     }
 
+private:
     const QTemporaryDir root;
     const QString Access = QStringLiteral("75 Fehler beim Zugriff auf Pfad/Datei: %/"),
                   NoPath = QStringLiteral("76 Pfad nicht gefunden: %/"),
