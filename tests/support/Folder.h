@@ -69,11 +69,13 @@ public:
         return setrlimit(RLIMIT_FSIZE, &limit) == 0;
     }
 
-private:
-    const QTemporaryDir root;
+    /// How refusals begin.
     const QString Access = QStringLiteral("75 Fehler beim Zugriff auf Pfad/Datei: %/"),
                   NoPath = QStringLiteral("76 Pfad nicht gefunden: %/"),
                   NoFile = QStringLiteral("53 Datei nicht gefunden: %/"),
                   Denied = QStringLiteral("70 Zugriff verweigert: %/"),
                   Full = QStringLiteral("61 Datenträger voll: %/");
+
+private:
+    const QTemporaryDir root;
 };

@@ -115,8 +115,8 @@ TEST_F(Files, RefusalsNameTheFileAndChangeNone)
                                  {u"da"_s, u"Ordner"_s, Access + u"ordner"_s},
                                  {u"ordner"_s, u"ziel"_s, Access + u"ordner"_s},
                                  {u"da"_s, longest, Access + longest}};
-    for (const auto& [from, to, told] : copies)
-        EXPECT_EQ(refusal([&] { sys::FileCopy(path(from), path(to)); }), told);
+    for (const auto& copied : copies)
+        EXPECT_EQ(refusal([&] { sys::FileCopy(path(copied[0]), path(copied[1])); }), copied[2]);
     EXPECT_EQ(refusal([&] { sys::FileCopy(u"/dev/zero"_s, path(u"ziel"_s)); }), // it would never end
               u"75 Fehler beim Zugriff auf Pfad/Datei: /dev/zero"_s);
     EXPECT_EQ(refusal([&] { sys::Kill(path(u"fehlt"_s)); }), NoFile + u"fehlt"_s);
