@@ -189,7 +189,7 @@ TEST(JahresUbertrag, EinUnlesbaresJahrWirdGenanntBevorEinesGeschriebenIst)
         jet::engine().release();
         QFile::setPermissions(hof.ort().verzeichnis(), QFile::Permissions(0x7755));
         stoere(hof.journaldatei(2026));
-        const pid_t kind = startChild([&] {
+        const pid_t kind = startChild([&hof, genannt = genannt] {
             constexpr uid_t Nobody = 65534; // root may look everywhere
             EXPECT_TRUE(geteuid() != 0 || setuid(Nobody) == 0);
             const qint64 groesse = QFileInfo(hof.journaldatei(2026)).size();

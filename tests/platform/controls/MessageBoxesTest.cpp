@@ -131,7 +131,7 @@ TEST(Wiring, AHandlerThatFailsIsReportedAndRefuses)
             if (++tries == 1) throw jet::Error(jet::ErrorNumber::Locked, u"Gesperrt."_s);
         });
         sys::MausWarten();
-        imNaechstenFenster([&](QWidget& box) {
+        imNaechstenFenster([key = key](QWidget& box) {
             EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::ArrowCursor);
             EXPECT_EQ(qobject_cast<QMessageBox*>(&box)->icon(), QMessageBox::Critical);
             EXPECT_TRUE(textOf(box).endsWith(u"Fehler: 3218 wurde ausgelöst durch ZABLAGER\nGesperrt."_s));
