@@ -3,6 +3,8 @@
 #include "platform/system/Path.h"
 #include "platform/system/Settings.h"
 
+#include <zablager/FileError.h>
+
 #include <QDir>
 #include <QFile>
 
@@ -22,7 +24,13 @@ void setze(const QString& abschnitt, const QString& wert)
 
 Installation::Installation(const QString& verzeichnis)
     : m_verzeichnis(QDir::cleanPath(QDir(verzeichnis).absolutePath()))
-{}
+{
+    // An empty name is a value that somebody forgot. Below what is no whole path we would write, and delete, elsewhere.
+    if (verzeichnis.isEmpty() || !QDir::isAbsolutePath(m_verzeichnis))
+        throw sys::FileError(sys::FileErrorNumber::PathNotFound,
+                             u"Das Verzeichnis '"_s + verzeichnis +
+                                 u"' ist nicht zu finden: Sein Name ist leer, oder das aktuelle gibt es nicht mehr."_s);
+}
 
 QString Installation::unter(const QString& pfad) const
 {

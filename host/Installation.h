@@ -11,7 +11,8 @@
 ///     einstellungen/  the settings, so that a demo or a test cannot touch a real farm
 class Installation {
 public:
-    explicit Installation(const QString& verzeichnis); ///< Nothing is created by naming it.
+    /// Nothing is created by naming it. \throws sys::FileError for an empty name, or where no whole path comes of it.
+    explicit Installation(const QString& verzeichnis);
 
     QString verzeichnis() const { return m_verzeichnis; } ///< Absolute.
     // Each is found whatever its case: a farm may have been copied from a system that does not tell cases apart.
