@@ -34,9 +34,10 @@ public:
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no such file");
     }
 
-    QString names(const QString& of = {}) const ///< All in a directory, hidden ones too.
+    QString names() const ///< All in the directory, hidden ones too.
     {
-        return QDir(path(of)).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot).join(u' ');
+        const QStringList all = QDir(path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+        return all.join(u' ');
     }
 
     /// "53 Datei nicht gefunden: %", with % for this directory; empty when there is none.
@@ -52,29 +53,26 @@ public:
         return {};
     }
 
-    /// Whether it is refused so to a program in that position.
+    /// Whether a program of one who is not root is refused so.
     template <class Action>
-    bool refuses(bool (*position)(), const QString& told, const Action& action) const
+    bool refusesNobody(const QString& told, const Action& action) const
     {
-        return exitCode(startChild([&] { return position() && refusal(action) == told ? 0 : 1; })) == 0;
+        return exitCode(startChild([&] {
+                   constexpr uid_t Nobody = 65534; // root may read and write everywhere
+                   return (geteuid() == 0 && setuid(Nobody) != 0) || refusal(action) != told ? 1 : 0;
+               })) == 0;
     }
 
-    static bool asNobody() { return geteuid() != 0 || setuid(65534) == 0; } ///< Root may read and write everywhere.
-
-    template <rlim_t Bytes> ///< That a file may grow to.
-    static bool onFullDisk()
+    /// Whether it is refused so where no file can grow beyond `bytes`.
+    template <class Action>
+    bool refusesFullDisk(rlim_t bytes, const QString& told, const Action& action) const
     {
-        std::signal(SIGXFSZ, SIG_IGN); // the write fails instead of ending the process
-        const rlimit limit{Bytes, Bytes};
-        return setrlimit(RLIMIT_FSIZE, &limit) == 0;
+        return exitCode(startChild([&] {
+                   std::signal(SIGXFSZ, SIG_IGN); // the write fails instead of ending the process
+                   const rlimit limit{bytes, bytes};
+                   return setrlimit(RLIMIT_FSIZE, &limit) != 0 || refusal(action) != told ? 1 : 0;
+               })) == 0;
     }
-
-    /// How refusals begin.
-    const QString Access = QStringLiteral("75 Fehler beim Zugriff auf Pfad/Datei: %/"),
-                  NoPath = QStringLiteral("76 Pfad nicht gefunden: %/"),
-                  NoFile = QStringLiteral("53 Datei nicht gefunden: %/"),
-                  Denied = QStringLiteral("70 Zugriff verweigert: %/"),
-                  Full = QStringLiteral("61 Datenträger voll: %/");
 
 private:
     const QTemporaryDir root;

@@ -104,7 +104,7 @@ TEST_F(Output, LeavesNothingHalfWritten)
         EXPECT_FALSE(report::writePdf(document, path(name), [](qsizetype done, qsizetype) { return done < 2; }));
     EXPECT_EQ(refusal(to(u"weg/neu.pdf"_s)), u"76 Pfad nicht gefunden: %/weg/neu.pdf"_s);
     EXPECT_EQ(refusal(to({})), u"75 Fehler beim Zugriff auf Pfad/Datei: %"_s);
-    EXPECT_TRUE(refuses(&onFullDisk<2000>, Full + u"alt.pdf"_s, to(u"alt.pdf"_s)));
+    EXPECT_TRUE(refusesFullDisk(2000, u"61 Datenträger voll: %/alt.pdf"_s, to(u"alt.pdf"_s)));
     EXPECT_EQ(read(u"alt.pdf"_s), "former");
     EXPECT_EQ(names(), before);
 }

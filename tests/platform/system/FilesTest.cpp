@@ -10,6 +10,10 @@ namespace {
 
 class Files : public testing::Test, protected Folder {};
 
+const QString Access = u"75 Fehler beim Zugriff auf Pfad/Datei: %/"_s, NoPath = u"76 Pfad nicht gefunden: %/"_s,
+              NoFile = u"53 Datei nicht gefunden: %/"_s, Denied = u"70 Zugriff verweigert: %/"_s,
+              Full = u"61 Datenträger voll: %/"_s;
+
 } // namespace
 
 TEST_F(Files, AreFoundWhateverTheirCase)
@@ -17,33 +21,35 @@ TEST_F(Files, AreFoundWhateverTheirCase)
     for (const auto& name : {u"Lager.vorlage"_s, u"Daten/B4711/lager.2024"_s, u"Größe/Äcker/.versteckt"_s, u"BEIDE/x"_s,
                              u"beide/y"_s, u"ab"_s, u"aB"_s})
         write(name, {});
-    const char* const cases[][2] = {
-        {"\\DATEN\\b4711\\LAGER.2024", "/Daten/B4711/lager.2024"},
-        {"\\Daten/b4711\\", "/Daten/B4711/"},
-        {"\\\\Daten\\B4711", "//Daten/B4711"},
-        {"\\daten\\..\\lager.VORLAGE", "/Daten/../Lager.vorlage"},
-        {"\\GRÖSSE", "/GRÖSSE"},
-        {"\\GRÖßE\\äCKER\\.Versteckt", "/Größe/Äcker/.versteckt"},
-        {"\\ab", "/ab"},
-        {"\\AB", "/aB"}, // several other spellings: the first in alphabetical order
-        {"\\Beide\\X", "/BEIDE/x"},
-        {"\\beide\\X", "/beide/X"}, // the exact directory wins although the file is in the other one
-        {"\\daten\\B1\\lager.2024", "/Daten/B1/lager.2024"},
+    const std::tuple<const char*, const char*, bool> cases[] = {
+        {"\\DATEN\\b4711\\LAGER.2024", "/Daten/B4711/lager.2024", true},
+        {"\\Daten/b4711\\", "/Daten/B4711/", true},
+        {"\\\\Daten\\B4711", "//Daten/B4711", true},
+        {"\\daten\\..\\lager.VORLAGE", "/Daten/../Lager.vorlage", true},
+        {"\\GRÖSSE", "/GRÖSSE", false},
+        {"\\GRÖßE\\äCKER\\.Versteckt", "/Größe/Äcker/.versteckt", true},
+        {"\\ab", "/ab", true},
+        {"\\AB", "/aB", true}, // several other spellings: the first in alphabetical order
+        {"\\Beide\\X", "/BEIDE/x", true},
+        {"\\beide\\X", "/beide/X", false}, // the exact directory wins although the file is in the other one
+        {"\\daten\\B1\\lager.2024", "/Daten/B1/lager.2024", false},
+        {"\\lager.vorlage\\daten", "/Lager.vorlage/daten", false},
     };
-    for (const auto& [asked, found] : cases) {
-        const QString expected = path() + QString::fromUtf8(found);
-        EXPECT_EQ(sys::localPath(path() + QString::fromUtf8(asked)), expected);
-        EXPECT_EQ(sys::Exist(path() + QString::fromUtf8(asked)), QFile::exists(expected) ? -1 : 0) << asked;
+    for (const auto& [asked, found, exists] : cases) {
+        EXPECT_EQ(sys::localPath(path() + QString::fromUtf8(asked)), path() + QString::fromUtf8(found));
+        EXPECT_EQ(sys::Exist(path() + QString::fromUtf8(asked)), exists ? -1 : 0) << asked;
     }
+    EXPECT_EQ(sys::localPath(u"D:\\Daten\\B4711"_s), u"D:/Daten/B4711"_s);
+    EXPECT_EQ(sys::Exist({}), 0);
     const QString before = QDir::currentPath();
     QDir::setCurrent(path());
     EXPECT_EQ(sys::localPath(u"DATEN\\b4711"_s), u"Daten/B4711"_s);
     EXPECT_EQ(sys::Dir(u"LAGER.???????"_s), QStringList(u"Lager.vorlage"_s));
     QDir::setCurrent(before);
 
-    for (const int letters : {144, 145}) { // programs of the family keep no more
-        qputenv("windir", QByteArray(letters, 'w'));
-        EXPECT_EQ(sys::WindowsVerzeichnis().size(), letters == 144 ? 144 : 0);
+    for (const auto& [set, found] : {std::pair("C:\\Windows"_ba, "C:\\Windows"_ba), {QByteArray(145, 'w'), ""_ba}}) {
+        qputenv("windir", set);
+        EXPECT_EQ(sys::WindowsVerzeichnis(), QString::fromLatin1(found)); // programs of the family keep 144 letters
     }
 }
 
@@ -67,6 +73,7 @@ TEST_F(Files, DirFollowsTheClassicWildcardRule)
     };
     for (const auto& [pattern, found] : cases)
         EXPECT_EQ(sys::Dir(path() + u"\\HOF\\"_s + QString::fromUtf8(pattern)).join(u' '), QString::fromUtf8(found));
+    EXPECT_EQ(sys::Dir(path() + u"\\B1\\Lager.????"_s), QStringList());
 }
 
 TEST_F(Files, ACopyIsWholeOrNotThere)
@@ -92,13 +99,14 @@ TEST_F(Files, ACopyIsWholeOrNotThere)
     EXPECT_EQ(names(), u"lager.2024 Lager.2026 Lager.vorlage"_s);
     EXPECT_EQ(asked.join(u", "_s), u"Lager.vorlage alt, lager.2024 alt, Lager.vorlage vvv, Lager.2025 vvv, "
                                    u"Lager.vorlage vvv, Lager.2026 vvv, Lager.2025 vvv"_s);
-    write(u"Lager.vorlage"_s, QByteArray(5'000, 'g'));
-    const QString from = path(u"Lager.vorlage"_s), known = path(u"neu"_s); // not the draft that it is written as
-    EXPECT_TRUE(
-        refuses(&onFullDisk<4096>, Full + u"Lager.2026"_s, [&] { sys::FileCopy(from, path(u"Lager.2026"_s)); }));
-    EXPECT_TRUE(refuses(&onFullDisk<4096>, Full + u"neu"_s, [&] { sys::CopyWhereMissing(from, known); }));
+    for (const int size : {5'000, 5'000'000}) {
+        write(u"voll"_s, QByteArray(size, 'g'));
+        const QString full = path(u"voll"_s), old = path(u"Lager.2026"_s), fresh = path(u"neu"_s);
+        EXPECT_TRUE(refusesFullDisk(4096, Full + u"Lager.2026"_s, [&] { sys::FileCopy(full, old); })); // not its draft
+        EXPECT_TRUE(refusesFullDisk(4096, Full + u"neu"_s, [&] { sys::CopyWhereMissing(full, fresh); }));
+    }
     EXPECT_EQ(read(u"Lager.2026"_s), "gebucht");
-    EXPECT_EQ(names(), u"lager.2024 Lager.2026 Lager.vorlage"_s) << "nothing half stays behind";
+    EXPECT_EQ(names(), u"lager.2024 Lager.2026 Lager.vorlage voll"_s) << "nothing half stays behind";
     sys::surroundings().letGo.clear();
 }
 
@@ -108,28 +116,32 @@ TEST_F(Files, RefusalsNameTheFileAndChangeNone)
     write(u"ziel"_s, "alt");
     write(u"ordner/ziel"_s, "alt");
     const QString longest(300, u'x');
-    const QString copies[][3] = {{u"fehlt"_s, u"ziel"_s, NoFile + u"fehlt"_s},
-                                 {u"fehlt/da"_s, u"ziel"_s, NoPath + u"fehlt/da"_s},
-                                 {u"da"_s, u"fehlt/ziel"_s, NoPath + u"fehlt/ziel"_s},
-                                 {u"da"_s, u"da/ziel"_s, NoPath + u"da/ziel"_s},
-                                 {u"da"_s, u"Ordner"_s, Access + u"ordner"_s},
-                                 {u"ordner"_s, u"ziel"_s, Access + u"ordner"_s},
-                                 {u"da"_s, longest, Access + longest}};
-    for (const auto& copied : copies)
-        EXPECT_EQ(refusal([&] { sys::FileCopy(path(copied[0]), path(copied[1])); }), copied[2]);
-    EXPECT_EQ(refusal([&] { sys::FileCopy(u"/dev/zero"_s, path(u"ziel"_s)); }), // it would never end
-              u"75 Fehler beim Zugriff auf Pfad/Datei: /dev/zero"_s);
-    EXPECT_EQ(refusal([&] { sys::Kill(path(u"fehlt"_s)); }), NoFile + u"fehlt"_s);
-    EXPECT_EQ(refusal([&] { sys::Kill(path(u"ordner"_s)); }), Access + u"ordner"_s);
+    const QString changes[][3] = {
+        // copies, and without a target deletions
+        {u"fehlt"_s, u"ziel"_s, NoFile + u"fehlt"_s},
+        {u"fehlt/da"_s, u"ziel"_s, NoPath + u"fehlt/da"_s},
+        {u"da"_s, u"fehlt/ziel"_s, NoPath + u"fehlt/ziel"_s},
+        {u"da"_s, u"da/ziel"_s, NoPath + u"da/ziel"_s},
+        {u"da"_s, u"Ordner"_s, Access + u"ordner"_s},
+        {u"ordner"_s, u"ziel"_s, Access + u"ordner"_s},
+        {u"da"_s, longest, Access + longest},
+        {u"/dev/zero"_s, u"ziel"_s, QString(Access).replace(u"%/"_s, u"/dev/zero"_s)}, // endless
+        {u"fehlt"_s, {}, NoFile + u"fehlt"_s},
+        {u"ordner"_s, {}, Access + u"ordner"_s},
+    };
+    const auto change = [&](const QString& from, const QString& to) {
+        return [=, this] { to.isEmpty() ? sys::Kill(path(from)) : sys::FileCopy(path(from), path(to)); };
+    };
+    for (const auto& [from, to, told] : changes)
+        EXPECT_EQ(refusal(change(from, to)), told);
 
     QFile::setPermissions(path(), QFile::Permissions(0x7755));
     QFile::setPermissions(path(u"da"_s), QFile::Permissions(0x6664));
     QFile::setPermissions(path(u"ordner/ziel"_s), QFile::Permissions(0x4444));
     QFile::setPermissions(path(u"ordner"_s), QFile::Permissions(0x5555));
-    const auto copy = [&](const QString& to) { sys::FileCopy(path(u"da"_s), path(to)); };
-    EXPECT_TRUE(refuses(&asNobody, Denied + u"ordner/neu"_s, [&] { copy(u"ordner/neu"_s); }));
-    EXPECT_TRUE(refuses(&asNobody, Access + u"ordner/ziel"_s, [&] { copy(u"ordner/ziel"_s); }));
-    EXPECT_TRUE(refuses(&asNobody, Denied + u"ordner/ziel"_s, [&] { sys::Kill(path(u"ordner/ziel"_s)); }));
+    EXPECT_TRUE(refusesNobody(Denied + u"ordner/neu"_s, change(u"da"_s, u"ordner/neu"_s)));
+    EXPECT_TRUE(refusesNobody(Access + u"ordner/ziel"_s, change(u"da"_s, u"ordner/ziel"_s)));
+    EXPECT_TRUE(refusesNobody(Denied + u"ordner/ziel"_s, change(u"ordner/ziel"_s, {})));
     QFile::setPermissions(path(u"ordner"_s), QFile::Permissions(0x7755));
     EXPECT_EQ(read(u"ziel"_s) + read(u"ordner/ziel"_s), "altalt");
     EXPECT_EQ(names(), u"da ordner ziel"_s);
