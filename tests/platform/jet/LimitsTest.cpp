@@ -93,7 +93,6 @@ TEST_F(Limits, ARefusalNamesTheFileAndThePlace)
     const auto rows = m_database->OpenRecordset(u"SELECT * FROM Eins"_s);
     const auto snapshot = m_database->OpenRecordset(u"SELECT * FROM Eins"_s, jet::Kind::Snapshot);
     const std::pair<int, std::function<void()>> calls[] = {
-        {3061, [&] { m_database->OpenRecordset(u"SELECT Menge FROM Eins"_s); }},
         {3078, [&] { m_database->OpenRecordset(u"Zwei"_s); }},
         {3464, [&] { rows->FindFirst(u"T = 1"_s); }},
         {3265, [&] { (*rows)[u"Menge"]; }},

@@ -7,22 +7,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QRegularExpression& numberForm()
-{
-    static const QRegularExpression form(u"^[+-]?\\d+(\\.\\d+)?(e[+-]?\\d+)?$"_s);
-    return form;
-}
-
-const QRegularExpression& dateForm()
-{
-    static const QRegularExpression form(u"^(\\d\\d\\.\\d\\d\\.\\d{4})( \\d\\d:\\d\\d:\\d\\d)?$"_s);
-    return form;
-}
+const QRegularExpression NumberForm(u"^[+-]?\\d+(\\.\\d+)?(e[+-]?\\d+)?$"_s);
+const QRegularExpression DateForm(u"^(\\d\\d\\.\\d\\d\\.\\d{4})( \\d\\d:\\d\\d:\\d\\d)?$"_s);
 
 bool needsQuotes(const QString& text)
 {
     return text.isEmpty() || text != text.trimmed() || text == u"NULL"_s || text.contains(u'\n') ||
-           text.startsWith(u'\'') || numberForm().match(text).hasMatch() || dateForm().match(text).hasMatch();
+           text.startsWith(u'\'') || NumberForm.match(text).hasMatch() || DateForm.match(text).hasMatch();
 }
 
 QString writtenText(QString text)
@@ -52,14 +43,13 @@ jet::Value read(QStringView cell)
 {
     const QString text = cell.trimmed().toString();
     if (text == u"NULL"_s) return {};
-    if (text.size() >= 2 && text.startsWith(u'\'') && text.endsWith(u'\'')) {
+    if (text.size() >= 2 && text.startsWith(u'\'') && text.endsWith(u'\''))
         return text.mid(1, text.size() - 2).replace(u"\\n"_s, u"\n"_s);
-    }
-    if (dateForm().match(text).hasMatch()) {
+    if (DateForm.match(text).hasMatch()) {
         const QString time = text.size() > 10 ? text.mid(11) : u"00:00:00"_s;
         return QDateTime(QDate::fromString(text.left(10), u"dd.MM.yyyy"_s), QTime::fromString(time), Qt::UTC);
     }
-    if (numberForm().match(text).hasMatch()) return text.toDouble();
+    if (NumberForm.match(text).hasMatch()) return text.toDouble();
     return text;
 }
 
@@ -85,6 +75,14 @@ QString writtenType(const jet::Field& field)
                                         "Currency", "Single",  "Double", "Date",  "Text", "Memo"};
     const QString name = QString::fromLatin1(names[static_cast<int>(field.type)]);
     return field.type == jet::Type::Text ? u"%1(%2)"_s.arg(name).arg(field.size) : name;
+}
+
+QString writtenTypes(jet::Database& database, const QString& sql)
+{
+    QStringList columns;
+    for (const jet::Field& field : database.OpenRecordset(sql)->Fields())
+        columns += field.name + u' ' + writtenType(field);
+    return columns.join(u", "_s);
 }
 
 QString writtenRows(jet::Database& database, const QString& sql, jet::Kind kind)

@@ -27,6 +27,8 @@ QString writtenRow(const std::vector<jet::Value>& row);
 QString writtenRow(const jet::Recordset& rows);
 /// Type of a column as it is declared: "Text(50)", "Counter", "Double".
 QString writtenType(const jet::Field& field);
+/// Names and types of a statement's columns, joined by ", ".
+QString writtenTypes(jet::Database& database, const QString& sql);
 
 /// All rows of a statement, joined by "; "; "-" without.
 QString writtenRows(jet::Database& database, const QString& sql, jet::Kind kind = jet::Kind::Default);

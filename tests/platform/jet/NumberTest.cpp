@@ -2,20 +2,7 @@
 #include "tests/platform/jet/Scratch.h"
 #include "tests/support/Print.h"
 
-#include <random>
-
 using namespace Qt::StringLiterals;
-
-namespace {
-
-/// `number` / 10^decimals, written out.
-QString decimal(qint64 number, int decimals)
-{
-    const QString digits = QString::number(number).rightJustified(decimals + 1, u'0');
-    return decimals == 0 ? digits : digits.chopped(decimals) + u'.' + digits.right(decimals);
-}
-
-} // namespace
 
 TEST(Number, OfFourBytesRoundsHalfToEven)
 {
@@ -24,28 +11,6 @@ TEST(Number, OfFourBytesRoundsHalfToEven)
     EXPECT_EQ(jet::Value(2147483647.4).toLong(), 2147483647);
     EXPECT_EQ(refused([] { (void)jet::Value(2147483647.5).toLong(); }), 6);
     EXPECT_EQ(refused([] { (void)jet::Value(u"zwei"_s).toLong(); }), 3421);
-}
-
-// What a person sees is rounded, not the binary number behind it: compared with whole-number arithmetic.
-TEST(Number, IsRoundedAsItIsWritten)
-{
-    const Scratch scratch;
-    const auto database =
-        scratch.create(u"Lager.2024"_s, {u"CREATE TABLE Eins (N Long)"_s, u"INSERT INTO Eins VALUES (1)"_s});
-    std::mt19937_64 random(7);
-    for (int n = 0; n < 4000; ++n) {
-        const int decimals = static_cast<int>(random() % 7);
-        qint64 number = static_cast<qint64>(random() % 10'000'000'000'000) >> (random() % 40);
-        if (n % 2 == 0) number = number / 10 * 10 + 5; // every other one stands at a half
-        const qint64 whole = number / 10;
-        const qint64 last = number % 10;
-        const bool up = last > 5 || (last == 5 && whole % 2 == 1);
-        const QString written = decimal(number, decimals + 1);
-        const auto rounded = database->OpenRecordset(u"SELECT Round("_s + written + u", "_s +
-                                                     QString::number(decimals) + u") AS X FROM Eins"_s);
-        ASSERT_EQ((*rounded)[u"X"].toDouble(), decimal(whole + (up ? 1 : 0), decimals).toDouble())
-            << written.toStdString() << " to " << decimals;
-    }
 }
 
 TEST(Number, IsShownTheGermanWay)

@@ -2,7 +2,9 @@
 
 #include "tests/platform/jet/Notation.h"
 
-#include <QDir>
+#include <QFile>
+
+#include <gtest/gtest.h>
 
 #include <cstdlib>
 
@@ -26,9 +28,16 @@ std::unique_ptr<jet::Database> Scratch::open(const QString& name, const QString&
     return jet::engine().OpenDatabase(path(name), connect);
 }
 
-QStringList Scratch::files() const
+QByteArray Scratch::bytes(const QString& name) const
 {
-    return QDir(m_directory.path()).entryList(QDir::Files | QDir::Hidden, QDir::Name);
+    QFile file(path(name));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void Scratch::write(const QString& name, const QByteArray& bytes) const
+{
+    QFile file(path(name));
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size()) << name.toStdString();
 }
 
 std::string rowsOf(jet::Database& database, const QString& sql)

@@ -21,7 +21,9 @@ public:
     /// A new, empty database file. `statements` are executed in it one after the other.
     std::unique_ptr<jet::Database> create(const QString& name, const QStringList& statements = {}) const;
     std::unique_ptr<jet::Database> open(const QString& name, const QString& connect = {}) const;
-    QStringList files() const; ///< Names of all files in the directory, sorted.
+
+    QByteArray bytes(const QString& name) const;
+    void write(const QString& name, const QByteArray& bytes) const; ///< The whole file.
 
 private:
     QTemporaryDir m_directory;

@@ -48,27 +48,15 @@ struct Block {
     std::vector<Line> lines;
 };
 
-Block beginBlock(const QString& head, int number)
-{
-    const QString left = head.section(u"  "_s, 0, 0);
-    return {number, left.section(u' ', 0, 0), left.section(u' ', 1), head.section(u"  "_s, 1).trimmed(), {}};
-}
-
-void takeApart(Line& line)
-{
-    const qsizetype arrow = line.question.lastIndexOf(u" => "_s);
-    if (arrow < 0) return;
-    line.answer = line.question.mid(arrow + 4).trimmed();
-    line.question = line.question.left(arrow).trimmed();
-}
-
-std::vector<Block> readScript(const QString& file)
+/// `directory` stands for %DIR%.
+std::vector<Block> readScript(const QString& file, const QString& directory)
 {
     QFile source(file);
     if (!source.open(QIODevice::ReadOnly)) throw std::runtime_error("cannot read " + file.toStdString());
     std::vector<Block> blocks;
     bool inBlock = false;
-    for (int number = 1; const QString& text : QString::fromUtf8(source.readAll()).split(u'\n')) {
+    const QString all = QString::fromUtf8(source.readAll()).replace(u"%DIR%"_s, directory);
+    for (int number = 1; const QString& text : all.split(u'\n')) {
         if (text.isEmpty()) {
             inBlock = false;
         } else if (inBlock && text.startsWith(u' ')) {
@@ -76,14 +64,19 @@ std::vector<Block> readScript(const QString& file)
         } else if (inBlock) {
             blocks.back().lines.push_back({number, text, {}});
         } else if (!text.startsWith(u'#')) {
-            blocks.push_back(beginBlock(text, number));
+            const QString head = text.section(u"  "_s, 0, 0);
+            blocks.push_back(
+                {number, head.section(u' ', 0, 0), head.section(u' ', 1), text.section(u"  "_s, 1).trimmed(), {}});
             inBlock = true;
         }
         ++number;
     }
     for (Block& block : blocks)
-        for (Line& line : block.lines)
-            takeApart(line);
+        for (auto& [line, question, answer] : block.lines)
+            if (const qsizetype arrow = question.lastIndexOf(u" => "_s); arrow >= 0) {
+                answer = question.mid(arrow + 4).trimmed();
+                question = question.left(arrow).trimmed();
+            }
     return blocks;
 }
 
@@ -102,15 +95,13 @@ private:
     {
         static const std::map<QString, void (ScriptRun::*)(const Block&)> kinds{
             {u"setup"_s, &ScriptRun::setUp}, {u"rows"_s, &ScriptRun::addRows},    {u"ask"_s, &ScriptRun::ask},
-            {u"types"_s, &ScriptRun::types}, {u"walk"_s, &ScriptRun::walk},       {u"use"_s, &ScriptRun::use},
+            {u"types"_s, &ScriptRun::ask},   {u"walk"_s, &ScriptRun::walk},       {u"use"_s, &ScriptRun::use},
             {u"link"_s, &ScriptRun::link},   {u"include"_s, &ScriptRun::include},
         };
         m_file = file;
-        for (const Block& block : readScript(file)) {
-            const auto kind = kinds.find(block.word);
-            if (kind == kinds.end())
-                fail(block.number, block.word, u"an unknown kind of block"_s, u"one of those above"_s);
-            else if (const std::string refused = refusal([&] { (this->*kind->second)(block); }); !refused.empty())
+        for (const Block& block : readScript(file, m_scratch.path({}))) {
+            const auto kind = kinds.at(block.word); // an unknown one ends the test
+            if (const std::string refused = refusal([&] { (this->*kind)(block); }); !refused.empty())
                 fail(block.number, block.word, QString::fromStdString(refused), u"no refusal"_s);
         }
     }
@@ -127,7 +118,7 @@ private:
     {
         database().BeginTrans(); // one commit: a disk is slow
         for (const Line& line : block.lines)
-            database().Execute(filled(line.question));
+            database().Execute(line.question);
         database().CommitTrans();
     }
 
@@ -151,26 +142,16 @@ private:
     void ask(const Block& block)
     {
         for (const Line& line : block.lines) {
-            QString sql = filled(block.argument);
+            QString sql = block.argument;
             if (sql.contains(u"..."))
-                sql.replace(u"..."_s, filled(line.question));
+                sql.replace(u"..."_s, line.question);
             else
-                sql = (sql + u' ' + filled(line.question)).trimmed();
+                sql = (sql + u' ' + line.question).trimmed();
             compare(line, sql, [&] {
+                if (block.word == u"types") return writtenTypes(database(), sql);
                 return isSelection(sql) ? writtenRows(database(), sql) : QString::number(database().Execute(sql));
             });
         }
-    }
-
-    void types(const Block& block)
-    {
-        for (const Line& line : block.lines)
-            compare(line, line.question, [&] {
-                QStringList columns;
-                for (const jet::Field& field : database().OpenRecordset(line.question)->Fields())
-                    columns += field.name + u' ' + writtenType(field);
-                return columns.join(u", "_s);
-            });
     }
 
     void walk(const Block& block)
@@ -201,14 +182,12 @@ private:
         m_file = including;
     }
 
-    QString filled(QString text) const { return text.replace(u"%DIR%"_s, QFileInfo(m_scratch.path(u"x"_s)).path()); }
-
     void compare(const Line& line, const QString& asked, const std::function<QString()>& answer) const
     {
         QString got;
         const std::string refused = refusal([&] { got = answer(); });
         if (!refused.empty()) got = u'!' + QString::fromStdString(refused);
-        const QString wanted = filled(line.answer);
+        const QString& wanted = line.answer;
         const bool fits = wanted.startsWith(u'!') ? got.startsWith(wanted.section(u' ', 0, 0) + u' ') &&
                                                         got.contains(wanted.section(u' ', 1))
                                                   : got == wanted;

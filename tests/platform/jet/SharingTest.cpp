@@ -34,14 +34,6 @@ protected:
     std::unique_ptr<jet::Database> open() const { return m_scratch.open(u"Lager.2024"_s); }
     std::unique_ptr<jet::Database> openElsewhere() { return m_other.OpenDatabase(path()); }
 
-    static void write(const QString& file, qint64 at, const QByteArray& bytes)
-    {
-        QFile target(file);
-        ASSERT_TRUE(target.open(QIODevice::ReadWrite));
-        target.seek(at);
-        target.write(bytes);
-    }
-
     Scratch m_scratch;
     jet::Engine m_other;
     const std::string m_locked =
@@ -166,15 +158,16 @@ TEST_F(Sharing, TheJournalOfAnotherProgramsDatabaseIsLeftAlone)
 {
     m_scratch.create(u"fremd.db"_s)->Close();
     jet::engine().release();
-    write(path(u"fremd.db"_s), 68, QByteArray(4, '\0'));          // where SQLite keeps the number of the program
-    write(path(u"fremd.db-journal"_s), 0, QByteArray(600, '\0')); // begun, nothing in it yet
-    write(path(u"Notiz.txt"_s), 0, "kein Bestand");
-    write(path(u"Notiz.txt-journal"_s), 0, "Rest");
+    // Where SQLite keeps the number of the program, and a journal that is begun with nothing in it yet.
+    m_scratch.write(u"fremd.db"_s, m_scratch.bytes(u"fremd.db"_s).replace(68, 4, QByteArray(4, '\0')));
+    m_scratch.write(u"fremd.db-journal"_s, QByteArray(600, '\0'));
+    m_scratch.write(u"Notiz.txt"_s, "kein Bestand");
+    m_scratch.write(u"Notiz.txt-journal"_s, "Rest");
     for (const QString& name : {u"fremd.db"_s, u"Notiz.txt"_s})
         sys::FileCopy(path(name), path(u"Kopie"_s));
     EXPECT_TRUE(QFile::exists(path(u"fremd.db-journal"_s)));
     EXPECT_FALSE(QFile::exists(path(u"Notiz.txt-journal"_s)));
-    write(path(u"Lager.1999-journal"_s), 0, "Rest"); // of a file that was deleted
+    m_scratch.write(u"Lager.1999-journal"_s, "Rest"); // of a file that was deleted
     m_scratch.create(u"Lager.1999"_s)->Execute(u"CREATE TABLE J (A Long)"_s);
     EXPECT_FALSE(QFile::exists(path(u"Lager.1999-journal"_s)));
 }
