@@ -88,7 +88,7 @@ with tempfile.TemporaryDirectory() as farm:
     assert second.Get_Bestand("Mühlenkleie", "H1", DAY) == 2.5  # the farm is that of the last carry-forward
     application = QApplication([])
     lager.Betriebsname = "Lindenhof"
-    lager.Stichdatum = datetime.date(2024, 6, 1)
+    lager.Stichdatum = second.Stichdatum = datetime.date(2024, 6, 1)  # without a day it is refused for that
     QTimer.singleShot(5, visit)
     lager.LagerbestandLaden()
     assert seen == ["Lagerverwaltung des Betriebes 4711 Lindenhof, ", "1 Bewegung", 2.5, 5], seen
