@@ -104,7 +104,7 @@ TEST_F(Output, LeavesNothingHalfWritten)
         EXPECT_FALSE(report::writePdf(document, path(name), [](qsizetype done, qsizetype) { return done < 2; }));
     EXPECT_EQ(refusal(to(u"weg/neu.pdf"_s)), u"76 Pfad nicht gefunden: %/weg/neu.pdf"_s);
     EXPECT_EQ(refusal(to({})), u"75 Fehler beim Zugriff auf Pfad/Datei: %"_s);
-    EXPECT_TRUE(refusesFullDisk(2000, u"61 Datenträger voll: %/alt.pdf"_s, to(u"alt.pdf"_s)));
+    EXPECT_TRUE(refusesFullDisk(6000, u"61 Datenträger voll: %/alt.pdf"_s, to(u"alt.pdf"_s)));
     EXPECT_EQ(read(u"alt.pdf"_s), "former");
     EXPECT_EQ(names(), before);
 }
@@ -150,7 +150,7 @@ TEST_F(Output, TurnsPagesAndSizesByKeys)
          u"3 Seitenbreite 0+0"_s},                       // turns only where a whole page is on view
         {u"{Ende}{Alt+G}{Auf}", u"5 Ganze Seite 2+5"_s}, // another size leaves the page
         {u"{Ab}{Ab}", u"5 50 % 3+3"_s},
-        {u"{Alt+E}2{Eingabe}{PgUp}", u"1 50 % 0+0"_s},
+        {u"{Alt+E}{Eingabe}{Ende}{PgUp}{PgUp}", u"3 50 % 0+0"_s},
         {u"{Ende}{Ctrl++}{Ctrl++}{Ctrl+-}", u"5 63 % 2+4"_s},
         {u"{Alt+G}{Alt+Ab}{Eingabe}", u"5 50 % 3+3"_s}, // chosen as before
         {u"{Ab}{Ab}{Ab}{Alt+E}5{Eingabe}", u"5 150 % 1+8"_s},
