@@ -2,6 +2,8 @@
 
 #include "platform/system/CaughtError.h"
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -69,6 +71,8 @@ void SpaeteBindung::abgesichert(const std::function<void()>& aufruf)
     }
     try {
         aufruf();
+        if (std::exchange(m_fehlernummer, 0) != 0)
+            m_fehler.clear(); // of a call that came while this one was on its way
     } catch (...) {
         const sys::CaughtError fehler = sys::caughtError();
         m_fehler = fehler.text;

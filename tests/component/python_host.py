@@ -35,7 +35,7 @@ def visit():
     if screen is None:
         return QTimer.singleShot(5, visit)
     seen.extend([screen.windowTitle(), screen.findChild(QTableView, "Journalliste").property("Caption"),
-                 lager.Get_Bestand("Mühlenkleie", "H1", DAY), refusal(second.LagerbestandLaden)])
+                 lager.Get_Bestand("Mühlenkleie", "H1", DAY), refusal(lager.LagerbestandLaden)])
     screen.close()
 
 
@@ -88,7 +88,7 @@ with tempfile.TemporaryDirectory() as farm:
     assert second.Get_Bestand("Mühlenkleie", "H1", DAY) == 2.5  # the farm is that of the last carry-forward
     application = QApplication([])
     lager.Betriebsname = "Lindenhof"
-    lager.Stichdatum = second.Stichdatum = datetime.date(2024, 6, 1)  # without a day it is refused for that
+    lager.Stichdatum = datetime.date(2024, 6, 1)
     QTimer.singleShot(5, visit)
     lager.LagerbestandLaden()
     assert seen == ["Lagerverwaltung des Betriebes 4711 Lindenhof, ", "1 Bewegung", 2.5, 5], seen
