@@ -31,7 +31,7 @@ protected:
 
 TEST_F(Settings, ReadWhatAPersonWroteAtEveryCall)
 {
-    const QByteArray text = "\xEF\xBB\xBF[Gemeinsame]\r\n; Pfade\r\n# auch ein Kommentar\r\n\r\n"
+    const QByteArray text = "\xEF\xBB\xBF[Gemeinsame]\r\n; Pfade=1\r\n#2=auch ein Kommentar\r\n\r\n"
                             "Verzeichnisname=D:\\Höfe\\B;1,\"2\"=x \r\n  Abstand = zwei Leerzeichen\r\nleer=\r\n"
                             "kein Wert\r\nleer=zweiter\r\n[DATENVERZEICHNIS]\r\nverzeichnisname=/srv\\daten\r\n"
                             "[ gemeinsame ]\r\nspät=ohne Zeilenende";
@@ -43,7 +43,7 @@ TEST_F(Settings, ReadWhatAPersonWroteAtEveryCall)
         {"Datenverzeichnis", "Verzeichnisname", "/srv\\daten"},
         {"GEMEINSAME", "SPÄT", "ohne Zeilenende"},
         {"Gemeinsame", "kein Wert", "vorgabe"},
-        {"fehlt", "leer", "vorgabe"},
+        {"Gemeinsame", "#2", "vorgabe"},
         {"Gemeinsame", "; Pfade", "vorgabe"},
     };
     for (const auto& [section, key, value] : cases)
