@@ -1,14 +1,13 @@
-#include "tests/platform/jet/Notation.h"
+#include "platform/jet/Database.h"
+#include "platform/jet/TableDef.h"
 #include "tests/platform/jet/Scratch.h"
-#include "tests/platform/jet/Walk.h"
 
-#include <QDirIterator>
+#include <QDir>
 #include <QFile>
-#include <QFileInfo>
+#include <QRegularExpression>
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <map>
 #include <stdexcept>
 
@@ -21,206 +20,243 @@
 //   ask STATEMENT  title     "what stands for ... in the statement => answer"; without ... it is the statement's end.
 //                            Rows answer "1 | Weizen; 2 | Hafer" or "-" for none, an action the number of its rows
 //   types                    "statement => name and type of each column, ..."
-//   walk KINDS SOURCE title  "call; call => where the recordset then stands", see Walk.h; kinds have a / between them
-//   use FILE                 none: what follows goes to this database file, which is opened anew or created
-//   link NAME  FILE          none: links the table of that name in another file
+//   walk KINDS SOURCE title  "call; call => where the recordset then stands", see Walk; kinds have a / between them
+//   use FILE  LOCALE         none: what follows goes to this database file, which is opened anew or created
+//   open FILE                "connect text => refusal, if any"
+//   link CONNECT             "name = table of the other file => refusal, if any"
 //   include FILE             none: the blocks of another file
 //
-// Values are written as Notation.h says. "!3061 'Preis'" answers a refusal of that number whose text holds the rest.
+// Values are written as Scratch.h says; "{3*N%,}" is a text that repeats, "N0,N1,N2,", and %% there % + 1; %DIR% is the folder of the database files. "!3061 'Preis'" answers a refusal of
+// that number whose text holds the rest.
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/// One line of a block, taken apart at its last " => ".
-struct Line {
-    int number; ///< In the file, from 1.
-    QString question;
-    QString answer;
-};
-
-/// One block of a test file.
-struct Block {
-    int number = 0; ///< Of its first line in the file.
-    QString word;
-    QString argument; ///< What follows the word.
-    QString title;    ///< What follows after two blanks.
-    std::vector<Line> lines;
-};
-
-/// `directory` stands for %DIR%.
-std::vector<Block> readScript(const QString& file, const QString& directory)
-{
-    QFile source(file);
-    if (!source.open(QIODevice::ReadOnly)) throw std::runtime_error("cannot read " + file.toStdString());
-    std::vector<Block> blocks;
-    bool inBlock = false;
-    const QString all = QString::fromUtf8(source.readAll()).replace(u"%DIR%"_s, directory);
-    for (int number = 1; const QString& text : all.split(u'\n')) {
-        if (text.isEmpty()) {
-            inBlock = false;
-        } else if (inBlock && text.startsWith(u' ')) {
-            blocks.back().lines.back().question += text;
-        } else if (inBlock) {
-            blocks.back().lines.push_back({number, text, {}});
-        } else if (!text.startsWith(u'#')) {
-            const QString head = text.section(u"  "_s, 0, 0);
-            blocks.push_back(
-                {number, head.section(u' ', 0, 0), head.section(u' ', 1), text.section(u"  "_s, 1).trimmed(), {}});
-            inBlock = true;
-        }
-        ++number;
+/// A recordset that a test file walks through. Beside its own calls, such as "Set Menge = 5", it knows
+///
+///   Put F = value     Edit, Set and Update; answers what the field then holds
+///   Mark, Back        keeps the current row's bookmark, goes back to it
+///   BackToModified    goes to the row that was written last
+///   Row 2             answers the row at that place, "gone" where there is none any more
+///   From 2 criterion  answers the place that FindFrom finds
+///   Count, Place      answer RecordCount and AbsolutePosition
+///   elsewhere SQL     executes a statement as another program would
+///   Close             closes the database
+class Walk {
+public:
+    Walk(jet::Database& database, const QString& kind, const QString& source) : m_database(database)
+    {
+        const QStringList kinds{u"Default"_s, u"Table"_s, u"Dynaset"_s, u"Snapshot"_s};
+        m_rows = database.OpenRecordset(source, static_cast<jet::Kind>(kinds.indexOf(kind)));
     }
-    for (Block& block : blocks)
-        for (auto& [line, question, answer] : block.lines)
-            if (const qsizetype arrow = question.lastIndexOf(u" => "_s); arrow >= 0) {
-                answer = question.mid(arrow + 4).trimmed();
-                question = question.left(arrow).trimmed();
-            }
-    return blocks;
-}
 
-bool isSelection(const QString& sql)
+    /// Does calls that stand with "; " between them. \returns the answer of the last one or, where it has none, the row
+    /// that is current then, "Bof", "Eof" or both.
+    QString run(const QString& calls)
+    {
+        QString answer;
+        for (const QString& text : calls.split(u"; "_s))
+            answer = call(text.section(u' ', 0, 0), text.section(u' ', 1));
+        if (!answer.isEmpty()) return answer;
+        if (m_rows->Bof()) return m_rows->Eof() ? u"Bof Eof"_s : u"Bof"_s;
+        return m_rows->Eof() ? u"Eof"_s : writtenRow(*m_rows);
+    }
+
+private:
+    QString call(const QString& name, const QString& argument)
+    {
+        static const std::map<QString, void (jet::Recordset::*)()> plain{
+            {u"MoveFirst"_s, &jet::Recordset::MoveFirst}, {u"MoveLast"_s, &jet::Recordset::MoveLast},
+            {u"MoveNext"_s, &jet::Recordset::MoveNext},   {u"MovePrevious"_s, &jet::Recordset::MovePrevious},
+            {u"AddNew"_s, &jet::Recordset::AddNew},       {u"CancelUpdate"_s, &jet::Recordset::CancelUpdate},
+            {u"Edit"_s, &jet::Recordset::Edit},           {u"Update"_s, &jet::Recordset::Update},
+            {u"Delete"_s, &jet::Recordset::Delete},
+        };
+        if (plain.contains(name)) return (m_rows.get()->*plain.at(name))(), QString();
+        const QString field = argument.section(u" = "_s, 0, 0);
+        const jet::Value value = read(argument.section(u" = "_s, 1));
+        const qsizetype place = argument.section(u' ', 0, 0).toInt();
+        if (name == u"Count") return QString::number(m_rows->RecordCount());
+        if (name == u"Place") return QString::number(m_rows->AbsolutePosition());
+        if (name == u"From") return QString::number(m_rows->FindFrom(place, argument.section(u' ', 1)));
+        if (name == u"Row") {
+            const auto row = m_rows->RowAt(place);
+            return row ? writtenRow(*row) : u"gone"_s;
+        }
+        if (name == u"Put") {
+            m_rows->Edit();
+            m_rows->Set(field, value);
+            m_rows->Update();
+            return written((*m_rows)[field]);
+        }
+        if (name == u"FindFirst") {
+            m_rows->FindFirst(argument);
+            return m_rows->NoMatch() ? u"no match"_s : QString();
+        }
+        if (name == u"Set")
+            m_rows->Set(field, value);
+        else if (name == u"Mark")
+            m_mark = m_rows->GetBookmark();
+        else if (name == u"Back")
+            m_rows->SetBookmark(m_mark);
+        else if (name == u"BackToModified")
+            m_rows->SetBookmark(m_rows->LastModified());
+        else if (name == u"Close")
+            m_database.Close();
+        else if (name == u"elsewhere")
+            m_other.OpenDatabase(m_database.Name())->Execute(argument);
+        else
+            throw std::runtime_error("no call of a recordset: " + name.toStdString());
+        return {};
+    }
+
+    jet::Database& m_database;
+    jet::Engine m_other;
+    std::unique_ptr<jet::Recordset> m_rows;
+    jet::Bookmark m_mark;
+};
+
+/// "{3*N%,}" in a text stands for "N0,N1,N2,"; %% is the number after that of %.
+QString repeated(QString text)
 {
-    return sql.startsWith(u"SELECT"_s, Qt::CaseInsensitive) && !sql.contains(u" INTO "_s, Qt::CaseInsensitive);
+    static const QRegularExpression form(u"\\{(\\d+)\\*([^}]*)\\}"_s);
+    for (auto match = form.match(text); match.hasMatch(); match = form.match(text)) {
+        QString all;
+        for (int i = 0; i < match.captured(1).toInt(); ++i)
+            all += match.captured(2).replace(u"%%"_s, QString::number(i + 1)).replace(u'%', QString::number(i));
+        text.replace(match.capturedStart(), match.capturedLength(), all);
+    }
+    return text;
 }
 
 /// Runs the blocks of one file on fresh database files.
 class ScriptRun {
 public:
-    explicit ScriptRun(const QString& file) { run(file); }
+    void run(const QString& name)
+    {
+        QFile file(QDir(QStringLiteral(JET_TEST_SCRIPTS)).filePath(name));
+        if (!file.open(QIODevice::ReadOnly)) throw std::runtime_error("cannot read " + name.toStdString());
+        QString text = QString::fromUtf8(file.readAll());
+        text.replace(u"\n "_s, u" "_s).replace(u"%DIR%"_s, m_scratch.path({}));
+        for (const QString& block : text.split(u"\n\n"_s)) {
+            QStringList lines = block.split(u'\n', Qt::SkipEmptyParts);
+            while (!lines.isEmpty() && lines.front().startsWith(u'#'))
+                lines.removeFirst();
+            if (lines.isEmpty()) continue;
+            const QString head = lines.takeFirst();
+            const QString left = head.section(u"  "_s, 0, 0);
+            perform(left.section(u' ', 0, 0), left.section(u' ', 1), head.section(u"  "_s, 1).trimmed(), lines);
+        }
+    }
 
 private:
-    void run(const QString& file)
+    /// The title is what follows after two blanks.
+    void perform(const QString& word, const QString& argument, const QString& title, const QStringList& lines)
     {
-        static const std::map<QString, void (ScriptRun::*)(const Block&)> kinds{
-            {u"setup"_s, &ScriptRun::setUp}, {u"rows"_s, &ScriptRun::addRows},    {u"ask"_s, &ScriptRun::ask},
-            {u"types"_s, &ScriptRun::ask},   {u"walk"_s, &ScriptRun::walk},       {u"use"_s, &ScriptRun::use},
-            {u"link"_s, &ScriptRun::link},   {u"include"_s, &ScriptRun::include},
+        const auto ask = [&](const auto& answer) {
+            for (const QString& line : lines)
+                compare(line, answer);
         };
-        m_file = file;
-        for (const Block& block : readScript(file, m_scratch.path({}))) {
-            const auto kind = kinds.at(block.word); // an unknown one ends the test
-            if (const std::string refused = refusal([&] { (this->*kind)(block); }); !refused.empty())
-                fail(block.number, block.word, QString::fromStdString(refused), u"no refusal"_s);
+        if (word == u"include") {
+            run(argument);
+        } else if (word == u"use") {
+            m_name = argument;
+            m_locale = title;
+            m_databases.erase(m_name);
+            jet::engine().release();
+        } else if (word == u"setup" || word == u"rows") {
+            database().BeginTrans(); // one commit: a disk is slow
+            ask([&](const QString& line) { return word == u"setup" ? execute(line) : addRow(argument, title, line); });
+            database().CommitTrans();
+        } else if (word == u"ask") {
+            const QString sql = argument.contains(u"...") ? argument : argument + u" ..."_s;
+            ask([&](const QString& line) { return execute(QString(sql).replace(u"..."_s, line).trimmed()); });
+        } else if (word == u"types") {
+            ask([&](const QString& line) { return types(line); });
+        } else if (word == u"open") {
+            ask([&](const QString& line) { return m_scratch.open(argument, line), QString(); });
+        } else if (word == u"link") {
+            ask([&](const QString& line) {
+                database().CreateTableDef(line.section(u" = "_s, 0, 0), argument, line.section(u" = "_s, 1));
+                return QString();
+            });
+        } else if (word == u"walk") {
+            for (const QString& kind : argument.section(u' ', 0, 0).split(u'/')) {
+                Walk walk(database(), kind, argument.section(u' ', 1));
+                ask([&](const QString& line) { return walk.run(line); });
+            }
+        } else {
+            throw std::runtime_error("no kind of block: " + word.toStdString());
         }
     }
 
     jet::Database& database()
     {
         auto& database = m_databases[m_name];
-        const bool isThere = QFile::exists(m_scratch.path(m_name));
-        if (!database) database = isThere ? m_scratch.open(m_name) : m_scratch.create(m_name);
+        const QString path = m_scratch.path(m_name);
+        if (!database && QFile::exists(path)) database = jet::engine().OpenDatabase(path, m_locale);
+        if (!database) database = jet::engine().CreateDatabase(path, m_locale);
         return *database;
     }
 
-    void setUp(const Block& block)
+    QString execute(const QString& sql)
     {
-        database().BeginTrans(); // one commit: a disk is slow
-        for (const Line& line : block.lines)
-            database().Execute(line.question);
-        database().CommitTrans();
+        if (sql.startsWith(u"SELECT"_s, Qt::CaseInsensitive) && !sql.contains(u" INTO "_s, Qt::CaseInsensitive))
+            return QString::fromStdString(rowsOf(database(), sql));
+        return QString::number(database().Execute(sql));
     }
 
-    void addRows(const Block& block)
+    QString addRow(const QString& table, const QString& columns, const QString& line)
     {
-        const QStringList names = block.title.split(u" | "_s);
-        const auto table = database().OpenRecordset(block.argument, jet::Kind::Dynaset);
-        database().BeginTrans();
-        for (const Line& line : block.lines) {
-            const QStringList cells = line.question.split(u" | "_s);
-            if (cells.size() != names.size())
-                return fail(line.number, line.question, u"another number of values"_s, block.title);
-            table->AddNew();
-            for (qsizetype i = 0; i < cells.size(); ++i)
-                table->Set(names[i], read(cells[i]));
-            table->Update();
+        const auto rows = database().OpenRecordset(table, jet::Kind::Dynaset);
+        rows->AddNew();
+        for (qsizetype i = 0; const QString& name : columns.split(u" | "_s))
+            rows->Set(name, read(line.split(u" | "_s).value(i++)));
+        rows->Update();
+        return {};
+    }
+
+    QString types(const QString& sql)
+    {
+        static const char* const names[] = {"Null",     "Boolean", "Byte",   "Short", "Long", "Counter",
+                                            "Currency", "Single",  "Double", "Date",  "Text", "Memo"};
+        QStringList columns;
+        for (const jet::Field& field : database().OpenRecordset(sql)->Fields()) {
+            columns += field.name + u' ' + QString::fromLatin1(names[static_cast<int>(field.type)]);
+            if (field.type == jet::Type::Text) columns.back() += u"(%1)"_s.arg(field.size);
         }
-        database().CommitTrans();
+        return columns.join(u", "_s);
     }
 
-    void ask(const Block& block)
+    /// Compares the answer to a line with the one that stands behind its last " => "; without one it must not be refused.
+    static void compare(const QString& line, const std::function<QString(const QString&)>& answer)
     {
-        for (const Line& line : block.lines) {
-            QString sql = block.argument;
-            if (sql.contains(u"..."))
-                sql.replace(u"..."_s, line.question);
-            else
-                sql = (sql + u' ' + line.question).trimmed();
-            compare(line, sql, [&] {
-                if (block.word == u"types") return writtenTypes(database(), sql);
-                return isSelection(sql) ? writtenRows(database(), sql) : QString::number(database().Execute(sql));
-            });
-        }
-    }
-
-    void walk(const Block& block)
-    {
-        for (const QString& kind : block.argument.section(u' ', 0, 0).split(u'/')) {
-            Walk walk(database(), kind, block.argument.section(u' ', 1));
-            for (const Line& line : block.lines)
-                compare(line, kind + u": "_s + line.question, [&] { return walk.run(line.question); });
-        }
-    }
-
-    void use(const Block& block)
-    {
-        m_name = block.argument;
-        m_databases.erase(m_name);
-    }
-
-    void link(const Block& block)
-    {
-        database().CreateTableDef(block.argument, u"MS Access;DATABASE="_s + m_scratch.path(block.title),
-                                  block.argument);
-    }
-
-    void include(const Block& block)
-    {
-        const QString including = m_file;
-        run(QFileInfo(m_file).dir().filePath(block.argument));
-        m_file = including;
-    }
-
-    void compare(const Line& line, const QString& asked, const std::function<QString()>& answer) const
-    {
+        const qsizetype arrow = line.lastIndexOf(u" => "_s);
+        const QString wanted = arrow < 0 ? QString() : line.mid(arrow + 4).trimmed();
         QString got;
-        const std::string refused = refusal([&] { got = answer(); });
+        const std::string refused = refusal([&] { got = answer(repeated(line.left(arrow).trimmed())); });
         if (!refused.empty()) got = u'!' + QString::fromStdString(refused);
-        const QString& wanted = line.answer;
         const bool fits = wanted.startsWith(u'!') ? got.startsWith(wanted.section(u' ', 0, 0) + u' ') &&
                                                         got.contains(wanted.section(u' ', 1))
-                                                  : got == wanted;
-        if (!fits) fail(line.number, asked, got, wanted);
+                          : arrow < 0 ? refused.empty()
+                                      : got == wanted;
+        EXPECT_TRUE(fits) << line.toStdString() << "\n-- got: " << got.toStdString();
     }
 
-    void fail(int line, const QString& asked, const QString& got, const QString& wanted) const
-    {
-        ADD_FAILURE_AT(m_file.toStdString().c_str(), line)
-            << asked.toStdString() << "\n-- got:    " << got.toStdString() << "\n-- wanted: " << wanted.toStdString();
-    }
-
-    QString m_file;
     Scratch m_scratch;
     std::map<QString, std::unique_ptr<jet::Database>> m_databases;
     QString m_name = u"Lager.2024"_s; ///< Of the database file in use.
+    QString m_locale;
 };
 
-/// As std::string, which a failed test prints readably.
+/// Names of the test files; as std::string, which a failed test prints readably.
 std::vector<std::string> scripts()
 {
-    std::vector<std::string> paths;
-    QDirIterator search(QStringLiteral(JET_TEST_SCRIPTS), {u"*.test"_s}, QDir::Files, QDirIterator::Subdirectories);
-    while (search.hasNext())
-        paths.push_back(search.next().toStdString());
-    std::ranges::sort(paths);
-    return paths;
-}
-
-std::string nameOf(const testing::TestParamInfo<std::string>& info)
-{
-    const QFileInfo file(QString::fromStdString(info.param));
-    return (file.dir().dirName() + u'_' + file.completeBaseName()).toStdString();
+    std::vector<std::string> names;
+    for (const QString& file : QDir(QStringLiteral(JET_TEST_SCRIPTS)).entryList({u"*.test"_s}, QDir::Files))
+        names.push_back(file.chopped(5).toStdString());
+    return names;
 }
 
 } // namespace
@@ -229,7 +265,7 @@ class Script : public testing::TestWithParam<std::string> {};
 
 TEST_P(Script, ComesBackAsWritten)
 {
-    ScriptRun(QString::fromStdString(GetParam()));
+    ScriptRun().run(QString::fromStdString(GetParam()) + u".test"_s);
 }
 
-INSTANTIATE_TEST_SUITE_P(Jet, Script, testing::ValuesIn(scripts()), nameOf);
+INSTANTIATE_TEST_SUITE_P(Jet, Script, testing::ValuesIn(scripts()), [](const auto& script) { return script.param; });
