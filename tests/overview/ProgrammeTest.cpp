@@ -7,6 +7,7 @@
 #include "tests/support/Testbetrieb.h"
 
 #include <QClipboard>
+#include <QDir>
 #include <QFile>
 #include <QGuiApplication>
 #include <QTest>
@@ -16,11 +17,15 @@ using namespace Qt::StringLiterals;
 TEST(Programme, DieHilfeDerFamilieKommtVorDemHandbuchUndFehlendeWirdGenannt)
 {
     Testbetrieb hof;
-    const QString hilfe = hof.ort().programm() + u"/Lager.CHM"_s;
-    ASSERT_TRUE(QFile(hilfe).open(QIODevice::WriteOnly));
+    const QDir ort(hof.ort().verzeichnis());
+    const QString hilfe = ort.filePath(u"Lager.CHM"_s),
+                  handbuch = ort.filePath(u"share/doc/zablager/handbuch/buchen.html"_s);
+    ASSERT_TRUE(ort.mkpath(u"share/doc/zablager/handbuch"_s) && ort.mkpath(u"lib"_s));
+    for (const QString& datei : {hilfe, handbuch})
+        ASSERT_TRUE(QFile(datei).open(QIODevice::WriteOnly));
     {
         Rekorder oeffner(u"xdg-open"_s);
-        zeigeHilfe(hof.ort().programm() + u"\\lager.chm"_s, {}, u"buchen"_s);
+        zeigeHilfe(ort.path() + u"\\lager.chm"_s, ort.filePath(u"lib/zablager.so"_s), u"buchen"_s);
         EXPECT_EQ(oeffner.aufruf(), QStringList{hilfe});
     }
     zeigeHilfe(u"/fehlt\\Lager.chm"_s, u"/fehlt/lib/zablager.so"_s, u"buchen"_s);
