@@ -190,6 +190,12 @@ TEST_F(Output, OfThePreviewNeedsNoFileAnyMore)
     EXPECT_EQ(save(u"{Esc}"_s), path(u"Lieferschein 1-25 Müller.pdf"_s)) << "the folder of before";
     qunsetenv("XDG_CONFIG_HOME");
     EXPECT_EQ(canReadPdf() ? readPdf(path(u"Bericht.pdf"_s)).size() : 5, 5u);
+    if (QPrinterInfo::availablePrinterNames().isEmpty()) {
+        testing::internal::CaptureStderr();
+        tippe(u"{Strg+P}");
+        const std::string told = testing::internal::GetCapturedStderr();
+        EXPECT_EQ(told, "Es ist kein Drucker eingerichtet. Der Bericht kann als PDF gespeichert werden.\n");
+    }
     tippe(u"{Esc}");
     EXPECT_TRUE(QTest::qWaitFor([this] { return window.isNull(); }));
 }
