@@ -1,8 +1,8 @@
 // The loadable library in a host with a screen.
 
+#include "tests/platform/system/Rekorder.h"
 #include "tests/support/Bildschirm.h"
 #include "tests/support/Print.h"
-#include "tests/support/Rekorder.h"
 #include "tests/support/Testbetrieb.h"
 
 #include <zablager/DatabaseError.h>

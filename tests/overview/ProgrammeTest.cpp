@@ -2,8 +2,8 @@
 
 #include "core/TextImEditorZeigen.h"
 #include "overview/Hilfe.h"
+#include "tests/platform/system/Rekorder.h"
 #include "tests/support/Print.h"
-#include "tests/support/Rekorder.h"
 #include "tests/support/Testbetrieb.h"
 
 #include <QClipboard>

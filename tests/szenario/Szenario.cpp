@@ -7,8 +7,8 @@
 #include "tests/platform/family/Tabellenblatt.h"
 #include "tests/platform/jet/Fremdprogramm.h"
 #include "tests/platform/report/Pdf.h"
+#include "tests/platform/system/Rekorder.h"
 #include "tests/support/Bildschirm.h"
-#include "tests/support/Rekorder.h"
 #include "tests/szenario/Bedienung.h"
 #include "tests/szenario/Musterhof.h"
 

@@ -1,7 +1,7 @@
 #include "platform/family/GridExport.h"
 #include "tests/platform/controls/GridScreen.h"
 #include "tests/platform/family/Tabellenblatt.h"
-#include "tests/support/Rekorder.h"
+#include "tests/platform/system/Rekorder.h"
 
 #include <zablager/FileError.h>
 

@@ -2,7 +2,7 @@
 
 #include "platform/jet/Engine.h"
 #include "platform/report/Paginator.h"
-#include "tests/support/Folder.h"
+#include "tests/platform/system/Folder.h"
 
 /// A directory with a data file and a report form. The table J has the columns Nr, Artikel, Ort, Menge and T.
 class Desk : public Folder {

@@ -2,7 +2,7 @@
 #include "platform/system/Path.h"
 #include "platform/system/Surroundings.h"
 #include "platform/system/WindowsDirectory.h"
-#include "tests/support/Folder.h"
+#include "tests/platform/system/Folder.h"
 
 using namespace Qt::StringLiterals;
 
@@ -142,6 +142,8 @@ TEST_F(Files, RefusalsNameTheFileAndChangeNone)
     EXPECT_TRUE(refusesNobody(Denied + u"ordner/neu"_s, change(u"da"_s, u"ordner/neu"_s)));
     EXPECT_TRUE(refusesNobody(Access + u"ordner/ziel"_s, change(u"da"_s, u"ordner/ziel"_s)));
     EXPECT_TRUE(refusesNobody(Denied + u"ordner/ziel"_s, change(u"ordner/ziel"_s, {})));
+    QFile::setPermissions(path(u"ordner"_s), QFile::Permissions());
+    EXPECT_TRUE(refusesNobody(Denied + u"ordner"_s, [this] { sys::DirEntries(path(u"ordner/*"_s)); }));
     QFile::setPermissions(path(u"ordner"_s), QFile::Permissions(0x7755));
     EXPECT_EQ(read(u"ziel"_s) + read(u"ordner/ziel"_s), "altalt");
     EXPECT_EQ(names(), u"da ordner ziel"_s);

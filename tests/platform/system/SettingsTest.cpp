@@ -1,5 +1,5 @@
 #include "platform/system/Settings.h"
-#include "tests/support/Folder.h"
+#include "tests/platform/system/Folder.h"
 
 #include <QLockFile>
 

@@ -1,4 +1,4 @@
-#include "tests/support/Rekorder.h"
+#include "tests/platform/system/Rekorder.h"
 
 #include <QFile>
 #include <QTest>
