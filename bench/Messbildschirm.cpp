@@ -92,7 +92,8 @@ void Messbildschirm::klickeKopf(const char* liste, int spalte)
 bool Messbildschirm::tippe(const char* liste, int spalte, const QString& wort)
 {
     auto& tabelle = teil<DataGrid>(liste);
-    tabelle.setCurrentIndex(tabelle.model()->index(0, spalte)); // ends the word before
+    for (const int zeile : {1, 0}) // the word before ends where the current row changes
+        tabelle.setCurrentIndex(tabelle.model()->index(zeile, spalte));
     for (const QChar buchstabe : wort) {
         QKeyEvent taste(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, buchstabe);
         QCoreApplication::sendEvent(&tabelle, &taste);

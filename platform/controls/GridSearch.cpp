@@ -54,6 +54,15 @@ bool mayBegin(const GridModel& model, int column, const QString& word)
            std::none_of(word.begin(), word.end(), [](QChar c) { return c.isLetter(); });
 }
 
+/// What is tried before a figure is written out for each row: none that is smaller begins with the word, however it is
+/// rounded. Empty for a word that may begin with a sign or a zero.
+QString leastCriterion(const QString& field, const QString& word)
+{
+    const QString whole = word.section(u',', 0, 0).remove(u'.');
+    if (whole.isEmpty() || whole[0] < u'1' || whole[0] > u'9') return {};
+    return field + u" >= "_s + QString::number(whole.toDouble() - 0.5, 'f', 1) + u" AND "_s;
+}
+
 /// What the engine looks for: the rows that show a text beginning with the word.
 QString criterion(const GridModel& model, int column, const QString& word)
 {
@@ -63,6 +72,7 @@ QString criterion(const GridModel& model, int column, const QString& word)
     if (type == jet::Type::Date) return dateCriterion(field, word);
     if (jet::isText(type)) return textCriterion(field, word);
     const QString shown = begins(field, searched.NumberFormat(), word);
+    if (const QString least = leastCriterion(field, word); !least.isEmpty()) return least + shown;
     return model.hidesZero(column) ? field + u" <> 0 AND "_s + shown : shown;
 }
 

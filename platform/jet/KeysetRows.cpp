@@ -7,6 +7,38 @@
 
 namespace jet {
 
+namespace {
+
+/// Sorted keys, at least one, that many others are looked up in: a bit for so many keys says first that there is none, since
+/// a search among a hundred thousand waits for memory at each step.
+class KeySet {
+public:
+    explicit KeySet(const std::vector<qint64>& keys) : m_keys(keys)
+    {
+        constexpr quint64 BitsPerKey = 64;
+        const quint64 span = quint64(keys.back()) - quint64(keys.front());
+        m_keysPerBit = span / (BitsPerKey * keys.size()) + 1;
+        m_bits.resize(span / m_keysPerBit + 1);
+        for (const qint64 key : keys)
+            m_bits[bit(key)] = true;
+    }
+
+    bool contains(qint64 key) const
+    {
+        return key >= m_keys.front() && key <= m_keys.back() && m_bits[bit(key)] &&
+               std::binary_search(m_keys.begin(), m_keys.end(), key);
+    }
+
+private:
+    std::size_t bit(qint64 key) const { return (quint64(key) - quint64(m_keys.front())) / m_keysPerBit; }
+
+    const std::vector<qint64>& m_keys;
+    std::vector<bool> m_bits;
+    quint64 m_keysPerBit;
+};
+
+} // namespace
+
 KeysetRows::KeysetRows(std::shared_ptr<Database::Session> session, std::shared_ptr<sqlite::Plan> plan, sql::Shape shape)
     : KeyedRows(std::move(session), std::move(plan), std::move(shape))
 {
@@ -65,17 +97,20 @@ void KeysetRows::findFirst(const QString& criterion)
         moveTo(position);
 }
 
-/// Asks a short stretch of the rows first: what is frequent is met there, and need not be looked for in all of them.
+/// Asks short stretches of the rows first: what is frequent is met there, and need not be looked for in all of them.
 qsizetype KeysetRows::findFrom(qsizetype position, const QString& criterion) const
 {
-    constexpr qsizetype Near = 1000;
     if (position >= count()) position = 0;
     const auto shape = sql::shapeOf(criterion);
-    std::vector<Value> near;
-    for (qsizetype i = position; i < std::min(position + Near, count()); ++i)
-        near.emplace_back(keyAt(i));
-    const auto met = found(criterionKeysAmong(*m_plan, shape), shape, {near});
-    return firstOf(met.empty() ? found(criterionKeys(*m_plan, shape), shape) : met, position);
+    qsizetype asked = position;
+    for (const qsizetype stretch : {500, 2'000}) {
+        std::vector<Value> near;
+        for (const qsizetype end = std::min(asked + stretch, count()); asked < end; ++asked)
+            near.emplace_back(keyAt(asked));
+        const auto met = found(criterionKeysAmong(*m_plan, shape), shape, {near});
+        if (!met.empty()) return firstOf(met, position);
+    }
+    return firstOf(found(criterionKeys(*m_plan, shape), shape), position);
 }
 
 std::vector<qint64> KeysetRows::found(const QByteArray& statement, const sql::Shape& criterion,
@@ -110,10 +145,9 @@ qsizetype KeysetRows::firstOf(const std::vector<qint64>& keys, qsizetype from) c
         const qsizetype behind = lookUp(next, keys.end());
         return behind >= 0 ? behind : lookUp(keys.begin(), next);
     }
+    const KeySet wanted(keys);
     const auto meet = [&](auto row, auto end) {
-        return keys.size() == 1 ? std::find(row, end, keys.front()) : std::find_if(row, end, [&](qint64 key) {
-            return std::binary_search(keys.begin(), keys.end(), key);
-        });
+        return std::find_if(row, end, [&](qint64 key) { return wanted.contains(key); });
     };
     if (const auto behind = meet(start, m_keys.end()); behind != m_keys.end()) return behind - m_keys.begin();
     const auto before = meet(m_keys.begin(), start);

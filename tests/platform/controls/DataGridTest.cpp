@@ -89,8 +89,8 @@ TEST_F(GridScreen, IsWalkedWithTheKeyboard)
 
 TEST_F(GridScreen, FindsTheNextRowThatBeginsAsTyped)
 {
-    for (const auto& remark :
-         {u"'zwei\r\nZeilen' WHERE ID = 2"_s, u"'*?#[o''x' WHERE ID = 3"_s, u"'Öl  alt' WHERE ID = 5"_s})
+    for (const auto& remark : {u"'zwei\r\nZeilen' WHERE ID = 2"_s, u"'*?#[o''x' WHERE ID = 3"_s,
+                               u"'Öl  alt', Menge = 76.999999 WHERE ID = 5"_s})
         change(u"UPDATE LAGERJOURNAL SET Kommentar = "_s + remark);
     m_grid->setCaption(u"6 Zeilen"_s);
     show();
@@ -112,6 +112,7 @@ TEST_F(GridScreen, FindsTheNextRowThatBeginsAsTyped)
         {0, 0, u"05", 2, u"Datum: 05"},
         {0, 0, u"08.06.2024", 5, u"Datum: 08.06.2024"},
         {2, 1, u"1.234,5", 0, u"Zugang: 1.234,5"},
+        {2, 0, u"77", 4, u"Zugang: 77"}, // 76.999999
         {2, 0, u"0", 3, u"Zugang: 0"},
         {2, 0, u"0,00", 3, u"Zugang: 0,00 (nicht gefunden)"},
         {3, 0, u"zwei{Space}z", 1, u"Kommentar: zwei z"},
