@@ -38,7 +38,7 @@ QString gewaehlterBetrieb(const Installation& ort, const QCommandLineParser& auf
 int jahr(const QString& text)
 {
     bool istZahl = false;
-    const int zahl = text.size() == 4 && text[0] != u'+' && text[0] != u' ' ? text.toInt(&istZahl) : 0;
+    const int zahl = text.size() == 4 ? text.toInt(&istZahl) : 0;
     if (!istZahl || zahl < ErstesJahr || zahl > 9999)
         throw Aufruffehler(u"'"_s + text + u"' ist kein Jahr von 1900 bis 9999."_s);
     return zahl;

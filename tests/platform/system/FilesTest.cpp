@@ -23,7 +23,6 @@ TEST_F(Files, AreFoundWhateverTheirCase)
         write(name, {});
     const std::tuple<const char*, const char*, bool> cases[] = {
         {"\\DATEN\\b4711\\LAGER.2024", "/Daten/B4711/lager.2024", true},
-        {"\\Daten/b4711\\", "/Daten/B4711/", true},
         {"\\\\Daten\\B4711", "//Daten/B4711", true},
         {"\\daten\\..\\lager.VORLAGE", "/Daten/../Lager.vorlage", true},
         {"\\GRÖSSE", "/GRÖSSE", false},
@@ -61,9 +60,7 @@ TEST_F(Files, DirFollowsTheClassicWildcardRule)
     QDir().mkpath(path(u"Hof/Lager.2026"_s));
     const char* const cases[][2] = {
         {"Lager.????", "Lager Lager.1 lager.2023 Lager.2024 Lager.ldb"},
-        {"LAGER.2???", "lager.2023 Lager.2024"},
         {"???????.2024", "Lager.2024"},
-        {"????.2024", ""},
         {"Lager?2024", ""}, // a question mark stands for no dot
         {"lager.*b", "Lager.a.b Lager.ldb"},
         {"*.*", "a[1] Lager Lager.1 lager.2023 Lager.2024 Lager.20245 Lager.a.b Lager.ldb Lager2024 ÄCKER.txt"},
