@@ -81,7 +81,8 @@ QStringList verkaeufeOhneDatum(int Jahr)
     const auto journal = oeffneJournal(Jahr);
     const auto verkaeufe = journal->OpenRecordset(
         u"SELECT ID, ARTIKEL, MENGE, EINHEIT, UBERSTALLT_ALT FROM LAGERJOURNAL WHERE ISNULL(DATUM)"
-        u" AND IIF(ISNULL(LIEFERSCHEINNUMMER),0,LIEFERSCHEINNUMMER) = 0 AND BUCHUNGSART = 'Verkauf' AND LEN(TRIM(IIF(ISNULL(UBERSTALLT_ALT),'',UBERSTALLT_ALT))) > 0 ORDER BY ID"_s,
+        u" AND IIF(ISNULL(LIEFERSCHEINNUMMER),0,LIEFERSCHEINNUMMER) = 0 AND BUCHUNGSART = 'Verkauf'"
+        u" AND LEN(TRIM(IIF(ISNULL(UBERSTALLT_ALT),'',UBERSTALLT_ALT))) > 0 ORDER BY ID"_s,
         jet::Kind::Snapshot);
     QStringList zeilen;
     for (; !verkaeufe->Eof(); verkaeufe->MoveNext()) {

@@ -60,6 +60,8 @@ LAZukaufForm::LAZukaufForm(const Hauptansicht& haupt, QWidget* parent)
     if (!m_bild.mitPreis) { // both stand under the fields, the tick first: it is there for more kinds of articles
         ui->Mitte->setContentsMargins(feldspalte, 0, 0, 0);
         ui->Merkmale->setDirection(QBoxLayout::RightToLeft);
+        setTabOrder(ui->txtEinheit, ui->chkBiologisch);
+        setTabOrder(ui->chkBiologisch, ui->OptJa);
     }
     verbinde(*ui->Kopf, *ui->Fuss, *ui->txtMenge, *ui->txtEinheit, *ui->Ampel, {ui->txtPreis, ui->stHandler});
     for (NumberEdit* feld : {ui->txtPreis, ui->txtPreisFaktor, ui->txtBetrag})
@@ -146,11 +148,11 @@ void LAZukaufForm::FelderFullen()
         feld->setValue(0); // where the look-up fails no other article's stock may stay
     berechneBestaende();
     AmpelEinstellen();
+    zeigeVorhanden();
     const auto journal = oeffneJournaldatei();
     const QString artikel = felder().drpArtikel.Text();
     ui->txtBisher->setValue(lagerstand(*journal, artikel, felder().drpLagerort.Text(), ID()));
     ui->txtBisherGesamt->setValue(lagerstand(*journal, artikel, ID()));
-    zeigeVorhanden();
     berechneBestaende();
     if (vergleichsform(artikel) != m_bepreisterArtikel) ermittlePreis(vergleichsform(artikel));
     m_bepreisterArtikel = vergleichsform(artikel);

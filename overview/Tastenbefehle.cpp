@@ -87,7 +87,8 @@ void Tastenbefehle::bindeKnoepfe()
     nenneTaste(Taste::Aendern, *m_ui.Command7_1_);
     nenneTaste(Taste::Loeschen, *m_ui.Command4); // the list itself has the key
     const QString inListen = u"Zeilen kopieren: "_s + tastenname(Taste::Kopieren) + u"\nNeu lesen: "_s +
-                             tastenname(Taste::NeuLesen) + u"\nNächste Gruppe: "_s + tastenname(Taste::NaechsteGruppe);
+                             tastenname(Taste::NeuLesen) + u"\nNächste, vorige Gruppe: "_s +
+                             tastenname(Taste::NaechsteGruppe) + u", "_s + tastenname(Taste::VorigeGruppe);
     for (DataGrid* liste : {m_ui.Journalliste, m_ui.BestandListe})
         liste->setToolTip(inListen); // assistive tools read it too, but while a search tells of itself
 }

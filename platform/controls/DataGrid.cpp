@@ -21,20 +21,38 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+void dim(QPalette& palette)
+{
+    const QColor light = palette.color(QPalette::Highlight), ground = palette.color(QPalette::Window);
+    constexpr int Light = 1, Ground = 2; // parts
+    const auto mixed = [](int a, int b) { return (Light * a + Ground * b) / (Light + Ground); };
+    palette.setColor(QPalette::Highlight, QColor(mixed(light.red(), ground.red()), mixed(light.green(), ground.green()),
+                                                 mixed(light.blue(), ground.blue())));
+    palette.setColor(QPalette::HighlightedText, palette.color(QPalette::Text));
+}
+
 /// Highlights the current row as well: fully while no row is selected, faintly beside others that are. In a grid that keys
-/// do not go to, highlights are grey.
+/// do not go to, highlights are mixed with the ground: the greys of a dark palette are often its usual colours.
 class RowDelegate : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
+
+    /// A frame shows the column that is searched.
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        QStyledItemDelegate::paint(painter, option, index);
+        const auto* const grid = qobject_cast<const DataGrid*>(option.widget);
+        if (!grid || !grid->hasFocus() || grid->currentIndex() != index) return;
+        painter->setPen(option.palette.color(QPalette::HighlightedText));
+        painter->drawRect(option.rect.adjusted(1, 1, -2, -2));
+    }
 
 protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
     {
         QStyledItemDelegate::initStyleOption(option, index);
         const auto* const grid = qobject_cast<const DataGrid*>(option->widget);
-        if (grid && !grid->hasFocus())
-            for (const auto role : {QPalette::Highlight, QPalette::HighlightedText})
-                option->palette.setBrush(role, option->palette.brush(QPalette::Disabled, role));
+        if (grid && !grid->hasFocus()) dim(option->palette);
         if (!grid || grid->currentIndex().row() != index.row() || option->state.testFlag(QStyle::State_Selected))
             return;
         if (!grid->selectionModel()->hasSelection()) {
@@ -308,7 +326,7 @@ bool DataGrid::viewportEvent(QEvent* event)
     const QModelIndex index = indexAt(help->pos());
     const QString text = index.data().toString();
     const bool cut = index.isValid() && fontMetrics().horizontalAdvance(text) + margin() > visualRect(index).width();
-    QToolTip::showText(help->globalPos(), cut ? text : QString(), this);
+    QToolTip::showText(help->globalPos(), cut ? text : toolTip(), this);
     return true;
 }
 

@@ -101,7 +101,11 @@ QString GridExport::Write(const DataGrid& grid, const QString& name, const QStri
     if (!draft.open(QIODevice::WriteOnly | QIODevice::NewOnly)) throw sys::fileFault(errno, path + u".xlsx"_s);
     draft.close();
     auto removeDraft = qScopeGuard([&draft] { draft.remove(); });
-    if (!writeSheet(grid, draft.fileName(), title, progress)) return {};
+    try {
+        if (!writeSheet(grid, draft.fileName(), title, progress)) return {};
+    } catch (const sys::FileError& error) { // the user knows the file, not its draft
+        throw sys::FileError(error.number(), QString(error.text()).replace(draft.fileName(), path + u".xlsx"_s));
+    }
     QString file = takeFreeName(draft, path);
     removeDraft.dismiss();
     return file;

@@ -34,10 +34,10 @@ void openDocument(const QString& path)
                     u"Es gibt auf diesem Rechner kein Programm, das die Datei '"_s + file + u"' öffnet."_s);
 }
 
-void startProgram(const QString& path)
+void startProgram(const QString& path, const QString& file)
 {
     const QString program = localPath(path);
-    if (QProcess::startDetached(program, {})) return;
+    if (QProcess::startDetached(program, {file})) return;
     throw FileError(FileErrorNumber::FileNotFound, u"Das Programm '"_s + program + u"' lässt sich nicht starten."_s);
 }
 

@@ -9,7 +9,7 @@ namespace sys {
 /// \throws FileError FileNotFound when the desktop has no means to open files.
 void openDocument(const QString& path);
 
-/// Starts a program, for which nobody waits. \throws FileError FileNotFound when it cannot be started.
-void startProgram(const QString& path);
+/// Starts a program on a file, for which nobody waits. \throws FileError FileNotFound when it cannot be started.
+void startProgram(const QString& path, const QString& file);
 
 } // namespace sys

@@ -35,19 +35,20 @@ TEST(Programme, DieHilfeDerFamilieKommtVorDemHandbuchUndFehlendeWirdGenannt)
                           u"Wird die Lagerverwaltung neu installiert, so ist auch das Handbuch wieder da."_s});
 }
 
-TEST(Programme, DerEditorBekommtDenTextUeberDieZwischenablage)
+TEST(Programme, DerEditorBekommtDenText)
 {
     Testbetrieb hof;
     const QTemporaryDir windows;
     const QString editor = windows.filePath(u"Notepad.exe"_s);
     QFile datei(editor);
-    ASSERT_TRUE(datei.open(QIODevice::WriteOnly) && datei.write("#!/bin/sh\n: > \"$0.gestartet\"\n") > 0);
+    ASSERT_TRUE(datei.open(QIODevice::WriteOnly) &&
+                datei.write("#!/bin/sh\ngrep Befund $1 > $0.neu && mv $0.neu $0.hat\n") > 0);
     ASSERT_TRUE(datei.setPermissions(QFile::ReadOwner | QFile::ExeOwner));
     datei.close();
     qputenv("windir", windows.path().toLocal8Bit());
     TextImEditorZeigen(u"Befund"_s);
     EXPECT_EQ(QGuiApplication::clipboard()->text(), u"Befund"_s);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return QFile::exists(editor + u".gestartet"_s); }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return QFile::exists(editor + u".hat"_s); }));
     QFile::setPermissions(editor, QFile::ReadOwner); // it cannot be started: the text comes all the same
     TextImEditorZeigen(u"Befund"_s);
     EXPECT_EQ(hof.meldungen().abgeholt(), QStringList(u"Befund"_s));
