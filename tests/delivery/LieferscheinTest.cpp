@@ -1,11 +1,10 @@
-// Under the screen: the file that a note is printed from, what is preset, and that numbers are given together.
+// Under the screen: the file that a note is printed from, and that numbers are given together.
 
 #include "core/Modulzustand.h"
 #include "delivery/Liefereinstellungen.h"
 #include "delivery/Lieferscheindatei.h"
 #include "delivery/Lieferscheinnummern.h"
 #include "platform/system/Files.h"
-#include "platform/system/Settings.h"
 #include "tests/platform/jet/Fremdprogramm.h"
 #include "tests/platform/jet/Plattenstoerung.h"
 #include "tests/support/Print.h"
@@ -47,33 +46,15 @@ TEST(Lieferschein, SeineDateiHatWasEigeneFormulareBrauchen)
                   QStringList(u"NULL | Heu | Futtermittel | 0 | %1 | NULL | NULL"_s.arg(QLatin1StringView(preis))));
         schein.mitPreis = true;
     }
+    modulzustand().Betriebsname = QString(101, u'x');
+    ergaenzeLiefereinstellungen(*hof.oeffne(2024));
+    EXPECT_EQ(hof.zeigt(2024, u"SELECT LEN(LieferscheinZeile1) FROM Liefereinstellungen"_s), QStringList(u"100"_s));
     hof.meldungen().beantworteAlle(sys::Answer::Ignore);
     sys::Kill(hof.journaldatei(2024));
     EXPECT_FALSE(baueLieferscheindatei(datei, 2024, schein)); // what is built half is not left
     ASSERT_TRUE(QDir().mkdir(datei));                         // in whose place nothing can be made
     EXPECT_FALSE(baueLieferscheindatei(datei, 2024, schein));
     EXPECT_TRUE(hof.meldungen().abgeholt().value(1).contains(u"druck.mdb"_s));
-}
-
-TEST(Lieferschein, VorgabenKommenVomBenutzerSonstVomBetrieb)
-{
-    const Testbetrieb hof;
-    modulzustand().Betriebsname = u"Lindenhof"_s;
-    modulzustand().Betriebsadresse = QString(101, u'x');
-    const auto journal = hof.oeffne(2024);
-    const auto vorgaben = [&] {
-        ergaenzeLiefereinstellungen(*journal);
-        return gezeigt(*journal, u"SELECT * FROM Liefereinstellungen"_s);
-    };
-    const QStringList vomBetrieb(u"Standardlieferschein.rpt | Lindenhof | "_s + QString(100, u'x') + u" |  |  | 0"_s);
-    EXPECT_EQ(vorgaben(), vomBetrieb);
-    for (const auto& [name, wert] :
-         {std::pair{"formular", u"A.rpt"_s}, std::pair{"Zeile1", QString(101, u'y')}, std::pair{"Zeile2", u"2"_s},
-          std::pair{"Zeile3", u"3"_s}, std::pair{"Zusatztext", u"Danke"_s}, std::pair{"MitPreis", u"True"_s}})
-        sys::SaveSetting(u"Lagerverwaltung"_s, u"Lieferschein"_s + QLatin1StringView(name), wert);
-    EXPECT_EQ(vorgaben(), vomBetrieb); // the row is the user's by now
-    journal->Execute(u"DELETE FROM Liefereinstellungen"_s);
-    EXPECT_EQ(vorgaben(), QStringList(u"A.rpt | "_s + QString(100, u'y') + u" | 2 | 3 | Danke | -1"_s));
 }
 
 TEST(Lieferschein, JedeStoerungDerPlatteLaesstAlleNummernOderKeine)

@@ -1,13 +1,5 @@
 #include "tests/szenario/Musterhof.h"
 
-#include "platform/system/Clock.h"
-
-#include <QDir>
-#include <QDirIterator>
-#include <QFile>
-
-#include <gtest/gtest.h>
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -51,26 +43,5 @@ Musterhof::Musterhof()
     zustand.Betriebsname = u"Lindenhof"_s;
     zustand.Betriebsadresse = u"Lindenau 3"_s;
     zustand.Anlagenverzeichnis = ort().anlagen();
-    m_zustand = zustand;
     jet::engine().release();
-    for (QDirIterator dateien(ort().verzeichnis(), QDir::Files, QDirIterator::Subdirectories); dateien.hasNext();) {
-        QFile datei(dateien.next());
-        EXPECT_TRUE(datei.open(QIODevice::ReadOnly)) << datei.fileName().toStdString();
-        m_dateien[datei.fileName()] = datei.readAll();
-    }
-}
-
-void Musterhof::stelleHer()
-{
-    jet::engine().release();
-    for (QDirIterator dateien(ort().verzeichnis(), QDir::Files, QDirIterator::Subdirectories); dateien.hasNext();) {
-        const QString name = dateien.next();
-        if (!m_dateien.contains(name)) QFile::remove(name);
-    }
-    for (const auto& [name, inhalt] : m_dateien) {
-        QFile datei(name);
-        EXPECT_TRUE(datei.open(QIODevice::WriteOnly) && datei.write(inhalt) == inhalt.size()) << name.toStdString();
-    }
-    modulzustand() = m_zustand;
-    sys::stelleUhr(m_zustand.Stichdatum);
 }

@@ -81,14 +81,8 @@ TEST(AmpelLED, BehaltWasVomUblichenAbweicht)
         QColor grund;
     } faelle[] = {
         {{}, u"Ampelgrau"_s, {}, QColor(4, 5, 6)},
-        {{{zustand, 99}, {farbe, -2147483633}},
-         u"Ampelrot"_s,
-         {{zustand, 3}, {farbe, 0x8000000F}},
-         QColor(1, 2, 3)}, // signed
-        {{{zustand, 1}, {farbe, 0x123456}},
-         u"Ampelgruen"_s,
-         {{zustand, 1}, {farbe, 0x123456}},
-         QColor(0x56, 0x34, 0x12)},
+        {{{zustand, 99}, {farbe, -2147483633}}, u"Ampelrot"_s, {{zustand, 3}, {farbe, 0x8000000F}}, QColor(1, 2, 3)},
+        {{{zustand, 1}, {farbe, 0x123456}}, u"Ampelgruen"_s, {{zustand, 1}, {farbe, 0x123456}}, QColor(86, 52, 18)},
         {{{farbe, 0x800000FF}}, u"Ampelgrau"_s, {{farbe, 0x800000FF}}, QColor(1, 2, 3)}, // no colour of the system
     };
     QPalette palette;
