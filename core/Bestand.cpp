@@ -3,7 +3,7 @@
 #include "core/Datumstext.h"
 #include "core/Journaldatei.h"
 #include "core/SQLTexte.h"
-#include "platform/jet/Engine.h"
+#include "core/farm/Dateien.h"
 #include "platform/jet/Errors.h"
 #include "platform/system/Files.h"
 #include "platform/system/Messages.h"
@@ -20,8 +20,7 @@ double BestandErmitteln(const QString& Artikel, const QString& Lagerort, QDate S
         sys::critical(u"Der Dateiname "_s + sys::localPath(datei) + u" existiert nicht!"_s);
         return 0;
     }
-    // No connect text here, unlike the carry-forward: a template with a password would end this call.
-    const auto journal = jet::engine().OpenDatabase(datei);
+    const auto journal = oeffneFuerBestand(datei);
     // Names go in as they are, an apostrophe breaks the statement: an error is better than another article's stock.
     const auto summe = journal->OpenRecordset(
         u"SELECT Lagerjournal.Artikel, Lagerjournal.LagerortKurzKu, Sum(Lagerjournal.Menge) AS SumMenge"

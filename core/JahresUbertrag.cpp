@@ -5,6 +5,7 @@
 #include "core/Modulzustand.h"
 #include "core/Verzeichnisse.h"
 #include "core/farm/Jahresdateien.h"
+#include "core/farm/Schema.h"
 #include "platform/jet/Errors.h"
 #include "platform/jet/Rounding.h"
 #include "platform/system/Messages.h"
@@ -93,6 +94,7 @@ void uebertrage(jet::Recordset& quelle, int vonJahr, int nachJahr)
 {
     const auto journal = oeffneJournal(nachJahr);
     if (!uebernimmtVorjahr(*journal)) return;
+    bringeAufStandWennMoeglich(*journal, Dateiart::Lager);
     // Ten thousand rows cost one sync. It begins before the rows are listed, so that two programs that carry forward at
     // once find each other's opening rows.
     journal->BeginTrans();

@@ -2,6 +2,7 @@
 
 #include "core/Modulzustand.h"
 #include "core/Verzeichnisse.h"
+#include "core/farm/Dateien.h"
 #include "core/farm/Jahresdateien.h"
 #include "platform/jet/Engine.h"
 #include "platform/jet/TemplateCopy.h"
@@ -12,26 +13,31 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString betriebsordner()
+QString eigenerOrdner()
 {
-    return datenverzeichnis() + u"\\B"_s + modulzustand().Betriebsnummer;
+    return betriebsordner(datenverzeichnis(), modulzustand().Betriebsnummer);
 }
 
 } // namespace
 
 QString Journaldatei(int jahr)
 {
-    return betriebsordner() + u"\\Lager."_s + QString::number(jahr).rightJustified(4, u'0');
+    return journaldatei(eigenerOrdner(), jahr);
 }
 
 std::vector<int> journaljahre()
 {
-    return jahresdateien(betriebsordner());
+    return jahresdateien(eigenerOrdner());
 }
 
 std::unique_ptr<jet::Database> oeffneJournal(int jahr)
 {
-    return jet::engine().OpenDatabase(Journaldatei(jahr), u";pwd=quenlor"_s);
+    return oeffne(Dateiart::Lager, Journaldatei(jahr));
+}
+
+std::unique_ptr<jet::Database> oeffneJournaldatei()
+{
+    return jet::engine().OpenDatabase(modulzustand().Lagerdatei, modulzustand().Lagerpasswort);
 }
 
 void stelleJournalBereit(const QString& datei)
@@ -39,5 +45,5 @@ void stelleJournalBereit(const QString& datei)
     if (datei.isEmpty())
         throw sys::FileError(sys::FileErrorNumber::FileNotFound,
                              u"Es ist keine Lagerdatei angegeben: Datenverzeichnis ist leer."_s);
-    jet::copyWhereMissing(ProgrammVerzeichnis() + u"\\Lager.vorlage"_s, modulzustand().Lagerpasswort, datei);
+    jet::copyWhereMissing(vorlagedatei(ProgrammVerzeichnis()), modulzustand().Lagerpasswort, datei);
 }

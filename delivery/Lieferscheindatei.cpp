@@ -3,6 +3,7 @@
 #include "core/Journaldatei.h"
 #include "core/SQLTexte.h"
 #include "core/Verzeichnisse.h"
+#include "core/farm/Dateien.h"
 #include "platform/jet/Engine.h"
 #include "platform/system/Blanks.h"
 #include "platform/system/ErrorReport.h"
@@ -37,8 +38,8 @@ void legeTabellenAn(jet::Database& druck)
 {
     for (const QStringView anweisung : Anweisungen)
         druck.Execute(anweisung.toString());
-    druck.CreateTableDef(
-        u"HANDLER"_s, u"Ms Access;pwd=RT-58KX;DATABASE="_s + datenverzeichnis() + u"\\Grundstamm.mdb"_s, u"HANDLER"_s);
+    druck.CreateTableDef(u"HANDLER"_s, verknuepfung(Dateiart::Grundstamm, grundstammdatei(datenverzeichnis())),
+                         u"HANDLER"_s);
 }
 
 /// What is empty stays NULL.

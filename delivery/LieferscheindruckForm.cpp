@@ -1,5 +1,6 @@
 #include "delivery/LieferscheindruckForm.h"
 
+#include "core/farm/Dateien.h"
 #include "ui_LieferscheindruckForm.h"
 
 #include "core/Journaldatei.h"
@@ -145,7 +146,7 @@ void LieferscheindruckForm::schreibeEinstellungen()
 void LieferscheindruckForm::oeffne(DataControl& daten) const
 {
     daten.setDatabaseName(Journaldatei(m_jahr));
-    daten.setConnect(u";pwd=quenlor"_s);
+    daten.setConnect(verbindung(Dateiart::Lager));
     daten.Refresh();
 }
 

@@ -25,6 +25,7 @@ Befehl demoBefehl();
 Befehl bestandBefehl();
 Befehl oeffnenBefehl();
 Befehl uebertragBefehl();
+Befehl aktualisierenBefehl();
 Befehl sqlBefehl();
 
 /// The option that names a farm.

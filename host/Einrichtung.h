@@ -7,6 +7,9 @@
 /// complete or not at all. \throws jet::Error, sys::FileError when something cannot be written.
 void richteEin(const Installation& ort, const QString& Betriebsnummer, int jahr);
 
+/// Brings the template, of which new years are copies, up to date where it can be written. \throws jet::Error
+void bringeVorlageAufStand(const Installation& ort);
+
 /// Brings the report forms that an installation lacks. One that it has stays as it is: the farm's adviser may have changed
 /// it. \throws sys::FileError.
 void legeBerichtsformulareAn(const Installation& ort);

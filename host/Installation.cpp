@@ -1,5 +1,6 @@
 #include "host/Installation.h"
 
+#include "core/farm/Dateien.h"
 #include "platform/system/Path.h"
 #include "platform/system/Settings.h"
 
@@ -37,9 +38,14 @@ QString Installation::unter(const QString& pfad) const
     return sys::localPath(m_verzeichnis + pfad);
 }
 
+QString Installation::betriebsordner(const QString& nummer) const
+{
+    return sys::localPath(::betriebsordner(daten(), nummer));
+}
+
 QString Installation::journaldatei(const QString& nummer, int jahr) const
 {
-    return sys::localPath(betriebsordner(nummer) + u"/Lager."_s + QString::number(jahr));
+    return sys::localPath(::journaldatei(betriebsordner(nummer), jahr));
 }
 
 QStringList Installation::betriebe() const

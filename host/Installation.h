@@ -25,7 +25,7 @@ public:
         return unter(QStringLiteral("/programm/Report/Lagerverwaltung/Lieferscheine"));
     }
     QString einstellungen() const { return unter(QStringLiteral("/einstellungen")); }
-    QString betriebsordner(const QString& nummer) const { return unter(QStringLiteral("/daten/B") + nummer); }
+    QString betriebsordner(const QString& nummer) const;
     QString journaldatei(const QString& nummer, int jahr) const;
 
     QStringList betriebe() const; ///< Farm numbers that have a folder, ascending.

@@ -1,5 +1,6 @@
 #include "host/Komponente.h"
 
+#include "core/farm/Dateien.h"
 #include "platform/system/Files.h"
 #include "platform/system/Messages.h"
 #include "platform/system/Settings.h"
@@ -42,8 +43,8 @@ std::unique_ptr<_Lagerverwaltungsdaten> lagerverwaltungsdaten(const Installation
     lager->setWaehrung(u"EUR"_s);
     lager->setStammverzeichnis(ort.daten());
     lager->setAnlagenverzeichnis(ort.anlagen());
-    lager->setAnlagenpasswort(u"volmira"_s);
-    lager->setLagerpasswort(u";pwd=quenlor"_s);
+    lager->setAnlagenpasswort(kennwort(Dateiart::Anlagen));
+    lager->setLagerpasswort(verbindung(Dateiart::Lager));
     lager->setDatenverzeichnis(ort.journaldatei(Betriebsnummer, Stichdatum.year()));
     lager->setStichdatum(Stichdatum);
     lager->setHerkunft(u"zablager"_s);

@@ -1,4 +1,5 @@
 #include "host/Befehl.h"
+#include "host/Einrichtung.h"
 #include "host/Komponente.h"
 #include "platform/system/Clock.h"
 
@@ -80,6 +81,7 @@ void oeffne(const QCommandLineParser& aufruf)
     const QDate Stichdatum = aufruf.isSet(u"stichdatum"_s) ? datum(aufruf.value(u"stichdatum"_s)) : sys::heute();
     const QString betrieb = gewaehlterBetrieb(ort, aufruf);
     ort.verwende();
+    bringeVorlageAufStand(ort);
     const auto lager = lagerverwaltungsdaten(ort, betrieb, Stichdatum);
     if (!aufruf.isSet(u"bild"_s)) return lager->LagerbestandLaden();
     const Einstellungskopie einstellungen;

@@ -1,8 +1,8 @@
+#include "core/farm/Dateien.h"
 #include "core/farm/Jahresdateien.h"
 #include "host/Ausgabe.h"
 #include "host/Befehl.h"
 #include "host/Komponente.h"
-#include "platform/jet/Engine.h"
 
 #include <zablager/FileError.h>
 
@@ -12,7 +12,7 @@ namespace {
 
 bool hatBuchungen(const Installation& ort, const QString& betrieb, int jahr)
 {
-    const auto journal = jet::engine().OpenDatabase(ort.journaldatei(betrieb, jahr), u";pwd=quenlor"_s);
+    const auto journal = oeffne(Dateiart::Lager, ort.journaldatei(betrieb, jahr));
     return !journal->OpenRecordset(u"LAGERJOURNAL"_s, jet::Kind::Table)->Eof();
 }
 
@@ -24,7 +24,7 @@ QString uebergang(const Installation& ort, const QString& betrieb, int von, int 
     for (int jahr = von + 1; jahr < nach; ++jahr)
         fehlende.append(QString::number(jahr));
     if (!fehlende.isEmpty()) text += u" (ohne "_s + fehlende.join(u", "_s) + u')';
-    const auto ziel = jet::engine().OpenDatabase(ort.journaldatei(betrieb, nach), u";pwd=quenlor"_s);
+    const auto ziel = oeffne(Dateiart::Lager, ort.journaldatei(betrieb, nach));
     return uebernimmtVorjahr(*ziel) ? text : text + u": nicht übernommen, so ist es im Jahr eingestellt"_s;
 }
 

@@ -70,7 +70,8 @@ void fuehreAus(const Befehl& befehl, const QStringList& worte)
 
 std::vector<Befehl> alleBefehle()
 {
-    return {einrichtenBefehl(), demoBefehl(), oeffnenBefehl(), bestandBefehl(), uebertragBefehl(), sqlBefehl()};
+    return {einrichtenBefehl(), demoBefehl(),          oeffnenBefehl(), bestandBefehl(),
+            uebertragBefehl(),  aktualisierenBefehl(), sqlBefehl()};
 }
 
 void fuehreAus(QStringList worte)

@@ -1,7 +1,9 @@
 #include "masks/ErfassungsmaskenModul.h"
 
+#include "core/Journaldatei.h"
 #include "core/Modulzustand.h"
 #include "core/Verzeichnisse.h"
+#include "core/farm/Dateien.h"
 #include "masks/Artikelarten.h"
 #include "masks/Lagerstand.h"
 #include "platform/controls/DataGrid.h"
@@ -22,8 +24,8 @@ constexpr int Rot = 3;
 
 void stelleAufStammdaten(DataControl& daten)
 {
-    daten.setDatabaseName(datenverzeichnis() + u"\\Grundstamm.mdb"_s);
-    daten.setConnect(u";pwd=RT-58KX"_s);
+    daten.setDatabaseName(grundstammdatei(datenverzeichnis()));
+    daten.setConnect(verbindung(Dateiart::Grundstamm));
 }
 
 /// "'Hafer','Weizen'": the articles that the journal has booked under a kind. Names are not escaped.
@@ -50,8 +52,8 @@ void leereFremdenText(DataControl& daten, DataCombo& combo, const QString& feld)
 
 void stelleAufLagerorte(DataControl& daten)
 {
-    daten.setDatabaseName(modulzustand().Anlagenverzeichnis + u"\\Anlagen.mdb"_s);
-    daten.setConnect(u";pwd=volmira"_s);
+    daten.setDatabaseName(anlagendatei(modulzustand().Anlagenverzeichnis));
+    daten.setConnect(verbindung(Dateiart::Anlagen));
     daten.setRecordSource(u"Select * From Objekte where (Objektart = 'Lager' Or Objektart = 'Düngersammelstelle')"
                           u"  AND Anzeigen=True order by Name"_s);
 }
@@ -81,11 +83,6 @@ void ladeEindeutigeArtikel(DataControl& Artikelauswahl, DataCombo& drpArtikel)
 }
 
 } // namespace
-
-std::unique_ptr<jet::Database> oeffneJournaldatei()
-{
-    return jet::engine().OpenDatabase(modulzustand().Lagerdatei, modulzustand().Lagerpasswort);
-}
 
 void fuelleArtikelarten(ComboBox& drpGruppe)
 {

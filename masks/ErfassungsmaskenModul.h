@@ -11,9 +11,6 @@
 /// The rules that all entry masks share. They read the shared state (data directory, open journal, booking kind, year,
 /// mode of change) and keep none of their own. What the database refuses is thrown to the mask's handler.
 
-/// The open journal file, with the connect text of the screens.
-std::unique_ptr<jet::Database> oeffneJournaldatei();
-
 /// Fills the list of article kinds.
 void fuelleArtikelarten(ComboBox& drpGruppe);
 

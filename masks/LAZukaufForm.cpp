@@ -2,6 +2,7 @@
 
 #include "ui_LAZukaufForm.h"
 
+#include "core/Journaldatei.h"
 #include "core/Modulzustand.h"
 #include "masks/Artikelarten.h"
 #include "masks/Buchungsbild.h"

@@ -1,7 +1,9 @@
 #include "overview/Auswertungsdatei.h"
 
+#include "core/Journaldatei.h"
 #include "core/Modulzustand.h"
 #include "core/Verzeichnisse.h"
+#include "core/farm/Dateien.h"
 #include "platform/jet/Engine.h"
 #include "platform/system/ErrorReport.h"
 #include "platform/system/Files.h"
@@ -60,10 +62,10 @@ void Auswertungsdatei::legeAn() const
 
 void Auswertungsdatei::kopiere(const QString& eingrenzung) const
 {
-    const auto journal = jet::engine().OpenDatabase(modulzustand().Lagerdatei, modulzustand().Lagerpasswort);
-    journal->Execute(u"Select IIF(Menge < 0, -Menge,0) as Abgang, IIF(Menge > 0, Menge,0) as Zugang, LAGERJOURNAL.*"
-                     u" INTO JOURNAL IN '"_s +
-                     m_datei + u"' FROM LAGERJOURNAL "_s + eingrenzung);
+    oeffneJournaldatei()->Execute(
+        u"Select IIF(Menge < 0, -Menge,0) as Abgang, IIF(Menge > 0, Menge,0) as Zugang, LAGERJOURNAL.*"
+        u" INTO JOURNAL IN '"_s +
+        m_datei + u"' FROM LAGERJOURNAL "_s + eingrenzung);
 }
 
 void Auswertungsdatei::ergaenzeSpalte(const QString& spalte) const
@@ -75,8 +77,7 @@ void Auswertungsdatei::ergaenzeSpalte(const QString& spalte) const
 /// up is reported once and does not cost the others theirs.
 bool Auswertungsdatei::reichereAn(const QString& Jahr) const
 {
-    const auto stamm =
-        jet::engine().OpenDatabase(ProgrammVerzeichnis() + u"\\ZABStammdaten_"_s + Jahr + u".mdb"_s, u";pwd=RT-58KX"_s);
+    const auto stamm = oeffne(Dateiart::ZABStammdaten, stammdatei(ProgrammVerzeichnis(), Jahr));
     const auto mittel = stamm->OpenRecordset(u"SELECT * FROM PFLANZENSCHUTZMITTEL"_s, jet::Kind::Dynaset);
     const auto auswertung = jet::engine().OpenDatabase(m_datei);
     auswertung->BeginTrans();

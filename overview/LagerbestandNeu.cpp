@@ -6,6 +6,7 @@
 #include "core/Journaldatei.h"
 #include "core/Modulzustand.h"
 #include "core/Verzeichnisse.h"
+#include "core/farm/Schema.h"
 #include "delivery/LieferscheindruckForm.h"
 #include "overview/Ansichten.h"
 #include "overview/Auswertung.h"
@@ -28,7 +29,6 @@
 #include "platform/controls/WindowMemory.h"
 #include "platform/controls/Wiring.h"
 #include "platform/family/DatabaseFile.h"
-#include "platform/jet/Engine.h"
 #include "platform/system/Application.h"
 #include "platform/system/ErrorReport.h"
 #include "platform/system/Files.h"
@@ -48,11 +48,6 @@ namespace {
 
 constexpr int BreiteKleinerBildschirme = 800; // pixels; there the screen takes all of it
 constexpr QSize Entwurfsgroesse(1000, 700);
-
-std::unique_ptr<jet::Database> oeffneJahr()
-{
-    return jet::engine().OpenDatabase(modulzustand().Lagerdatei, modulzustand().Lagerpasswort);
-}
 
 } // namespace
 
@@ -226,7 +221,7 @@ void LagerbestandNeu::bindeJahr()
 {
     Modulzustand& zustand = modulzustand();
     const QString datei = Journaldatei(gewaehltesJahr());
-    const QString vorlage = ProgrammVerzeichnis() + u"\\Lager.Vorlage"_s;
+    const QString vorlage = vorlagedatei(ProgrammVerzeichnis());
     if (sys::Exist(vorlage)) {
         DatabaseFile jahresdatei;
         jahresdatei.setPassword(zustand.Lagerpasswort);
@@ -240,6 +235,7 @@ void LagerbestandNeu::bindeJahr()
         daten->setDatabaseName(datei);
         daten->setConnect(zustand.Lagerpasswort);
     }
+    if (sys::Exist(datei)) bringeAufStandWennMoeglich(*oeffneJournaldatei(), Dateiart::Lager);
 }
 
 void LagerbestandNeu::zeigeJahr()
@@ -274,7 +270,7 @@ void LagerbestandNeu::fuelleJahre()
 
 void LagerbestandNeu::AuswahllistenFullen()
 {
-    fuelle(filterlisten(), *oeffneJahr());
+    fuelle(filterlisten(), *oeffneJournaldatei());
 }
 
 Filterlisten LagerbestandNeu::filterlisten() const
@@ -294,8 +290,9 @@ void LagerbestandNeu::FilterEinstellen()
     markiereZeitraum(*ui->VonDatum, *ui->Buchdatum);
     const auto ausgang = sys::underErrorReport({
         [this] { // litres were once called so
-            oeffneJahr()->Execute(u"UPDATE LAGERJOURNAL SET EINHEIT = 'l' WHERE IIF(Isnull(EINHEIT),'',EINHEIT) = 'Lt'"
-                                  u" AND ARTIKELART = 'Pflanzenschutzmittel'"_s);
+            oeffneJournaldatei()->Execute(
+                u"UPDATE LAGERJOURNAL SET EINHEIT = 'l' WHERE IIF(Isnull(EINHEIT),'',EINHEIT) = 'Lt'"
+                u" AND ARTIKELART = 'Pflanzenschutzmittel'"_s);
             m_dateiAntwortet = true;
         },
         [this] { filtereJournal(*m_haupt, gewaehlteEingrenzung()); },
@@ -303,7 +300,7 @@ void LagerbestandNeu::FilterEinstellen()
             if (m_gemalt) zeigeBestandsliste();
         },
         [this] {
-            ui->M_Vorjahr->setChecked(ohneVorjahr(*oeffneJahr()));
+            ui->M_Vorjahr->setChecked(ohneVorjahr(*oeffneJournaldatei()));
             m_dateiAntwortet = true;
         },
     });
@@ -375,7 +372,7 @@ void LagerbestandNeu::drpJahr_Click()
         return findId(*Journaldaten, ID);
     }
     sys::underErrorReport(
-        {[this] { fuelleFuerAnderesJahr(filterlisten(), *oeffneJahr()); }, [this] { FilterEinstellen(); }});
+        {[this] { fuelleFuerAnderesJahr(filterlisten(), *oeffneJournaldatei()); }, [this] { FilterEinstellen(); }});
     if (Journaldaten->RecordCount() > 0) Journaldaten->MoveLast();
 }
 
@@ -442,7 +439,7 @@ void LagerbestandNeu::M_Vorjahr_Click(bool ohne)
     const auto ID = currentId(*Journaldaten);
     bool geschrieben = false;
     sys::underErrorReport({[&] {
-        setzeOhneVorjahr(*oeffneJahr(), ohne);
+        setzeOhneVorjahr(*oeffneJournaldatei(), ohne);
         geschrieben = true;
     }});
     if (!geschrieben) return ui->M_Vorjahr->setChecked(!ohne);

@@ -2,6 +2,7 @@
 
 #include "core/TextImEditorZeigen.h"
 #include "core/Verzeichnisse.h"
+#include "core/farm/Dateien.h"
 #include "overview/Filter.h"
 #include "overview/Hilfetaste.h"
 #include "overview/Registerpruefung.h"
@@ -9,7 +10,6 @@
 #include "platform/controls/DataControl.h"
 #include "platform/controls/DateCombo.h"
 #include "platform/controls/Wiring.h"
-#include "platform/jet/Engine.h"
 #include "platform/system/Files.h"
 #include "platform/system/Messages.h"
 #include "platform/system/Path.h"
@@ -26,7 +26,7 @@ Registerbefehl::Registerbefehl(const Felder& felder, std::function<bool()> filte
 void Registerbefehl::M_PflanzschPrufen_Click()
 {
     const QString Jahr = m_felder.drpJahr.Text();
-    const QString datei = ProgrammVerzeichnis() + u"\\ZABStammdaten_"_s + Jahr + u".mdb"_s;
+    const QString datei = stammdatei(ProgrammVerzeichnis(), Jahr);
     if (!sys::Exist(datei)) {
         sys::critical(u"Die für die Prüfung notwendige Stammdatenbank mit der Bezeichnung "_s + sys::localPath(datei) +
                       u" ist nicht vorhanden.\r\n\r\nDie Prüfung kann nicht durchgeführt werden."_s);
@@ -36,7 +36,7 @@ void Registerbefehl::M_PflanzschPrufen_Click()
     {
         const sys::Hourglass warten;
         if (!grenzeEin(Jahr.toInt())) return; // other rows would be given the all-clear
-        const auto stamm = jet::engine().OpenDatabase(datei, u";pwd=RT-58KX"_s);
+        const auto stamm = oeffne(Dateiart::ZABStammdaten, datei);
         befund = registerpruefung(m_felder.Bestanddaten.Recordset(), *stamm, Jahr.toInt());
     }
     const Hilfeseite seite(*parent(), u"pruefen"_s);

@@ -2,6 +2,7 @@
 
 #include "ui_LAUmbuchForm.h"
 
+#include "core/Journaldatei.h"
 #include "core/Modulzustand.h"
 #include "core/ZeilenumbruchEntfernen.h"
 #include "masks/ErfassungsmaskenModul.h"

@@ -1,7 +1,7 @@
 #include "host/demo/Stammdaten.h"
 
+#include "core/farm/Dateien.h"
 #include "host/demo/Tabelle.h"
-#include "platform/jet/Engine.h"
 
 #include <QDate>
 
@@ -83,14 +83,14 @@ void schreibeObjekte(jet::Database& anlagen)
 
 void fuelleStammdaten(const Installation& ort, const Sortiment& sortiment)
 {
-    const auto grundstamm = jet::engine().OpenDatabase(ort.daten() + u"/Grundstamm.mdb"_s, u";pwd=RT-58KX"_s);
+    const auto grundstamm = oeffne(Dateiart::Grundstamm, grundstammdatei(ort.daten()));
     grundstamm->BeginTrans();
     for (const Artikeltabelle& ziel : Artikeltabellen)
         schreibeArtikel(*grundstamm, ziel, sortiment);
     schreibePartner(*grundstamm);
     grundstamm->Close();
 
-    const auto anlagen = jet::engine().OpenDatabase(ort.anlagen() + u"/Anlagen.mdb"_s, u";pwd=volmira"_s);
+    const auto anlagen = oeffne(Dateiart::Anlagen, anlagendatei(ort.anlagen()));
     anlagen->BeginTrans();
     schreibeObjekte(*anlagen);
     anlagen->Close();
@@ -98,8 +98,7 @@ void fuelleStammdaten(const Installation& ort, const Sortiment& sortiment)
 
 void fuelleJahresstammdaten(const Installation& ort, int jahr)
 {
-    const auto datei = jet::engine().OpenDatabase(
-        ort.programm() + u"/ZABStammdaten_"_s + QString::number(jahr) + u".mdb"_s, u";pwd=RT-58KX"_s);
+    const auto datei = oeffne(Dateiart::ZABStammdaten, stammdatei(ort.programm(), QString::number(jahr)));
     datei->BeginTrans();
     const auto produkte = alle(*datei, u"PFLANZENSCHUTZMITTEL");
     for (const auto& zeile : tabelle(u"produkte"_s)) {

@@ -1,3 +1,4 @@
+-- 1
 CREATE TABLE Dungermittel (
     NAME Text(50), Einheit Text(15), Preis Double, Preisfaktor Text(3), Untergruppe Text(50), Sperre Boolean
 );

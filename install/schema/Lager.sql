@@ -1,3 +1,4 @@
+-- 1
 CREATE TABLE LAGERJOURNAL (
     ID Counter PRIMARY KEY,
     Datum Date,
@@ -19,14 +20,10 @@ CREATE TABLE LAGERJOURNAL (
     Untergruppe Text(50)
 );
 CREATE INDEX Bestandsfrage ON LAGERJOURNAL (Artikel, LagerortKurzKu, Datum, ID, Menge);
-CREATE INDEX Bestandsliste ON LAGERJOURNAL (Artikel, LagerortKurzKu, Artikelart, Einheit, Datum, ID, Menge, Preis, Preisfaktor);
 CREATE INDEX Bewegungen ON LAGERJOURNAL (Datum, ID, Artikel);
 CREATE INDEX Artikelliste ON LAGERJOURNAL (Artikelart, Artikel, Einheit, Preisfaktor);
-CREATE INDEX Buchungen ON LAGERJOURNAL (Buchungsart, Artikel, LagerortKurzKu);
 CREATE INDEX Partner ON LAGERJOURNAL (Verfuttert_an);
-CREATE INDEX Lieferscheine ON LAGERJOURNAL (Buchungsart, Datum, Uberstallt_alt);
-CREATE INDEX Suche ON LAGERJOURNAL (LCASE(TRIM(Artikel)), Datum, ID, Menge, LagerortKurzKu, Buchungsart);
-CREATE TABLE Einstellungen (ID Counter PRIMARY KEY, OhneVorjahr Boolean);
+CREATE TABLE Einstellungen (ID Counter PRIMARY KEY);
 CREATE TABLE Liefereinstellungen (
     Lieferscheinformular Text(255),
     LieferscheinZeile1 Text(100),
@@ -35,3 +32,16 @@ CREATE TABLE Liefereinstellungen (
     LieferscheinZusatztext Memo,
     LieferscheinMitPreis Boolean
 );
+-- new files only: that the column is missing says that a year takes over the one before, and none may lose that
+ALTER TABLE Einstellungen ADD COLUMN OhneVorjahr Boolean;
+-- 2: the stock list finds the prices in its index
+DROP INDEX Bestandsliste ON LAGERJOURNAL;
+CREATE INDEX Bestandsliste ON LAGERJOURNAL (Artikel, LagerortKurzKu, Artikelart, Einheit, Datum, ID, Menge, Preis, Preisfaktor);
+-- 3: the booking mask finds figures and light of an article in its index
+DROP INDEX Suche ON LAGERJOURNAL;
+CREATE INDEX Suche ON LAGERJOURNAL (LCASE(TRIM(Artikel)), Datum, ID, Menge, LagerortKurzKu, Buchungsart);
+-- 4: sales are found by day and recipient, not by note number
+DROP INDEX Buchungen ON LAGERJOURNAL;
+CREATE INDEX Buchungen ON LAGERJOURNAL (Buchungsart, Artikel, LagerortKurzKu);
+DROP INDEX Lieferscheine ON LAGERJOURNAL;
+CREATE INDEX Lieferscheine ON LAGERJOURNAL (Buchungsart, Datum, Uberstallt_alt);

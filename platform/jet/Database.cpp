@@ -191,6 +191,12 @@ void Database::CommitTrans()
     m_session->transaction = false;
 }
 
+void Database::Rollback()
+{
+    m_session->undo();
+    m_session->use().forgetIfChanged(); // tables that are gone again
+}
+
 void Database::Close()
 {
     if (!m_session->connection) return;
@@ -201,6 +207,16 @@ void Database::Close()
 QString Database::Name() const
 {
     return m_session->path;
+}
+
+int Database::SchemaVersion() const
+{
+    return m_session->told([&] { return m_session->use().catalogue().version(); });
+}
+
+void Database::setSchemaVersion(int version)
+{
+    m_session->told([&] { m_session->use().catalogue().setVersion(version); });
 }
 
 } // namespace jet

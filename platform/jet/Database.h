@@ -34,17 +34,24 @@ public:
     /// A full disk or a fault of it drops what was gathered and ends the transaction.
     void BeginTrans();
     void CommitTrans(); ///< Durable when it returns. \throws Error DiskFull, Locked; the transaction stays open.
+    void Rollback();    ///< Drops what BeginTrans gathered; without it, nothing.
     /// Commits what BeginTrans gathered, closes the recordsets. A second call does nothing.
     /// \throws Error as CommitTrans; the database then stays open, so that it can be tried again.
     void Close();
 
     QString Name() const; ///< The local path of the file.
 
+    /// How far whoever made the tables has brought them, as he counts; 0 when he never said. Read once a connection, and
+    /// anew in a transaction.
+    int SchemaVersion() const;
+    void setSchemaVersion(int version);
+
     struct Session; ///< Known to this room only.
 
 private:
     friend class Engine;
     friend class Transaction;
+    friend void copyWhereMissing(const QString& templateFile, const QString& connect, const QString& target);
     explicit Database(std::shared_ptr<Session> session);
     std::unique_ptr<Recordset::Rows> rowsOf(const QString& source, Kind kind) const;
     std::shared_ptr<Session> m_session; // shared with the recordsets, which must notice that it was closed

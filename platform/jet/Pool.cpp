@@ -138,7 +138,7 @@ void Engine::Pool::release(const QString& path)
 void Engine::Pool::prepareForChange(const QString& path)
 {
     for (const Entry& entry : m_entries) // copying would drop the locks of the transaction
-        if (entry.connection->path() == path && entry.connection->inTransaction())
+        if (entry.connection->path() == path && entry.connection->isWriting())
             throw sys::FileError(sys::FileErrorNumber::AccessDenied,
                                  u"Zugriff verweigert: In '"_s + path + u"' wird gerade geschrieben."_s);
     release(path);

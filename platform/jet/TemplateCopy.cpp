@@ -1,6 +1,7 @@
 #include "platform/jet/TemplateCopy.h"
 
 #include "platform/jet/Engine.h"
+#include "platform/jet/Session.h"
 #include "platform/system/Files.h"
 
 namespace jet {
@@ -8,8 +9,11 @@ namespace jet {
 void copyWhereMissing(const QString& templateFile, const QString& connect, const QString& target)
 {
     if (sys::Exist(target)) return;
-    if (sys::Exist(templateFile)) engine().OpenDatabase(templateFile, connect)->Close();
-    sys::CopyWhereMissing(templateFile, target); // tells of a missing one, too
+    if (!sys::Exist(templateFile)) return sys::CopyWhereMissing(templateFile, target); // tells of it
+    const auto original = engine().OpenDatabase(templateFile, connect);
+    const sqlite::ReadScope whole(original->m_session->use());
+    original->m_session->use().forgetIfChanged(); // the lock comes with the first question
+    sys::CopyWhereMissing(templateFile, target);
 }
 
 } // namespace jet

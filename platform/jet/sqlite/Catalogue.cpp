@@ -157,6 +157,25 @@ void Catalogue::setPassword(const QString& password)
     scope.commit();
 }
 
+int Catalogue::version() const
+{
+    if (!m_version || m_connection.inTransaction()) {
+        const auto rows = ownRows(m_connection, "version");
+        m_version = rows.empty() ? 0 : rows.front()[1].toInt();
+    }
+    return *m_version;
+}
+
+void Catalogue::setVersion(int version)
+{
+    WriteScope scope(m_connection);
+    requireOwnTable();
+    m_connection.execute(QByteArray("DELETE FROM ") + CatalogueTable + " WHERE kind='version'");
+    addOwnRow(m_connection, {"version", "", QByteArray::number(version), ""});
+    scope.commit();
+    m_version.reset();
+}
+
 bool Catalogue::hasIndex(const QString& table, const QString& index) const
 {
     Statement statement(m_connection, "SELECT name FROM sqlite_master WHERE type='index'");
@@ -164,6 +183,12 @@ bool Catalogue::hasIndex(const QString& table, const QString& index) const
     while (run.step())
         if (bind::sameName(QString::fromUtf8(run.text(0)), indexName(table, index))) return true;
     return false;
+}
+
+void Catalogue::forget()
+{
+    m_tables.clear();
+    m_version.reset();
 }
 
 void Catalogue::requireOwnTable()

@@ -38,10 +38,13 @@ public:
     bool accepts(const QString& password) const;
     void setPassword(const QString& password);
 
+    int version() const; ///< Of the schema; 0 without one.
+    void setVersion(int version);
+
     /// Whether the table has an index of that name.
     bool hasIndex(const QString& table, const QString& index) const;
 
-    void forget() { m_tables.clear(); }
+    void forget();
 
     /// Columns of a table in one of the connection's open files. `name` as it is stored there.
     static std::vector<Field> readColumns(Connection& connection, const QByteArray& schema, const QString& name);
@@ -53,6 +56,7 @@ private:
 
     Connection& m_connection;
     mutable std::vector<bind::TablePtr> m_tables; // those that statements have used
+    mutable std::optional<int> m_version;
 };
 
 } // namespace jet::sqlite

@@ -123,6 +123,11 @@ bool Connection::inTransaction() const
     return sqlite3_get_autocommit(handle()) == 0;
 }
 
+bool Connection::isWriting() const
+{
+    return sqlite3_txn_state(handle(), nullptr) == SQLITE_TXN_WRITE;
+}
+
 qint64 Connection::changes() const
 {
     return sqlite3_changes64(handle());

@@ -49,6 +49,7 @@ public:
     void noteReprepared() { m_reprepared = true; }
 
     bool inTransaction() const;
+    bool isWriting() const; ///< A transaction has a write lock.
     qint64 changes() const; ///< Rows written by the last statement.
     qint64 writes() const;  ///< Rows written since the connection was opened.
     qint64 lastRow() const;
