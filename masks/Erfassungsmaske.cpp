@@ -1,7 +1,7 @@
 #include "masks/Erfassungsmaske.h"
+#include "core/farm/Artikelarten.h"
 
 #include "core/Modulzustand.h"
-#include "masks/Artikelarten.h"
 #include "masks/ErfassungsmaskenModul.h"
 #include "masks/Maskenteile.h"
 #include "masks/Textlaenge.h"

@@ -3,8 +3,8 @@
 #include "core/Journaldatei.h"
 #include "core/Modulzustand.h"
 #include "core/Verzeichnisse.h"
+#include "core/farm/Artikelarten.h"
 #include "core/farm/Dateien.h"
-#include "masks/Artikelarten.h"
 #include "masks/Lagerstand.h"
 #include "platform/controls/DataGrid.h"
 #include "platform/controls/FocusWhole.h"
@@ -126,7 +126,7 @@ void ladeArtikelstamm(DataControl& Artikelauswahl, DataCombo& drpArtikel, const 
 {
     if (const auto* art = artikelartZu(Artikelart)) {
         stelleAufStammdaten(Artikelauswahl);
-        Artikelauswahl.setRecordSource(art->abfrage.toString() + art->ordnung.toString());
+        Artikelauswahl.setRecordSource(art->abfrage() + art->ordnung.toString());
     }
     zeigeArtikel(Artikelauswahl, drpArtikel);
 }

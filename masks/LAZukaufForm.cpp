@@ -1,11 +1,11 @@
 #include "masks/LAZukaufForm.h"
+#include "core/farm/Artikelarten.h"
+#include "core/farm/Buchungsarten.h"
 
 #include "ui_LAZukaufForm.h"
 
 #include "core/Journaldatei.h"
 #include "core/Modulzustand.h"
-#include "masks/Artikelarten.h"
-#include "masks/Buchungsbild.h"
 #include "masks/ErfassungsmaskenModul.h"
 #include "masks/Lagerstand.h"
 #include "masks/Maskenraster.h"
@@ -32,11 +32,18 @@ double zahl(const QString& text)
     return QString(text).replace(u',', u'.').toDouble();
 }
 
+/// For what is none, a purchase.
+const Buchungsart& gewaehlteArt()
+{
+    const auto* const art = buchungsartZu(modulzustand().AktBuchungsart);
+    return art ? *art : *buchungsartZu(u"Zukauf");
+}
+
 } // namespace
 
 LAZukaufForm::LAZukaufForm(const Hauptansicht& haupt, QWidget* parent)
-    : Erfassungsmaske(haupt, parent), ui(std::make_unique<Ui::LAZukaufForm>()),
-      m_bild(buchungsbildZu(modulzustand().AktBuchungsart)), m_handlerDaten(new DataControl(this))
+    : Erfassungsmaske(haupt, parent), ui(std::make_unique<Ui::LAZukaufForm>()), m_art(gewaehlteArt()),
+      m_bild(m_art.bild), m_handlerDaten(new DataControl(this))
 {
     ui->setupUi(this);
     m_handlerDaten->setObjectName(u"HandlerDaten"_s);
@@ -118,7 +125,7 @@ void LAZukaufForm::uebernimmZeile()
     Erfassungsmaske::uebernimmZeile();
     const jet::Recordset& zeile = journaldaten().Recordset();
     const double menge = zeile[u"Menge"].toDouble();
-    ui->txtMenge->setValue(m_bild.ausgang ? -menge : menge);
+    ui->txtMenge->setValue(m_art.ausgang ? -menge : menge);
     ui->txtPreisFaktor->setValue(zahl(zeile[u"Preisfaktor"].toText()));
     ui->txtPreis->setValue(zeile[u"Preis"].toDouble());
     ui->stHandler->setText(zeile[u"Uberstallt_alt"].toText());
@@ -183,7 +190,7 @@ void LAZukaufForm::ermittlePreis(const QString& artikel)
 
 double LAZukaufForm::gebuchteMenge() const
 {
-    return m_bild.ausgang ? -ui->txtMenge->Value() : ui->txtMenge->Value();
+    return m_art.ausgang ? -ui->txtMenge->Value() : ui->txtMenge->Value();
 }
 
 /// A factor of 0, easily typed, counts as 1, and is stored so.

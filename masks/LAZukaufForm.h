@@ -6,6 +6,7 @@ namespace Ui {
 class LAZukaufForm;
 }
 
+struct Buchungsart;
 struct Buchungsbild;
 
 /// The mask for every booking at one storage place: purchase, production, opening stock, shrinkage, disposal, own
@@ -42,6 +43,7 @@ private:
     void leereFuerNaechste() override;
 
     std::unique_ptr<Ui::LAZukaufForm> ui;
+    const Buchungsart& m_art;
     const Buchungsbild& m_bild;
     DataControl* m_handlerDaten;
     QString m_bepreisterArtikel; ///< The article whose price was last looked up, trimmed and in lower case.

@@ -4,7 +4,6 @@
 #include "masks/LAKorrekturForm.h"
 #include "masks/LAZukaufForm.h"
 #include "overview/FremdeBuchung.h"
-#include "overview/Kurzelliste.h"
 #include "platform/controls/DataGrid.h"
 #include "platform/controls/RowIds.h"
 #include "platform/controls/TextBox.h"
@@ -39,8 +38,8 @@ void Buchungsbefehle::fuelleBuchungsarten()
 {
     m_felder.DrpBuchart.setColumns({u"Kürzel"_s, u"Art der Eintragung"_s}, 1);
     m_felder.DrpBuchart.setListOnly(true);
-    for (const Kurzel& zeile : kurzelliste())
-        m_felder.DrpBuchart.AddItem({zeile.kurzel.toString(), zeile.eintragung.toString()});
+    for (const Buchungsart& art : buchungsarten())
+        m_felder.DrpBuchart.AddItem({art.kurzel.toString(), art.eintragung.toString()});
 }
 
 /// A key that waits behind the one that is looked up, as Enter does when somebody types fast, opens no second mask.
@@ -48,12 +47,12 @@ void Buchungsbefehle::KurzEingabe_KeyUp()
 {
     if (m_oeffnet) return;
     const QScopedValueRollback oeffnet(m_oeffnet, true);
-    const Kurzel* kurzel = kurzelZu(m_felder.KurzEingabe.Text());
-    if (!kurzel) {
+    const auto* const art = buchungsartZuKurzel(m_felder.KurzEingabe.Text());
+    if (!art) {
         m_felder.KurzEingabe.setText({});
         return m_felder.DrpBuchart.setText({});
     }
-    m_felder.DrpBuchart.setText(kurzel->eintragung.toString());
+    m_felder.DrpBuchart.setText(art->eintragung.toString());
     m_felder.KurzEingabe.selectAll();
     QCoreApplication::processEvents(); // show the choice before the mask covers it
     m_felder.neu.click();
@@ -69,10 +68,10 @@ void Buchungsbefehle::beginne()
 {
     Modulzustand& zustand = modulzustand();
     zustand.Aenderungsmodus = false;
-    const Kurzel* kurzel = kurzelZu(m_felder.KurzEingabe.Text());
-    if (!kurzel) return; // "K" among them: once a kind of its own, it opens nothing
-    zustand.AktBuchungsart = kurzel->Buchungsart.toString();
-    zeige(kurzel->maske);
+    const auto* const art = buchungsartZuKurzel(m_felder.KurzEingabe.Text());
+    if (!art) return; // "K" among them: once a kind of its own, it opens nothing
+    zustand.AktBuchungsart = art->name.toString();
+    zeige(art->maske);
 }
 
 void Buchungsbefehle::aendere()
@@ -80,19 +79,19 @@ void Buchungsbefehle::aendere()
     if (m_haupt.Journaldaten.RecordCount() == 0) return;
     Modulzustand& zustand = modulzustand();
     const jet::Recordset& zeile = m_haupt.Journaldaten.Recordset();
-    const QString art = zeile[u"Buchungsart"].isNull() ? QString() : zeile[u"Buchungsart"].toText();
+    const QString name = zeile[u"Buchungsart"].isNull() ? QString() : zeile[u"Buchungsart"].toText();
     zustand.Aenderungsmodus = true;
-    zustand.AktBuchungsart = art;
+    zustand.AktBuchungsart = name;
     if (istFremdeBuchung(zeile))
         return sys::critical(fremdeBuchung(u"Eine Änderung kann nur in diesem Programm erfolgen."_s));
-    const Kurzel* const eintrag = kurzelZuBuchungsart(art);
-    if (!eintrag) {
+    const auto* const art = buchungsartZu(name);
+    if (!art) {
         // sic: with and without blanks
         sys::critical(u"Diese Buchung wurde gemeinsam mit einer Schollwart - Maßnahme erfasst und kann nur durch"
                       u" Änderung der betroffenen Schollwart-Maßnahme verändert werden."_s);
         return;
     }
-    zeige(eintrag->maske);
+    zeige(art->maske);
 }
 
 std::unique_ptr<QDialog> Buchungsbefehle::erzeuge(Maske maske) const

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "core/farm/Buchungsarten.h"
 #include "masks/Maskenfelder.h"
 #include "overview/Ansichten.h"
-#include "overview/Kurzelliste.h"
 
 #include <QDialog>
 #include <QString>

@@ -1,8 +1,7 @@
 #include "host/demo/Hofkalender.h"
 
+#include "core/farm/Buchungsarten.h"
 #include "host/demo/Tabelle.h"
-
-#include <QStringList>
 
 #include <algorithm>
 
@@ -12,9 +11,8 @@ namespace {
 
 bool istAbgang(const QString& buchungsart)
 {
-    static const QStringList Abgaenge = {u"Schwund"_s, u"Verkauf"_s, u"Eigenverbrauch"_s, u"Entsorgung"_s,
-                                         u"Umbuchung"_s};
-    return Abgaenge.contains(buchungsart);
+    const auto* const art = buchungsartZu(buchungsart);
+    return art && art->ausgang;
 }
 
 QDate werktag(QDate tag)

@@ -1,5 +1,6 @@
 #include "host/demo/Stammdaten.h"
 
+#include "core/farm/Artikelarten.h"
 #include "core/farm/Dateien.h"
 #include "host/demo/Tabelle.h"
 
@@ -11,33 +12,16 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-struct Artikeltabelle {
-    QStringView artikelart, tabelle;
-};
-
-constexpr Artikeltabelle Artikeltabellen[] = {
-    {u"Zwischenfruchtsaatgut", u"Zwischenfruechte"},
-    {u"Saatgut/Sorten", u"Saatgut"},
-    {u"Handelsdünger", u"Dungermittel"},
-    {u"Wirtschaftsdünger", u"WIRTDUNG"},
-    {u"Pflanzenschutzmittel", u"Pflanzenschutzmittel"},
-    {u"Futtermittel", u"Futtermittel"},
-    {u"Treib- und Brennstoffe", u"Treibstoffe"},
-    {u"Sonstige Artikel", u"SonstigeArtikel"},
-    {u"Gesundheitsmittel", u"Arzneimittel"},
-    {u"Pflanzliche Erzeugnisse", u"Kulturen"},
-};
-
 std::unique_ptr<jet::Recordset> alle(jet::Database& datei, QStringView tabelle)
 {
     return datei.OpenRecordset(tabelle.toString(), jet::Kind::Table);
 }
 
-void schreibeArtikel(jet::Database& grundstamm, const Artikeltabelle& ziel, const Sortiment& sortiment)
+void schreibeArtikel(jet::Database& grundstamm, const Artikelart& art, const Sortiment& sortiment)
 {
-    const auto zeilen = alle(grundstamm, ziel.tabelle);
+    const auto zeilen = alle(grundstamm, art.tabelle);
     for (const Ware& ware : sortiment.waren()) {
-        if (ware.artikelart != ziel.artikelart) continue;
+        if (ware.artikelart != art.name) continue;
         zeilen->AddNew();
         zeilen->Set(u"NAME", ware.name);
         zeilen->Set(u"Einheit", ware.einheit);
@@ -85,8 +69,8 @@ void fuelleStammdaten(const Installation& ort, const Sortiment& sortiment)
 {
     const auto grundstamm = oeffne(Dateiart::Grundstamm, grundstammdatei(ort.daten()));
     grundstamm->BeginTrans();
-    for (const Artikeltabelle& ziel : Artikeltabellen)
-        schreibeArtikel(*grundstamm, ziel, sortiment);
+    for (const Artikelart& art : artikelarten())
+        schreibeArtikel(*grundstamm, art, sortiment);
     schreibePartner(*grundstamm);
     grundstamm->Close();
 

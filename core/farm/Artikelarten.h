@@ -5,11 +5,14 @@
 
 #include <span>
 
-/// A kind of article, and where the master data keep its articles.
+/// A kind of article, and where the master data (Dateiart::Grundstamm) keep its articles.
 struct Artikelart {
     QStringView name;    ///< As rows of the journal have it.
-    QStringView abfrage; ///< The statement of its articles up to the filter; blocked ones are never offered.
-    QStringView ordnung; ///< What ends the statement.
+    QStringView tabelle; ///< Of the master data.
+    QStringView ordnung; ///< What ends a statement over it.
+
+    /// The statement of its articles up to a further condition; blocked ones are never offered.
+    QString abfrage() const;
 };
 
 /// All kinds, in the order in which masks offer them.
