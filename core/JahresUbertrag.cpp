@@ -94,7 +94,7 @@ void uebertrage(jet::Recordset& quelle, int vonJahr, int nachJahr)
 {
     const auto journal = oeffneJournal(nachJahr);
     if (!uebernimmtVorjahr(*journal)) return;
-    bringeAufStandWennMoeglich(*journal, Dateiart::Lager);
+    bringeAufStandWennMoeglich(Dateiart::Lager, Journaldatei(nachJahr), verbindung(Dateiart::Lager));
     // Ten thousand rows cost one sync. It begins before the rows are listed, so that two programs that carry forward at
     // once find each other's opening rows.
     journal->BeginTrans();

@@ -61,7 +61,7 @@ void legeBerichtsformulareAn(const Installation& ort)
 void bringeVorlageAufStand(const Installation& ort)
 {
     const QString vorlage = vorlagedatei(ort.programm());
-    if (sys::Exist(vorlage)) bringeAufStandWennMoeglich(*oeffne(Dateiart::Lager, vorlage), Dateiart::Lager);
+    if (sys::Exist(vorlage)) bringeAufStandWennMoeglich(Dateiart::Lager, vorlage, verbindung(Dateiart::Lager));
 }
 
 void richteEin(const Installation& ort, const QString& Betriebsnummer, int jahr)

@@ -235,7 +235,7 @@ void LagerbestandNeu::bindeJahr()
         daten->setDatabaseName(datei);
         daten->setConnect(zustand.Lagerpasswort);
     }
-    if (sys::Exist(datei)) bringeAufStandWennMoeglich(*oeffneJournaldatei(), Dateiart::Lager);
+    if (sys::Exist(datei)) bringeAufStandWennMoeglich(Dateiart::Lager, datei, zustand.Lagerpasswort);
 }
 
 void LagerbestandNeu::zeigeJahr()

@@ -129,14 +129,14 @@ Aktualisierung bringeAufStand(jet::Database& datei, Dateiart art)
     return {vorher, datei.SchemaVersion()};
 }
 
-void bringeAufStandWennMoeglich(jet::Database& datei, Dateiart art)
+void bringeAufStandWennMoeglich(Dateiart art, const QString& datei, const QString& verbindung)
 {
     using enum jet::ErrorNumber;
     const int geduld = jet::engine().LockTimeout();
     jet::engine().setLockTimeout(0);
     const auto wieder = qScopeGuard([geduld] { jet::engine().setLockTimeout(geduld); });
     try {
-        bringeAufStand(datei, art);
+        bringeAufStand(*jet::engine().OpenDatabase(datei, verbindung), art);
     } catch (const jet::Error& fehler) {
         constexpr jet::ErrorNumber Hindernisse[] = {Locked, ReadOnly, CannotOpenFile, DiskFull};
         if (std::ranges::find(Hindernisse, fehler.number()) == std::end(Hindernisse)) throw;

@@ -22,7 +22,7 @@ Aktualisierung bringeAufStand(jet::Database& datei, Dateiart art);
 
 /// The same for a file that is to be used now: one that another program locks or that may not be written, be it by the
 /// rights of its directory, is used as it is, without waiting, and is tried again next time.
-void bringeAufStandWennMoeglich(jet::Database& datei, Dateiart art);
+void bringeAufStandWennMoeglich(Dateiart art, const QString& datei, const QString& verbindung);
 
 /// \throws jet::Error UnknownFormat when a newer program has brought the file to a version that is not known here.
 void verweigereNeuere(const jet::Database& datei, Dateiart art);

@@ -194,7 +194,7 @@ void Database::CommitTrans()
 void Database::Rollback()
 {
     m_session->undo();
-    m_session->use().forgetIfChanged(); // tables that are gone again
+    m_session->use().forget(); // tables may be gone again
 }
 
 void Database::Close()

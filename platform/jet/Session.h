@@ -36,11 +36,14 @@ struct Database::Session {
     template <typename Work>
     auto withPresentSchema(Work work)
     {
+        const bool inTransaction = use().inTransaction();
         try {
             return work();
         } catch (const Error& error) {
             // Asking a locked file for its tables would wait for the same lock once more.
             if (error.number() == ErrorNumber::Locked || !use().forgetIfChanged()) throw;
+            // A fault of the disk has taken back the tables that the transaction had made, and the transaction.
+            if (inTransaction != use().inTransaction()) throw;
         }
         return work();
     }
