@@ -4,6 +4,7 @@
 #include "core/Journaldatei.h"
 #include "core/Modulzustand.h"
 #include "core/Verzeichnisse.h"
+#include "core/farm/Buchung.h"
 #include "core/farm/Jahresdateien.h"
 #include "core/farm/Schema.h"
 #include "platform/jet/Errors.h"
@@ -57,17 +58,19 @@ std::unique_ptr<jet::Recordset> paare(jet::Database& journal)
 
 void schreibeAnfangsbestand(jet::Recordset& ziel, const jet::Recordset& paar, double bestand, int jahr)
 {
+    const auto text = [&](QStringView spalte) -> std::optional<QString> {
+        if (const jet::Value wert = paar[spalte]; !wert.isNull()) return wert.toText();
+        return {};
+    };
+    Buchung neu{.Datum = QDate(jahr, 1, 1), .Menge = bestand, .Buchungsart = u"Anfangsbestand"_s, .BuchungsID = 0};
+    neu.Artikel = text(u"Artikel");
+    neu.Artikelart = text(u"FirstArtikelart");
+    neu.LagerortKurzKu = text(u"LagerortKurzKu");
+    if (const jet::Value preis = paar[u"FirstPreis"]; !preis.isNull()) neu.Preis = preis.toDouble();
+    neu.Preisfaktor = text(u"FirstPreisfaktor");
+    neu.Einheit = text(u"FirstEinheit");
     ziel.AddNew();
-    ziel.Set(u"Artikel", paar[u"Artikel"]);
-    ziel.Set(u"Artikelart", paar[u"FirstArtikelart"]);
-    ziel.Set(u"LagerortKurzKu", paar[u"LagerortKurzKu"]);
-    ziel.Set(u"Preis", paar[u"FirstPreis"]);
-    ziel.Set(u"Preisfaktor", paar[u"FirstPreisfaktor"]);
-    ziel.Set(u"Einheit", paar[u"FirstEinheit"]);
-    ziel.Set(u"Menge", bestand);
-    ziel.Set(u"BuchungsID", 0);
-    ziel.Set(u"Buchungsart", u"Anfangsbestand"_s);
-    ziel.Set(u"Datum", QDate(jahr, 1, 1));
+    setze(ziel, neu);
     ziel.Update();
 }
 
