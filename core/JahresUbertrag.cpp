@@ -62,7 +62,11 @@ void schreibeAnfangsbestand(jet::Recordset& ziel, const jet::Recordset& paar, do
         if (const jet::Value wert = paar[spalte]; !wert.isNull()) return wert.toText();
         return {};
     };
-    Buchung neu{.Datum = QDate(jahr, 1, 1), .Menge = bestand, .Buchungsart = u"Anfangsbestand"_s, .BuchungsID = 0};
+    Buchung neu;
+    neu.Datum = QDate(jahr, 1, 1);
+    neu.Menge = bestand;
+    neu.Buchungsart = u"Anfangsbestand"_s;
+    neu.BuchungsID = 0;
     neu.Artikel = text(u"Artikel");
     neu.Artikelart = text(u"FirstArtikelart");
     neu.LagerortKurzKu = text(u"LagerortKurzKu");

@@ -82,14 +82,15 @@ void Erfassungsmaske::stelleWiederHer()
 
 void Erfassungsmaske::uebernimmZeile()
 {
-    const jet::Recordset& zeile = journaldaten().Recordset();
-    felder().Buchdatum.setDate(zeile[u"Datum"].toDate());
-    felder().drpArtikel.setText(zeile[u"Artikel"].toText());
+    const Buchung zeile = gelesen(journaldaten().Recordset());
+    felder().Buchdatum.setDate(zeile.Datum.value_or(QDate()));
+    felder().drpArtikel.setText(zeile.Artikel.value_or(QString()));
     felder().drpArtikel.setTag(felder().drpArtikel.Text());
-    felder().drpGruppe.setText(zeile[u"Artikelart"].toText());
-    felder().drpLagerort.setText(zeile[u"LagerortKurzKu"].toText());
-    Einheit().setText(zeile[u"Einheit"].toText());
-    m_fuss->txtKommentar->setText(zeile[u"Kommentar"].toText());
+    felder().drpGruppe.setText(zeile.Artikelart.value_or(QString()));
+    felder().drpLagerort.setText(zeile.LagerortKurzKu.value_or(QString()));
+    Einheit().setText(zeile.Einheit.value_or(QString()));
+    m_fuss->txtKommentar->setText(zeile.Kommentar.value_or(QString()));
+    zeigeSpalten(zeile);
 }
 
 void Erfassungsmaske::zeigeErstesLeeresFeld()
@@ -205,20 +206,18 @@ void Erfassungsmaske::merkeEinstellungen()
 void Erfassungsmaske::schreibe()
 {
     auto verwirf = qScopeGuard([this] { journaldaten().UpdateControls(); }); // drops the pending row
-    if (aendert()) {
-        journaldaten().Edit();
-    } else {
-        journaldaten().AddNew();
-        journaldaten().Set(u"BuchungsID", 0); // of no sibling program
-    }
-    journaldaten().Set(u"Datum", felder().Buchdatum.Date());
-    journaldaten().Set(u"Artikel", felder().drpArtikel.Text());
-    journaldaten().Set(u"Artikelart", felder().drpGruppe.Text());
-    journaldaten().Set(u"LagerortKurzKu", felder().drpLagerort.Text());
-    journaldaten().Set(u"Buchungsart", modulzustand().AktBuchungsart);
-    journaldaten().Set(u"Einheit", Einheit().Text());
-    journaldaten().Set(u"Kommentar", m_fuss->txtKommentar->Text());
-    setzeSpalten();
+    Buchung buchung;
+    buchung.Datum = felder().Buchdatum.Date();
+    buchung.Artikel = felder().drpArtikel.Text();
+    buchung.Artikelart = felder().drpGruppe.Text();
+    buchung.LagerortKurzKu = felder().drpLagerort.Text();
+    buchung.Buchungsart = modulzustand().AktBuchungsart;
+    buchung.Einheit = Einheit().Text();
+    buchung.Kommentar = m_fuss->txtKommentar->Text();
+    ergaenze(buchung);
+    if (!aendert()) buchung.BuchungsID = 0; // of no sibling program
+    aendert() ? journaldaten().Edit() : journaldaten().AddNew();
+    setze(journaldaten(), buchung);
     journaldaten().Update();
     verwirf.dismiss();
 }

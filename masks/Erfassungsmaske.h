@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/farm/Buchung.h"
 #include "masks/Maskenfenster.h"
 #include "platform/controls/TextBox.h"
 
@@ -27,8 +28,8 @@ protected:
                   std::initializer_list<QWidget*> anfaenge = {});
 
     // The steps of opening, in their order.
-    void stelleWiederHer();        ///< Title and ticks as they were left.
-    virtual void uebernimmZeile(); ///< The row that is changed: the columns that all masks share.
+    void stelleWiederHer(); ///< Title and ticks as they were left.
+    void uebernimmZeile();  ///< The row that is changed.
     void oeffneLagerliste();
     void oeffneArtikelliste();
     void zeigeErstesLeeresFeld();
@@ -38,11 +39,12 @@ protected:
     CheckBox& chkVorhanden() const;
     void zeigeVorhanden();
 
-    virtual bool darfSpeichern();         ///< The checks before a save.
-    virtual void merkeEinstellungen();    ///< What the mask remembers from one booking to the next.
-    virtual void setzeSpalten() = 0;      ///< The mask's own columns of the row that is being written.
-    virtual void positioniere();          ///< Shows the booking on the main screen.
-    virtual void leereFuerNaechste() = 0; ///< After "Speichern und &nächster".
+    virtual bool darfSpeichern();                ///< The checks before a save.
+    virtual void merkeEinstellungen();           ///< What the mask remembers from one booking to the next.
+    virtual void zeigeSpalten(const Buchung&) {} ///< The mask's own columns of the row that is changed.
+    virtual void ergaenze(Buchung& buchung) = 0; ///< Those of the row that is to be written.
+    virtual void positioniere();                 ///< Shows the booking on the main screen.
+    virtual void leereFuerNaechste() = 0;        ///< After "Speichern und &nächster".
     virtual void txtMenge_Change() = 0;
 
 private:

@@ -124,10 +124,10 @@ bool LAKorrekturForm::darfSpeichern()
     return fehlt(*ui->txtMenge, u"Bitte tragen Sie eine Menge ein !"_s);
 }
 
-void LAKorrekturForm::setzeSpalten()
+void LAKorrekturForm::ergaenze(Buchung& buchung)
 {
-    journaldaten().Set(u"Menge", ui->txtNeu->Value());
-    journaldaten().Set(u"Buchungsmenge", ui->txtNeu->Value());
+    buchung.Menge = ui->txtNeu->Value();
+    buchung.Buchungsmenge = ui->txtNeu->Value();
 }
 
 void LAKorrekturForm::leereFuerNaechste()

@@ -29,7 +29,7 @@ private:
     void txtMenge_Change() override;
 
     bool darfSpeichern() override;
-    void setzeSpalten() override;
+    void ergaenze(Buchung& buchung) override;
     void leereFuerNaechste() override;
 
     std::unique_ptr<Ui::LAKorrekturForm> ui;

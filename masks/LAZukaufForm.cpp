@@ -120,19 +120,16 @@ void LAZukaufForm::passeAn()
 }
 
 /// The row's own columns; its article counts as last priced, so that opening a row never changes its price.
-void LAZukaufForm::uebernimmZeile()
+void LAZukaufForm::zeigeSpalten(const Buchung& zeile)
 {
-    Erfassungsmaske::uebernimmZeile();
-    const jet::Recordset& zeile = journaldaten().Recordset();
-    const double menge = zeile[u"Menge"].toDouble();
+    const double menge = zeile.Menge.value_or(0);
     ui->txtMenge->setValue(m_art.ausgang ? -menge : menge);
-    ui->txtPreisFaktor->setValue(zahl(zeile[u"Preisfaktor"].toText()));
-    ui->txtPreis->setValue(zeile[u"Preis"].toDouble());
-    ui->stHandler->setText(zeile[u"Uberstallt_alt"].toText());
-    const QString merkmal = zeile[u"Verfuttert_an"].toText();
-    ui->chkBiologisch->setValue(merkmal == Biologisch);
-    (merkmal == Gebeizt ? ui->OptJa : ui->OptNein)->setValue(true);
-    m_bepreisterArtikel = vergleichsform(zeile[u"Artikel"].toText());
+    ui->txtPreisFaktor->setValue(zahl(zeile.Preisfaktor.value_or(QString())));
+    ui->txtPreis->setValue(zeile.Preis.value_or(0));
+    ui->stHandler->setText(zeile.Uberstallt_alt.value_or(QString()));
+    ui->chkBiologisch->setValue(zeile.Verfuttert_an == Biologisch);
+    (zeile.Verfuttert_an == Gebeizt ? ui->OptJa : ui->OptNein)->setValue(true);
+    m_bepreisterArtikel = vergleichsform(zeile.Artikel.value_or(QString()));
 }
 
 void LAZukaufForm::AmpelEinstellen()
@@ -257,16 +254,15 @@ void LAZukaufForm::merkeEinstellungen()
     Erfassungsmaske::merkeEinstellungen();
 }
 
-void LAZukaufForm::setzeSpalten()
+void LAZukaufForm::ergaenze(Buchung& buchung)
 {
-    DataControl& zeile = journaldaten();
-    zeile.Set(u"Menge", gebuchteMenge());
-    zeile.Set(u"Buchungsmenge", gebuchteMenge());
-    zeile.Set(u"Preisfaktor", jet::Value(preisfaktor()).toText());
-    zeile.Set(u"Preis", ui->txtPreis->Value());
-    zeile.Set(u"Uberstallt_alt", ui->stHandler->Text());
+    buchung.Menge = gebuchteMenge();
+    buchung.Buchungsmenge = gebuchteMenge();
+    buchung.Preisfaktor = jet::Value(preisfaktor()).toText();
+    buchung.Preis = ui->txtPreis->Value();
+    buchung.Uberstallt_alt = ui->stHandler->Text();
     const bool biologisch = ui->chkBiologisch->Value() == 1;
-    zeile.Set(u"Verfuttert_an", biologisch ? Biologisch : ui->OptJa->Value() ? Gebeizt : QString());
+    buchung.Verfuttert_an = biologisch ? Biologisch : ui->OptJa->Value() ? Gebeizt : QString();
 }
 
 void LAZukaufForm::leereFuerNaechste()

@@ -25,7 +25,7 @@ public:
 private:
     void Form_Load();
     void passeAn();
-    void uebernimmZeile() override;
+    void zeigeSpalten(const Buchung& zeile) override;
     void ermittlePreis(const QString& artikel);
     void txtMenge_Change() override;
     void txtBetrag_Change();
@@ -39,7 +39,7 @@ private:
 
     bool darfSpeichern() override;
     void merkeEinstellungen() override;
-    void setzeSpalten() override;
+    void ergaenze(Buchung& buchung) override;
     void leereFuerNaechste() override;
 
     std::unique_ptr<Ui::LAZukaufForm> ui;

@@ -147,25 +147,25 @@ void LAUmbuchForm::uebernimmPaar()
     std::optional<qint64> abgang = ID();
     if (gewaehlte[u"Menge"].toDouble() > 0) abgang = umbuchungspartner(journaldaten(), ID());
     if (!abgang) return;
-    const auto abgangszeile = zeileMit(journaldaten(), *abgang);
-    uebernimmSeite(*m_abgang, *abgangszeile);
-    ui->txtMenge->setValue(-(*abgangszeile)[u"Menge"].toDouble());
+    const Buchung abgangszeile = gelesen(*zeileMit(journaldaten(), *abgang));
+    uebernimmSeite(*m_abgang, abgangszeile);
+    ui->txtMenge->setValue(-abgangszeile.Menge.value_or(0));
     ui->txtMenge->setTag(ui->txtMenge->Text());
     const qint64 zugang = umbuchungspartner(journaldaten(), *abgang).value_or(*abgang);
-    const auto zugangszeile = zeileMit(journaldaten(), zugang);
-    uebernimmSeite(*m_zugang, *zugangszeile);
-    ui->Fuss->txtKommentar->setText((*zugangszeile)[u"Kommentar"].toText());
+    const Buchung zugangszeile = gelesen(*zeileMit(journaldaten(), zugang));
+    uebernimmSeite(*m_zugang, zugangszeile);
+    ui->Fuss->txtKommentar->setText(zugangszeile.Kommentar.value_or(QString()));
 }
 
-void LAUmbuchForm::uebernimmSeite(const Seite& seite, const jet::Recordset& zeile)
+void LAUmbuchForm::uebernimmSeite(const Seite& seite, const Buchung& zeile)
 {
     Umbuchseite& felder = seite.felder;
-    seite.ID.setValue(zeile[u"ID"].toDouble());
-    felder.drpArtikel->setText(zeile[u"Artikel"].toText());
+    seite.ID.setValue(double(zeile.ID.value_or(0)));
+    felder.drpArtikel->setText(zeile.Artikel.value_or(QString()));
     felder.drpArtikel->setTag(felder.drpArtikel->Text());
-    felder.drpGruppe->setText(zeile[u"Artikelart"].toText());
-    felder.drpLagerort->setText(zeile[u"LagerortKurzKu"].toText());
-    felder.txtEinheit->setText(zeile[u"Einheit"].toText());
+    felder.drpGruppe->setText(zeile.Artikelart.value_or(QString()));
+    felder.drpLagerort->setText(zeile.LagerortKurzKu.value_or(QString()));
+    felder.txtEinheit->setText(zeile.Einheit.value_or(QString()));
 }
 
 void LAUmbuchForm::zeigeOrt(const Seite& seite)
@@ -325,10 +325,10 @@ qint64 LAUmbuchForm::schreibeNeue(std::optional<qint64>& neue, const Seite& seit
         return *neue;
     }
     DataControl& journal = journaldaten();
+    Buchung zeile = buchung(seite, partner);
+    zeile.BuchungsID = 0; // of no sibling program
     journal.AddNew();
-    journal.Set(u"BuchungsID", 0); // of no sibling program
-    setzeSpalten(journal, seite);
-    if (partner) journal.Set(u"Verfuttert_an", QString::number(*partner));
+    setze(journal, zeile);
     journal.Update();
     neue = idAt(journal, journal.RecordCount() - 1);
     return neue.value();
@@ -339,24 +339,24 @@ void LAUmbuchForm::bearbeite(qint64 ID, const Seite& seite, std::optional<qint64
 {
     const auto zeile = zeileMit(journaldaten(), ID);
     zeile->Edit();
-    setzeSpalten(*zeile, seite);
-    if (partner) zeile->Set(u"Verfuttert_an", QString::number(*partner));
+    setze(*zeile, buchung(seite, partner));
     zeile->Update();
 }
 
-template <class Zeile>
-void LAUmbuchForm::setzeSpalten(Zeile& zeile, const Seite& seite) const
+Buchung LAUmbuchForm::buchung(const Seite& seite, std::optional<qint64> partner) const
 {
-    const double menge = seite.vorzeichen * ui->txtMenge->Value();
-    zeile.Set(u"Datum", ui->Buchdatum->Date());
-    zeile.Set(u"Artikel", seite.felder.drpArtikel->Text());
-    zeile.Set(u"Artikelart", seite.felder.drpGruppe->Text());
-    zeile.Set(u"LagerortKurzKu", seite.felder.drpLagerort->Text());
-    zeile.Set(u"Menge", menge);
-    zeile.Set(u"Buchungsmenge", menge);
-    zeile.Set(u"Buchungsart", modulzustand().AktBuchungsart);
-    zeile.Set(u"Einheit", seite.felder.txtEinheit->Text());
-    zeile.Set(u"Kommentar", ZeilenumbruchEntfernen(ui->Fuss->txtKommentar->Text()));
+    Buchung zeile;
+    zeile.Datum = ui->Buchdatum->Date();
+    zeile.Artikel = seite.felder.drpArtikel->Text();
+    zeile.Artikelart = seite.felder.drpGruppe->Text();
+    zeile.LagerortKurzKu = seite.felder.drpLagerort->Text();
+    zeile.Menge = seite.vorzeichen * ui->txtMenge->Value();
+    zeile.Buchungsmenge = zeile.Menge;
+    zeile.Buchungsart = modulzustand().AktBuchungsart;
+    zeile.Einheit = seite.felder.txtEinheit->Text();
+    zeile.Kommentar = ZeilenumbruchEntfernen(ui->Fuss->txtKommentar->Text());
+    if (partner) zeile.Verfuttert_an = QString::number(*partner);
+    return zeile;
 }
 
 void LAUmbuchForm::positioniere()

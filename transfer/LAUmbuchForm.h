@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/farm/Buchung.h"
 #include "masks/Maskenfenster.h"
 
 #include <memory>
@@ -38,7 +39,7 @@ private:
     void verdrahteSeite(const Seite& seite, void (LAUmbuchForm::*fuelle)());
     void Form_Load();
     void uebernimmPaar();
-    void uebernimmSeite(const Seite& seite, const jet::Recordset& zeile);
+    void uebernimmSeite(const Seite& seite, const Buchung& zeile);
     void zeigeOrt(const Seite& seite);
     void bieteArtikelAn(const Seite& seite);
     void ladeArtikelliste(const Seite& seite);
@@ -55,8 +56,7 @@ private:
     void bucheNeu();
     qint64 schreibeNeue(std::optional<qint64>& neue, const Seite& seite, std::optional<qint64> partner = {});
     void bearbeite(qint64 ID, const Seite& seite, std::optional<qint64> partner = {});
-    template <class Zeile>
-    void setzeSpalten(Zeile& zeile, const Seite& seite) const;
+    Buchung buchung(const Seite& seite, std::optional<qint64> partner) const; ///< The row of a side.
     void positioniere();
     void leereFuerNaechste();
 

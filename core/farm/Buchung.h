@@ -31,7 +31,7 @@ namespace buchung {
 template <class Wert>
 struct Spalte {
     QStringView name;
-    std::optional<Wert> Buchung::* wert;
+    std::optional<Wert> Buchung::*wert;
 };
 
 inline constexpr std::tuple Spalten{

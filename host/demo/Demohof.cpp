@@ -61,8 +61,8 @@ void fuelleJahre(const Installation& baustelle, const Sortiment& sortiment, QDat
         const auto journal = jet::engine().OpenDatabase(baustelle.journaldatei(Demobetrieb, jahr));
         if (jahr == erstes) buche(*journal, kalender.anfangsbestand(jahr));
         ergaenzeUntergruppen(*journal, sortiment);
-        std::vector<Buchung> buchungen = kalender.jahr(jahr);
-        std::erase_if(buchungen, [&](const Buchung& buchung) { return buchung.tag > heute; });
+        std::vector<Vorgang> buchungen = kalender.jahr(jahr);
+        std::erase_if(buchungen, [&](const Vorgang& buchung) { return buchung.tag > heute; });
         buche(*journal, buchungen);
     }
 }

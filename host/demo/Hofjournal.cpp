@@ -1,5 +1,7 @@
 #include "host/demo/Hofjournal.h"
 
+#include "core/farm/Buchung.h"
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -11,76 +13,77 @@ double zahl(qint64 hundertstel)
     return double(hundertstel) / 100;
 }
 
-/// Begins a row with what every kind of booking has.
-void beginneZeile(jet::Recordset& journal, const Buchung& buchung, const Ware& ware, const QString& ort, qint64 menge)
+/// What every kind of booking has.
+Buchung zeile(const Vorgang& vorgang, const Ware& ware, const QString& ort, qint64 menge)
 {
-    journal.AddNew();
-    journal.Set(u"Datum", buchung.tag);
-    journal.Set(u"Artikel", ware.name);
-    journal.Set(u"Artikelart", ware.artikelart);
-    journal.Set(u"LagerortKurzKu", ort);
-    journal.Set(u"Menge", zahl(menge));
-    journal.Set(u"Buchungsmenge", zahl(menge));
-    journal.Set(u"Einheit", ware.einheit);
-    journal.Set(u"Buchungsart", buchung.buchungsart);
-    journal.Set(u"Kommentar", buchung.kommentar);
-    journal.Set(u"Untergruppe", ware.untergruppe);
-    journal.Set(u"BuchungsID", 0);
+    Buchung neu;
+    neu.Datum = vorgang.tag;
+    neu.Artikel = ware.name;
+    neu.Artikelart = ware.artikelart;
+    neu.LagerortKurzKu = ort;
+    neu.Menge = zahl(menge);
+    neu.Buchungsmenge = zahl(menge);
+    neu.Einheit = ware.einheit;
+    neu.Buchungsart = vorgang.buchungsart;
+    neu.Kommentar = vorgang.kommentar;
+    neu.Untergruppe = ware.untergruppe;
+    neu.BuchungsID = 0;
+    return neu;
 }
 
-/// Makes the written row the current one. \returns its ID.
-QString geschrieben(jet::Recordset& journal)
+/// Adds a row, which is then the current one. \returns its ID.
+QString schreibe(jet::Recordset& journal, const Buchung& neu)
 {
+    journal.AddNew();
+    setze(journal, neu);
     journal.Update();
     journal.SetBookmark(journal.LastModified());
     return journal[u"ID"].toText();
 }
 
-void bucheUm(jet::Recordset& journal, const Buchung& buchung)
+void bucheUm(jet::Recordset& journal, const Vorgang& vorgang)
 {
-    beginneZeile(journal, buchung, *buchung.ware, buchung.ort, buchung.menge);
-    const QString abgang = geschrieben(journal);
+    const QString abgang = schreibe(journal, zeile(vorgang, *vorgang.ware, vorgang.ort, vorgang.menge));
     const jet::Bookmark abgangszeile = journal.GetBookmark();
-
-    beginneZeile(journal, buchung, *buchung.nachWare, buchung.nachOrt, -buchung.menge);
-    journal.Set(u"Verfuttert_an", abgang);
-    const QString zugang = geschrieben(journal);
-
+    Buchung gegenbuchung = zeile(vorgang, *vorgang.nachWare, vorgang.nachOrt, -vorgang.menge);
+    gegenbuchung.Verfuttert_an = abgang;
+    Buchung verweis;
+    verweis.Verfuttert_an = schreibe(journal, gegenbuchung);
     journal.SetBookmark(abgangszeile);
     journal.Edit();
-    journal.Set(u"Verfuttert_an", zugang);
+    setze(journal, verweis);
     journal.Update();
 }
 
 /// `nummer` is 0 for what was booked here, else that of the field records.
-void bucheEinzeln(jet::Recordset& journal, const Buchung& buchung, int nummer)
+void bucheEinzeln(jet::Recordset& journal, const Vorgang& vorgang, int nummer)
 {
-    beginneZeile(journal, buchung, *buchung.ware, buchung.ort, buchung.menge);
-    if (buchung.buchungsart != u"Korrektur"_s) { // its mask has neither price nor partner
-        journal.Set(u"Preis", zahl(jahrespreis(*buchung.ware, buchung.tag.year())));
-        journal.Set(u"Preisfaktor", buchung.ware->preisfaktor);
-        journal.Set(u"Uberstallt_alt", buchung.partner);
-        journal.Set(u"Verfuttert_an", buchung.merkmal);
+    Buchung neu = zeile(vorgang, *vorgang.ware, vorgang.ort, vorgang.menge);
+    if (vorgang.buchungsart != u"Korrektur"_s) { // its mask has neither price nor partner
+        neu.Preis = zahl(jahrespreis(*vorgang.ware, vorgang.tag.year()));
+        neu.Preisfaktor = vorgang.ware->preisfaktor;
+        neu.Uberstallt_alt = vorgang.partner;
+        neu.Verfuttert_an = vorgang.merkmal;
     }
     if (nummer > 0) {
-        journal.Set(u"BuchungsID", nummer);
-        journal.Set(u"BEErfassungsnummer", buchung.tag.year() % 100 * NummernJeJahr + nummer);
+        neu.BuchungsID = nummer;
+        neu.BEErfassungsnummer = vorgang.tag.year() % 100 * NummernJeJahr + nummer;
     }
-    journal.Update();
+    schreibe(journal, neu);
 }
 
 } // namespace
 
-void buche(jet::Database& journal, const std::vector<Buchung>& buchungen)
+void buche(jet::Database& journal, const std::vector<Vorgang>& buchungen)
 {
     journal.BeginTrans();
     const auto zeilen = journal.OpenRecordset(u"LAGERJOURNAL"_s, jet::Kind::Table);
     int nummer = 0;
-    for (const Buchung& buchung : buchungen) {
-        if (buchung.nachWare)
-            bucheUm(*zeilen, buchung);
+    for (const Vorgang& vorgang : buchungen) {
+        if (vorgang.nachWare)
+            bucheUm(*zeilen, vorgang);
         else
-            bucheEinzeln(*zeilen, buchung, buchung.ausSchollwart ? ++nummer : 0);
+            bucheEinzeln(*zeilen, vorgang, vorgang.ausSchollwart ? ++nummer : 0);
     }
     journal.CommitTrans();
 }

@@ -49,11 +49,11 @@ Hofkalender::Eintrag Hofkalender::eintrag(const Sortiment& sortiment, const QHas
     return neu;
 }
 
-std::vector<Buchung> Hofkalender::anfangsbestand(int jahr)
+std::vector<Vorgang> Hofkalender::anfangsbestand(int jahr)
 {
-    std::vector<Buchung> buchungen;
+    std::vector<Vorgang> buchungen;
     for (const auto& zeile : tabelle(u"anfangsbestand"_s)) {
-        Buchung& neu = buchungen.emplace_back();
+        Vorgang& neu = buchungen.emplace_back();
         neu.tag = QDate(jahr, 1, 1);
         neu.buchungsart = u"Anfangsbestand"_s;
         neu.ware = &m_sortiment->ware(zeile[u"Artikel"_s]);
@@ -64,11 +64,11 @@ std::vector<Buchung> Hofkalender::anfangsbestand(int jahr)
     return buchungen;
 }
 
-std::vector<Buchung> Hofkalender::jahr(int jahr)
+std::vector<Vorgang> Hofkalender::jahr(int jahr)
 {
-    std::vector<Buchung> buchungen;
+    std::vector<Vorgang> buchungen;
     for (const Termin& termin : termine(jahr)) {
-        Buchung neu = termin.eintrag->muster;
+        Vorgang neu = termin.eintrag->muster;
         neu.tag = termin.tag;
         neu.menge = menge(termin);
         if (neu.menge == 0) continue;

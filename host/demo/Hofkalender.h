@@ -10,7 +10,7 @@
 #include <vector>
 
 /// One booking of the demo farm; a transfer is one of them and becomes two rows.
-struct Buchung {
+struct Vorgang {
     QDate tag;
     QString buchungsart;
     const Ware* ware = nullptr; ///< Of the calendar's Sortiment.
@@ -31,13 +31,13 @@ public:
     explicit Hofkalender(const Sortiment& sortiment);
 
     /// The opening stocks by hand, dated 1 January.
-    std::vector<Buchung> anfangsbestand(int jahr);
+    std::vector<Vorgang> anfangsbestand(int jahr);
     /// The bookings of the year in their order.
-    std::vector<Buchung> jahr(int jahr);
+    std::vector<Vorgang> jahr(int jahr);
 
 private:
     struct Eintrag { ///< One line of the calendar.
-        Buchung muster;
+        Vorgang muster;
         QString beginn; ///< "24.07."
         int abstand = 0, anzahl = 0;
         qint64 menge = 0; ///< As a user types it: without a sign when goods leave.
