@@ -160,17 +160,6 @@ void ladeLagerorte(DataControl& Lagerauswahl, DataCombo& drpLagerort)
     leereFremdenText(Lagerauswahl, drpLagerort, u"KurzKu"_s);
 }
 
-void zeigeLagername(QLabel& name, const DataCombo& drpLagerort, DataControl& Lagerauswahl)
-{
-    name.clear();
-    name.setToolTip({});
-    if (!drpLagerort.IsItemInList()) return;
-    Lagerauswahl.FindFirst(u"KurzKu = '"_s + drpLagerort.Text() + u"'"_s);
-    if (Lagerauswahl.NoMatch()) return;
-    name.setText(Lagerauswahl.Recordset()[u"Name"].toText());
-    name.setToolTip(name.text()); // the mask does not grow for a long one
-}
-
 bool pruefeEintrag(DataCombo& combo, DataControl& daten, const QString& feld)
 {
     const QString text = sys::trimBlanks(combo.Text());

@@ -3,7 +3,6 @@
 #include "masks/Maskenfelder.h"
 
 #include <QDate>
-#include <QLabel>
 #include <QString>
 
 #include <functional>
@@ -35,9 +34,6 @@ bool uebernimmArtikelart(ComboBox& drpGruppe, const DataCombo& drpArtikel);
 void ladeGeschaeftspartner(DataControl& HandlerDaten);
 /// Reads the storage places again; a code that is not among them is emptied.
 void ladeLagerorte(DataControl& Lagerauswahl, DataCombo& drpLagerort);
-
-/// Shows the name behind a short code beside its combo; nothing for a code that is not listed.
-void zeigeLagername(QLabel& name, const DataCombo& drpLagerort, DataControl& Lagerauswahl);
 
 /// Whether a combo's text may stay when it is left: empty, or listed, then in the spelling of the list. One that is not
 /// listed opens the list.

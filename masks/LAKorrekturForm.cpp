@@ -6,18 +6,24 @@
 #include "masks/Lagerstand.h"
 #include "masks/Maskenraster.h"
 #include "masks/Maskenteile.h"
-#include "platform/controls/FocusWhole.h"
+#include "masks/Speicherweg.h"
 #include "platform/controls/Wiring.h"
 #include "platform/system/ErrorReport.h"
 
 using namespace Qt::StringLiterals;
 
 LAKorrekturForm::LAKorrekturForm(const Hauptansicht& haupt, QWidget* parent)
-    : Erfassungsmaske(haupt, parent), ui(std::make_unique<Ui::LAKorrekturForm>())
+    : Maskenfenster(haupt, parent), ui(std::make_unique<Ui::LAKorrekturForm>())
 {
     ui->setupUi(this);
     richteAus({ui->Kopf->Kopf, ui->Bestaende, ui->Fuss->Kommentarzeile});
-    verbinde(*ui->Kopf, *ui->Fuss, *ui->txtMenge, *ui->txtEinheit, *ui->Ampel);
+    m_stand.emplace(*ui->txtBisher, ui->txtBisherGesamt, *ui->Ampel);
+    m_buchung = new Einzelbuchung({*ui->Kopf, *ui->Fuss, *ui->txtMenge, *ui->txtEinheit, *ui->Ampel},
+                                  {[] {}, [this] { FelderFullen(); }}, *this);
+    new Speicherweg(*this, *ui->Fuss,
+                    {[this] { return darfSpeichern(); }, [this] { m_buchung->merke(); }, [this] { schreibe(); },
+                     [this] { m_buchung->positioniere(); }, [this] { leereFuerNaechste(); }});
+    verdrahte(ui->txtMenge, &NumberEdit::Change, this, &LAKorrekturForm::txtMenge_Change);
     // A 0 over the 0, too. A field that was emptied shows a 0 that nobody has counted.
     verdrahte(ui->txtMenge, &QLineEdit::textEdited, this,
               [this](const QString& text) { m_gezaehlt = !text.isEmpty(); });
@@ -30,21 +36,21 @@ LAKorrekturForm::~LAKorrekturForm() = default;
 void LAKorrekturForm::Form_Load()
 {
     sys::underErrorReport({
-        [this] { stelleWiederHer(); },
+        [this] { m_buchung->oeffne(); },
         [this] {
-            if (aendert()) uebernimmZeile();
+            if (aendert()) m_buchung->zeige(gelesen(journaldaten().Recordset()));
         },
         [this] {
             if (aendert()) zeigeZaehlung();
         },
-        [this] { bereiteMaskeVor(felder()); },
-        [this] { oeffneLagerliste(); },
-        [this] { oeffneArtikelliste(); },
+        [this] { m_buchung->bereiteVor(); },
+        [this] { m_buchung->ort().oeffne(); },
+        [this] { m_buchung->artikel().oeffne(); },
         [this] {
             if (!aendert()) FelderFullen();
         },
-        [this] { zeigeVorhanden(); },
-        [this] { zeigeErstesLeeresFeld(); },
+        [this] { m_buchung->artikel().zeigeHaken(); },
+        [this] { m_buchung->zeigeErstesLeeresFeld(); },
     });
 }
 
@@ -59,13 +65,13 @@ void LAKorrekturForm::zeigeZaehlung()
 
 void LAKorrekturForm::AmpelEinstellen()
 {
-    stelleAmpel(*ui->Ampel, ui->txtMenge->Value() < 0);
+    m_stand->zeigeAmpel(ui->txtMenge->Value() < 0);
 }
 
 void LAKorrekturForm::FelderFullen()
 {
     zeigeBisher();
-    zeigeVorhanden();
+    m_buchung->artikel().zeigeHaken();
     berechneDifferenz();
     ermittleEinheit();
     AmpelEinstellen();
@@ -73,13 +79,8 @@ void LAKorrekturForm::FelderFullen()
 
 void LAKorrekturForm::zeigeBisher()
 {
-    for (NumberEdit* feld : {ui->txtBisher, ui->txtBisherGesamt})
-        feld->setValue(0); // where the look-up fails no other article's stock may stay
     m_bisher = Bisher::Unbekannt;
-    const auto journal = oeffneJournaldatei();
-    const QString artikel = felder().drpArtikel.Text();
-    ui->txtBisher->setValue(lagerstand(*journal, artikel, felder().drpLagerort.Text(), ID()));
-    ui->txtBisherGesamt->setValue(lagerstand(*journal, artikel, ID()));
+    m_stand->lies(m_buchung->artikel().Artikel(), m_buchung->ort().Ort(), ID());
     m_bisher = Bisher::Bekannt;
 }
 
@@ -92,15 +93,16 @@ void LAKorrekturForm::berechneDifferenz()
 
 void LAKorrekturForm::ermittleEinheit()
 {
-    const QString artikel = vergleichsform(felder().drpArtikel.Text());
-    const auto uebernimm = [this](const jet::Recordset& zeile) { Einheit().setText(zeile[u"Einheit"].toText()); };
+    const QString artikel = vergleichsform(m_buchung->artikel().Artikel());
+    const auto uebernimm = [this](const jet::Recordset& zeile) { ui->txtEinheit->setText(zeile[u"Einheit"].toText()); };
     const auto journal = oeffneJournaldatei();
     const auto letzte = journal->OpenRecordset(
         u"SELECT Preis, Einheit, Preisfaktor FROM LAGERJOURNAL WHERE Trim(lcase(ARTIKEL)) = '"_s + artikel +
             u"' AND Buchungsart IN ('Zukauf','Anfangsbestand') ORDER BY DATUM DESC"_s,
         jet::Kind::Dynaset);
     if (!letzte->Eof()) return uebernimm(*letzte);
-    if (sucheArtikel(felder().Artikelauswahl, artikel)) uebernimm(felder().Artikelauswahl.Recordset());
+    DataControl& offene = m_buchung->artikel().Artikelauswahl();
+    if (sucheArtikel(offene, artikel)) uebernimm(offene.Recordset());
 }
 
 /// After "Speichern und &nächster" the article stays and its stock shows 0: a new count needs the real one.
@@ -119,15 +121,17 @@ bool LAKorrekturForm::darfSpeichern()
         zeigeZaehlung();
     else if (m_bisher != Bisher::Bekannt)
         FelderFullen();
-    if (!Erfassungsmaske::darfSpeichern()) return false;
+    if (!m_buchung->pruefe()) return false;
     if (aendert() || m_gezaehlt || ui->txtBisher->Value() == 0) return true;
     return fehlt(*ui->txtMenge, u"Bitte tragen Sie eine Menge ein !"_s);
 }
 
-void LAKorrekturForm::ergaenze(Buchung& buchung)
+void LAKorrekturForm::schreibe()
 {
-    buchung.Menge = ui->txtNeu->Value();
-    buchung.Buchungsmenge = ui->txtNeu->Value();
+    Buchung zeile = m_buchung->buchung();
+    zeile.Menge = ui->txtNeu->Value();
+    zeile.Buchungsmenge = zeile.Menge;
+    m_buchung->schreibe(zeile);
 }
 
 void LAKorrekturForm::leereFuerNaechste()
@@ -136,5 +140,6 @@ void LAKorrekturForm::leereFuerNaechste()
         zahlfeld->setValue(0);
     m_bisher = Bisher::Geleert;
     m_gezaehlt = false;
-    focusWhole(felder().Buchdatum);
+    m_buchung->zeigeTag();
+    AmpelEinstellen();
 }

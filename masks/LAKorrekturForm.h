@@ -1,21 +1,26 @@
 #pragma once
 
-#include "masks/Erfassungsmaske.h"
+#include "masks/Einzelbuchung.h"
+#include "masks/Lagerstand.h"
+#include "masks/Maskenfenster.h"
+
+#include <memory>
+#include <optional>
 
 namespace Ui {
 class LAKorrekturForm;
 }
 
 /// The mask for a count: the user enters the stock that is there, the difference to the booked one becomes a row.
-class LAKorrekturForm final : public Erfassungsmaske {
+class LAKorrekturForm final : public Maskenfenster {
     Q_OBJECT
 
 public:
     explicit LAKorrekturForm(const Hauptansicht& haupt, QWidget* parent = nullptr);
     ~LAKorrekturForm() override;
 
-    void AmpelEinstellen() override;
-    void FelderFullen() override;
+    void AmpelEinstellen(); ///< Sets the traffic light by the count.
+    void FelderFullen();    ///< Computes the figures for article and place.
 
 private:
     /// What the stocks show: what the journal has, or 0 after "Speichern und &nächster" or after a look-up that failed.
@@ -26,13 +31,15 @@ private:
     void zeigeBisher();
     void ermittleEinheit();
     void berechneDifferenz();
-    void txtMenge_Change() override;
+    void txtMenge_Change();
 
-    bool darfSpeichern() override;
-    void ergaenze(Buchung& buchung) override;
-    void leereFuerNaechste() override;
+    bool darfSpeichern();
+    void schreibe();
+    void leereFuerNaechste();
 
     std::unique_ptr<Ui::LAKorrekturForm> ui;
+    Einzelbuchung* m_buchung = nullptr;
+    std::optional<Lagerstand> m_stand;
     Bisher m_bisher = Bisher::Unbekannt;
     bool m_gezaehlt = false; ///< The user has typed a count.
 };

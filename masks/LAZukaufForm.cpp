@@ -10,6 +10,7 @@
 #include "masks/Lagerstand.h"
 #include "masks/Maskenraster.h"
 #include "masks/Maskenteile.h"
+#include "masks/Speicherweg.h"
 #include "masks/Textlaenge.h"
 #include "platform/controls/FocusWhole.h"
 #include "platform/controls/Wiring.h"
@@ -42,10 +43,27 @@ const Buchungsart& gewaehlteArt()
 } // namespace
 
 LAZukaufForm::LAZukaufForm(const Hauptansicht& haupt, QWidget* parent)
-    : Erfassungsmaske(haupt, parent), ui(std::make_unique<Ui::LAZukaufForm>()), m_art(gewaehlteArt()),
-      m_bild(m_art.bild), m_handlerDaten(new DataControl(this))
+    : Maskenfenster(haupt, parent), ui(std::make_unique<Ui::LAZukaufForm>()), m_art(gewaehlteArt()), m_bild(m_art.bild),
+      m_handlerDaten(new DataControl(this))
 {
     ui->setupUi(this);
+    richteFelderEin();
+    ordneAn();
+    m_stand.emplace(*ui->txtBisher, ui->txtBisherGesamt, *ui->Ampel);
+    m_buchung = new Einzelbuchung({*ui->Kopf, *ui->Fuss, *ui->txtMenge, *ui->txtEinheit, *ui->Ampel},
+                                  {[this] { Ansichteinstellen(); }, [this] { FelderFullen(); }}, *this,
+                                  {ui->txtPreis, ui->stHandler});
+    new Speicherweg(*this, *ui->Fuss,
+                    {[this] { return darfSpeichern(); }, [this] { merkeEinstellungen(); }, [this] { schreibe(); },
+                     [this] { m_buchung->positioniere(); }, [this] { leereFuerNaechste(); }});
+    verdrahteFelder();
+    Form_Load();
+}
+
+LAZukaufForm::~LAZukaufForm() = default;
+
+void LAZukaufForm::richteFelderEin()
+{
     m_handlerDaten->setObjectName(u"HandlerDaten"_s);
     ui->stHandler->setDataFieldToDisplay(u"KurzKu"_s);
     ui->stHandler->setDataFieldToFind(u"NAME"_s);
@@ -61,48 +79,53 @@ LAZukaufForm::LAZukaufForm(const Hauptansicht& haupt, QWidget* parent)
     ui->txtPreisFaktor->setNumberFormat(u"0.##"_s);
     constexpr int Faktorzeichen = 9; // three, and what stands around them
     ui->txtPreisFaktor->setFixedWidth(Faktorzeichen * fontMetrics().averageCharWidth());
+}
+
+void LAZukaufForm::ordneAn()
+{
     for (QWidget* merkmal : std::initializer_list<QWidget*>{ui->frmBeizung, ui->chkBiologisch})
         behaeltPlatz(*merkmal);
     const int feldspalte = richteAus(
         {ui->Kopf->Kopf, ui->Mengenzeile, ui->Preise, ui->Partnerzeile, ui->Bestaende, ui->Fuss->Kommentarzeile});
-    if (!m_bild.mitPreis) { // both stand under the fields, the tick first: it is there for more kinds of articles
-        ui->Mitte->setContentsMargins(feldspalte, 0, 0, 0);
-        ui->Merkmale->setDirection(QBoxLayout::RightToLeft);
-        setTabOrder(ui->txtEinheit, ui->chkBiologisch);
-        setTabOrder(ui->chkBiologisch, ui->OptJa);
-    }
-    verbinde(*ui->Kopf, *ui->Fuss, *ui->txtMenge, *ui->txtEinheit, *ui->Ampel, {ui->txtPreis, ui->stHandler});
+    if (m_bild.mitPreis) return;
+    // Both stand under the fields, the tick first: it is there for more kinds of articles.
+    ui->Mitte->setContentsMargins(feldspalte, 0, 0, 0);
+    ui->Merkmale->setDirection(QBoxLayout::RightToLeft);
+    setTabOrder(ui->txtEinheit, ui->chkBiologisch);
+    setTabOrder(ui->chkBiologisch, ui->OptJa);
+}
+
+void LAZukaufForm::verdrahteFelder()
+{
     for (NumberEdit* feld : {ui->txtPreis, ui->txtPreisFaktor, ui->txtBetrag})
         bewache(*feld);
 
     verdrahte(ui->stHandler, &DataCombo::DropDown, this, [this] { ladeGeschaeftspartner(*m_handlerDaten); });
     verdrahte(ui->chkBiologisch, &CheckBox::Click, this, &LAZukaufForm::Ansichteinstellen);
+    verdrahte(ui->txtMenge, &NumberEdit::Change, this, &LAZukaufForm::txtMenge_Change);
     verdrahte(ui->txtPreis, &NumberEdit::Change, this, &LAZukaufForm::berechneBetrag);
     verdrahte(ui->txtBetrag, &NumberEdit::Change, this, &LAZukaufForm::txtBetrag_Change);
     verdrahte(ui->txtPreisFaktor, &NumberEdit::Change, this, &LAZukaufForm::txtPreisFaktor_Change);
     verdrahte(ui->txtPreisFaktor, &NumberEdit::Validate, this, &LAZukaufForm::txtPreisFaktor_Validate);
     verdrahte(ui->txtEinheit, &TextBox::Change, this, &LAZukaufForm::zeigePreiseinheit);
-    Form_Load();
 }
-
-LAZukaufForm::~LAZukaufForm() = default;
 
 void LAZukaufForm::Form_Load()
 {
     sys::underErrorReport({
-        [this] { stelleWiederHer(); },
+        [this] { m_buchung->oeffne(); },
         [this] { ui->chkBiologisch->setValue(sys::GetSetting(u"Lagerverwaltung"_s, u"BioZukauf"_s, u"0"_s).toInt()); },
         [this] { passeAn(); },
         [this] {
             if (aendert()) uebernimmZeile();
         },
-        [this] { bereiteMaskeVor(felder()); },
+        [this] { m_buchung->bereiteVor(); },
         [this] { Ansichteinstellen(); },
-        [this] { oeffneLagerliste(); },
+        [this] { m_buchung->ort().oeffne(); },
         [this] { ladeGeschaeftspartner(*m_handlerDaten); },
-        [this] { oeffneArtikelliste(); },
+        [this] { m_buchung->artikel().oeffne(); },
         [this] { FelderFullen(); },
-        [this] { zeigeErstesLeeresFeld(); },
+        [this] { m_buchung->zeigeErstesLeeresFeld(); },
     });
 }
 
@@ -120,8 +143,10 @@ void LAZukaufForm::passeAn()
 }
 
 /// The row's own columns; its article counts as last priced, so that opening a row never changes its price.
-void LAZukaufForm::zeigeSpalten(const Buchung& zeile)
+void LAZukaufForm::uebernimmZeile()
 {
+    const Buchung zeile = gelesen(journaldaten().Recordset());
+    m_buchung->zeige(zeile);
     const double menge = zeile.Menge.value_or(0);
     ui->txtMenge->setValue(m_art.ausgang ? -menge : menge);
     ui->txtPreisFaktor->setValue(zahl(zeile.Preisfaktor.value_or(QString())));
@@ -134,12 +159,12 @@ void LAZukaufForm::zeigeSpalten(const Buchung& zeile)
 
 void LAZukaufForm::AmpelEinstellen()
 {
-    stelleAmpel(*ui->Ampel, ui->txtNeu->Value() < 0 || ui->txtNeuGesamt->Value() < 0);
+    m_stand->zeigeAmpel(ui->txtNeu->Value() < 0 || ui->txtNeuGesamt->Value() < 0);
 }
 
 void LAZukaufForm::Ansichteinstellen()
 {
-    const QString art = felder().drpGruppe.Text();
+    const QString art = m_buchung->artikel().Artikelart();
     const bool ohneBeizung = art == u"Wirtschaftsdünger" || art == PflanzlicheErzeugnisse || art == u"Futtermittel";
     const bool saatgut = art == u"Saatgut/Sorten" || art == u"Zwischenfruchtsaatgut";
     ui->chkBiologisch->setVisible(ohneBeizung || saatgut);
@@ -149,15 +174,12 @@ void LAZukaufForm::Ansichteinstellen()
 
 void LAZukaufForm::FelderFullen()
 {
-    for (NumberEdit* feld : {ui->txtBisher, ui->txtBisherGesamt})
-        feld->setValue(0); // where the look-up fails no other article's stock may stay
+    m_stand->leere();
     berechneBestaende();
     AmpelEinstellen();
-    zeigeVorhanden();
-    const auto journal = oeffneJournaldatei();
-    const QString artikel = felder().drpArtikel.Text();
-    ui->txtBisher->setValue(lagerstand(*journal, artikel, felder().drpLagerort.Text(), ID()));
-    ui->txtBisherGesamt->setValue(lagerstand(*journal, artikel, ID()));
+    m_buchung->artikel().zeigeHaken();
+    const QString artikel = m_buchung->artikel().Artikel();
+    m_stand->lies(artikel, m_buchung->ort().Ort(), ID());
     berechneBestaende();
     if (vergleichsform(artikel) != m_bepreisterArtikel) ermittlePreis(vergleichsform(artikel));
     m_bepreisterArtikel = vergleichsform(artikel);
@@ -172,7 +194,7 @@ void LAZukaufForm::ermittlePreis(const QString& artikel)
 {
     const auto uebernimm = [this](const jet::Recordset& zeile) {
         ui->txtPreis->setValue(zeile[u"Preis"].toDouble());
-        Einheit().setText(zeile[u"Einheit"].toText());
+        ui->txtEinheit->setText(zeile[u"Einheit"].toText());
         ui->txtPreisFaktor->setValue(zahl(zeile[u"Preisfaktor"].toText()));
     };
     const auto journal = oeffneJournaldatei();
@@ -181,8 +203,9 @@ void LAZukaufForm::ermittlePreis(const QString& artikel)
             u"' AND Buchungsart IN ('Zukauf','Anfangsbestand','Ernte') ORDER BY DATUM DESC"_s,
         jet::Kind::Dynaset);
     if (!letzte->Eof()) return uebernimm(*letzte);
-    if (chkVorhanden().Value() == 1 || felder().drpGruppe.Text().isEmpty()) return; // these lists have no prices
-    if (sucheArtikel(felder().Artikelauswahl, artikel)) uebernimm(felder().Artikelauswahl.Recordset());
+    const Artikelwahl& wahl = m_buchung->artikel();
+    if (wahl.nurVorhandene() || wahl.Artikelart().isEmpty()) return; // these lists have no prices
+    if (sucheArtikel(wahl.Artikelauswahl(), artikel)) uebernimm(wahl.Artikelauswahl().Recordset());
 }
 
 double LAZukaufForm::gebuchteMenge() const
@@ -236,12 +259,12 @@ void LAZukaufForm::txtMenge_Change()
 void LAZukaufForm::zeigePreiseinheit()
 {
     ui->PreisEinheitPanel->setText(u" per "_s + jet::Value(jet::Round(preisfaktor(), 0)).toText() + u" "_s +
-                                   Einheit().Text());
+                                   ui->txtEinheit->Text());
 }
 
 bool LAZukaufForm::darfSpeichern()
 {
-    if (!Erfassungsmaske::darfSpeichern()) return false;
+    if (!m_buchung->pruefe()) return false;
     if (!ui->stHandler->isVisible() || !sys::trimBlanks(ui->stHandler->Text()).isEmpty()) return true;
     return sys::messages().show(u"Sie haben keine Geschäftspartner eingetragen."_s + u"\r\n\r\n"_s +
                                     u"Wollen Sie den Zukauf trotzdem abspeichern ?"_s,
@@ -251,26 +274,29 @@ bool LAZukaufForm::darfSpeichern()
 void LAZukaufForm::merkeEinstellungen()
 {
     sys::SaveSetting(u"Lagerverwaltung"_s, u"BioZukauf"_s, QString::number(ui->chkBiologisch->Value()));
-    Erfassungsmaske::merkeEinstellungen();
+    m_buchung->merke();
 }
 
-void LAZukaufForm::ergaenze(Buchung& buchung)
+void LAZukaufForm::schreibe()
 {
-    buchung.Menge = gebuchteMenge();
-    buchung.Buchungsmenge = gebuchteMenge();
-    buchung.Preisfaktor = jet::Value(preisfaktor()).toText();
-    buchung.Preis = ui->txtPreis->Value();
-    buchung.Uberstallt_alt = ui->stHandler->Text();
+    Buchung zeile = m_buchung->buchung();
+    zeile.Menge = gebuchteMenge();
+    zeile.Buchungsmenge = zeile.Menge;
+    zeile.Preisfaktor = jet::Value(preisfaktor()).toText();
+    zeile.Preis = ui->txtPreis->Value();
+    zeile.Uberstallt_alt = ui->stHandler->Text();
     const bool biologisch = ui->chkBiologisch->Value() == 1;
-    buchung.Verfuttert_an = biologisch ? Biologisch : ui->OptJa->Value() ? Gebeizt : QString();
+    zeile.Verfuttert_an = biologisch ? Biologisch : ui->OptJa->Value() ? Gebeizt : QString();
+    m_buchung->schreibe(zeile);
 }
 
 void LAZukaufForm::leereFuerNaechste()
 {
-    felder().drpArtikel.setText({});
+    m_buchung->artikel().setArtikel({});
     m_bepreisterArtikel.clear();
     for (NumberEdit* zahlfeld :
          {ui->txtMenge, ui->txtBisher, ui->txtBisherGesamt, ui->txtNeu, ui->txtNeuGesamt, ui->txtPreis, ui->txtBetrag})
         zahlfeld->setValue(0);
-    focusWhole(felder().Buchdatum);
+    m_buchung->zeigeTag();
+    AmpelEinstellen();
 }

@@ -1,5 +1,7 @@
 #include "masks/Lagerstand.h"
 
+#include "core/Journaldatei.h"
+#include "masks/ErfassungsmaskenModul.h"
 #include "platform/jet/Recordset.h"
 #include "platform/system/Blanks.h"
 
@@ -31,4 +33,27 @@ double lagerstand(jet::Database& journal, const QString& Artikel, const QString&
     return summe(journal, u"SELECT SUM(MENGE) AS Bestand FROM LAGERJOURNAL WHERE LCASE(TRIM(ARTIKEL)) = '"_s +
                               vergleichsform(Artikel) + u"' AND LCASE(TRIM(LAGERORTKURZKU)) = '"_s +
                               vergleichsform(Lagerort) + u"' AND ID <> "_s + QString::number(ID));
+}
+
+Lagerstand::Lagerstand(NumberEdit& bisher, NumberEdit* bisherGesamt, AmpelLED& Ampel)
+    : m_bisher(bisher), m_bisherGesamt(bisherGesamt), m_Ampel(Ampel)
+{}
+
+void Lagerstand::leere()
+{
+    m_bisher.setValue(0);
+    if (m_bisherGesamt) m_bisherGesamt->setValue(0);
+}
+
+void Lagerstand::lies(const QString& Artikel, const QString& Lagerort, qint64 ID)
+{
+    leere();
+    const auto journal = oeffneJournaldatei();
+    m_bisher.setValue(lagerstand(*journal, Artikel, Lagerort, ID));
+    if (m_bisherGesamt) m_bisherGesamt->setValue(lagerstand(*journal, Artikel, ID));
+}
+
+void Lagerstand::zeigeAmpel(bool negativ)
+{
+    stelleAmpel(m_Ampel, negativ);
 }

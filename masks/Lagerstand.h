@@ -4,6 +4,9 @@
 
 #include <QString>
 
+class AmpelLED;
+class NumberEdit;
+
 /// A name as masks compare it: trimmed and in lower case. Another spelling is no other article.
 QString vergleichsform(const QString& name);
 
@@ -15,3 +18,19 @@ QString vergleichsform(const QString& name);
 double lagerstand(jet::Database& journal, const QString& Artikel, qint64 ID);
 /// At one storage place, given by its short code.
 double lagerstand(jet::Database& journal, const QString& Artikel, const QString& Lagerort, qint64 ID);
+
+/// The stocks before a booking as a mask shows them, and its lamp.
+class Lagerstand {
+public:
+    Lagerstand(NumberEdit& bisher, NumberEdit* bisherGesamt, AmpelLED& Ampel);
+
+    void leere(); ///< Where a look-up fails no other article's stock may stay.
+    /// Of an article at a place and, where the mask has a field for it, at all of them. \throws jet::Error as lagerstand().
+    void lies(const QString& Artikel, const QString& Lagerort, qint64 ID);
+    void zeigeAmpel(bool negativ); ///< Red or green.
+
+private:
+    NumberEdit& m_bisher;
+    NumberEdit* m_bisherGesamt;
+    AmpelLED& m_Ampel;
+};

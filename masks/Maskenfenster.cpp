@@ -3,7 +3,6 @@
 #include "core/Modulzustand.h"
 #include "masks/Maskenteile.h"
 #include "masks/Textlaenge.h"
-#include "platform/controls/FocusWhole.h"
 #include "platform/controls/ListField.h"
 #include "platform/controls/TasteUmsetzen.h"
 #include "platform/controls/Tasten.h"
@@ -13,8 +12,6 @@
 #include "platform/system/Messages.h"
 
 #include <QApplication>
-#include <QPointer>
-#include <QScopeGuard>
 #include <QScrollArea>
 
 using namespace Qt::StringLiterals;
@@ -57,8 +54,6 @@ void Maskenfenster::richteFensterEin(Maskenfuss& fuss, const std::vector<QWidget
     bewache(*fuss.txtKommentar);
     begrenze(*fuss.txtKommentar, u"Kommentar"_s, 255);
     verdrahte(fuss.Command1, &QPushButton::clicked, this, [this] { QDialog::reject(); });
-    verdrahte(fuss.Command2_0_, &QPushButton::clicked, this, [this] { Command2_Click(0); });
-    verdrahte(fuss.Command2_1_, &QPushButton::clicked, this, [this] { Command2_Click(1); });
     restoreWindow(*this, u"Lagerverwaltung"_s, u"Fenster"_s + objectName());
 }
 
@@ -122,27 +117,6 @@ void Maskenfenster::reject()
                                           sys::YesNo | sys::Question | sys::DefaultButton2) != sys::Answer::Yes)
         return;
     QDialog::reject();
-}
-
-bool Maskenfenster::speichereUnterBericht(const std::function<void()>& merke, const std::function<void()>& schreibe)
-{
-    const QPointer<QWidget> fokus = focusWidget(); // a button that is disabled gives it away
-    const auto sperre = [this](bool gesperrt) {
-        for (QPushButton* knopf : {m_fuss->Command2_0_, m_fuss->Command2_1_})
-            knopf->setDisabled(gesperrt);
-    };
-    sperre(true);
-    const auto entsperre = qScopeGuard([&] {
-        sperre(false);
-        if (fokus) focusWhole(*fokus);
-    });
-    bool geschrieben = false;
-    sys::underErrorReport({merke, [&] {
-                               schreibe();
-                               geschrieben = true;
-                               m_getippt = false;
-                           }});
-    return geschrieben;
 }
 
 void Maskenfenster::done(int result)

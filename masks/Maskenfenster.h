@@ -4,13 +4,12 @@
 
 #include <QDialog>
 
-#include <functional>
 #include <vector>
 
 class ListField;
 class Maskenfuss;
 
-/// The window of every entry mask: keys, size, buttons, and the way of a save.
+/// The window of every entry mask: keys, size and buttons.
 ///
 /// Where the display is too small for the mask, its fields scroll and its buttons stay in view.
 class Maskenfenster : public QDialog {
@@ -22,7 +21,6 @@ public:
     /// Esc and the window's X: asks when something typed would be lost. "Abbrechen" asks nothing.
     void reject() override;
 
-protected:
     Maskenfenster(const Hauptansicht& haupt, QWidget* parent);
 
     /// To be called by the mask when its own part is set up: keys, buttons, the size it had. F6 goes to the next of the
@@ -36,10 +34,8 @@ protected:
     bool aendert() const { return m_id != 0; }
     qint64 ID() const { return m_id; } ///< Of the row that is changed; 0: a new booking.
 
-    /// Writes under the error report with the save buttons disabled. Whether it went to its end; if not, the mask stays as
-    /// it was typed, and can be saved again.
-    bool speichereUnterBericht(const std::function<void()>& merke, const std::function<void()>& schreibe);
-    virtual void Command2_Click(int index) = 0; ///< Save; 1 also closes.
+    void vergissGetipptes() { m_getippt = false; } ///< It is saved.
+    void weiter() { focusNextChild(); }
 
 private:
     void setzeInRollbereich();

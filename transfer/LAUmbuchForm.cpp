@@ -2,12 +2,14 @@
 
 #include "ui_LAUmbuchForm.h"
 
-#include "core/Journaldatei.h"
 #include "core/Modulzustand.h"
 #include "core/ZeilenumbruchEntfernen.h"
+#include "masks/Artikelwahl.h"
+#include "masks/Buchungstag.h"
 #include "masks/ErfassungsmaskenModul.h"
-#include "masks/Lagerstand.h"
+#include "masks/Lagerortwahl.h"
 #include "masks/Maskenteile.h"
+#include "masks/Speicherweg.h"
 #include "masks/Textlaenge.h"
 #include "platform/controls/FocusWhole.h"
 #include "platform/controls/RowIds.h"
@@ -50,62 +52,40 @@ LAUmbuchForm::LAUmbuchForm(const Hauptansicht& haupt, QWidget* parent)
     ui->Abgang->setzeEinheitNeben(*ui->txtMenge, *ui->MengeMitEinheit);
     constexpr int Mengenzeichen = 12; // of average width
     ui->txtMenge->setMinimumWidth(Mengenzeichen * fontMetrics().averageCharWidth());
-    ui->Abgang->verbinde(*m_lagerauswahl, *m_artikelauswahl);
-    ui->Zugang->verbinde(*m_lagerauswahl, *m_artikelauswahl2);
-    m_abgang.emplace(Seite{*ui->Abgang, *m_artikelauswahl, *ui->txtAbgangsID, -1});
-    m_zugang.emplace(Seite{*ui->Zugang, *m_artikelauswahl2, *ui->txtZugangsID, 1});
     m_felder.emplace(Maskenfelder{*ui->Buchdatum, *ui->Abgang->drpLagerort, *ui->Abgang->drpGruppe,
                                   *ui->Abgang->drpArtikel, *ui->txtMenge, *ui->Abgang->Ampel, *ui->Fuss->Command2_0_,
                                   *ui->Fuss->Command2_1_, *m_lagerauswahl, *m_artikelauswahl});
     richteFensterEin(*ui->Fuss, {ui->Abgang->drpLagerort, ui->Abgang->drpArtikel, ui->txtMenge, ui->Zugang->drpLagerort,
                                  ui->Zugang->drpArtikel, ui->Fuss->txtKommentar});
     bewache(*ui->txtMenge);
-    verdrahte(ui->Command3, &QPushButton::clicked, this, &LAUmbuchForm::Command3_Click);
+    m_tag = new Buchungstag(
+        *ui->Buchdatum, *ui->Command3, [this] { weiter(); }, this);
+    m_abgang.emplace(seite(*ui->Abgang, *m_artikelauswahl, *ui->txtAbgangsID, -1, [this] { FelderFullen(); }));
+    m_zugang.emplace(seite(*ui->Zugang, *m_artikelauswahl2, *ui->txtZugangsID, 1, [this] { FelderFullen2(); }));
+    m_zugang->artikel->etikettOhneArt();
     verdrahte(ui->txtMenge, &NumberEdit::Change, this, &LAUmbuchForm::txtMenge_Change);
-    verdrahteSeite(*m_abgang, &LAUmbuchForm::FelderFullen);
-    verdrahteSeite(*m_zugang, &LAUmbuchForm::FelderFullen2);
-    verdrahte(ui->Abgang->lblArtikel, &ClickLabel::Click, this,
-              [this] { ladeArtikelstamm(*m_artikelauswahl, *ui->Abgang->drpArtikel, ui->Abgang->drpGruppe->Text()); });
-    // The kind was looked for in a field that the combo does not have and that is always empty: the list is only read
-    // again. Kept, as the list that stands there is the right one.
-    verdrahte(ui->Zugang->lblArtikel, &ClickLabel::Click, this,
-              [this] { ladeArtikelstamm(*m_artikelauswahl2, *ui->Zugang->drpArtikel, QString()); });
+    const auto merke = [this] {
+        sys::SaveSetting(Abschnitt, u"NurVorhandenAnzeigen2"_s, QString::number(ui->Abgang->chkVorhanden->Value()));
+    };
+    new Speicherweg(*this, *ui->Fuss,
+                    {[this] { return darfSpeichern(); }, merke, [this] { schreibe(); }, [this] { positioniere(); },
+                     [this] { leereFuerNaechste(); }});
     Form_Load();
 }
 
 LAUmbuchForm::~LAUmbuchForm() = default;
 
-void LAUmbuchForm::verdrahteSeite(const Seite& seite, void (LAUmbuchForm::*fuelle)())
+LAUmbuchForm::Seite LAUmbuchForm::seite(Umbuchseite& felder, DataControl& Artikelauswahl, NumberEdit& ID,
+                                        int vorzeichen, const std::function<void()>& fuelle)
 {
-    Umbuchseite& felder = seite.felder;
-    const auto ladeUndFuelle = [this, &seite, fuelle] {
-        sys::underErrorReport({[&] { ladeArtikelliste(seite); }, [&] { (this->*fuelle)(); }});
-    };
-    const auto ladeOrte = [this, &seite] {
-        ladeLagerorte(*m_lagerauswahl, *seite.felder.drpLagerort);
-        zeigeOrt(seite);
-    };
-    verdrahte(felder.drpLagerort, &DataCombo::DropDown, this, ladeOrte);
-    verdrahte(felder.lblLagerort, &ClickLabel::Click, this, ladeOrte);
-    begrenze(*felder.drpLagerort, u"Lagerort"_s, 15);
     begrenze(*felder.txtEinheit, u"Einheit"_s, 15);
-    verdrahte(felder.drpLagerort, &DataCombo::Click, this, [this, &seite, fuelle] {
-        sys::underErrorReport({[&] { zeigeOrt(seite); }, [&] { (this->*fuelle)(); }});
-    });
-    verdrahte(felder.drpGruppe, &ComboBox::Click, this, ladeUndFuelle);
-    verdrahte(felder.chkVorhanden, &CheckBox::Click, this, ladeUndFuelle);
-    verdrahte(felder.drpArtikel, &DataCombo::DropDown, this, [this, &seite] { ladeArtikelliste(seite); });
-    verdrahte(felder.drpArtikel, &DataCombo::GotFocus, this, [this, &seite] {
-        if (seite.felder.drpGruppe->Text().isEmpty() && !seite.Artikelauswahl.isOpen()) ladeArtikelliste(seite);
-    });
-    verdrahte(felder.drpArtikel, &DataCombo::Click, this, [this, &seite, fuelle] {
-        sys::underErrorReport({[&] { folgeArtikel(seite); }, [&] { (this->*fuelle)(); }});
-    });
     bewache(*felder.drpArtikel);
-    verdrahte(felder.drpArtikel, &DataCombo::Validate, this, [this, &seite, fuelle](Cancel& cancel) {
-        cancel = !darfArtikelVerlassen(*seite.felder.drpArtikel, seite.Artikelauswahl,
-                                       [this, fuelle] { (this->*fuelle)(); });
-    });
+    auto* const ort = new Lagerortwahl(
+        {*felder.drpLagerort, *felder.lblLagerort, *felder.lblLagername, *m_lagerauswahl}, fuelle, this);
+    auto* const artikel = new Artikelwahl(
+        {*felder.drpGruppe, *felder.drpArtikel, *felder.chkVorhanden, *felder.lblArtikel, Artikelauswahl},
+        {[] {}, fuelle}, this);
+    return {felder, ID, vorzeichen, ort, artikel, Lagerstand(*felder.txtBisher, nullptr, *felder.Ampel)};
 }
 
 /// Each step is reported by itself: a list that cannot be read must not cost the row that is changed.
@@ -122,10 +102,10 @@ void LAUmbuchForm::Form_Load()
         [this] {
             if (aendert()) uebernimmPaar();
         },
-        [this] { zeigeOrt(*m_abgang); },
-        [this] { zeigeOrt(*m_zugang); },
-        [this] { bieteArtikelAn(*m_abgang); },
-        [this] { bieteArtikelAn(*m_zugang); },
+        [this] { m_abgang->ort->zeigeName(); },
+        [this] { m_zugang->ort->zeigeName(); },
+        [this] { m_abgang->artikel->oeffne(); },
+        [this] { m_zugang->artikel->oeffne(); },
         [this] {
             if (aendert()) FelderFullen();
         },
@@ -159,61 +139,30 @@ void LAUmbuchForm::uebernimmPaar()
 
 void LAUmbuchForm::uebernimmSeite(const Seite& seite, const Buchung& zeile)
 {
-    Umbuchseite& felder = seite.felder;
     seite.ID.setValue(double(zeile.ID.value_or(0)));
-    felder.drpArtikel->setText(zeile.Artikel.value_or(QString()));
-    felder.drpArtikel->setTag(felder.drpArtikel->Text());
-    felder.drpGruppe->setText(zeile.Artikelart.value_or(QString()));
-    felder.drpLagerort->setText(zeile.LagerortKurzKu.value_or(QString()));
-    felder.txtEinheit->setText(zeile.Einheit.value_or(QString()));
-}
-
-void LAUmbuchForm::zeigeOrt(const Seite& seite)
-{
-    zeigeLagername(*seite.felder.lblLagername, *seite.felder.drpLagerort, *m_lagerauswahl);
-}
-
-/// The list of the row that is changed. Its article stays, also when it is no longer offered.
-void LAUmbuchForm::bieteArtikelAn(const Seite& seite)
-{
-    if (seite.ID.Value() == 0) return;
-    const QString artikel = seite.felder.drpArtikel->Text();
-    ladeArtikelliste(seite);
-    seite.felder.drpArtikel->setText(artikel);
-}
-
-void LAUmbuchForm::ladeArtikelliste(const Seite& seite)
-{
-    bool nurVorhandene = seite.felder.chkVorhanden->Value() == 1;
-    ladeArtikel(seite.Artikelauswahl, *seite.felder.drpArtikel, seite.felder.drpGruppe->Text(), nurVorhandene);
-}
-
-/// Who begins with the article need not choose its kind.
-void LAUmbuchForm::folgeArtikel(const Seite& seite)
-{
-    if (uebernimmArtikelart(*seite.felder.drpGruppe, *seite.felder.drpArtikel)) ladeArtikelliste(seite);
+    seite.artikel->zeige(zeile);
+    seite.ort->setOrt(zeile.LagerortKurzKu.value_or(QString()));
+    seite.felder.txtEinheit->setText(zeile.Einheit.value_or(QString()));
 }
 
 void LAUmbuchForm::AmpelEinstellen()
 {
-    for (const Umbuchseite* seite : {ui->Abgang, ui->Zugang})
-        stelleAmpel(*seite->Ampel, seite->txtNeu->Value() < 0);
+    for (Seite* seite : {&*m_abgang, &*m_zugang})
+        seite->stand.zeigeAmpel(seite->felder.txtNeu->Value() < 0);
 }
 
-void LAUmbuchForm::berechne(const Seite& seite)
+void LAUmbuchForm::berechne(Seite& seite)
 {
-    seite.felder.txtBisher->setValue(0); // where the look-up fails no other article's stock may stay
-    const auto journal = oeffneJournaldatei();
     const qint64 ohne = aendert() ? static_cast<qint64>(seite.ID.Value()) : 0;
-    seite.felder.txtBisher->setValue(
-        lagerstand(*journal, seite.felder.drpArtikel->Text(), seite.felder.drpLagerort->Text(), ohne));
+    seite.stand.lies(seite.artikel->Artikel(), seite.ort->Ort(), ohne);
     seite.felder.txtNeu->setValue(seite.felder.txtBisher->Value() + seite.vorzeichen * ui->txtMenge->Value());
 }
 
 void LAUmbuchForm::ermittleEinheit(const Seite& seite)
 {
-    if (!sucheArtikel(seite.Artikelauswahl, seite.felder.drpArtikel->Text())) return;
-    seite.felder.txtEinheit->setText(seite.Artikelauswahl.Recordset()[u"Einheit"].toText());
+    DataControl& offene = seite.artikel->Artikelauswahl();
+    if (sucheArtikel(offene, seite.artikel->Artikel()))
+        seite.felder.txtEinheit->setText(offene.Recordset()[u"Einheit"].toText());
 }
 
 /// The tag holds the article of the pair that is changed and is empty for a new one: then every article of the issuing side
@@ -223,13 +172,13 @@ void LAUmbuchForm::FelderFullen()
 {
     berechne(*m_abgang);
     AmpelEinstellen();
-    if (ui->Abgang->drpArtikel->Text() == ui->Abgang->drpArtikel->Tag()) return;
+    const Artikelwahl& hier = *m_abgang->artikel;
+    if (hier.istUnveraendert()) return;
     ermittleEinheit(*m_abgang);
-    ui->Zugang->drpGruppe->setText(ui->Abgang->drpGruppe->Text());
-    DataCombo& dort = *ui->Zugang->drpArtikel;
-    if (dort.Text().isEmpty() || dort.Text() == m_mitgenommen)
-        dort.setText(m_mitgenommen = ui->Abgang->drpArtikel->Text());
-    ladeArtikelliste(*m_zugang);
+    Artikelwahl& dort = *m_zugang->artikel;
+    dort.setArtikelart(hier.Artikelart());
+    if (dort.Artikel().isEmpty() || dort.Artikel() == m_mitgenommen) dort.setArtikel(m_mitgenommen = hier.Artikel());
+    dort.lade();
     FelderFullen2();
 }
 
@@ -237,21 +186,14 @@ void LAUmbuchForm::FelderFullen2()
 {
     berechne(*m_zugang);
     AmpelEinstellen();
-    if (ui->Zugang->drpArtikel->Text() != ui->Zugang->drpArtikel->Tag()) ermittleEinheit(*m_zugang);
-}
-
-/// Enter presses the button it has come to, and goes on.
-void LAUmbuchForm::Command3_Click()
-{
-    stelleAufHeute(*ui->Buchdatum);
-    if (ui->Command3->hasFocus()) focusNextChild();
+    if (!m_zugang->artikel->istUnveraendert()) ermittleEinheit(*m_zugang);
 }
 
 void LAUmbuchForm::txtMenge_Change()
 {
     const double menge = ui->txtMenge->Value();
-    for (const Seite& seite : {*m_abgang, *m_zugang})
-        seite.felder.txtNeu->setValue(seite.felder.txtBisher->Value() + seite.vorzeichen * menge);
+    for (const Seite* seite : {&*m_abgang, &*m_zugang})
+        seite->felder.txtNeu->setValue(seite->felder.txtBisher->Value() + seite->vorzeichen * menge);
     AmpelEinstellen();
 }
 
@@ -259,22 +201,7 @@ bool LAUmbuchForm::darfSpeichern()
 {
     const Umbuchseite& zugang = *ui->Zugang;
     return pruefeEingabe(*m_felder) && darfNegativWerden(*zugang.Ampel, u"\r\r"_s) &&
-           pruefeOrtUndArtikel(*zugang.drpLagerort, *zugang.drpGruppe, *zugang.drpArtikel) &&
-           pruefeDatum(*ui->Buchdatum);
-}
-
-void LAUmbuchForm::Command2_Click(int index)
-{
-    if (!owedChecksPass(*this)) return; // a mnemonic presses the button without leaving the field
-    if (!darfSpeichern()) return;
-    const auto merke = [this] {
-        sys::SaveSetting(Abschnitt, u"NurVorhandenAnzeigen2"_s, QString::number(ui->Abgang->chkVorhanden->Value()));
-    };
-    if (!speichereUnterBericht(merke, [this] { schreibe(); })) return;
-    // Guarded by itself: what fails now, as by an apostrophe in a name, must not lead to a second pair.
-    sys::underErrorReport({[this] { positioniere(); }});
-    if (index == 1) return accept();
-    leereFuerNaechste();
+           pruefeOrtUndArtikel(*zugang.drpLagerort, *zugang.drpGruppe, *zugang.drpArtikel) && m_tag->pruefe();
 }
 
 /// One step of the error report: ignoring an error cannot go on with half a pair.
@@ -346,10 +273,10 @@ void LAUmbuchForm::bearbeite(qint64 ID, const Seite& seite, std::optional<qint64
 Buchung LAUmbuchForm::buchung(const Seite& seite, std::optional<qint64> partner) const
 {
     Buchung zeile;
-    zeile.Datum = ui->Buchdatum->Date();
-    zeile.Artikel = seite.felder.drpArtikel->Text();
-    zeile.Artikelart = seite.felder.drpGruppe->Text();
-    zeile.LagerortKurzKu = seite.felder.drpLagerort->Text();
+    zeile.Datum = m_tag->Tag();
+    zeile.Artikel = seite.artikel->Artikel();
+    zeile.Artikelart = seite.artikel->Artikelart();
+    zeile.LagerortKurzKu = seite.ort->Ort();
     zeile.Menge = seite.vorzeichen * ui->txtMenge->Value();
     zeile.Buchungsmenge = zeile.Menge;
     zeile.Buchungsart = modulzustand().AktBuchungsart;

@@ -1,11 +1,16 @@
 #pragma once
 
 #include "core/farm/Buchung.h"
+#include "masks/Lagerstand.h"
 #include "masks/Maskenfenster.h"
 
+#include <functional>
 #include <memory>
 #include <optional>
 
+class Artikelwahl;
+class Buchungstag;
+class Lagerortwahl;
 class Umbuchseite;
 namespace Ui {
 class LAUmbuchForm;
@@ -31,25 +36,22 @@ private:
     /// What is the same for both sides.
     struct Seite {
         Umbuchseite& felder;
-        DataControl& Artikelauswahl;
         NumberEdit& ID; ///< Of the row that is changed.
         int vorzeichen; ///< Of the quantity in its row.
+        Lagerortwahl* ort;
+        Artikelwahl* artikel;
+        Lagerstand stand;
     };
 
-    void verdrahteSeite(const Seite& seite, void (LAUmbuchForm::*fuelle)());
+    Seite seite(Umbuchseite& felder, DataControl& Artikelauswahl, NumberEdit& ID, int vorzeichen,
+                const std::function<void()>& fuelle);
     void Form_Load();
     void uebernimmPaar();
     void uebernimmSeite(const Seite& seite, const Buchung& zeile);
-    void zeigeOrt(const Seite& seite);
-    void bieteArtikelAn(const Seite& seite);
-    void ladeArtikelliste(const Seite& seite);
-    void folgeArtikel(const Seite& seite);
     void ermittleEinheit(const Seite& seite);
-    void berechne(const Seite& seite);
-    void Command3_Click();
+    void berechne(Seite& seite);
     void txtMenge_Change();
 
-    void Command2_Click(int index) override;
     bool darfSpeichern();
     void schreibe();
     void aendere();
@@ -64,6 +66,7 @@ private:
     DataControl* m_lagerauswahl;
     DataControl* m_artikelauswahl;
     DataControl* m_artikelauswahl2;
+    Buchungstag* m_tag = nullptr;
     std::optional<Seite> m_abgang, m_zugang;
     std::optional<Maskenfelder> m_felder;
     QString m_mitgenommen; ///< The article that the receiving side has from the issuing one.

@@ -1,7 +1,5 @@
 #include "transfer/Umbuchseite.h"
 
-#include "masks/ErfassungsmaskenModul.h"
-
 using namespace Qt::StringLiterals;
 
 Umbuchseite::Umbuchseite(QWidget* parent) : QGroupBox(parent)
@@ -28,15 +26,6 @@ void Umbuchseite::nenneZweite()
     for (QWidget* feld : std::initializer_list<QWidget*>{chkVorhanden, txtBisher, txtNeu, txtEinheit, Ampel,
                                                          lblLagerort, lblLagername, lblArtikel})
         feld->setObjectName(feld->objectName() + u'2');
-}
-
-void Umbuchseite::verbinde(DataControl& Lagerauswahl, DataControl& Artikelauswahl)
-{
-    lblLagerort->setBuddy(*drpLagerort);
-    lblArtikel->setBuddy(*drpArtikel);
-    verbindeLagerorte(*drpLagerort, Lagerauswahl);
-    verbindeArtikel(*drpArtikel, Artikelauswahl);
-    fuelleArtikelarten(*drpGruppe);
 }
 
 void Umbuchseite::setzeBestand(double bisher, double neu)

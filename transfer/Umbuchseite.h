@@ -13,7 +13,5 @@ public:
     /// Sets the unit beside a figure that stands elsewhere.
     void setzeEinheitNeben(QWidget& feld, QHBoxLayout& zeile);
     void nenneZweite(); ///< Gives the controls the names of the receiving side.
-    /// Where its lists come from.
-    void verbinde(DataControl& Lagerauswahl, DataControl& Artikelauswahl);
     void setzeBestand(double bisher, double neu);
 };
