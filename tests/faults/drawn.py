@@ -89,8 +89,8 @@ FAULTS = [
      "u\" WHERE LEN(TRIM(IIF(Isnull(ARTIKELART),'',ARTIKELART))) > 0\"_s",
      "u\" WHERE LEN(TRIM(IIF(Isnull(LAGERORTKURZKU),'',LAGERORTKURZKU))) > 0\"_s"),
     ('D27 find: the row that the search begins at is left out', 'jet', 'platform/jet/KeysetRows.cpp',
-     "for (qsizetype i = position; i <",
-     "for (qsizetype i = position + 1; i <"),
+     "qsizetype asked = position;",
+     "qsizetype asked = position + 1;"),
     ("D28 formulas: the case of the table's name counts", 'report', 'platform/report/Rows.cpp',
      "else if (reference->table.compare(m_form.data.table, Qt::CaseInsensitive) != 0)",
      "else if (reference->table != m_form.data.table)"),
@@ -114,8 +114,8 @@ FAULTS = [
      "m_ampel = begrenzt(m_ampel);",
      "m_ampel = begrenzt(New_Ampel);"),
     ("D35 mask: a box that is hidden and set by the mask replaces the user's choice", 'masks',
-     'masks/Erfassungsmaske.cpp',
-     "    if (chkVorhanden().isVisible())\n        sys::SaveSetting(",
+     'masks/Einzelbuchung.cpp',
+     "    if (haken.isVisible()) sys::SaveSetting(",
      "    sys::SaveSetting("),
     ('D36 form: a file that breaks off between two elements passes for a whole one', 'report',
      'platform/report/Element.cpp',
@@ -313,10 +313,10 @@ FAULTS = [
      '    if (key->isAutoRepeat()) return true; // a key held too long leaves one field, not all\n'),
     ('D71 without the year before: a failed write counts as one, and the tick stays', 'overview',
      'overview/LagerbestandNeu.cpp',
-     '        setzeOhneVorjahr(*oeffneJahr(), ohne);\n'
+     '        setzeOhneVorjahr(*oeffneJournaldatei(), ohne);\n'
      '        geschrieben = true;\n',
      '        geschrieben = true;\n'
-     '        setzeOhneVorjahr(*oeffneJahr(), ohne);\n'),
+     '        setzeOhneVorjahr(*oeffneJournaldatei(), ohne);\n'),
     ('D72 parser: a wrong date is told as a wrong number, and the other way round', 'jet',
      'platform/jet/sql/ExpressionParser.cpp',
      '    case SyntaxFault::Date: return u"Syntaxfehler in Datum"_s;\n'
