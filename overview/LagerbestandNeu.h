@@ -1,7 +1,6 @@
 #pragma once
 
 #include "masks/Maskenfelder.h"
-#include "overview/Auswahllisten.h"
 #include "platform/controls/DataControl.h"
 
 #include <QDialog>
@@ -10,6 +9,8 @@
 #include <optional>
 
 class Auswertung;
+class Filterleiste;
+class Jahreswahl;
 namespace Ui {
 class LagerbestandNeu;
 }
@@ -33,52 +34,31 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    void errichteFilter();
+    void errichteBefehle();
     void verdrahteAlles();
 
     void Form_Load();
     void Form_Activate();
     void Form_Unload();
     void drpJahr_Click();
-    void drpArtikelGruppe_Click();
     void SSTab1_Click();
     void Journaldaten_Reposition();
-    void Bestanddaten_Reposition();
     void M_Vorjahr_Click(bool ohne);
 
-    void LagerDateiEinstellen();
-    void AuswahllistenFullen();
-    void FilterEinstellen();
     bool journalGezeigt() const;
-
-    int gewaehltesJahr() const;
-    void bindeJahr();
-    void zeigeJahr();
-    void zeigeStatus(const QString& hinweis = {});
-    void kehreZurueck();
-    void schreibeWeiter();
     void aktualisiere();
-    void waehleAlle();
     void zeigeAlles();
-    void fuelleJahre();
     void stelleWiederHer();
     void uebernimmLagerort();
-    Filterlisten filterlisten() const;
-    QString gewaehlteEingrenzung() const;
-    bool stelleFilterSicher();
-    bool zeigtGewaehltes() const;
-    void zeigeBestandsliste();
-    void nachErstemMalen();
 
     std::unique_ptr<Ui::LagerbestandNeu> ui;
     DataControl* Journaldaten;
     DataControl* Bestanddaten;
     std::optional<Hauptansicht> m_haupt; ///< The two with their grids.
     Auswertung* m_auswertung;
-    QString m_gebundenesJahr; ///< The year that both views show.
+    Jahreswahl* m_jahr = nullptr;
+    Filterleiste* m_filter = nullptr;
     bool m_ersteAktivierung = false;
-    bool m_liestLange = false;        ///< Reading the views took over a second last time.
-    QString m_gezeigteEingrenzung;    ///< What the views were last narrowed to; empty: that failed.
-    bool m_dateiAntwortet = false;    ///< A statement on the open year has succeeded.
-    bool m_gemalt = false;            ///< Seen for the first time; until then the stock list waits.
     bool m_wiederhergestellt = false; ///< The remembered state was shown, and may be remembered anew.
 };

@@ -7,6 +7,7 @@
 
 #include <QClipboard>
 #include <QContextMenuEvent>
+#include <QInputMethodEvent>
 #include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
@@ -40,6 +41,11 @@ TEST_F(FieldScreen, AFieldTellsOfItsKeysAndHasAGermanMenu)
     QTest::keyRelease(&field, Qt::Key_Q); // as of a key that was pressed in a window that has closed
     field.setText(u"ABe"_s);
     EXPECT_EQ(told(), QString());
+    QInputMethodEvent composed;
+    composed.setCommitString(u"é"_s, -1, 1);
+    QCoreApplication::sendEvent(&field, &composed);
+    EXPECT_EQ(field.Text(), u"ABÉ"_s);
+    told();
     for (int i = 0; i < 2; ++i)
         field.setProperty("Text", u"ab"_s); // no key
     EXPECT_EQ(field.Text() + told(), u"abChange"_s);
