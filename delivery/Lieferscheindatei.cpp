@@ -105,13 +105,9 @@ void baue(const QString& datei, int Jahr, const Lieferschein& schein)
 
 bool baueLieferscheindatei(const QString& datei, int Jahr, const Lieferschein& schein)
 {
-    bool gebaut = false;
-    sys::underErrorReport({[&] {
-        baue(datei, Jahr, schein);
-        gebaut = true;
-    }});
-    if (!gebaut) sys::underErrorReport({[&] { loescheLieferscheindatei(datei); }});
-    return gebaut;
+    if (sys::underErrorReport({[&] { baue(datei, Jahr, schein); }}) == sys::Outcome::Done) return true;
+    sys::underErrorReport({[&] { loescheLieferscheindatei(datei); }});
+    return false;
 }
 
 void loescheLieferscheindatei(const QString& datei)

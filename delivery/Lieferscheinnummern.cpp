@@ -34,13 +34,10 @@ qint64 naechsteNummer(jet::Database& journal)
 bool Lieferscheinnummern::vergib()
 {
     for (;;) {
-        bool fertig = false;
-        const auto ausgang = sys::underErrorReport({[&] {
-            nummeriere();
-            fertig = true;
-        }});
+        const auto ausgang = sys::underErrorReport({[&] { nummeriere(); }});
         if (ausgang == sys::Outcome::Left) return false;
-        if (fertig || !m_empfaenger) return true; // what was ignored concerns all deliveries, such as a lock
+        if (ausgang == sys::Outcome::Done || !m_empfaenger)
+            return true; // what was ignored concerns all deliveries, such as a lock
         m_uebergangen.push_back(*m_empfaenger);
     }
 }

@@ -35,13 +35,10 @@ bool Speicherweg::schreibe()
         sperre(false);
         if (fokus) focusWhole(*fokus);
     });
-    bool geschrieben = false;
-    sys::underErrorReport({m_schritte.merke, [&] {
-                               m_schritte.schreibe();
-                               geschrieben = true;
-                               m_maske.vergissGetipptes();
-                           }});
-    return geschrieben;
+    if (sys::underErrorReport({m_schritte.merke}) == sys::Outcome::Left) return false;
+    if (sys::underErrorReport({m_schritte.schreibe}) != sys::Outcome::Done) return false;
+    m_maske.vergissGetipptes();
+    return true;
 }
 
 void Speicherweg::sperre(bool gesperrt)

@@ -31,12 +31,8 @@ void reichereZeileAn(jet::Recordset& zeile, jet::Recordset& mittel)
 
 bool Auswertungsdatei::baue(const QString& eingrenzung, const QString& Jahr) const
 {
-    bool angelegt = false;
-    sys::underErrorReport({[&] {
-        legeAn();
-        angelegt = true;
-    }});
-    if (!angelegt) return false; // the rows of an earlier print would stand under a new heading
+    if (sys::underErrorReport({[&] { legeAn(); }}) != sys::Outcome::Done)
+        return false; // the rows of an earlier print would stand under a new heading
     bool angereichert = true;
     const auto ausgang = sys::underErrorReport({
         [&] { kopiere(eingrenzung); },
@@ -44,7 +40,7 @@ bool Auswertungsdatei::baue(const QString& eingrenzung, const QString& Jahr) con
         [&] { ergaenzeSpalte(u"Giftigkeit Text(255)"_s); },
         [&] { angereichert = reichereAn(Jahr); },
     });
-    if (ausgang == sys::Outcome::Completed && angereichert) return true;
+    if (ausgang != sys::Outcome::Left && angereichert) return true;
     sys::underErrorReport({[&] { loesche(); }});
     return false;
 }

@@ -94,7 +94,7 @@ void Filterleiste::FilterEinstellen()
             m_dateiAntwortet = true;
         },
     });
-    if (ausgang == sys::Outcome::Completed) m_gezeigteEingrenzung = gewaehlteEingrenzung();
+    if (ausgang != sys::Outcome::Left) m_gezeigteEingrenzung = gewaehlteEingrenzung();
     constexpr int Lange = 1000; // ms; by the last time, since nobody knows before
     m_liestLange = uhr.elapsed() > Lange;
 }

@@ -85,7 +85,7 @@ bool Jahreswahl::wechsle()
         [this] { schreibeWeiter(); },
         [this] { LagerDateiEinstellen(); },
     });
-    if (ausgang == sys::Outcome::Completed && m_gebundenesJahr == m_felder.drpJahr.Text()) return true;
+    if (ausgang != sys::Outcome::Left && m_gebundenesJahr == m_felder.drpJahr.Text()) return true;
     modulzustand().Stichdatum = Stichdatum;
     kehreZurueck();
     return false;

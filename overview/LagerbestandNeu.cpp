@@ -246,12 +246,8 @@ void LagerbestandNeu::M_Vorjahr_Click(bool ohne)
 {
     const sys::Hourglass warten;
     const auto ID = currentId(*Journaldaten);
-    bool geschrieben = false;
-    sys::underErrorReport({[&] {
-        setzeOhneVorjahr(*oeffneJournaldatei(), ohne);
-        geschrieben = true;
-    }});
-    if (!geschrieben) return ui->M_Vorjahr->setChecked(!ohne);
+    if (sys::underErrorReport({[&] { setzeOhneVorjahr(*oeffneJournaldatei(), ohne); }}) != sys::Outcome::Done)
+        return ui->M_Vorjahr->setChecked(!ohne);
     sys::underErrorReport({
         [this] { m_jahr->schreibeWeiter(); },
         [this] { m_jahr->LagerDateiEinstellen(); },

@@ -53,15 +53,13 @@ void refuse(Argument& argument)
 template <class Receiver, class Handler, class... Args>
 void handle(Receiver* receiver, Handler& handler, Args&... args)
 {
-    bool done = false;
-    sys::underErrorReport({[&] {
+    const auto outcome = sys::underErrorReport({[&] {
         if constexpr (std::is_member_function_pointer_v<Handler>)
             std::invoke(handler, receiver, args...);
         else
             std::invoke(handler, args...);
-        done = true;
     }});
-    if (!done) (refuse(args), ...);
+    if (outcome != sys::Outcome::Done) (refuse(args), ...);
 }
 
 template <class Signature, class Sender, class Signal, class Receiver, class Handler, std::size_t... I>

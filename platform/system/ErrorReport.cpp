@@ -38,10 +38,13 @@ Answer run(const std::function<void()>& step)
 
 Outcome underErrorReport(const std::vector<std::function<void()>>& steps)
 {
+    auto outcome = Outcome::Done;
     for (const auto& step : steps) {
-        if (run(step) == Answer::Abort) return Outcome::Left;
+        const Answer answer = run(step);
+        if (answer == Answer::Abort) return Outcome::Left;
+        if (answer != Answer::OK) outcome = Outcome::Ignored;
     }
-    return Outcome::Completed;
+    return outcome;
 }
 
 } // namespace sys

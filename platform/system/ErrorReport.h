@@ -7,8 +7,9 @@ namespace sys {
 
 /// How a procedure under the common error report ended.
 enum class Outcome {
-    Completed, ///< All steps were run; some of them may have failed and been ignored.
-    Left,      ///< The user left at a step that failed; the steps behind it were not run.
+    Done,    ///< All steps were run, each to its end.
+    Ignored, ///< All steps were run, but some have failed and been ignored.
+    Left,    ///< The user left at a step that failed; the steps behind it were not run.
 };
 
 /// Runs a procedure, given as its steps in order, under the common error report.

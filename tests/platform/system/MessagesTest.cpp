@@ -44,8 +44,8 @@ TEST(Messages, OfAnErrorRepeatLeaveOrGoOnAsTheUserSays)
     const std::tuple<QList<Answer>, QString, Outcome> cases[] = {
         // the second step throws while there is an answer left
         {{Answer::Abort}, u"12"_s, Outcome::Left},
-        {{Answer::Retry}, u"1223"_s, Outcome::Completed},
-        {{Answer::Retry, Answer::Retry, Answer::Ignore}, u"12223"_s, Outcome::Completed},
+        {{Answer::Retry}, u"1223"_s, Outcome::Done},
+        {{Answer::Retry, Answer::Retry, Answer::Ignore}, u"12223"_s, Outcome::Ignored},
     };
     for (const auto& [answers, expected, outcome] : cases) {
         User user;
