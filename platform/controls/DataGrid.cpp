@@ -1,8 +1,11 @@
 #include "platform/controls/DataGrid.h"
 
 #include "platform/controls/DataControl.h"
+#include "platform/controls/GridDelegate.h"
+#include "platform/controls/GridDelete.h"
 #include "platform/controls/GridHeader.h"
 #include "platform/controls/GridSearch.h"
+#include "platform/controls/GridWidths.h"
 #include "platform/jet/Errors.h"
 #include "platform/system/ErrorReport.h"
 
@@ -13,68 +16,20 @@
 #include <QPainter>
 #include <QScopedValueRollback>
 #include <QScrollBar>
-#include <QStyledItemDelegate>
 #include <QTimer>
 #include <QToolTip>
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-void dim(QPalette& palette)
-{
-    const QColor light = palette.color(QPalette::Highlight), ground = palette.color(QPalette::Window);
-    constexpr int Light = 1, Ground = 2; // parts
-    const auto mixed = [](int a, int b) { return (Light * a + Ground * b) / (Light + Ground); };
-    palette.setColor(QPalette::Highlight, QColor(mixed(light.red(), ground.red()), mixed(light.green(), ground.green()),
-                                                 mixed(light.blue(), ground.blue())));
-    palette.setColor(QPalette::HighlightedText, palette.color(QPalette::Text));
-}
-
-/// Highlights the current row as well: fully while no row is selected, faintly beside others that are. In a grid that keys
-/// do not go to, highlights are mixed with the ground: the greys of a dark palette are often its usual colours.
-class RowDelegate : public QStyledItemDelegate {
-public:
-    using QStyledItemDelegate::QStyledItemDelegate;
-
-    /// A frame shows the column that is searched.
-    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override
-    {
-        QStyledItemDelegate::paint(painter, option, index);
-        const auto* const grid = qobject_cast<const DataGrid*>(option.widget);
-        if (!grid || !grid->hasFocus() || grid->currentIndex() != index) return;
-        painter->setPen(option.palette.color(QPalette::HighlightedText));
-        painter->drawRect(option.rect.adjusted(1, 1, -2, -2));
-    }
-
-protected:
-    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
-    {
-        QStyledItemDelegate::initStyleOption(option, index);
-        const auto* const grid = qobject_cast<const DataGrid*>(option->widget);
-        if (grid && !grid->hasFocus()) dim(option->palette);
-        if (!grid || grid->currentIndex().row() != index.row() || option->state.testFlag(QStyle::State_Selected))
-            return;
-        if (!grid->selectionModel()->hasSelection()) {
-            option->state |= QStyle::State_Selected;
-            return;
-        }
-        constexpr int Faint = 60;
-        QColor tint = option->palette.color(QPalette::Highlight);
-        tint.setAlpha(Faint);
-        option->backgroundBrush = tint;
-    }
-};
-
-} // namespace
-
 DataGrid::DataGrid(QWidget* parent)
     : QTableView(parent), m_model(new GridModel(this)), m_header(new GridHeader(this)),
-      m_search(new GridSearch(*this, *m_model, *m_header)), m_selected(*this)
+      m_search(new GridSearch(*this, *m_model, *m_header)),
+      m_widths(std::make_unique<GridWidths>(*this, *m_model, *m_header)), m_delete(std::make_unique<GridDelete>(*this)),
+      m_selected(*this)
 {
     setHorizontalHeader(m_header);
     setModel(m_model);
-    setItemDelegate(new RowDelegate(this));
+    setItemDelegate(new GridDelegate(*this));
     setEditTriggers(NoEditTriggers);
     setSelectionBehavior(SelectRows);
     setSelectionMode(ExtendedSelection);
@@ -90,6 +45,8 @@ DataGrid::DataGrid(QWidget* parent)
     connect(m_header, &GridHeader::resizedByUser, this, [this](int i, int width) { Columns(i).setWidth(width); });
     connect(m_header, &GridHeader::emptyClicked, this, [this] { Q_EMIT HeadClick(-1); });
 }
+
+DataGrid::~DataGrid() = default;
 
 void DataGrid::setDataSource(DataControl& source)
 {
@@ -187,8 +144,7 @@ void DataGrid::showSort(int column, Qt::SortOrder order)
 {
     m_header->setSortIndicatorShown(column >= 0);
     m_header->setSortIndicator(column, order);
-    if (column < 0 || !m_sized || Columns(column).Width() > 0) return;
-    setColumnWidth(column, qMax(columnWidth(column), m_header->widthFor(Columns(column).Caption(), true)));
+    if (column >= 0) m_widths->makeRoomForMark(column);
 }
 
 void DataGrid::rowsReplaced()
@@ -196,7 +152,7 @@ void DataGrid::rowsReplaced()
     rememberView();
     const QScopedValueRollback following(m_following, true);
     m_model->reload();
-    sizeColumns();
+    m_widths->size();
 }
 
 /// For the rows that stand there when the handler that reads them anew has found the current one again: nothing jumps.
@@ -259,6 +215,21 @@ void DataGrid::selectionChanged(const QItemSelection& selected, const QItemSelec
 {
     QTableView::selectionChanged(selected, deselected);
     viewport()->update();
+}
+
+void DataGrid::Delete()
+{
+    if (m_data) m_delete->run(*m_data);
+}
+
+bool DataGrid::DeletesSeveral() const
+{
+    return m_delete->isOfSeveral();
+}
+
+void DataGrid::EndDeletes()
+{
+    m_delete->end();
 }
 
 QModelIndex DataGrid::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
@@ -325,7 +296,8 @@ bool DataGrid::viewportEvent(QEvent* event)
     const auto* const help = static_cast<QHelpEvent*>(event);
     const QModelIndex index = indexAt(help->pos());
     const QString text = index.data().toString();
-    const bool cut = index.isValid() && fontMetrics().horizontalAdvance(text) + margin() > visualRect(index).width();
+    const bool cut =
+        index.isValid() && fontMetrics().horizontalAdvance(text) + m_widths->margin() > visualRect(index).width();
     QToolTip::showText(help->globalPos(), cut ? text : toolTip(), this);
     return true;
 }
@@ -333,7 +305,7 @@ bool DataGrid::viewportEvent(QEvent* event)
 void DataGrid::showEvent(QShowEvent* event)
 {
     QTableView::showEvent(event);
-    sizeColumns();
+    m_widths->size();
 }
 
 /// The toolkit puts the last row to the lower edge, and half a row to the upper one.
@@ -365,98 +337,9 @@ void DataGrid::sizeRows()
     verticalHeader()->setDefaultSectionSize(height);
 }
 
-/// Widths that the texts of the columns need in rows from all over the list; those on view are often of one kind.
-std::vector<int> DataGrid::sampledWidths() const
-{
-    constexpr int Rows = 40;       // each is read: more would be felt when a screen opens
-    constexpr qsizetype Alike = 2; // characters by which a wider text may be shorter
-    std::vector<int> widths(static_cast<std::size_t>(ColumnCount()), 0);
-    std::vector<qsizetype> longest(widths.size(), 0);
-    const int rows = m_model->rowCount();
-    const int samples = qMin(Rows, rows);
-    for (int i = 0; i < samples; ++i) {
-        const int row = int(qint64{i} * (rows - 1) / qMax(1, samples - 1));
-        for (int column = 0; column < ColumnCount(); ++column) {
-            const QString text = m_model->index(row, column).data().toString();
-            qsizetype& length = longest[static_cast<std::size_t>(column)];
-            if (text.size() + Alike < length) continue; // measuring costs more than reading
-            length = qMax(length, text.size());
-            int& width = widths[static_cast<std::size_t>(column)];
-            width = qMax(width, fontMetrics().horizontalAdvance(text));
-        }
-    }
-    return widths;
-}
-
-/// Once, with the first rows: later widths are the user's, and nothing moves while he works. What is left beside the columns
-/// makes room for longer texts further down.
-void DataGrid::sizeColumns()
-{
-    if (m_sized || !isVisible() || m_model->rowCount() == 0) return;
-    m_sized = true;
-    const std::vector<int> texts = sampledWidths();
-    int spare = viewport()->width();
-    int ofTexts = 0;
-    std::vector<std::pair<int, int>> widths; // of the columns that have none yet
-    for (int i = 0; i < ColumnCount(); ++i) {
-        const int set = m_model->column(i).Width();
-        const int width = set > 0 ? set : neededWidth(i, texts[static_cast<std::size_t>(i)]);
-        if (set == 0) widths.emplace_back(i, width);
-        if (isColumnHidden(i)) continue;
-        spare -= width;
-        if (set == 0 && jet::isText(m_model->type(i))) ofTexts += width;
-    }
-    for (const auto& [i, width] : widths) {
-        const bool grows = spare > 0 && !isColumnHidden(i) && jet::isText(m_model->type(i));
-        setColumnWidth(i, grows ? width + spare * width / ofTexts : width);
-    }
-}
-
-/// For the widest of the texts that were looked at, and for the caption.
-int DataGrid::neededWidth(int column, int text) const
-{
-    const int number = fontMetrics().horizontalAdvance(u"99.999,99"_s); // room for those further down
-    const int contents = m_model->showsNumbers(column) ? qMax(text, number) : qMin(text, mostForText());
-    const bool sorted = m_header->isSortIndicatorShown() && m_header->sortIndicatorSection() == column;
-    return qMax(contents + margin(), m_header->widthFor(m_model->column(column).Caption(), sorted));
-}
-
-/// One long name must not push the other columns out of sight.
-int DataGrid::mostForText() const
-{
-    constexpr int Letters = 30; // most names of goods and partners
-    return Letters * fontMetrics().averageCharWidth();
-}
-
-/// What a cell has beside its text.
-int DataGrid::margin() const
-{
-    return 2 * (style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 2);
-}
-
-/// A figure that is cut can be taken for another one, so its column grows when it comes on view; that of a text to a limit.
-/// Not one that the user has sized.
-void DataGrid::widenForContents()
-{
-    const int first = rowAt(0);
-    if (first < 0) return;
-    const int below = rowAt(viewport()->height() - 1);
-    const int last = below < 0 ? m_model->rowCount() - 1 : below;
-    for (int column = 0; column < ColumnCount(); ++column) {
-        if (isColumnHidden(column) || m_model->column(column).Width() > 0) continue;
-        const int most = m_model->showsNumbers(column) ? QWIDGETSIZE_MAX : mostForText();
-        if (columnWidth(column) >= most + margin()) continue;
-        int width = 0;
-        for (int row = first; row <= last; ++row)
-            width = qMax(width, fontMetrics().horizontalAdvance(m_model->index(row, column).data().toString()));
-        width = qMin(width, most) + margin();
-        if (width > columnWidth(column)) setColumnWidth(column, width);
-    }
-}
-
 void DataGrid::paintEvent(QPaintEvent* event)
 {
-    widenForContents();
+    m_widths->widen();
     QTableView::paintEvent(event);
     const QString& text = m_data && m_data->isOpen() ? m_emptyText : m_closedText;
     if (m_model->rowCount() > 0 || text.isEmpty()) return;

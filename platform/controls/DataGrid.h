@@ -8,11 +8,14 @@
 #include <QPointer>
 #include <QTableView>
 
+#include <memory>
 #include <optional>
 
 class DataControl;
+class GridDelete;
 class GridHeader;
 class GridSearch;
+class GridWidths;
 
 /// The rows of a data control as a table to read, select and delete in. Its current row is the data control's, whoever
 /// moves it; reads no more rows than it shows. What is typed finds the next row that begins so in the current column.
@@ -29,6 +32,7 @@ class DataGrid : public QTableView {
 
 public:
     explicit DataGrid(QWidget* parent = nullptr);
+    ~DataGrid() override;
 
     void setDataSource(DataControl& source);
     GridColumn& addColumn(const QString& caption, const QString& field, const QString& numberFormat = {});
@@ -65,8 +69,8 @@ public:
     /// one, else the previous one is current. \throws jet::Error.
     void Delete();
     /// For handlers: whether other rows come before or after this one.
-    bool DeletesSeveral() const { return m_several; }
-    void EndDeletes() { m_endsDeletes = true; } ///< For handlers: no further row is to be asked about.
+    bool DeletesSeveral() const;
+    void EndDeletes(); ///< For handlers: no further row is to be asked about.
     /// Puts the selected rows, else the current one, on the clipboard: the texts as shown, tab-separated, under a line
     /// of the columns' captions. \throws jet::Error.
     void Copy();
@@ -103,27 +107,17 @@ private:
     void rowRemoved(qsizetype row);
     void rememberView();
     void follow();
-    std::vector<int> sampledWidths() const;
-    void sizeColumns();
-    int margin() const;
-    int neededWidth(int column, int text) const;
-    int mostForText() const;
-    void widenForContents();
     void sizeRows();
     void keepTopRowWhole();
     bool selectsOnly(int row) const;
     void selectCurrentAsTheOnlyOne();
-    std::vector<jet::Bookmark> rowsToDelete() const;
-    void deleteAll(const std::vector<jet::Bookmark>& bookmarks);
-    bool makeCurrent(const jet::Bookmark& bookmark, const QString& source);
-    void selectOnlyCurrent(); // and shows it
-    void deleteCurrent();
-    void leaveDeleted(qsizetype position);
 
     QPointer<DataControl> m_data;
     GridModel* m_model;
     GridHeader* m_header;
     GridSearch* m_search;
+    std::unique_ptr<GridWidths> m_widths;
+    std::unique_ptr<GridDelete> m_delete;
     SelectedRows m_selected;
     QString m_title;
     QString m_emptyText;
@@ -137,8 +131,4 @@ private:
     };
     std::optional<View> m_view; // while rows are read anew
     bool m_following = false;   // the current row is being set to the data control's
-    bool m_deleting = false;
-    bool m_several = false;
-    bool m_endsDeletes = false;
-    bool m_sized = false; // columns have got the width that the first rows needed
 };

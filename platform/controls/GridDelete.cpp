@@ -1,11 +1,11 @@
+#include "platform/controls/GridDelete.h"
+
 #include "platform/controls/DataControl.h"
 #include "platform/controls/DataGrid.h"
 #include "platform/system/Messages.h"
 
 #include <QScopeGuard>
 #include <QScopedValueRollback>
-
-// How a DataGrid deletes rows.
 
 using namespace Qt::StringLiterals;
 
@@ -17,84 +17,86 @@ bool userAgrees()
                                 sys::YesNo | sys::Question | sys::DefaultButton2) == sys::Answer::Yes;
 }
 
+void leaveDeleted(DataControl& data, qsizetype position)
+{
+    const bool wasLast = position >= data.RecordCount();
+    if (wasLast && position > 0)
+        data.MoveLast();
+    else
+        data.MoveNext();
+}
+
 } // namespace
 
-std::vector<jet::Bookmark> DataGrid::rowsToDelete() const
+std::vector<jet::Bookmark> GridDelete::rowsToDelete(DataControl& data) const
 {
     std::vector<jet::Bookmark> bookmarks;
-    if (m_selected.Count() > 1)
-        for (const int row : m_selected.rows())
-            bookmarks.push_back(rows().BookmarkAt(row));
-    else if (m_data->AbsolutePosition() >= 0)
-        bookmarks.push_back(Bookmark());
+    if (m_grid.SelBookmarks().Count() > 1)
+        for (const int row : m_grid.SelBookmarks().rows())
+            bookmarks.push_back(data.Recordset().BookmarkAt(row));
+    else if (data.AbsolutePosition() >= 0)
+        bookmarks.push_back(m_grid.Bookmark());
     return bookmarks;
 }
 
-void DataGrid::Delete()
+void GridDelete::run(DataControl& data)
 {
-    if (!m_data || m_data->RecordCount() == 0) return;
-    if (m_deleting) return deleteCurrent();
-    const bool selected = selectionModel()->hasSelection();
+    if (data.RecordCount() == 0) return;
+    if (m_deleting) return deleteCurrent(data);
+    const bool selected = m_grid.selectionModel()->hasSelection();
     {
-        const auto ended = qScopeGuard([this] { Q_EMIT DeletesEnded(); });
-        deleteAll(rowsToDelete());
+        const auto ended = qScopeGuard([this] { Q_EMIT m_grid.DeletesEnded(); });
+        deleteAll(data, rowsToDelete(data));
     }
-    if (selected && !selectionModel()->hasSelection()) selectOnlyCurrent();
+    if (selected && !m_grid.selectionModel()->hasSelection()) selectOnlyCurrent();
 }
 
-void DataGrid::deleteAll(const std::vector<jet::Bookmark>& bookmarks)
+void GridDelete::deleteAll(DataControl& data, const std::vector<jet::Bookmark>& bookmarks)
 {
     const QScopedValueRollback deleting(m_deleting, true);
     const QScopedValueRollback several(m_several, bookmarks.size() > 1);
-    const QString source = m_data->RecordSource();
-    m_endsDeletes = false;
+    const QString source = data.RecordSource();
+    m_ended = false;
     for (const jet::Bookmark& bookmark : bookmarks) {
-        if (!makeCurrent(bookmark, source)) continue;
+        if (!makeCurrent(data, bookmark, source)) continue;
         if (m_several) selectOnlyCurrent();
-        deleteCurrent();
-        if (m_endsDeletes) return;
+        deleteCurrent(data);
+        if (m_ended) return;
     }
 }
 
 /// So that the user sees which row he is asked about.
-void DataGrid::selectOnlyCurrent()
+void GridDelete::selectOnlyCurrent() const
 {
-    if (!currentIndex().isValid()) return;
-    selectionModel()->select(currentIndex(), QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
-    scrollTo(currentIndex());
+    const QModelIndex current = m_grid.currentIndex();
+    if (!current.isValid()) return;
+    m_grid.selectionModel()->select(current, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    m_grid.scrollTo(current);
 }
 
 /// Whether the row could be made current: it may have gone with its partner, or the handlers of the row before may have
 /// refreshed the rows, after which it is found again by its key.
-bool DataGrid::makeCurrent(const jet::Bookmark& bookmark, const QString& source)
+bool GridDelete::makeCurrent(DataControl& data, const jet::Bookmark& bookmark, const QString& source) const
 {
-    qsizetype position = rows().PositionOf(bookmark);
-    if (position < 0 && m_data->RecordSource() == source) position = rows().PositionOf(rows().SameRow(bookmark));
+    const jet::Recordset& rows = m_grid.rows();
+    qsizetype position = rows.PositionOf(bookmark);
+    if (position < 0 && data.RecordSource() == source) position = rows.PositionOf(rows.SameRow(bookmark));
     if (position < 0) return false;
-    if (position != m_data->AbsolutePosition()) m_data->MoveTo(position);
-    return m_data->AbsolutePosition() == position;
+    if (position != data.AbsolutePosition()) data.MoveTo(position);
+    return data.AbsolutePosition() == position;
 }
 
-void DataGrid::deleteCurrent()
+void GridDelete::deleteCurrent(DataControl& data) const
 {
-    const auto ended = qScopeGuard([this] { Q_EMIT DeleteEnded(); });
+    const auto ended = qScopeGuard([this] { Q_EMIT m_grid.DeleteEnded(); });
     Cancel cancel;
     bool prompt = true;
-    Q_EMIT BeforeDelete(cancel, prompt);
+    Q_EMIT m_grid.BeforeDelete(cancel, prompt);
     if (cancel || (prompt && !userAgrees())) return;
-    const qsizetype position = m_data->AbsolutePosition();
-    const qsizetype count = m_data->RecordCount();
-    m_data->Delete();
-    if (m_data->RecordCount() == count) return; // forbidden by a handler of Validate
-    leaveDeleted(position);
-    Q_EMIT AfterDelete();
-}
-
-void DataGrid::leaveDeleted(qsizetype position)
-{
-    const bool wasLast = position >= m_data->RecordCount();
-    if (wasLast && position > 0)
-        m_data->MoveLast();
-    else
-        m_data->MoveNext();
+    const qsizetype position = data.AbsolutePosition();
+    const qsizetype count = data.RecordCount();
+    data.Delete();
+    if (data.RecordCount() == count) return; // forbidden by a handler of Validate
+    leaveDeleted(data, position);
+    Q_EMIT m_grid.AfterDelete();
 }

@@ -199,7 +199,7 @@ FAULTS = [
      '    run.step();\n    std::vector<Value> values;\n'),
     ('D52 list: a text that is cut by the width of its margin shows no tip', 'controls',
      'platform/controls/DataGrid.cpp',
-     'fontMetrics().horizontalAdvance(text) + margin() > visualRect(index).width()',
+     'fontMetrics().horizontalAdvance(text) + m_widths->margin() > visualRect(index).width()',
      'fontMetrics().horizontalAdvance(text) > visualRect(index).width()'),
     ('D53 year: after an ignored error the key date stays that of the year which was not opened', 'overview',
      'overview/Jahreswahl.cpp',

@@ -6,4 +6,8 @@ FAULTS = [
     ('T3 pair: the second row takes the sign of the first', 'transfer', 'transfer/LAUmbuchForm.cpp',
      '*m_artikelauswahl2, *ui->txtZugangsID, 1, [this]',
      '*m_artikelauswahl2, *ui->txtZugangsID, -1, [this]'),
+    ('X3 controls: after a delete of the last row the list runs off (wasLast dropped)', 'controls',
+     'platform/controls/GridDelete.cpp',
+     'const bool wasLast = position >= data.RecordCount();',
+     'const bool wasLast = position > data.RecordCount();'),
 ]

@@ -14,7 +14,7 @@ TEST_F(FieldScreen, AListFieldCompletesAndTakesWhatIsTyped)
 {
     auto& combo = add<ComboBox>();
     auto& next = add<TextBox>();
-    for (const auto& kind : {u"Weizen"_s, u"Gerste"_s, u"Winterraps"_s, u"Geflügelfutter"_s})
+    for (const auto& kind : {u"Weizen"_s, u"Gerste"_s, u"Winterraps"_s, u"Geflügelfutter"_s, u" Öl "_s})
         combo.AddItem(kind);
     note(combo, &ComboBox::Change, "Change");
     note(combo, &ComboBox::Click, "Click");
@@ -26,6 +26,7 @@ TEST_F(FieldScreen, AListFieldCompletesAndTakesWhatIsTyped)
                         {u"frei", u"gers{Tab}", u"Gerste", u"Change Change Change Click"},
                         {u"frei", u" WEIZEN {Tab}", u"Weizen",
                          u"Change Change Change Change Change Change Change Change Click"},
+                        {u"frei", u"öl{Tab}", u" Öl ", u"Change Change Click"},
                         {u"frei", u"zz{Tab}", u"zz", u"Change Change Click"},
                         {u" gerste", u"{Down}", u"Winterraps", u"Change Click"},
                         {u"Gerste", u"{Alt+Down}{Down}{Return}", u"Winterraps", u"Change Click"},
