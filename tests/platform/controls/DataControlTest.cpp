@@ -76,7 +76,8 @@ TEST_F(DataControlTest, TellsOnceOfEachRowThatBecomesCurrent)
         QStringView after;
     } steps[] = {
         {[&] { m_data.MoveNext(); }, u"Gerste moved"},
-        {[&] { m_data.MoveLast(), m_data.MoveNext(); }, u" moved moved"},
+        {[&] { m_data.MoveLast(); }, u"Hafer moved"},
+        {[&] { m_data.MoveNext(); }, u" moved"},
         {[&] { m_data.MovePrevious(); }, u"Hafer moved"},
         {[&] { m_data.MoveFirst(); }, u"Weizen moved"},
         {[&] { m_data.MoveTo(1); }, u"Gerste moved"},
@@ -106,9 +107,13 @@ TEST_F(DataControlTest, WritesWhatTheUserChangedWhenTheRowIsLeft)
     const QStringView typed = u"Dinkel | Sack | Danke | -1";
     const QStringView before = u"Weizen | lose | NULL | 0";
     const std::pair<std::function<void()>, QStringView> ways[] = {
-        {[&] { m_data.MoveNext(); }, typed}, {[&] { m_data.FindFirst(u"ID = 77"_s); }, typed},
-        {[&] { m_data.AddNew(); }, typed},   {[&] { m_data.Close(); }, typed},
-        {[&] { m_data.Refresh(); }, before}, {[&] { m_data.UpdateControls(), m_data.MoveNext(); }, before},
+        {[&] { m_data.UpdateRecord(); }, typed},
+        {[&] { m_data.MoveNext(); }, typed},
+        {[&] { m_data.FindFirst(u"ID = 77"_s); }, typed},
+        {[&] { m_data.AddNew(); }, typed},
+        {[&] { m_data.Close(); }, typed},
+        {[&] { m_data.Refresh(); }, before},
+        {[&] { m_data.UpdateControls(), m_data.MoveNext(); }, before},
     };
     for (const auto& [leave, after] : ways) {
         m_file->Execute(u"UPDATE Ware SET Artikel = 'Weizen', Art = 'lose', Notiz = NULL, Bio = False WHERE ID = 1"_s);

@@ -67,8 +67,9 @@ TEST_F(GridScreen, IsWalkedWithTheKeyboard)
         QString steps;
         int to; // -1: a page further, neither the next nor the last row
     } moves[] = {
-        {u"2 {End}"_s, 11}, {u"11 {Home}"_s, 0},     {u"3 {Right}"_s, 3},     {u"3 {Ctrl+W}"_s, 3},
-        {u"3 z"_s, 5},      {u"2 {Ctrl+End}"_s, 11}, {u"9 {Ctrl+Home}"_s, 0}, {u"0 {PgDown}"_s, -1},
+        {u"0 {Down}"_s, 1},      {u"2 {End}"_s, 11},    {u"11 {Home}"_s, 0}, {u"3 {Right}"_s, 3},
+        {u"3 {Ctrl+W}"_s, 3},    {u"3 {Alt+W}"_s, 3},   {u"3 z"_s, 5},       {u"2 {Ctrl+End}"_s, 11},
+        {u"9 {Ctrl+Home}"_s, 0}, {u"0 {PgDown}"_s, -1},
     };
     for (const auto& move : moves) {
         SCOPED_TRACE(move.steps.toStdString());
@@ -102,17 +103,21 @@ TEST_F(GridScreen, FindsTheNextRowThatBeginsAsTyped)
         QStringView told; // at last; empty: nothing
     } searches[] = {
         {1, 0, u"R", 4, u"Artikel: R"},
+        {1, 4, u"ro", 4, u"Artikel: ro"},
         {1, 5, u"r|r", 5, u"Artikel: r"},
         {1, 2, u"mx", 3, u"Artikel: mx (nicht gefunden)"},
         {1, 2, u"mx{Backspace}", 3, u"Artikel: m"},
+        {1, 2, u"m{Backspace}", 3, u""},
         {1, 2, u"{Space}", 2, u""},
         {0, 0, u"05", 2, u"Datum: 05"},
         {0, 0, u"08.06.2024", 5, u"Datum: 08.06.2024"},
         {2, 1, u"1.234,5", 0, u"Zugang: 1.234,5"},
         {2, 0, u"77", 4, u"Zugang: 77"}, // 76.999999
         {2, 0, u"0", 3, u"Zugang: 0"},
+        {2, 0, u"0,00", 3, u"Zugang: 0,00 (nicht gefunden)"},
         {3, 0, u"zwei{Space}z", 1, u"Kommentar: zwei z"},
         {3, 0, u"*?#[o'", 2, u"Kommentar: *?#[o'"},
+        {3, 0, u"öl a", 4, u"Kommentar: öl a"},
     };
     for (const auto& search : searches) {
         SCOPED_TRACE(search.typed.toUtf8().constData());
@@ -245,6 +250,7 @@ TEST_F(GridScreen, DeletesTheSelectedRowsOrElseTheCurrentOne)
         {u"{Down}"_s, u"Gerste", u"Weizen Hafer Mais Roggen Raps", u"Hafer: Hafer"},
         {u"5"_s, u"Raps", u"Weizen Gerste Hafer Mais Roggen", u"Roggen: Roggen"},
         {u"0 +3 +4"_s, u"Weizen Mais Roggen", u"Gerste Hafer Raps", u"Raps: Raps"},
+        {u"0 +2 +2"_s, u"Hafer", u"Weizen Gerste Mais Roggen Raps", u"Mais: Mais"}, // the current one, once taken out
         {u"{Ctrl+A}"_s, u"Weizen Gerste Hafer Mais Roggen Raps", u"", u"-:"},
         {{}, u"Weizen", u"Gerste Hafer Mais Roggen Raps", u"Gerste: Gerste"}, // not the one that alone is selected
     };

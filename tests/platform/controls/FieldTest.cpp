@@ -45,7 +45,7 @@ TEST_F(FieldScreen, AFieldTellsOfItsKeysAndHasAGermanMenu)
     composed.setCommitString(u"é"_s, -1, 1);
     QCoreApplication::sendEvent(&field, &composed);
     EXPECT_EQ(field.Text(), u"ABÉ"_s);
-    told();
+    EXPECT_TRUE(told().endsWith(u"Change KeyUp"_s));
     for (int i = 0; i < 2; ++i)
         field.setProperty("Text", u"ab"_s); // no key
     EXPECT_EQ(field.Text() + told(), u"abChange"_s);
@@ -92,6 +92,7 @@ TEST_F(FieldScreen, AFieldIsCheckedWhenTheUserMovesOn)
         {"giving up", [&] { QTest::mouseClick(&cancel, Qt::LeftButton); }, u"left", u"left"},
         {"program", [&] { next.setFocus(); }, u"left next", u"left next"},
         {"hidden", [&] { field.hide(); }, u"left next", u"left next"},
+        {"disabled", [&] { field.setEnabled(false); }, u"left next", u"left next"},
         {"menu", [&] { menu.popup(m_window.mapToGlobal(QPoint())), menu.close(); }, u"", u""},
     };
     for (const bool refused : {true, false}) {
@@ -99,6 +100,7 @@ TEST_F(FieldScreen, AFieldIsCheckedWhenTheUserMovesOn)
         for (const auto& c : moves) {
             SCOPED_TRACE(c.name);
             field.show();
+            field.setEnabled(true);
             field.setFocus();
             told();
             c.move();
@@ -128,6 +130,10 @@ TEST_F(FieldScreen, AFieldIsCheckedWhenTheUserMovesOn)
     EXPECT_TRUE(owedChecksPass(m_window));
     EXPECT_TRUE(owedChecksPass(m_window)); // made already
     EXPECT_EQ(told(), u"checked checked"_s);
+    refuses = true;
+    tippe(u"x");
+    field.hide();
+    EXPECT_TRUE(owedChecksPass(m_window)) << "hidden";
 }
 
 TEST_F(FieldScreen, ADateFieldTakesWhatIsTypedOrPicked)
@@ -146,24 +152,31 @@ TEST_F(FieldScreen, ADateFieldTakesWhatIsTypedOrPicked)
                        {u"", u"1.3.24", u"1.3.24", u""},
                        {u"", u"1.3.24{Tab}", u"01.03.2024", u"Change left"},
                        {u"", u"1.3.29{Return}", u"01.03.2029", u"Change"},
+                       {u"", u"1,3,30{Tab}", u"01.03.1930", u"Change left"},
                        {u"", u"31.02.2024{Tab}", u"31.02.2024", u"Change left"},
+                       {u"", u"12.31.2024{Tab}", u"12.31.2024", u"Change left"},
                        {u"", u"1.3.24 12{Tab}", u"1.3.24 12", u"Change left"},
+                       {u"1.1.24", u"abc{Tab}", u"abc", u"Change left"},
                        {u"1.1.24", u"5.6{Tab}", u"05.06.2024", u"Change left"},
                        {u"1.1.24", u"1.1.24{Tab}", u"01.01.2024", u"left"},
                        {u"1.1.24", u"{Del}{Tab}", u"", u"Change left"},
                        {u"", u"abc{Down}", u"[24.11.2026]", u""},
                        {u"28.2.24", u"{Up}{Up}{Tab}", u"01.03.2024", u"Change left"},
+                       {u"", u"{Alt+Down}{Return}", u"[24.11.2026]", u"open shut Change"},
                        {u"1.1.24", u"{Alt+Down}{Right}{Return}", u"[02.01.2024]", u"open shut Change"},
                        {u"1.1.24", u"{Alt+Down}{Right}{Esc}", u"01.01.2024", u"open shut"}});
     date.setMinDate(QDate(2023, 1, 1)); // another year than that of the calendar before
     date.setMaxDate(QDate(2023, 12, 31));
     expectTyped(date, {{u"1.5.23", u"{Alt+Down}{Right}{Return}", u"[02.05.2023]", u"open shut Change"},
                        {u"1.1.23", u"{Alt+Down}{Left}{Return}", u"[01.01.2023]", u"open shut"},
+                       {u"5.5.22", u"{Tab}", u"[05.05.2022]", u"!"},
                        {u"5.5.22", u"1.3{Return}", u"01.03.2023", u"Change"},
                        {u"", u"31.12.22{Tab}", u"[31.12.2022]", u"Change !"},
                        {u"", u"1.1.23{Tab}", u"01.01.2023", u"Change left"},
+                       {u"", u"31.12.{Tab}", u"31.12.2023", u"Change left"},
                        {u"", u"1.1.24{Tab}", u"[01.01.2024]", u"Change !"},
                        {u"", u"31.2.{Tab}", u"[31.2.]", u"Change !"},
+                       {u"", u"{Tab}", u"", u"left"},
                        {u"1.1.23", u"{Down}{Tab}", u"01.01.2023", u"left"},
                        {u"30.12.23", u"{Up}{Up}{Up}{Down}", u"[30.12.2023]", u""}});
     date.setMaxDate(QDate(2025, 12, 31));
@@ -187,11 +200,15 @@ TEST_F(FieldScreen, ANumberFieldReadsGermanNumbers)
     expectTyped(field, {{u"", u"12,50{Tab}", u"12,50", u"1 12 12.5 left"},
                         {u"", u"12{Num+.}5{Tab}", u"12,50", u"1 12 12.5 left"},
                         {u"", u"1.250,75{Tab}", u"1.250,75", u"1 1250 1250.7 1250.75 left"},
+                        {u"", u"-3{Tab}", u"-3,00", u"-3 left"},
+                        {u"", u",5{Tab}", u"0,50", u"0.5 left"},
                         {u"", u"1x2e5{Tab}", u"125,00", u"1 12 125 left"},
                         {u"", u"1,2,3{Tab}", u"1,23", u"1 1.2 1.23 left"},
                         {u"1,123456789", u"{End}11{Tab}", u"1,1234567891", u"1.1234567891 left"},
                         {u"", u"-0{Tab}", u"0,00", u"left"},
+                        {u"5", u"{Del}{Tab}", u"0,00", u"0 left"},
                         {u"", u"1.5{Tab}", u"1.5", u"1 !"},
+                        {u"", u"-{Tab}", u"-", u"!"},
                         {u"", u"12.50,3{Tab}", u"12.50,3", u"1 12 !"}});
     for (int i = 0; i < 2; ++i)
         EXPECT_TRUE(field.setProperty("Value", 7.5));
@@ -210,7 +227,9 @@ TEST_F(FieldScreen, ANumberFieldShowsItsValue)
         {-2.8e-17, 0, u"0,00", u"[0,00]"},
         {0.1 + 0.2, 0.3, u"0,30", u"[0,30]"},
         {-123456.789, -123456.789, u"-123.456,789", u"[-123456,789]"},
+        {-0.00001, -0.00001, u"-0,00001", u"[-0,00001]"},
         {1e308, 1e308, u"1E+308", u"[1E+308]"},
+        {std::nan(""), 0, u"0,00", u"[0,00]"},
         {std::numeric_limits<double>::infinity(), 0, u"0,00", u"[0,00]"},
     };
     open();

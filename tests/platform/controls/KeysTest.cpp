@@ -32,7 +32,9 @@ TEST_F(FieldScreen, KeysLeadThroughAScreenAndButtonsTellOfThem)
     auto& memo = add<MemoBox>("memo");
     add<TextBox>("list").setProperty("KeepsEnter", true);
     auto& save = add<QPushButton>("save");
-    note(place, &ComboField::DropDown, "places");
+    for (const auto& [combo, word] :
+         {std::pair{m_window.findChild<ComboField*>(u"date"_s), "days"}, {&place, "places"}})
+        note(*combo, &ComboField::DropDown, word);
     note(box, &CheckBox::Click, "box");
     note(yes, &OptionButton::Click, "yes");
     note(no, &OptionButton::Click, "no");
@@ -45,6 +47,7 @@ TEST_F(FieldScreen, KeysLeadThroughAScreenAndButtonsTellOfThem)
         QStringView from, keys, to, told;
     } rows[] = {
         {u"date", u"1.3.25{Return}", u"date", u"!"},
+        {u"date", u"{Ctrl+Return}", u"date", u""},
         {u"date", u"{Backspace}4{Enter}", u"place", u""},
         {u"place", u"{Return}2,5{Enter}{Return}", u"yes", u""},
         {u"box", u"{Space}", u"box", u"box"},
@@ -52,7 +55,9 @@ TEST_F(FieldScreen, KeysLeadThroughAScreenAndButtonsTellOfThem)
         {u"memo", u"{Return}", u"memo", u""},
         {u"list", u"{Return}", u"list", u""},
         {u"save", u"{Return}{Num+Enter}", u"save", u"saved saved"},
+        {u"date", u"{F2}{Esc}", u"date", u"days"},
         {u"place", u"{F2}{Esc}", u"place", u"places"},
+        {u"amount", u"{F2}", u"amount", u""},
     };
     for (const auto& row : rows) {
         m_window.findChild<QWidget*>(row.from.toString())->setFocus();

@@ -21,9 +21,12 @@ TEST_F(FieldScreen, AListFieldCompletesAndTakesWhatIsTyped)
     open();
     expectTyped(combo, {{u"frei", u"wi", u"wi[nterraps]", u"Change Change"},
                         {u"frei", u"we{Backspace}", u"we", u"Change Change Change"},
+                        {u"frei", u"we{Del}", u"we", u"Change Change Change"},
                         {u"frei", u"w", u"w", u"Change"}, // or Winterraps: nobody knows
+                        {u"frei", u"gefx", u"gefx", u"Change Change Change Change"},
                         {u"frei", u"we{Return}", u"Weizen", u"Change Change Click"},
                         {u"frei", u"gers{Tab}", u"Gerste", u"Change Change Change Click"},
+                        {u"Gerste", u"gers{Tab}", u"Gerste", u"Change Change Change"},
                         {u"frei", u" WEIZEN {Tab}", u"Weizen",
                          u"Change Change Change Change Change Change Change Change Click"},
                         {u"frei", u"öl{Tab}", u" Öl ", u"Change Change Click"},
@@ -36,6 +39,7 @@ TEST_F(FieldScreen, AListFieldCompletesAndTakesWhatIsTyped)
     expectTyped(combo, {{u"frei", u"wi", u"Wi[nterraps]", u"Change Change"},
                         {u"frei", u"we{Backspace}", u"We[izen]", u"Change"},
                         {u"frei", u"wx", u"W[eizen]", u"Change"},
+                        {u"frei", u"wg", u"G[erste]", u"Change Change"},
                         {u"frei", u"x{Tab}", u"frei", u""}});
     combo.setText(u"Weizen"_s);
     QWheelEvent turn({5, 5}, combo.mapToGlobal(QPointF(5, 5)), {}, {0, -120}, {}, {}, Qt::NoScrollPhase, false);
@@ -133,7 +137,10 @@ TEST_F(DataComboTest, TakesCodesAndNames)
 {
     expectTyped(m_combo, {{u"", u"hal", u"hal[le Nord]", u""},
                           {u"", u"hal{Tab}", u"H1", u"Click"},
+                          {u"", u"h{Tab}", u"H1", u"Click"},
                           {u"", u"h1{Tab}", u"H1", u"Click"},
+                          {u"", u"ho{Tab}", u"S1", u"Click"},
+                          {u"", u"d{Tab}", u"D  2", u"Click"},
                           {u"", u"fel{Tab}", u"Feldrand", u"Click"},
                           {u"", u"x9{Tab}", u"x9", u"Click"},
                           {u"H1", u"{Alt+Down}{Down}{Return}", u"D  2", u"Click"},

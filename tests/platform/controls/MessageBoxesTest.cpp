@@ -56,11 +56,14 @@ TEST(MessageBoxes, AreAnsweredByKeyboard)
     } rows[] = {
         {u"OK", OKOnly | Critical, u"{Return}", Answer::OK},
         {u"OK", OKOnly | Information, u"{Esc}", Answer::OK},
+        {u"Ja Nein", YesNo | Question, u"{Return}", Answer::Yes},
         {u"Ja Nein", YesNo | Question | DefaultButton2, u"{Return}", Answer::No},
         {u"Ja Nein", YesNo | Question | DefaultButton2, u"{Alt+J}", Answer::Yes},
         {u"Ja Nein", YesNo | Question, u"{Esc}{Right}{Space}", Answer::No},
         {u"Abbrechen Wiederholen Ignorieren", AbortRetryIgnore | DefaultButton3, u"{Enter}", Answer::Ignore},
+        {u"Abbrechen Wiederholen Ignorieren", AbortRetryIgnore | DefaultButton3, u"{Alt+W}", Answer::Retry},
         {u"Abbrechen Wiederholen Ignorieren", AbortRetryIgnore, u"{Esc}{Space}", Answer::Abort},
+        {u"Ja Nein Abbrechen", YesNoCancel | Question | DefaultButton2, u"{Return}", Answer::No},
         {u"Ja Nein Abbrechen", YesNoCancel | Question, u"{Esc}", Answer::Cancel},
         {u"OK Abbrechen", OKCancel | Critical, u"{Esc}", Answer::Cancel},
     };
