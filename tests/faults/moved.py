@@ -10,4 +10,7 @@ FAULTS = [
      'platform/controls/GridDelete.cpp',
      'const bool wasLast = position >= data.RecordCount();',
      'const bool wasLast = position > data.RecordCount();'),
+    ('J4 writer: IN without the collation', 'jet', 'platform/jet/sqlite/ExpressionWriter.cpp',
+     'write("(%M0%K IN ", expression);',
+     'write("(%M0 IN ", expression);'),
 ]

@@ -4,6 +4,7 @@
 #include "platform/jet/sqlite/Names.h"
 
 #include <algorithm>
+#include <span>
 
 namespace jet::sqlite {
 
@@ -12,25 +13,55 @@ namespace {
 using sql::Expression;
 using sql::Op;
 
+/// How an operator is written. "%N0" is its first operand as a number, T as a text, C as a condition, V as it is, M as a
+/// number where a date meets what is none; "%K" the collation where a text is among the operands.
+struct Form {
+    Op op;
+    const char* text;
+};
+
+// clang-format off
+constexpr Form ValueForms[] = {
+    {Op::Negate,        "(-%N0)"},
+    {Op::Power,         "jet_pow(%N0,%N1)"},
+    {Op::Multiply,      "(%N0*%N1)"},
+    {Op::Divide,        "jet_div(%N0,%N1)"},
+    {Op::IntegerDivide, "jet_idiv(%N0,%N1)"},
+    {Op::Modulo,        "jet_mod(%N0,%N1)"},
+    {Op::Add,           "(%N0+%N1)"},
+    {Op::Subtract,      "(%N0-%N1)"},
+    {Op::Concatenate,   "(coalesce(%T0,'')||coalesce(%T1,''))"},
+};
+constexpr Form ConditionForms[] = {
+    {Op::Not,          "(NOT %C0)"},
+    {Op::Equal,        "(%M0%K=%M1)"},
+    {Op::NotEqual,     "(%M0%K<>%M1)"},
+    {Op::Less,         "(%M0%K<%M1)"},
+    {Op::Greater,      "(%M0%K>%M1)"},
+    {Op::LessEqual,    "(%M0%K<=%M1)"},
+    {Op::GreaterEqual, "(%M0%K>=%M1)"},
+    {Op::Like,         "jet_like(%T0,%T1)"},
+    {Op::Between,      "(%M0%K BETWEEN min(%M1%K,%M2) AND max(%M1%K,%M2))"}, // the order of the bounds does not count
+    {Op::IsNull,       "(%V0 IS NULL)"},
+};
+// clang-format on
+
+/// Null for what has no form of its own.
+const char* formOf(Op op, std::span<const Form> forms)
+{
+    const auto form = std::ranges::find(forms, op, &Form::op);
+    return form == forms.end() ? nullptr : form->text;
+}
+
+bool asksForNull(const Expression& call)
+{
+    return call.op == Op::Call && bind::functionAt(call.function).kind == bind::FunctionKind::IsNull;
+}
+
 bool isCondition(const Expression& expression)
 {
-    switch (expression.op) {
-    case Op::Not:
-    case Op::Equal:
-    case Op::NotEqual:
-    case Op::Less:
-    case Op::Greater:
-    case Op::LessEqual:
-    case Op::GreaterEqual:
-    case Op::Like:
-    case Op::In:
-    case Op::Between:
-    case Op::IsNull:
-    case Op::And:
-    case Op::Or: return true;
-    case Op::Call: return bind::functionAt(expression.function).kind == bind::FunctionKind::IsNull;
-    default: return false;
-    }
+    const bool joins = expression.op == Op::In || expression.op == Op::And || expression.op == Op::Or;
+    return joins || formOf(expression.op, ConditionForms) || asksForNull(expression);
 }
 
 /// Whether it is -1, 0 or NULL, wherever its operands come from.
@@ -43,6 +74,17 @@ bool anyText(const Expression& expression)
 {
     return std::any_of(expression.arguments.begin(), expression.arguments.end(),
                        [](const auto& argument) { return isText(argument->type); });
+}
+
+/// A date that is compared with a number is its day number; NULL stays what it is.
+bool mixesDates(const Expression& expression)
+{
+    const auto has = [&](bool date) {
+        return std::ranges::any_of(expression.arguments, [date](const auto& part) {
+            return part->type != Type::Null && (part->type == Type::Date) == date;
+        });
+    };
+    return has(true) && has(false);
 }
 
 /// Trim(LCase(x)) or LCase(Trim(x)): what the index for look-ups while typing holds.
@@ -73,6 +115,28 @@ bool needsConversion(Type from, Type to)
 
 } // namespace
 
+void ExpressionWriter::write(const char* form, const Expression& expression)
+{
+    for (const char* at = form; *at != '\0'; ++at) {
+        if (*at != '%') {
+            m_out += *at;
+            continue;
+        }
+        const char kind = *++at;
+        if (kind == 'K') {
+            collation(expression);
+            continue;
+        }
+        const Expression& part = *expression.arguments[static_cast<std::size_t>(*++at - '0')];
+        kind == 'M' ? operand(part, mixesDates(expression)) : argument(part, kind);
+    }
+}
+
+void ExpressionWriter::collation(const Expression& expression)
+{
+    if (anyText(expression)) m_out += " COLLATE " + collationName();
+}
+
 void ExpressionWriter::value(const Expression& expression)
 {
     switch (expression.op) {
@@ -82,77 +146,31 @@ void ExpressionWriter::value(const Expression& expression)
         return;
     case Op::Constant: return constant(expression.constant);
     case Op::Column: return column(expression);
-    case Op::Negate:
-        m_out += "(-";
-        number(*expression.arguments[0]);
-        m_out += ')';
-        return;
-    case Op::Power: return function(expression, "jet_pow");
-    case Op::Multiply: return arithmetic(expression, "*");
-    case Op::Divide: return function(expression, "jet_div");
-    case Op::IntegerDivide: return function(expression, "jet_idiv");
-    case Op::Modulo: return function(expression, "jet_mod");
     case Op::Add:
     case Op::Subtract: return sum(expression);
-    case Op::Concatenate:
-        m_out += "(coalesce(";
-        text(*expression.arguments[0]);
-        m_out += ",'')||coalesce(";
-        text(*expression.arguments[1]);
-        m_out += ",''))";
-        return;
-    case Op::Call:
-        if (!isCondition(expression)) return call(expression);
-        [[fallthrough]];
-    default:
-        m_out += "(-(";
-        condition(expression);
-        m_out += "))";
+    default: break;
     }
+    if (const char* form = formOf(expression.op, ValueForms)) return write(form, expression);
+    if (expression.op == Op::Call && !isCondition(expression)) return call(expression);
+    m_out += "(-(";
+    condition(expression);
+    m_out += "))";
 }
 
 void ExpressionWriter::condition(const Expression& expression)
 {
     switch (expression.op) {
-    case Op::Not:
-        m_out += "(NOT ";
-        condition(*expression.arguments[0]);
-        m_out += ')';
-        return;
-    case Op::Equal: return comparison(expression, "=");
-    case Op::NotEqual: return comparison(expression, "<>");
-    case Op::Less: return comparison(expression, "<");
-    case Op::Greater:
-        if (const Expression* asked = askedForText(expression)) return hasText(*asked);
-        return comparison(expression, ">");
-    case Op::LessEqual: return comparison(expression, "<=");
-    case Op::GreaterEqual: return comparison(expression, ">=");
-    case Op::Like:
-        m_out += "jet_like(";
-        text(*expression.arguments[0]);
-        m_out += ',';
-        text(*expression.arguments[1]);
-        m_out += ')';
-        return;
     case Op::In: return in(expression);
-    case Op::Between: return between(expression);
     case Op::And: return chain(expression, " AND ");
     case Op::Or: return chain(expression, " OR ");
-    case Op::IsNull:
-        m_out += '(';
-        value(*expression.arguments[0]);
-        m_out += " IS NULL)";
-        return;
-    case Op::Call:
-        if (isCondition(expression)) {
-            m_out += '(';
-            value(*expression.arguments[0]);
-            m_out += " IS NULL)";
-            return;
-        }
-        [[fallthrough]];
-    default: value(expression);
+    case Op::Greater:
+        if (const Expression* asked = askedForText(expression)) return hasText(*asked);
+        break;
+    default: break;
     }
+    if (asksForNull(expression)) return write(formOf(Op::IsNull, ConditionForms), expression);
+    if (const char* form = formOf(expression.op, ConditionForms)) return write(form, expression);
+    value(expression);
 }
 
 void ExpressionWriter::key(const Expression& expression)
@@ -186,20 +204,6 @@ void ExpressionWriter::assigned(const Expression& expression, Type to, const QSt
              QByteArray::number(static_cast<int>(to)) + ",'" + field.toUtf8().replace("'", "''") + "')";
 }
 
-void ExpressionWriter::comparison(const Expression& expression, const char* op)
-{
-    const auto& left = *expression.arguments[0];
-    const auto& right = *expression.arguments[1];
-    const bool mixedDates = (left.type == Type::Date) != (right.type == Type::Date);
-    m_out += '(';
-    operand(left, mixedDates);
-    if (anyText(expression)) m_out += " COLLATE " + collationName();
-    m_out += op;
-    operand(right, mixedDates);
-    m_out += ')';
-}
-
-/// A date that is compared with a number is its day number; NULL stays what it is.
 /// Counting characters in every row would cost more than reading it. Byte by byte, since to the engine's collation blanks
 /// alone equal no text.
 void ExpressionWriter::hasText(const Expression& expression)
@@ -230,51 +234,18 @@ void ExpressionWriter::chain(const Expression& expression, const char* op)
 void ExpressionWriter::in(const Expression& expression)
 {
     const auto& arguments = expression.arguments;
-    const bool mixedDates = std::any_of(arguments.begin(), arguments.end(), [&](const auto& part) {
-        return part->type != Type::Null && (part->type == Type::Date) != (arguments[0]->type == Type::Date);
-    });
-    m_out += '(';
-    operand(*arguments[0], mixedDates);
-    if (anyText(expression)) m_out += " COLLATE " + collationName();
-    m_out += " IN ";
+    const bool mixed = mixesDates(expression);
+    write("(%M0%K IN ", expression);
     if (arguments[1]->op == Op::ParameterList) {
         value(*arguments[1]);
     } else {
         m_out += '(';
         for (std::size_t i = 1; i < arguments.size(); ++i) {
             if (i > 1) m_out += ',';
-            operand(*arguments[i], mixedDates);
+            operand(*arguments[i], mixed);
         }
         m_out += ')';
     }
-    m_out += ')';
-}
-
-/// The order of the bounds does not count.
-void ExpressionWriter::between(const Expression& expression)
-{
-    const auto& arguments = expression.arguments;
-    const auto has = [&](bool date) {
-        return std::any_of(arguments.begin(), arguments.end(), [date](const auto& part) {
-            return part->type != Type::Null && (part->type == Type::Date) == date;
-        });
-    };
-    const bool mixedDates = has(true) && has(false);
-    const auto bound = [&](const char* which) {
-        m_out += which;
-        operand(*arguments[1], mixedDates);
-        if (anyText(expression)) m_out += " COLLATE " + collationName();
-        m_out += ',';
-        operand(*arguments[2], mixedDates);
-        m_out += ')';
-    };
-    m_out += '(';
-    operand(*arguments[0], mixedDates);
-    if (anyText(expression)) m_out += " COLLATE " + collationName();
-    m_out += " BETWEEN ";
-    bound("min(");
-    m_out += " AND ";
-    bound("max(");
     m_out += ')';
 }
 
@@ -300,38 +271,13 @@ void ExpressionWriter::constant(const Value& value)
                                             : QByteArray::number(value.toDouble(), 'g', 17);
 }
 
-void ExpressionWriter::arithmetic(const Expression& expression, const char* op)
-{
-    m_out += '(';
-    number(*expression.arguments[0]);
-    m_out += op;
-    number(*expression.arguments[1]);
-    m_out += ')';
-}
-
 void ExpressionWriter::sum(const Expression& expression)
 {
-    if (isText(expression.type)) {
-        m_out += '(';
-        value(*expression.arguments[0]);
-        m_out += "||";
-        value(*expression.arguments[1]);
-        m_out += ')';
-        return;
-    }
-    if (expression.type == Type::Date) m_out += "jet_date(";
-    arithmetic(expression, expression.op == Op::Add ? "+" : "-");
-    if (expression.type == Type::Date) m_out += ')';
-}
-
-void ExpressionWriter::function(const Expression& expression, const char* name)
-{
-    m_out += name;
-    m_out += '(';
-    number(*expression.arguments[0]);
-    m_out += ',';
-    number(*expression.arguments[1]);
-    m_out += ')';
+    if (isText(expression.type)) return write("(%V0||%V1)", expression);
+    const bool isDate = expression.type == Type::Date;
+    if (isDate) m_out += "jet_date(";
+    write(formOf(expression.op, ValueForms), expression);
+    if (isDate) m_out += ')';
 }
 
 void ExpressionWriter::call(const Expression& call)

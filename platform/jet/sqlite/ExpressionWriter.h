@@ -39,17 +39,15 @@ public:
     void assigned(const sql::Expression& expression, Type to, const QString& field = {});
 
 private:
-    void comparison(const sql::Expression& expression, const char* op);
+    void write(const char* form, const sql::Expression& expression);
+    void collation(const sql::Expression& expression); // that its operands are compared by
     void hasText(const sql::Expression& expression);
     void operand(const sql::Expression& expression, bool asNumber);
     void chain(const sql::Expression& expression, const char* op);
     void in(const sql::Expression& expression);
-    void between(const sql::Expression& expression);
     void column(const sql::Expression& expression);
     void constant(const Value& value);
-    void arithmetic(const sql::Expression& expression, const char* op);
     void sum(const sql::Expression& expression);
-    void function(const sql::Expression& expression, const char* name);
     void call(const sql::Expression& call);
     void aggregate(const sql::Expression& call);
     void choice(const sql::Expression& call);
