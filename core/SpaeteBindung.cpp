@@ -15,7 +15,7 @@ constexpr int UnbekannteEigenschaft = 438; // the runtime's number
 double SpaeteBindung::Get_Bestand(const QString& Artikel, const QString& Lagerort, const QDate& Stichtag)
 {
     double bestand = 0;
-    abgesichert([&] { bestand = fruehgebunden().Get_Bestand(Artikel, Lagerort, Stichtag); });
+    abgesichert([&] { bestand = m_objekt.Get_Bestand(Artikel, Lagerort, Stichtag); });
     return bestand;
 }
 
@@ -27,23 +27,23 @@ double SpaeteBindung::Get_Bestand(const QString& Artikel, const QString& Lageror
 double SpaeteBindung::LagerbestandRechnen()
 {
     double bestand = 0;
-    abgesichert([&] { bestand = fruehgebunden().LagerbestandRechnen(); });
+    abgesichert([&] { bestand = m_objekt.LagerbestandRechnen(); });
     return bestand;
 }
 
 void SpaeteBindung::LagerbestandLaden()
 {
-    abgesichert([&] { fruehgebunden().LagerbestandLaden(); });
+    abgesichert([&] { m_objekt.LagerbestandLaden(); });
 }
 
 void SpaeteBindung::Kontrolle_LagerbestandLaden()
 {
-    abgesichert([&] { fruehgebunden().Kontrolle_LagerbestandLaden(); });
+    abgesichert([&] { m_objekt.Kontrolle_LagerbestandLaden(); });
 }
 
 void SpaeteBindung::stelleStichdatum(const QDate& tag)
 {
-    abgesichert([&] { fruehgebunden().setStichdatum(tag); });
+    abgesichert([&] { m_objekt.setStichdatum(tag); });
 }
 
 void SpaeteBindung::beginneAufruf()

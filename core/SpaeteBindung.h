@@ -23,6 +23,9 @@ class SpaeteBindung : public QObject {
     Q_PROPERTY(int LetzteFehlernummer READ LetzteFehlernummer)
 
 public:
+    /// `objekt`: the same object, or another one, whose functions throw.
+    explicit SpaeteBindung(_Lagerverwaltungsdaten& objekt) : m_objekt(objekt) {}
+
     /// Text of the failure of the last call by name, or of a message of the last call of either kind that found no other
     /// place; empty after a successful call. What an early-bound call throws is not told again here.
     QString LetzterFehler() const { return m_fehler; }
@@ -38,14 +41,13 @@ public:
     void stelleStichdatum(const QDate& tag);
 
 protected:
-    virtual _Lagerverwaltungsdaten& fruehgebunden() = 0; ///< The same object, whose functions throw.
-
     void beginneAufruf();                     ///< Forgets what the call before left.
     void hinterlasse(const QString& meldung); ///< Adds a message of the running call; its number is 0.
 
 private:
     void abgesichert(const std::function<void()>& aufruf);
 
+    _Lagerverwaltungsdaten& m_objekt;
     QString m_fehler;
     int m_fehlernummer = 0;
 };

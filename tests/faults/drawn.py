@@ -130,7 +130,7 @@ FAULTS = [
      '[&font](const Measured& known) { return known.font == font; });',
      '[&font](const Measured& known) { return known.font.size == font.size && known.font.bold == font.bold; });'),
     ('D39 host call: the screen counts as open before its file is there, so a missing template blocks the next call',
-     'core', 'core/Lagerverwaltungsdaten.cpp',
+     'core', 'core/Lagerverwaltung.cpp',
      '    zustand.Jahr = QString::number(zustand.Stichdatum.year());\n'
      '    stelleJournalBereit(m_datenverzeichnis); // a missing template ends the call, what is copied by now stays\n'
      '    zustand.Herkunft = m_herkunft;\n'
