@@ -44,7 +44,7 @@ void DataControl::Close()
     if (!isOpen() || !leaves(Action::Close)) return;
     shut();
     Q_EMIT RowsReplaced();
-    showValues();
+    m_bound.show(m_recordset.get());
 }
 
 jet::Recordset& DataControl::rows() const
@@ -90,7 +90,7 @@ bool DataControl::leaves(Action action)
 
 void DataControl::moved()
 {
-    showValues();
+    m_bound.show(m_recordset.get());
     Q_EMIT CurrentChanged();
     Q_EMIT Reposition();
 }
@@ -135,7 +135,7 @@ void DataControl::FindFirst(const QString& criterion)
     if (!leaves(Action::Find)) return;
     rows().FindFirst(criterion);
     if (rows().NoMatch())
-        showValues();
+        m_bound.show(m_recordset.get());
     else
         moved();
 }
@@ -161,7 +161,7 @@ void DataControl::AddNew()
 {
     if (!leaves(Action::AddNew)) return;
     rows().AddNew();
-    showValues();
+    m_bound.show(m_recordset.get());
 }
 
 void DataControl::Edit()
@@ -183,7 +183,7 @@ void DataControl::Update()
 void DataControl::CancelUpdate()
 {
     rows().CancelUpdate();
-    showValues();
+    m_bound.show(m_recordset.get());
 }
 
 void DataControl::Delete()
@@ -200,27 +200,27 @@ void DataControl::Delete()
 void DataControl::UpdateRecord()
 {
     if (!isOpen()) return;
-    collectValues();
+    m_bound.collect(*m_recordset);
     if (!m_recordset->Editing()) return;
     const qsizetype count = m_recordset->RecordCount();
     try {
         m_recordset->Update();
     } catch (const jet::Error& error) {
         // The row is another one meanwhile. Bound fields keep what was typed, so a second try can begin from the new one.
-        if (error.number() == jet::ErrorNumber::ChangedByAnotherUser && !m_fields.empty()) m_recordset->CancelUpdate();
+        if (error.number() == jet::ErrorNumber::ChangedByAnotherUser && !m_bound.isEmpty()) m_recordset->CancelUpdate();
         throw;
     }
     if (m_recordset->RecordCount() > count)
         Q_EMIT RowAdded();
     else
         Q_EMIT RowChanged(AbsolutePosition());
-    showValues();
+    m_bound.show(m_recordset.get());
 }
 
 void DataControl::UpdateControls()
 {
     dropPending();
-    showValues();
+    m_bound.show(m_recordset.get());
 }
 
 void DataControl::dropPending()
@@ -228,40 +228,7 @@ void DataControl::dropPending()
     if (isOpen() && m_recordset->Editing()) m_recordset->CancelUpdate();
 }
 
-void DataControl::attach(BoundField& field)
-{
-    m_fields.push_back(&field);
-    showValues();
-}
-
-void DataControl::detach(BoundField& field)
-{
-    std::erase(m_fields, &field);
-}
-
-void DataControl::showValues()
-{
-    if (m_fields.empty()) return;
-    // Another program may have deleted the row; a field then has nothing to show and the next use of the row tells.
-    const bool hasRow = isOpen() && (m_recordset->Editing() ||
-                                     (AbsolutePosition() >= 0 && m_recordset->RowAt(AbsolutePosition()).has_value()));
-    for (BoundField* const field : m_fields)
-        field->showValue(hasRow ? (*m_recordset)[field->DataField()] : jet::Value());
-}
-
-void DataControl::collectValues()
-{
-    for (const BoundField* const field : m_fields) {
-        const auto value = field->changedValue();
-        if (!value) continue;
-        if (!m_recordset->Editing()) m_recordset->Edit();
-        m_recordset->Set(field->DataField(), *value);
-    }
-}
-
 bool DataControl::hasChanges() const
 {
-    return isOpen() && (m_recordset->Editing() || std::any_of(m_fields.begin(), m_fields.end(), [](const auto* field) {
-                            return field->changedValue().has_value();
-                        }));
+    return isOpen() && (m_recordset->Editing() || m_bound.hasChanges());
 }

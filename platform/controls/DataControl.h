@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/controls/BoundField.h"
 #include "platform/controls/Cancel.h"
 #include "platform/jet/Engine.h"
 
@@ -8,8 +9,6 @@
 
 #include <memory>
 #include <vector>
-
-class BoundField;
 
 /// The rows that a screen works on, without a visible part: grids and bound fields show them and follow the current
 /// one.
@@ -99,10 +98,6 @@ Q_SIGNALS:
 
 private:
     friend class BoundField;
-    void attach(BoundField& field);
-    void detach(BoundField& field);
-    void showValues();
-    void collectValues();
     bool hasChanges() const;
 
     void open();
@@ -119,5 +114,5 @@ private:
     jet::Kind m_kind = jet::Kind::Dynaset;
     std::unique_ptr<jet::Database> m_database;
     std::unique_ptr<jet::Recordset> m_recordset;
-    std::vector<BoundField*> m_fields;
+    BoundFields m_bound;
 };

@@ -293,12 +293,8 @@ FAULTS = [
      'const bool computed = expression.op != Op::Column;'),
     ('D69 data control: a row that was begun and holds no typed text is not saved', 'controls',
      'platform/controls/DataControl.cpp',
-     'return isOpen() && (m_recordset->Editing() || std::any_of(m_fields.begin(), m_fields.end(), [](const auto* field) {\n'
-     '                            return field->changedValue().has_value();\n'
-     '                        }));',
-     'return isOpen() && std::any_of(m_fields.begin(), m_fields.end(), [](const auto* field) {\n'
-     '               return field->changedValue().has_value();\n'
-     '           });'),
+     'return isOpen() && (m_recordset->Editing() || m_bound.hasChanges());',
+     'return isOpen() && m_bound.hasChanges();'),
     ('D70 keys: Enter held down presses a button again and again (order of two tests)', 'controls',
      'platform/controls/TasteUmsetzen.cpp',
      '    if (key->isAutoRepeat()) return true; // a key held too long leaves one field, not all\n'
