@@ -33,6 +33,8 @@ struct Spalte {
     QStringView name;
     std::optional<Wert> Buchung::*wert;
 };
+template <class Wert>
+Spalte(QStringView, std::optional<Wert> Buchung::*) -> Spalte<Wert>; // some compilers do not find it themselves
 
 inline constexpr std::tuple Spalten{
     Spalte{u"ID", &Buchung::ID},
