@@ -2,6 +2,7 @@
 
 #include "ui_LAKorrekturForm.h"
 
+#include "core/Journaldatei.h"
 #include "masks/ErfassungsmaskenModul.h"
 #include "masks/Lagerstand.h"
 #include "masks/Maskenraster.h"
