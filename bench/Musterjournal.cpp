@@ -76,7 +76,7 @@ Musterzeile Musterjournal::zeile(int nummer) const
 
 void Musterjournal::schreibe(jet::Database& journal) const
 {
-    const auto tabelle = journal.OpenRecordset(u"LAGERJOURNAL"_s, jet::Kind::Table);
+    const auto tabelle = journal.OpenRecordset(u"LAGERJOURNAL"_s);
     journal.BeginTrans();
     for (int i = 0; i < m_zeilen; ++i) {
         const Musterzeile neu = zeile(i);

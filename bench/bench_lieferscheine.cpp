@@ -21,7 +21,7 @@ void verkaufe(jet::Database& datei, int lieferungen)
 {
     constexpr int Tage = 366;
     datei.BeginTrans();
-    const auto journal = datei.OpenRecordset(u"LAGERJOURNAL"_s, jet::Kind::Table);
+    const auto journal = datei.OpenRecordset(u"LAGERJOURNAL"_s);
     for (int i = 0; i < 2 * lieferungen; ++i) {
         journal->AddNew();
         journal->Set(u"Datum", QDate(Jahr, 1, 1).addDays(i / 2 % Tage));

@@ -23,7 +23,7 @@ QString name(int nummer)
 void fuelleRegister(jet::Database& stamm, int eintraege, int produkte)
 {
     stamm.BeginTrans();
-    const auto register_ = stamm.OpenRecordset(u"REGISTER"_s, jet::Kind::Table);
+    const auto register_ = stamm.OpenRecordset(u"REGISTER"_s);
     for (int i = 0; i < eintraege; ++i) {
         register_->AddNew();
         register_->Set(u"Regnr", QString::number(i));
@@ -32,7 +32,7 @@ void fuelleRegister(jet::Database& stamm, int eintraege, int produkte)
         if (i % 5 == 0) register_->Set(u"Aufbrauchsfrist", QDate(Messbetrieb::ErstesJahr, 6, 30));
         register_->Update();
     }
-    const auto mittel = stamm.OpenRecordset(u"PFLANZENSCHUTZMITTEL"_s, jet::Kind::Table);
+    const auto mittel = stamm.OpenRecordset(u"PFLANZENSCHUTZMITTEL"_s);
     for (int i = 0; i < produkte; ++i) {
         mittel->AddNew();
         mittel->Set(u"NAME", name(i * (eintraege / produkte)));

@@ -25,7 +25,7 @@ std::vector<int> jahreAb(int ab)
     std::vector<int> jahre;
     for (const int jahr : journaljahre()) {
         if (jahr < ab) continue;
-        oeffneJournal(jahr)->OpenRecordset(u"Lagerjournal"_s, jet::Kind::Table)->RecordCount();
+        oeffneJournal(jahr)->OpenRecordset(u"SELECT Count(*) FROM Lagerjournal"_s);
         jahre.push_back(jahr);
     }
     return jahre;

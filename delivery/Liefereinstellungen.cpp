@@ -18,7 +18,7 @@ QString vorgabe(const QString& name, const QString& sonst)
 
 void ergaenzeLiefereinstellungen(jet::Database& journal)
 {
-    const auto einstellungen = journal.OpenRecordset(u"Liefereinstellungen"_s, jet::Kind::Table);
+    const auto einstellungen = journal.OpenRecordset(u"Liefereinstellungen"_s);
     if (!einstellungen->Eof()) return;
     einstellungen->AddNew();
     einstellungen->Set(u"Lieferscheinformular", vorgabe(u"Lieferscheinformular"_s, u"Standardlieferschein.rpt"_s));

@@ -13,7 +13,7 @@ namespace {
 bool hatBuchungen(const Installation& ort, const QString& betrieb, int jahr)
 {
     const auto journal = oeffne(Dateiart::Lager, ort.journaldatei(betrieb, jahr));
-    return !journal->OpenRecordset(u"LAGERJOURNAL"_s, jet::Kind::Table)->Eof();
+    return !journal->OpenRecordset(u"SELECT TOP 1 ID FROM LAGERJOURNAL"_s)->Eof();
 }
 
 /// "2023 nach 2024", "2024 nach 2027 (ohne 2025, 2026)", "2025 nach 2026: nicht übernommen".

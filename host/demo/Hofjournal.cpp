@@ -77,7 +77,7 @@ void bucheEinzeln(jet::Recordset& journal, const Vorgang& vorgang, int nummer)
 void buche(jet::Database& journal, const std::vector<Vorgang>& buchungen)
 {
     journal.BeginTrans();
-    const auto zeilen = journal.OpenRecordset(u"LAGERJOURNAL"_s, jet::Kind::Table);
+    const auto zeilen = journal.OpenRecordset(u"LAGERJOURNAL"_s);
     int nummer = 0;
     for (const Vorgang& vorgang : buchungen) {
         if (vorgang.nachWare)

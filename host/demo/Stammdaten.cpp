@@ -14,7 +14,7 @@ namespace {
 
 std::unique_ptr<jet::Recordset> alle(jet::Database& datei, QStringView tabelle)
 {
-    return datei.OpenRecordset(tabelle.toString(), jet::Kind::Table);
+    return datei.OpenRecordset(tabelle.toString());
 }
 
 void schreibeArtikel(jet::Database& grundstamm, const Artikelart& art, const Sortiment& sortiment)

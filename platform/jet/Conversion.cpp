@@ -74,12 +74,8 @@ Value convert(const Value& value, Type to)
     if (value.isNull()) return to == Type::Boolean ? Value(false) : value;
     switch (to) {
     case Type::Boolean: return truth(value);
-    case Type::Byte: return wholeNumber(value, 0, 255);
-    case Type::Short: return wholeNumber(value, -32768, 32767);
     case Type::Long:
     case Type::Counter: return wholeNumber(value, -2147483648.0, 2147483647.0);
-    case Type::Currency: return finite(Round(value.toDouble(), 4));
-    case Type::Single: return finite(static_cast<float>(value.toDouble()));
     case Type::Double: return finite(value.toDouble());
     case Type::Date: return date(value);
     case Type::Text:

@@ -22,7 +22,7 @@ public:
     /// \throws Error with the number and text of the refusal; nothing is then changed.
     qint64 Execute(const QString& sql);
     /// Opens the rows of a table or SELECT statement.
-    std::unique_ptr<Recordset> OpenRecordset(const QString& source, Kind kind = Kind::Default);
+    std::unique_ptr<Recordset> OpenRecordset(const QString& source, Kind kind = Kind::Dynaset);
 
     /// Tables and links of the file, in no promised order. System tables are not among them.
     std::vector<TableDef> TableDefs() const;

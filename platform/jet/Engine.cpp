@@ -1,11 +1,14 @@
 #include "platform/jet/Engine.h"
 
-#include "platform/jet/Pool.h"
+#include "platform/jet/sqlite/Files.h"
+#include "platform/jet/store/Pool.h"
 #include "platform/system/Files.h"
 
 namespace jet {
 
-Engine::Engine() : m_pool(std::make_unique<Pool>()) {}
+Engine::Engine() : Engine(std::make_unique<sqlite::Files>()) {}
+
+Engine::Engine(std::unique_ptr<store::Store> store) : m_pool(std::make_unique<Pool>(std::move(store))) {}
 
 Engine::~Engine() = default;
 
@@ -19,17 +22,15 @@ std::unique_ptr<Database> Engine::CreateDatabase(const QString& path, const QStr
     return database(m_pool->create(path, locale));
 }
 
-std::unique_ptr<Database> Engine::database(std::shared_ptr<sqlite::Connection> connection)
+std::unique_ptr<Database> Engine::database(std::shared_ptr<OpenFile> file)
 {
     auto session = std::make_shared<Database::Session>();
-    session->path = connection->path();
-    session->connection = std::move(connection);
-    session->openFile = [pool = m_pool.get()](const QString& path, const QString& connect) {
+    session->path = file->path();
+    session->file = std::move(file);
+    session->openOther = [pool = m_pool.get()](const QString& path, const QString& connect) {
         return pool->open(path, connect);
     };
-    session->giveBack = [pool = m_pool.get()](std::shared_ptr<sqlite::Connection> given) {
-        pool->giveBack(std::move(given));
-    };
+    session->giveBack = [pool = m_pool.get()](std::shared_ptr<OpenFile> given) { pool->giveBack(std::move(given)); };
     session->requireDatabase = [pool = m_pool.get()](const QString& path) { pool->requireDatabase(path); };
     return std::unique_ptr<Database>(new Database(std::move(session)));
 }

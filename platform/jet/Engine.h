@@ -10,15 +10,17 @@
 
 namespace jet {
 
-namespace sqlite {
-class Connection;
+namespace store {
+class Store;
 }
+class OpenFile;
 
-/// Opens and creates database files. Connections stay open after the last Close of a Database, one per file and
+/// Opens and creates database files. Files stay open after the last Close of a Database, once per file and
 /// connect text, until the file is found to have changed behind our back or is about to be copied or deleted.
 class Engine {
 public:
-    Engine();
+    Engine(); ///< Over the store that comes with it.
+    explicit Engine(std::unique_ptr<store::Store> store);
     ~Engine();
     Q_DISABLE_COPY_MOVE(Engine)
 
@@ -38,13 +40,13 @@ public:
     int LockTimeout() const;
     void setLockTimeout(int milliseconds);
 
-    /// Closes the connections to a file that no Database uses; an empty path: to all files.
+    /// Closes a file that no Database uses; an empty path: all files.
     void release(const QString& path = {});
 
 private:
     friend Engine& engine();
     class Pool;
-    std::unique_ptr<Database> database(std::shared_ptr<sqlite::Connection> connection);
+    std::unique_ptr<Database> database(std::shared_ptr<OpenFile> file);
     std::unique_ptr<Pool> m_pool;
 };
 

@@ -125,6 +125,13 @@ void raiseOfFile(ErrorNumber number, const QString& path)
     throw named(Error(number, errorText(number, {path})), u"Datei"_s, path);
 }
 
+Error noTruthValue(const QString& field)
+{
+    const Error error(ErrorNumber::ValueNotAllowed,
+                      errorText(ErrorNumber::ValueNotAllowed, {u"0 (Nein) oder -1 (Ja)"_s}));
+    return field.isEmpty() ? error : named(error, u"Feld"_s, field);
+}
+
 void refuse(const QString& feature, qsizetype position)
 {
     throw Error(ErrorNumber::NotSupported, u"'"_s + feature + u"' wird in Abfragen nicht unterstützt."_s, position);

@@ -19,6 +19,9 @@ Error named(const Error& error, const QString& kind, const QString& name);
 /// The same for a fault of a whole file, which is named where the number's own text does not.
 [[noreturn]] void raiseOfFile(ErrorNumber number, const QString& path);
 
+/// The refusal of a Yes/No value other than 0 and -1. An empty name: which field is not known here.
+Error noTruthValue(const QString& field);
+
 /// Refuses something that the dialect knows elsewhere but not here, naming it: "'UNION' wird ... nicht unterstützt."
 [[noreturn]] void refuse(const QString& feature, qsizetype position = -1);
 

@@ -1,7 +1,8 @@
 #include "platform/jet/Recordset.h"
 
 #include "platform/jet/Errors.h"
-#include "platform/jet/Rows.h"
+#include "platform/jet/rows/Rows.h"
+#include "platform/jet/store/Scopes.h"
 
 namespace jet {
 
@@ -104,7 +105,7 @@ std::vector<std::optional<std::vector<Value>>> Recordset::RowsAt(qsizetype first
                                                                  const std::vector<int>& columns) const
 {
     return m_rows->told([&] {
-        const sqlite::ReadScope scope(m_rows->connection());
+        const store::ReadScope scope(m_rows->connection());
         std::vector<std::optional<std::vector<Value>>> rows;
         rows.reserve(static_cast<std::size_t>(count));
         for (qsizetype position = first; position < first + count; ++position)

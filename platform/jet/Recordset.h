@@ -11,10 +11,8 @@
 
 namespace jet {
 
-/// How a recordset sees its rows.
-///
-/// Default: a table name opens a Table, a statement a Dynaset where its rows can be changed, else a Snapshot.
-enum class Kind { Default, Table, Dynaset, Snapshot };
+/// How a recordset sees its rows. A Dynaset whose rows cannot be changed is a Snapshot.
+enum class Kind { Dynaset, Snapshot };
 
 /// Marks a row of one recordset; useless for any other.
 class Bookmark {
@@ -31,9 +29,8 @@ private:
 /// The rows of one statement, one of them current:   Bof | row 1 | ... | row n | Eof
 ///
 /// A dynaset keeps the keys of its rows in the order they were found and reads a row when it becomes current; rows it
-/// added stand at its end, rows that others add do not appear, a row that others delete keeps its place. A table
-/// recordset walks the living table in the order of its key. A snapshot keeps values and refuses changes; so does a
-/// dynaset over grouped, joined or linked rows. None leaves a statement open between two calls: a recordset that
+/// added stand at its end, rows that others add do not appear, a row that others delete keeps its place. A
+/// snapshot keeps values and refuses changes; so does a dynaset over grouped, joined or linked rows. None leaves a statement open between two calls: a recordset that
 /// somebody forgets never locks out another program.
 ///
 /// Opened with rows, the first one is current. Every call throws ObjectClosed once the database is closed.
@@ -50,7 +47,7 @@ public:
     void MovePrevious(); ///< \throws Error NoCurrentRecord when already at Bof.
     /// Makes the first row that meets the criterion (the text after a WHERE) current. Its names are this recordset's
     /// columns, aliases included. Without a match NoMatch() is true and the current row stays where it was.
-    /// \throws Error CriterionSyntax, UnknownNameInCriterion, TypeMismatch; NotSupported for a table recordset.
+    /// \throws Error CriterionSyntax, UnknownNameInCriterion, TypeMismatch.
     void FindFirst(const QString& criterion);
     bool NoMatch() const;
     /// The place of the first row that meets the criterion, counted from one place on and behind the last row again from
@@ -58,13 +55,13 @@ public:
     qsizetype FindFrom(qsizetype position, const QString& criterion) const;
 
     qsizetype RecordCount() const;              ///< All rows, known at once.
-    qsizetype AbsolutePosition() const;         ///< From 0; -1 without a current row and for a table recordset.
+    qsizetype AbsolutePosition() const;         ///< From 0; -1 without a current row.
     Bookmark GetBookmark() const;               ///< \throws Error NoCurrentRecord.
     void SetBookmark(const Bookmark& bookmark); ///< \throws Error InvalidBookmark.
     Bookmark LastModified() const;              ///< The row of the last Update(); marks no row before it.
 
-    // By place, from 0 to RecordCount() - 1, for a grid that shows a stretch of the rows. All throw NotSupported for a
-    // table recordset and NoCurrentRecord for a place that is none.
+    // By place, from 0 to RecordCount() - 1, for a grid that shows a stretch of the rows. All throw NoCurrentRecord for a
+    // place that is none.
     /// The fields of a row as the file has them now; the current row stays current, a pending one is not looked at.
     /// No value when another program has deleted it.
     std::optional<std::vector<Value>> RowAt(qsizetype position) const;

@@ -1,7 +1,7 @@
 #include "platform/jet/Transaction.h"
 
 #include "platform/jet/Errors.h"
-#include "platform/jet/Session.h"
+#include "platform/jet/store/Session.h"
 
 #include <QScopeGuard>
 

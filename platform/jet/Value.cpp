@@ -12,26 +12,12 @@ namespace jet {
 
 bool isNumber(Type type)
 {
-    switch (type) {
-    case Type::Boolean:
-    case Type::Byte:
-    case Type::Short:
-    case Type::Long:
-    case Type::Counter:
-    case Type::Currency:
-    case Type::Single:
-    case Type::Double: return true;
-    case Type::Null:
-    case Type::Date:
-    case Type::Text:
-    case Type::Memo: break;
-    }
-    return false;
+    return type == Type::Boolean || isWhole(type) || type == Type::Double;
 }
 
 bool isWhole(Type type)
 {
-    return type == Type::Byte || type == Type::Short || type == Type::Long || type == Type::Counter;
+    return type == Type::Long || type == Type::Counter;
 }
 
 bool isText(Type type)

@@ -8,11 +8,11 @@
 namespace jet {
 
 /// What a column or an expression holds. The values of Boolean are -1 and 0 in the file, of Counter and Long 4-byte
-/// whole numbers; Memo is a text without a bound of its length; Date has a time of day that mostly is midnight.
-enum class Type { Null, Boolean, Byte, Short, Long, Counter, Currency, Single, Double, Date, Text, Memo };
+/// whole numbers; every other number is a Double, whatever the column was declared as; Memo is a text without a bound of its length; Date has a time of day that mostly is midnight.
+enum class Type { Null, Boolean, Long, Counter, Double, Date, Text, Memo };
 
 bool isNumber(Type type); ///< Boolean counts as one, Date does not.
-bool isWhole(Type type);  ///< Byte, Short, Long or Counter.
+bool isWhole(Type type);  ///< Long or Counter.
 bool isText(Type type);   ///< Text or Memo.
 
 /// One field of one row: NULL, or a truth value, whole number, floating number, date or text.

@@ -57,7 +57,7 @@ void buche(const Testbetrieb& hof, const QString& datei)
             hof.bucht(jahr, "");
             jahresdatei = hof.oeffne(jahr); // the year before is kept
             jahresdatei->BeginTrans();
-            journal = jahresdatei->OpenRecordset(u"LAGERJOURNAL"_s, jet::Kind::Table);
+            journal = jahresdatei->OpenRecordset(u"LAGERJOURNAL"_s);
         }
         journal->AddNew();
         journal->Set(u"Datum", tag);

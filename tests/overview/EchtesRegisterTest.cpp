@@ -20,7 +20,7 @@ namespace {
 
 void ergaenze(jet::Database& datei, const QString& tabelle, const std::map<QString, QString>& werte)
 {
-    const auto ziel = datei.OpenRecordset(tabelle, jet::Kind::Table);
+    const auto ziel = datei.OpenRecordset(tabelle);
     ziel->AddNew();
     for (const auto& [feld, wert] : werte)
         if (!wert.isEmpty()) ziel->Set(feld, wert);

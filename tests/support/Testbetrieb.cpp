@@ -84,7 +84,7 @@ void Testbetrieb::bucht(int jahr, const char* text) const
 {
     richteEin(m_ort, m_betriebsnummer, jahr);
     const auto datei = oeffne(jahr);
-    const auto journal = datei->OpenRecordset(u"LAGERJOURNAL"_s, jet::Kind::Table);
+    const auto journal = datei->OpenRecordset(u"LAGERJOURNAL"_s);
     for (const QString& zeile : zeilen(text)) {
         const QStringList zellen = zeile.split(u" | "_s);
         journal->AddNew();

@@ -271,7 +271,7 @@ private:
     void fuelle(const QString& name, const QString& tabelle, const QStringList& zeilen)
     {
         const auto datei = oeffne(name);
-        const auto ziel = datei->OpenRecordset(tabelle, jet::Kind::Table);
+        const auto ziel = datei->OpenRecordset(tabelle);
         const QStringList spalten = zeilen.first().split(u" | "_s);
         for (const QString& zeile : zeilen.mid(1)) {
             const QStringList zellen = zeile.split(u" | "_s);

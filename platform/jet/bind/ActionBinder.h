@@ -10,6 +10,7 @@ struct BoundInsert {
     std::vector<int> columns; ///< Of the table, in the order of the values.
     std::vector<sql::ExpressionPtr> values;
     std::optional<BoundSelect> select; ///< Instead of values.
+    bool isNew = false; ///< The table was made for these rows: it takes the columns of others as they are.
 };
 
 struct BoundUpdate {

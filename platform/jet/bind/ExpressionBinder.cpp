@@ -1,7 +1,7 @@
 #include "platform/jet/bind/ExpressionBinder.h"
 
 #include "platform/jet/Errors.h"
-#include "platform/jet/bind/Functions.h"
+#include "platform/jet/value/Functions.h"
 
 #include <algorithm>
 
@@ -169,12 +169,12 @@ Type ExpressionBinder::typeOf(const sql::Expression& expression) const
         if (function.kind == FunctionKind::IIf) return commonType(arguments[1]->type, arguments[2]->type);
         return arguments[0]->type == Type::Counter ? Type::Long : arguments[0]->type;
     }
-    case Op::Negate: return commonType(Type::Byte, arguments[0]->type);
+    case Op::Negate: return commonType(Type::Long, arguments[0]->type);
     case Op::Power:
     case Op::Divide: return Type::Double;
     case Op::IntegerDivide:
     case Op::Modulo: return Type::Long;
-    case Op::Multiply: return commonType(Type::Byte, commonType(arguments[0]->type, arguments[1]->type));
+    case Op::Multiply: return commonType(Type::Long, commonType(arguments[0]->type, arguments[1]->type));
     case Op::Add:
     case Op::Subtract: return sumType(expression);
     case Op::Concatenate:

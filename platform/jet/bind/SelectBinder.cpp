@@ -2,7 +2,7 @@
 
 #include "platform/jet/Errors.h"
 #include "platform/jet/bind/AliasBinder.h"
-#include "platform/jet/bind/Functions.h"
+#include "platform/jet/value/Functions.h"
 
 #include <algorithm>
 

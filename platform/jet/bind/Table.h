@@ -2,7 +2,6 @@
 
 #include "platform/jet/TableDef.h"
 
-#include <QByteArray>
 #include <QString>
 
 #include <functional>
@@ -14,7 +13,7 @@ namespace jet::bind {
 /// A table as statements see it.
 struct Table {
     QString name;
-    QByteArray schema = "main"; ///< The open file it lies in: a linked table lies in an attached one.
+    int file = 0; ///< That it lies in: 0 is the statement's own, a linked table lies in one of the others.
     std::vector<Field> columns;
 
     /// Number of the column of that name in any case, umlauts included; -1 without.

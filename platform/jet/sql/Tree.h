@@ -170,7 +170,7 @@ struct DropIndex {
     QString table;
 };
 
-using Statement =
-    std::variant<Select, Insert, Update, Delete, CreateTable, AddColumn, CreateIndex, DropTable, DropIndex>;
+using Definition = std::variant<CreateTable, AddColumn, CreateIndex, DropTable, DropIndex>;
+using Statement = std::variant<Select, Insert, Update, Delete, Definition>;
 
 } // namespace jet::sql

@@ -13,11 +13,6 @@ const Field& columnAt(const bind::TablePtr& table, int column)
     return table->columns[static_cast<std::size_t>(column)];
 }
 
-QByteArray target(const bind::TablePtr& table)
-{
-    return table->schema + '.' + quoted(table->name);
-}
-
 void writeWhere(QByteArray& out, ExpressionWriter& writer, const sql::ExpressionPtr& where)
 {
     if (!where) return;
@@ -29,12 +24,13 @@ void writeWhere(QByteArray& out, ExpressionWriter& writer, const sql::Expression
 
 QByteArray writeInsert(const bind::BoundInsert& insert)
 {
-    QByteArray out = "INSERT INTO " + target(insert.table) + '(';
+    QByteArray out = "INSERT INTO " + placed(*insert.table) + '(';
     std::vector<Field> fields;
     for (std::size_t i = 0; i < insert.columns.size(); ++i) {
         const Field& column = columnAt(insert.table, insert.columns[i]);
         out += (i > 0 ? "," : "") + quoted(column.name);
         fields.push_back(column);
+        if (insert.isNew) fields.back().name.clear(); // nothing is refused in its name
     }
     out += ") ";
     if (insert.select) return out + writeRows(*insert.select, fields);
@@ -50,7 +46,7 @@ QByteArray writeInsert(const bind::BoundInsert& insert)
 
 QByteArray writeUpdate(const bind::BoundUpdate& update)
 {
-    QByteArray out = "UPDATE " + target(update.table) + " AS t0 SET ";
+    QByteArray out = "UPDATE " + placed(*update.table) + " AS t0 SET ";
     const std::vector<bind::TablePtr> tables{update.table};
     ExpressionWriter writer(out, tables);
     for (std::size_t i = 0; i < update.columns.size(); ++i) {
@@ -64,7 +60,7 @@ QByteArray writeUpdate(const bind::BoundUpdate& update)
 
 QByteArray writeDelete(const bind::BoundDelete& statement)
 {
-    QByteArray out = "DELETE FROM " + target(statement.table) + " AS t0";
+    QByteArray out = "DELETE FROM " + placed(*statement.table) + " AS t0";
     const std::vector<bind::TablePtr> tables{statement.table};
     ExpressionWriter writer(out, tables);
     writeWhere(out, writer, statement.where);

@@ -91,8 +91,6 @@ Value read(const Source& source, Type type)
         if (storage == SQLITE_INTEGER || storage == SQLITE_FLOAT) return Value(source.number() != 0.0);
         break;
     case Type::Double:
-    case Type::Single:
-    case Type::Currency:
         if (storage == SQLITE_INTEGER || storage == SQLITE_FLOAT) return Value(source.number());
         break;
     case Type::Date:

@@ -16,11 +16,12 @@ struct DeclaredType {
 
 // SQLite derives from these words how it stores values: texts must never be taken for numbers, so dates and both kinds
 // of text carry TEXT in their name (DATETIME, which is only read, makes every comparison try both dates for numbers);
-// LONG must not read INT, which would make a primary key of that type the row's own key.
+// LONG must not read INT, which would make a primary key of that type the row's own key. The second row of a type is only
+// read, and so are the narrow numbers that files of before have.
 constexpr DeclaredType DeclaredTypes[] = {
-    {Type::Boolean, "YESNO"},   {Type::Byte, "BYTE"},     {Type::Short, "SHORT"},   {Type::Long, "LONG"},
-    {Type::Counter, "INTEGER"}, {Type::Double, "DOUBLE"}, {Type::Single, "SINGLE"}, {Type::Currency, "CURRENCY"},
-    {Type::Date, "DATETEXT"},   {Type::Text, "TEXT"},     {Type::Memo, "LONGTEXT"}, {Type::Date, "DATETIME"},
+    {Type::Boolean, "YESNO"}, {Type::Long, "LONG"},  {Type::Counter, "INTEGER"}, {Type::Double, "DOUBLE"},
+    {Type::Date, "DATETEXT"}, {Type::Text, "TEXT"},  {Type::Memo, "LONGTEXT"},   {Type::Date, "DATETIME"},
+    {Type::Long, "BYTE"},     {Type::Long, "SHORT"}, {Type::Double, "SINGLE"},   {Type::Double, "CURRENCY"},
 };
 
 } // namespace

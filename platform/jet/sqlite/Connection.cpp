@@ -4,10 +4,10 @@
 #include "platform/jet/sqlite/Collation.h"
 #include "platform/jet/sqlite/Functions.h"
 #include "platform/jet/sqlite/Names.h"
-#include "platform/jet/sqlite/Plan.h"
 #include "platform/jet/sqlite/SqliteError.h"
 
 #include <QRegularExpression>
+#include <QScopeGuard>
 
 #include <sqlite3.h>
 
@@ -24,8 +24,7 @@ constexpr qint64 OwnMark = 1514226252; // "ZABL": tells our files apart from dat
 
 } // namespace
 
-Connection::Connection(const QString& path, Mode mode, int lockTimeout)
-    : m_path(path), m_catalogue(*this), m_statements(MostStatements), m_plans(MostStatements)
+Connection::Connection(const QString& path, Mode mode, int lockTimeout) : m_path(path), m_statements(MostStatements)
 {
     const int flags = SQLITE_OPEN_READWRITE | (mode == Mode::New ? SQLITE_OPEN_CREATE : 0) | SQLITE_OPEN_NOMUTEX |
                       SQLITE_OPEN_PRIVATECACHE | SQLITE_OPEN_EXRESCODE;
@@ -76,8 +75,11 @@ void Connection::setLockTimeout(int milliseconds)
 
 Statement& Connection::prepared(const QByteArray& sql)
 {
-    if (auto* known = m_statements.find(sql)) return **known;
-    return *m_statements.insert(sql, std::make_unique<Statement>(*this, sql));
+    if (auto* known = m_statements.object(sql)) return *known;
+    auto statement = std::make_unique<Statement>(*this, sql);
+    auto& prepared = *statement;
+    m_statements.insert(sql, statement.release());
+    return prepared;
 }
 
 void Connection::execute(const QByteArray& sql)
@@ -85,25 +87,10 @@ void Connection::execute(const QByteArray& sql)
     if (sqlite3_exec(handle(), sql.constData(), nullptr, nullptr, nullptr) != SQLITE_OK) raiseFailure(handle(), m_path);
 }
 
-void Connection::forget()
+bool Connection::schemaChanged()
 {
-    m_plans.clear();
-    m_statements.clear();
-    m_catalogue.forget();
-}
-
-bool Connection::forgetIfChanged()
-{
-    const qint64 version = schemaVersion();
-    if (version == m_schemaVersion) return false;
-    m_schemaVersion = version;
-    forget();
-    return true;
-}
-
-bool Connection::forgetIfNoticed()
-{
-    return std::exchange(m_reprepared, false) && forgetIfChanged();
+    const qint64 before = std::exchange(m_schemaVersion, schemaVersion());
+    return before != m_schemaVersion;
 }
 
 qint64 Connection::schemaVersion()
@@ -163,55 +150,15 @@ void Connection::rebuildIndices()
         }
     }
     if (outdated.empty()) return;
-    WriteScope scope(*this);
+    execute("BEGIN IMMEDIATE");
+    auto undo = qScopeGuard([this] { sqlite3_exec(handle(), "ROLLBACK", nullptr, nullptr, nullptr); });
     for (const auto& [name, sql] : outdated) {
         execute("DROP INDEX " + quoted(QString::fromUtf8(name)));
         execute(sql);
     }
-    scope.commit();
+    execute("COMMIT");
+    undo.dismiss();
     m_schemaVersion = schemaVersion();
-}
-
-WriteScope::WriteScope(Connection& connection, Lock lock)
-    : m_connection(connection), m_nested(connection.inTransaction())
-{
-    connection.execute(m_nested ? "SAVEPOINT jet" : lock == Lock::AtOnce ? "BEGIN IMMEDIATE" : "BEGIN");
-}
-
-WriteScope::~WriteScope()
-{
-    if (m_done || !m_connection.inTransaction()) return; // a fault of the disk undoes by itself
-    const char* const undo = m_nested ? "ROLLBACK TO jet;RELEASE jet" : "ROLLBACK";
-    sqlite3_exec(m_connection.handle(), undo, nullptr, nullptr, nullptr);
-}
-
-void WriteScope::commit()
-{
-    m_connection.execute(m_nested ? "RELEASE jet" : "COMMIT");
-    m_done = true;
-}
-
-ReadScope::ReadScope(Connection& connection) : m_connection(connection), m_nested(connection.inTransaction())
-{
-    if (!m_nested) connection.execute("BEGIN");
-}
-
-ReadScope::~ReadScope()
-{
-    if (m_nested || !m_connection.inTransaction()) return;
-    sqlite3_exec(m_connection.handle(), "ROLLBACK", nullptr, nullptr, nullptr);
-}
-
-QByteArray quoted(const QString& name)
-{
-    QByteArray text = name.toUtf8();
-    text.replace('"', "\"\"");
-    return '"' + text + '"';
-}
-
-QString indexName(const QString& table, const QString& index)
-{
-    return table + u"."_s + index;
 }
 
 } // namespace jet::sqlite

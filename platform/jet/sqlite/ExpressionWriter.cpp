@@ -1,6 +1,6 @@
 #include "platform/jet/sqlite/ExpressionWriter.h"
 
-#include "platform/jet/bind/Functions.h"
+#include "platform/jet/sqlite/Functions.h"
 #include "platform/jet/sqlite/Names.h"
 
 #include <algorithm>
@@ -55,7 +55,7 @@ const char* formOf(Op op, std::span<const Form> forms)
 
 bool asksForNull(const Expression& call)
 {
-    return call.op == Op::Call && bind::functionAt(call.function).kind == bind::FunctionKind::IsNull;
+    return call.op == Op::Call && functionAt(call.function).kind == FunctionKind::IsNull;
 }
 
 bool isCondition(const Expression& expression)
@@ -91,8 +91,8 @@ bool mixesDates(const Expression& expression)
 const Expression* folded(const Expression& call)
 {
     if (call.op != Op::Call || call.arguments.size() != 1 || call.arguments[0]->op != Op::Call) return nullptr;
-    const auto outer = bind::functionAt(call.function).name;
-    const auto inner = bind::functionAt(call.arguments[0]->function).name;
+    const auto outer = functionAt(call.function).name;
+    const auto inner = functionAt(call.arguments[0]->function).name;
     const bool folds = (outer == u"TRIM" && inner == u"LCASE") || (outer == u"LCASE" && inner == u"TRIM");
     return folds ? call.arguments[0]->arguments[0].get() : nullptr;
 }
@@ -102,7 +102,7 @@ const Expression* askedForText(const Expression& greater)
 {
     const Expression& length = *greater.arguments[0];
     const Expression& limit = *greater.arguments[1];
-    const bool counts = length.op == Op::Call && bind::functionAt(length.function).name == u"LEN";
+    const bool counts = length.op == Op::Call && functionAt(length.function).name == u"LEN";
     return counts && limit.op == Op::Constant && limit.constant == Value(0) ? length.arguments[0].get() : nullptr;
 }
 
@@ -282,8 +282,8 @@ void ExpressionWriter::sum(const Expression& expression)
 
 void ExpressionWriter::call(const Expression& call)
 {
-    const bind::Function& function = bind::functionAt(call.function);
-    if (bind::isAggregate(function)) return aggregate(call);
+    const Function& function = functionAt(call.function);
+    if (isAggregate(function)) return aggregate(call);
     if (const Expression* inner = folded(call)) {
         m_out += FoldFunction;
         m_out += '(';
@@ -291,8 +291,8 @@ void ExpressionWriter::call(const Expression& call)
         m_out += ')';
         return;
     }
-    if (function.kind == bind::FunctionKind::IIf) return choice(call);
-    m_out += function.sqlite;
+    if (function.kind == FunctionKind::IIf) return choice(call);
+    m_out += calledHere(function);
     m_out += '(';
     for (std::size_t i = 0; i < call.arguments.size(); ++i) {
         if (i > 0) m_out += ',';
@@ -310,8 +310,7 @@ void ExpressionWriter::choice(const Expression& call)
         argument(value, 'A');
     };
     // IIF(ISNULL(x), y, x), which stands around every quantity of a list: reads x once.
-    const bool replacesNull = test.op == Op::Call &&
-                              bind::functionAt(test.function).kind == bind::FunctionKind::IsNull &&
+    const bool replacesNull = test.op == Op::Call && functionAt(test.function).kind == FunctionKind::IsNull &&
                               sameExpression(*test.arguments[0], *call.arguments[2]);
     m_out += replacesNull ? "ifnull(" : "iif(";
     if (replacesNull)
@@ -329,19 +328,19 @@ void ExpressionWriter::choice(const Expression& call)
 
 void ExpressionWriter::aggregate(const Expression& call)
 {
-    const bind::Function& function = bind::functionAt(call.function);
+    const Function& function = functionAt(call.function);
     if (call.star) {
         m_out += "count(*)";
         return;
     }
     const Expression& operand = *call.arguments[0];
-    const bool keyed = function.kind == bind::FunctionKind::First || function.kind == bind::FunctionKind::Last;
+    const bool keyed = function.kind == FunctionKind::First || function.kind == FunctionKind::Last;
     if (keyed && firstRow == FirstRow::ByBareColumn) return value(operand);
-    m_out += function.sqlite;
+    m_out += calledHere(function);
     m_out += '(';
     argument(operand, function.arguments[0]);
     if (keyed) m_out += ",t0._rowid_";
-    if (function.kind == bind::FunctionKind::Aggregate && isText(operand.type)) m_out += " COLLATE " + collationName();
+    if (function.kind == FunctionKind::Aggregate && isText(operand.type)) m_out += " COLLATE " + collationName();
     m_out += ')';
 }
 

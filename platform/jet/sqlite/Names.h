@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/jet/bind/Table.h"
+
 #include <QByteArray>
 #include <QString>
 
@@ -10,8 +12,11 @@ namespace jet::sqlite {
 const QByteArray& collationName();
 inline constexpr char FoldFunction[] = "jet_fold_1";
 
-/// The table that holds a file's password and links; statements do not see it.
-inline constexpr char CatalogueTable[] = "MSysZablager";
+/// How statements call an open file: 0 is the connection's own, others were attached under their number.
+QByteArray schemaName(int file);
+
+/// A table with the file that it lies in.
+QByteArray placed(const bind::Table& table);
 
 /// A name between double quotes, as SQLite's SQL wants it.
 QByteArray quoted(const QString& name);

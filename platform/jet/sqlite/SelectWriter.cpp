@@ -1,8 +1,8 @@
 #include "platform/jet/sqlite/SelectWriter.h"
 
-#include "platform/jet/bind/Functions.h"
 #include "platform/jet/sqlite/ExpressionWriter.h"
 #include "platform/jet/sqlite/Names.h"
+#include "platform/jet/value/Functions.h"
 
 #include <algorithm>
 
@@ -11,7 +11,6 @@ namespace jet::sqlite {
 namespace {
 
 using bind::BoundSelect;
-using bind::FunctionKind;
 using sql::Expression;
 using sql::Op;
 
@@ -25,7 +24,7 @@ struct Order {
 bool contains(const Expression& expression, bool (*wanted)(FunctionKind, QStringView))
 {
     if (expression.op == Op::Call) {
-        const auto& function = bind::functionAt(expression.function);
+        const auto& function = functionAt(expression.function);
         if (wanted(function.kind, function.name)) return true;
     }
     return std::any_of(expression.arguments.begin(), expression.arguments.end(),
@@ -209,8 +208,7 @@ private:
         for (std::size_t i = 0; i < m_select.tables.size(); ++i) {
             const auto& source = m_select.tree.from[i];
             if (i > 0) m_out += source.leftJoin ? " LEFT JOIN " : " JOIN ";
-            m_out +=
-                m_select.tables[i]->schema + '.' + quoted(m_select.tables[i]->name) + " AS t" + QByteArray::number(i);
+            m_out += placed(*m_select.tables[i]) + " AS t" + QByteArray::number(i);
             if (!source.on) continue;
             m_out += " ON ";
             m_expressions.condition(*source.on);

@@ -78,13 +78,6 @@ void resultError(sqlite3_context* context, const Error& error)
     sqlite3_result_error(context, text.constData(), static_cast<int>(text.size()));
 }
 
-Error noTruthValue(const QString& field)
-{
-    const Error error(ErrorNumber::ValueNotAllowed,
-                      errorText(ErrorNumber::ValueNotAllowed, {u"0 (Nein) oder -1 (Ja)"_s}));
-    return field.isEmpty() ? error : named(error, u"Feld"_s, field);
-}
-
 void raiseFailure(sqlite3* connection, const QString& path)
 {
     const int code = sqlite3_extended_errcode(connection);

@@ -12,9 +12,6 @@ namespace jet::sqlite {
 /// Makes an Error the failure of the statement that called one of our functions.
 void resultError(sqlite3_context* context, const Error& error);
 
-/// The refusal of a Yes/No value other than 0 and -1. An empty name: which field is not known here.
-Error noTruthValue(const QString& field);
-
 /// Throws the refusal that stands behind the last failure of a connection to that file.
 [[noreturn]] void raiseFailure(sqlite3* connection, const QString& path);
 

@@ -88,15 +88,20 @@ QByteArray Statement::Run::text(int column) const
     return {bytes, sqlite3_column_bytes(m_statement.m_statement, column)};
 }
 
-void bindParameters(Statement::Run& run, const std::vector<std::vector<Value>>& parameters, int from)
+void bindParameters(Statement::Run& run, const std::vector<std::vector<Value>>& parameters)
 {
     for (std::size_t i = 0; i < parameters.size(); ++i) {
-        const int parameter = from + static_cast<int>(i);
+        const int parameter = static_cast<int>(i);
         if (parameters[i].size() == 1)
             run.bind(parameter, parameters[i].front());
         else
-            run.bindText(parameter, listText(parameters[i]));
+            bindList(run, parameter, parameters[i]);
     }
+}
+
+void bindList(Statement::Run& run, int parameter, const std::vector<Value>& values)
+{
+    run.bindText(parameter, listText(values));
 }
 
 } // namespace jet::sqlite

@@ -45,7 +45,9 @@ private:
     int m_parameters = 0;
 };
 
-/// The parameters of a statement's shape, in their order: a list becomes one text that SQLite reads as a list.
-void bindParameters(Statement::Run& run, const std::vector<std::vector<Value>>& parameters, int from = 0);
+/// The parameters of a statement's shape, in their order.
+void bindParameters(Statement::Run& run, const std::vector<std::vector<Value>>& parameters);
+/// Becomes one text that SQLite reads as a list.
+void bindList(Statement::Run& run, int parameter, const std::vector<Value>& values);
 
 } // namespace jet::sqlite

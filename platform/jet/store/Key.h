@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QtGlobal>
+
+#include <compare>
+
+namespace jet::store {
+
+/// What a store finds a row of a table again by, as long as there is that row. What its bits mean is the store's affair;
+/// keys of one table stand in some order, a later row's key not always behind an earlier one's.
+class Key {
+public:
+    Key() = default;
+    explicit Key(qint64 bits) : m_bits(bits) {}
+    qint64 bits() const { return m_bits; }
+    auto operator<=>(const Key&) const = default;
+
+private:
+    qint64 m_bits = 0; // a dynaset of a million rows keeps a million keys: eight bytes each
+};
+
+} // namespace jet::store
