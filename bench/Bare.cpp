@@ -17,11 +17,14 @@ constexpr int LockTimeout = 5000; // as the engine waits
 
 } // namespace
 
-BareFile::BareFile(const QString& path) : m_connection(path, jet::sqlite::Connection::Mode::Existing, LockTimeout) {}
+BareFile::BareFile(const QString& path)
+    : m_connection(path, jet::sqlite::Connection::Mode::Existing, LockTimeout)
+{}
 
 void BareFile::execute(const char* sql)
 {
-    if (sqlite3_exec(m_connection.handle(), sql, nullptr, nullptr, nullptr) != SQLITE_OK) fail(m_connection.handle());
+    if (sqlite3_exec(m_connection.handle(), sql, nullptr, nullptr, nullptr) != SQLITE_OK)
+        fail(m_connection.handle());
 }
 
 BareStatement::BareStatement(BareFile& file, QByteArray sql) : m_file(file.m_connection.handle())

@@ -6,8 +6,8 @@
 
 struct sqlite3_stmt;
 
-/// A file as the engine opens it: the same collation and functions, the same settings of SQLite. What is asked of it
-/// goes past the engine.
+/// A file as the engine opens it: the same collation and functions, the same settings of SQLite. What is
+/// asked of it goes past the engine.
 class BareFile {
 public:
     explicit BareFile(const QString& path);
@@ -18,8 +18,9 @@ private:
     jet::sqlite::Connection m_connection;
 };
 
-/// A statement of SQLite that stays prepared, with nothing around it: the limit that figures are measured against.
-/// Texts are not copied, they must outlive the run. \throws std::runtime_error with SQLite's message.
+/// A statement of SQLite that stays prepared, with nothing around it: the limit that figures are measured
+/// against. Texts are not copied, they must outlive the run. \throws std::runtime_error with SQLite's
+/// message.
 class BareStatement {
 public:
     /// `%C` in the text is the engine's collation.

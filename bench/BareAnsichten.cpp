@@ -2,10 +2,11 @@
 
 namespace {
 
-/// `%m` is the quantity as the list adds it up. The planner is told that the days take in most of the year: it then reads
-/// the groups along their index instead of sorting rows into them.
+/// `%m` is the quantity as the list adds it up. The planner is told that the days take in most of the year:
+/// it then reads the groups along their index instead of sorting rows into them.
 constexpr char Bestandsliste[] =
-    "SELECT sum(CASE WHEN %m<0 THEN -%m ELSE 0.0 END),sum(CASE WHEN %m>0 THEN %m ELSE 0.0 END),sum(%m),Artikel,"
+    "SELECT sum(CASE WHEN %m<0 THEN -%m ELSE 0.0 END),sum(CASE WHEN %m>0 THEN %m ELSE 0.0 "
+    "END),sum(%m),Artikel,"
     "LagerortKurzKu,Artikelart,Einheit,Untergruppe,min(_rowid_) FROM LAGERJOURNAL"
     " WHERE Artikel<>'xx' %C AND likely(Datum>=?) AND likely(Datum<=?)"
     " GROUP BY Artikel %C,LagerortKurzKu %C,Artikelart %C,Einheit %C ORDER BY Artikel %C";
@@ -15,8 +16,9 @@ constexpr char Bestandsliste[] =
 BareAnsichten::BareAnsichten(const QString& datei)
     : m_datei(datei), m_reparatur(m_datei, "UPDATE LAGERJOURNAL SET Einheit='l' WHERE Einheit='Lt' %C"
                                            " AND Artikelart='Pflanzenschutzmittel' %C"),
-      m_schluessel(m_datei, "SELECT _rowid_ FROM LAGERJOURNAL WHERE Artikel<>'xx' %C AND Datum>=? AND Datum<=?"
-                            " ORDER BY Datum,ID"),
+      m_schluessel(m_datei,
+                   "SELECT _rowid_ FROM LAGERJOURNAL WHERE Artikel<>'xx' %C AND Datum>=? AND Datum<=?"
+                   " ORDER BY Datum,ID"),
       m_bestandsliste(m_datei, QByteArray(Bestandsliste).replace("%m", "jet_round(ifnull(Menge,0),4)"))
 {}
 

@@ -10,8 +10,8 @@ struct Bestandszeile {
     double zugang = 0, abgang = 0, bestand = 0;
 };
 
-/// What the main screen's filtering asks of a year file, without a screen: the repair of units, the keys of the journal
-/// sorted by day, the stock list with its places separate. The statements stay prepared.
+/// What the main screen's filtering asks of a year file, without a screen: the repair of units, the keys of
+/// the journal sorted by day, the stock list with its places separate. The statements stay prepared.
 class BareAnsichten {
 public:
     explicit BareAnsichten(const QString& datei);

@@ -32,8 +32,9 @@ public:
                            " AND LagerortKurzKu=? %C"),
           m_suche(m_datei, "SELECT min(ID),Menge FROM LAGERJOURNAL WHERE Artikel=? %C AND LagerortKurzKu=? %C"
                            " AND Buchungsart=? %C"),
-          m_neu(m_datei, "INSERT INTO LAGERJOURNAL(Artikel,Artikelart,LagerortKurzKu,Preis,Preisfaktor,Einheit,Menge,"
-                         "BuchungsID,Buchungsart,Datum) VALUES(?,?,?,?,?,?,?,0,?,?)"),
+          m_neu(m_datei,
+                "INSERT INTO LAGERJOURNAL(Artikel,Artikelart,LagerortKurzKu,Preis,Preisfaktor,Einheit,Menge,"
+                "BuchungsID,Buchungsart,Datum) VALUES(?,?,?,?,?,?,?,0,?,?)"),
           m_aendere(m_datei, "UPDATE LAGERJOURNAL SET Menge=? WHERE ID=?")
     {
         m_zaehler.run();
@@ -53,8 +54,8 @@ public:
     {
         std::vector<Paar> paare;
         while (m_paare.step())
-            paare.push_back({m_paare.text(0), m_paare.text(1), m_paare.text(2), m_paare.text(4), m_paare.text(5),
-                             m_paare.number(3), m_paare.isNull(3)});
+            paare.push_back({m_paare.text(0), m_paare.text(1), m_paare.text(2), m_paare.text(4),
+                             m_paare.text(5), m_paare.number(3), m_paare.isNull(3)});
         m_paare.reset();
         return paare;
     }

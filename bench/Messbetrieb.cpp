@@ -35,7 +35,8 @@ QString Messbetrieb::journaldatei(int jahr) const
 
 QString Messbetrieb::stammdaten(int jahr) const
 {
-    return m_ort.programm() + QStringLiteral("/ZABStammdaten_") + QString::number(jahr) + QStringLiteral(".mdb");
+    return m_ort.programm() + QStringLiteral("/ZABStammdaten_") + QString::number(jahr) +
+           QStringLiteral(".mdb");
 }
 
 Messbetrieb::~Messbetrieb()

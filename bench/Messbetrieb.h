@@ -5,7 +5,8 @@
 
 #include <QTemporaryDir>
 
-/// A farm in a temporary directory with made-up journals of consecutive years. While it lives the product finds it.
+/// A farm in a temporary directory with made-up journals of consecutive years. While it lives the product
+/// finds it.
 class Messbetrieb {
 public:
     static constexpr int ErstesJahr = 2020;

@@ -72,7 +72,8 @@ Umfang umfang(const QCoreApplication& programm, const Umfang& vorgabe, const Umf
 
 Messung::Messung(const QString& titel, int teile) : m_titel(titel), m_teile(teile) {}
 
-void Messung::nimm(const QString& name, double ziel, std::function<void()> arbeit, std::function<void()> vorher)
+void Messung::nimm(const QString& name, double ziel, std::function<void()> arbeit,
+                   std::function<void()> vorher)
 {
     m_wege.push_back({name, ziel, std::move(arbeit), std::move(vorher), {}});
 }
@@ -94,14 +95,16 @@ QString Messung::zeile(const Weg& weg, const Weg& grenze)
 {
     const double mitte = median(weg.zeiten);
     const double mindestens = kuerzeste(weg.zeiten);
-    QString zeiten = u"  "_s + weg.name.leftJustified(40) + zeitText(mitte).rightJustified(10) + u"  (least "_s +
-                     zeitText(mindestens) + u")"_s;
+    QString zeiten = u"  "_s + weg.name.leftJustified(40) + zeitText(mitte).rightJustified(10) +
+                     u"  (least "_s + zeitText(mindestens) + u")"_s;
     if (weg.ziel == 0) return zeiten;
     return zeiten + u"  "_s + fach(mitte / median(grenze.zeiten)) + u" (least "_s +
-           fach(mindestens / kuerzeste(grenze.zeiten)) + u") of at most "_s + QString::number(weg.ziel) + u"x"_s;
+           fach(mindestens / kuerzeste(grenze.zeiten)) + u") of at most "_s + QString::number(weg.ziel) +
+           u"x"_s;
 }
 
-void missEinzeln(const QString& titel, double hoechstensMs, int runden, const std::function<void(int i)>& arbeit)
+void missEinzeln(const QString& titel, double hoechstensMs, int runden,
+                 const std::function<void(int i)>& arbeit)
 {
     std::vector<double> zeiten;
     for (int i = 0; i < runden; ++i) {
@@ -112,10 +115,12 @@ void missEinzeln(const QString& titel, double hoechstensMs, int runden, const st
     }
     std::ranges::sort(zeiten);
     drucke(titel + u": "_s + QString::number(zeiten[zeiten.size() / 2], 'f', 2) + u" ms (least "_s +
-           QString::number(zeiten.front(), 'f', 2) + u") of at most "_s + QString::number(hoechstensMs) + u" ms"_s);
+           QString::number(zeiten.front(), 'f', 2) + u") of at most "_s + QString::number(hoechstensMs) +
+           u" ms"_s);
 }
 
-int messe(int argc, char** argv, Umfang vorgabe, Umfang voll, const std::function<void(const Umfang&)>& arbeit)
+int messe(int argc, char** argv, Umfang vorgabe, Umfang voll,
+          const std::function<void(const Umfang&)>& arbeit)
 {
     return messe(QCoreApplication(argc, argv), vorgabe, voll, arbeit);
 }

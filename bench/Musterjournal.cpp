@@ -20,8 +20,8 @@ constexpr Ware Waren[] = {
     {u"Diesel",               u"Treib- und Brennstoffe",  u"l",  u"100"},
     {u"Wachstumsregler",      u"Pflanzenschutzmittel",    u"l",  u"1"},
 };
-constexpr QStringView Orte[OrteJeArtikel] = {u"H1", u"H2", u"H3", u"SILO1", u"SILO2", u"TANK", u"SCHEUNE", u"KÜHLHAUS",
-                                             u"FELDRAND", u"HALLE SÜD"};
+constexpr QStringView Orte[OrteJeArtikel] = {u"H1", u"H2", u"H3", u"SILO1", u"SILO2", u"TANK", u"SCHEUNE",
+                                             u"KÜHLHAUS", u"FELDRAND", u"HALLE SÜD"};
 constexpr QStringView Buchungsarten[] = {u"Zukauf", u"Verkauf", u"Eigenverbrauch", u"Ernte", u"Korrektur"};
 // clang-format on
 

@@ -19,8 +19,8 @@ struct Bestandsfrage {
     QDate tag;
 };
 
-/// A year of made-up movements: the same rows in every run. Dates ascend as in a journal that is kept daily, quantities
-/// have fractions, every pair of article and storage place occurs.
+/// A year of made-up movements: the same rows in every run. Dates ascend as in a journal that is kept daily,
+/// quantities have fractions, every pair of article and storage place occurs.
 class Musterjournal {
 public:
     Musterjournal(int jahr, int zeilen, int paare);

@@ -15,7 +15,8 @@ double ausStatus(const QByteArray& name)
     QFile status(u"/proc/self/status"_s);
     fordere(status.open(QIODevice::ReadOnly), u"the system does not tell what memory is used"_s);
     for (const QByteArray& zeile : status.readAll().split('\n'))
-        if (zeile.startsWith(name)) return zeile.mid(name.size()).simplified().split(' ').first().toDouble() * 1024;
+        if (zeile.startsWith(name))
+            return zeile.mid(name.size()).simplified().split(' ').first().toDouble() * 1024;
     return 0;
 }
 

@@ -7,6 +7,6 @@ double belegterSpeicher();
 double speicherspitze();
 void beginneSpitze();
 
-/// What the program has allocated and not freed, in bytes. It counts what an object takes even where that lies in memory
-/// which another one has left.
+/// What the program has allocated and not freed, in bytes. It counts what an object takes even where that
+/// lies in memory which another one has left.
 double vergebenerSpeicher();

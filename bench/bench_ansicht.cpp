@@ -23,7 +23,8 @@ void pruefeJournal(const jet::Recordset& journal, const std::vector<qint64>& sch
                 u"the journal is in another order"_s);
 }
 
-void pruefeBestandsliste(const jet::Recordset& liste, const std::vector<Bestandszeile>& bar, const Umfang& umfang)
+void pruefeBestandsliste(const jet::Recordset& liste, const std::vector<Bestandszeile>& bar,
+                         const Umfang& umfang)
 {
     fordere(liste.RecordCount() == umfang.paare && std::ssize(bar) == umfang.paare,
             u"rows are missing in the stock list"_s);
@@ -31,7 +32,8 @@ void pruefeBestandsliste(const jet::Recordset& liste, const std::vector<Bestands
         const auto zeile = *liste.RowAt(i);
         const Bestandszeile& soll = bar[static_cast<std::size_t>(i)];
         const bool gleich = zeile[0].toDouble() == soll.abgang && zeile[1].toDouble() == soll.zugang &&
-                            zeile[2].toDouble() == soll.bestand && zeile[3].toText().toUtf8() == soll.artikel &&
+                            zeile[2].toDouble() == soll.bestand &&
+                            zeile[3].toText().toUtf8() == soll.artikel &&
                             zeile[4].toText().toUtf8() == soll.lagerort;
         fordere(gleich, u"the stock lists differ at "_s + zeile[3].toText());
     }

@@ -29,8 +29,8 @@ QString anweisung(const QString& artikel, const QString& lagerort, QDate tag)
 {
     return u"SELECT Lagerjournal.Artikel, Lagerjournal.LagerortKurzKu, Sum(Lagerjournal.Menge) AS SumMenge"
            u" From Lagerjournal WHERE (((Lagerjournal.Datum)<="_s +
-           SQLDatum(datumText(tag)) + u") And Artikel = '"_s + artikel + u"' And LagerortKurzKu ='"_s + lagerort +
-           u"') GROUP BY Lagerjournal.Artikel, Lagerjournal.LagerortKurzKu"_s;
+           SQLDatum(datumText(tag)) + u") And Artikel = '"_s + artikel + u"' And LagerortKurzKu ='"_s +
+           lagerort + u"') GROUP BY Lagerjournal.Artikel, Lagerjournal.LagerortKurzKu"_s;
 }
 
 std::vector<Frage> ausformuliert(const std::vector<Bestandsfrage>& fragen)
@@ -85,7 +85,8 @@ void messeBestand(const Umfang& umfang)
     const auto antworten = muster.antworten(bestandsfragen);
     for (std::size_t i = 0; i < fragen.size(); ++i)
         for (const auto& weg : wege)
-            fordere(std::abs(weg(fragen[i]) - antworten[i]) < 1e-6, u"a stock is wrong: "_s + fragen[i].artikel);
+            fordere(std::abs(weg(fragen[i]) - antworten[i]) < 1e-6,
+                    u"a stock is wrong: "_s + fragen[i].artikel);
 
     Messung messung(u"One stock question, "_s + QString::number(umfang.zeilen) + u" rows, "_s +
                         QString::number(umfang.paare) + u" pairs"_s,

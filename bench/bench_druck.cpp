@@ -1,4 +1,5 @@
-// Printing: the movement journal of a year to a PDF file, from the rows of the evaluation file to the finished file.
+// Printing: the movement journal of a year to a PDF file, from the rows of the evaluation file to the
+// finished file.
 
 #include "bench/Messbetrieb.h"
 #include "bench/Messung.h"
@@ -31,9 +32,10 @@ QString auswertungsdatei(const Messbetrieb& betrieb)
     QString datei = betrieb.verzeichnis() + u"/Lagerauswertung.mdb"_s;
     jet::engine().CreateDatabase(datei, u";LANGID=0x0409;CP=1252;COUNTRY=0"_s)->Close();
     const auto journal = jet::engine().OpenDatabase(betrieb.journaldatei(Messbetrieb::ErstesJahr));
-    journal->Execute(u"Select IIF(Menge < 0, -Menge,0) as Abgang, IIF(Menge > 0, Menge,0) as Zugang, LAGERJOURNAL.*"
-                     " INTO JOURNAL IN '"_s +
-                     datei + u"' FROM LAGERJOURNAL"_s);
+    journal->Execute(
+        u"Select IIF(Menge < 0, -Menge,0) as Abgang, IIF(Menge > 0, Menge,0) as Zugang, LAGERJOURNAL.*"
+        " INTO JOURNAL IN '"_s +
+        datei + u"' FROM LAGERJOURNAL"_s);
     const auto auswertung = jet::engine().OpenDatabase(datei);
     auswertung->Execute(u"ALTER TABLE Journal ADD COLUMN Gruppe Text(100)"_s);
     auswertung->Execute(u"ALTER TABLE Journal ADD COLUMN Giftigkeit Text(255)"_s);
@@ -65,7 +67,8 @@ void schreibeBar(const report::Document& bericht, const QString& datei)
         if (!std::exchange(erste, false)) pdf.newPage();
         int schrift = -1;
         for (const report::TextLine& zeile : seite.lines) {
-            if (schrift != zeile.font) maler.setFont(bericht.fonts[static_cast<std::size_t>(zeile.font)].font);
+            if (schrift != zeile.font)
+                maler.setFont(bericht.fonts[static_cast<std::size_t>(zeile.font)].font);
             schrift = zeile.font;
             maler.drawText(QPointF(zeile.x, zeile.top), zeile.text);
         }
@@ -80,8 +83,8 @@ void pruefe(const report::Document& bericht, const Umfang& umfang)
             tage += zeile.text.endsWith(u".2020") && zeile.text.size() == 10;
     fordere(tage == umfang.zeilen, u"rows are missing on the pages"_s);
     const auto& letzte = bericht.pages.back().lines;
-    const QString fuss =
-        u"Seite "_s + QString::number(bericht.pages.size()) + u" von "_s + QString::number(bericht.pages.size());
+    const QString fuss = u"Seite "_s + QString::number(bericht.pages.size()) + u" von "_s +
+                         QString::number(bericht.pages.size());
     fordere(letzte.back().text == fuss, u"the last page is not the last one"_s);
 }
 
@@ -105,7 +108,8 @@ void messeDruck(const Umfang& umfang)
                  [&] { schreibeBar(bericht, betrieb.verzeichnis() + u"/bar.pdf"_s); });
     messung.nimm(u"rows to PDF file"_s, 2, vollstaendig);
     messung.miss(umfang.runden);
-    drucke(u"  process at its peak "_s + QString::number(spitze / MiB, 'f', 1) + u" MiB of at most 200.0 MiB"_s);
+    drucke(u"  process at its peak "_s + QString::number(spitze / MiB, 'f', 1) +
+           u" MiB of at most 200.0 MiB"_s);
     fordere(spitze < HoechstensImProzess, u"too much memory for a printed journal"_s);
 }
 

@@ -61,9 +61,10 @@ private:
 void schreibeBar(const Messbetrieb& betrieb, const QString& datei)
 {
     BareFile journal(betrieb.journaldatei(Messbetrieb::ErstesJahr));
-    BareStatement zeilen(journal, "SELECT julianday(Datum)-2415018.5,Artikel,Artikelart,Buchungsart,LagerortKurzKu,"
-                                  "CASE WHEN Menge>0 THEN Menge END,CASE WHEN Menge<0 THEN -Menge END,Einheit,Preis,"
-                                  "Uberstallt_alt,Kommentar FROM LAGERJOURNAL ORDER BY Datum,ID");
+    BareStatement zeilen(journal,
+                         "SELECT julianday(Datum)-2415018.5,Artikel,Artikelart,Buchungsart,LagerortKurzKu,"
+                         "CASE WHEN Menge>0 THEN Menge END,CASE WHEN Menge<0 THEN -Menge END,Einheit,Preis,"
+                         "Uberstallt_alt,Kommentar FROM LAGERJOURNAL ORDER BY Datum,ID");
     QByteArray ordner = QFile::encodeName(QFileInfo(datei).path());
     lxw_workbook_options wahl{};
     wahl.constant_memory = LXW_TRUE;
@@ -118,7 +119,8 @@ void messeExcel(const Umfang& umfang)
     fordere(isCompletePackage(unseres) && std::abs(groesse(unseres) / groesse(bares) - 1) < 0.2,
             u"the two files do not hold the same"_s);
 
-    Messung messung(u"Movement journal to .xlsx, "_s + QString::number(umfang.zeilen) + u" rows, 11 columns"_s, 1);
+    Messung messung(
+        u"Movement journal to .xlsx, "_s + QString::number(umfang.zeilen) + u" rows, 11 columns"_s, 1);
     messung.nimm(u"limit: its rows bare to libxlsxwriter"_s, 0, [&] { schreibeBar(betrieb, bares); });
     messung.nimm(u"rows to .xlsx file"_s, 1.3, vollstaendig);
     messung.miss(umfang.runden);

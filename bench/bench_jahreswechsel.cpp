@@ -26,16 +26,20 @@ void pruefe(const Messbildschirm& bildschirm, BareAnsichten& bar)
 {
     const auto schluessel = bar.schluessel(tag(Gewaehlt, "-01-01"), tag(Gewaehlt, "-12-31"));
     const auto liste = bar.bestandsliste(tag(Gewaehlt, "-01-01"), tag(Gewaehlt, "-12-31"));
-    fordere(bildschirm.journal().RecordCount() == std::ssize(schluessel), u"rows are missing in the journal"_s);
-    fordere((*bildschirm.journal().RowAt(0))[2].toLong() == schluessel.front(), u"the journal is another one"_s);
-    fordere(bildschirm.bestandsliste().RecordCount() == std::ssize(liste), u"rows are missing in the stock list"_s);
+    fordere(bildschirm.journal().RecordCount() == std::ssize(schluessel),
+            u"rows are missing in the journal"_s);
+    fordere((*bildschirm.journal().RowAt(0))[2].toLong() == schluessel.front(),
+            u"the journal is another one"_s);
+    fordere(bildschirm.bestandsliste().RecordCount() == std::ssize(liste),
+            u"rows are missing in the stock list"_s);
     for (qsizetype i = 0; i < std::ssize(liste); ++i)
-        fordere((*bildschirm.bestandsliste().RowAt(i))[2].toDouble() == liste[static_cast<std::size_t>(i)].bestand,
+        fordere((*bildschirm.bestandsliste().RowAt(i))[2].toDouble() ==
+                    liste[static_cast<std::size_t>(i)].bestand,
                 u"a stock is wrong"_s);
 }
 
-/// What the screen does when a year is chosen, with statements alone: all files carried forward, the views first bound to
-/// the file as they are, then filtered by its own days.
+/// What the screen does when a year is chosen, with statements alone: all files carried forward, the views
+/// first bound to the file as they are, then filtered by its own days.
 void wechsleBar(const QStringList& dateien, BareAnsichten& bar)
 {
     barerUebertrag(dateien, Messbetrieb::ErstesJahr);
@@ -58,12 +62,14 @@ void messeJahreswechsel(const Umfang& umfang)
     bildschirm.waehleJahr(Gewaehlt);
     pruefe(bildschirm, bar);
 
-    Messung messung(u"Change of year, "_s + QString::number(umfang.paare) + u" pairs, "_s + QString::number(Jahre) +
-                        u" files of "_s + QString::number(umfang.zeilen) + u" rows"_s,
+    Messung messung(u"Change of year, "_s + QString::number(umfang.paare) + u" pairs, "_s +
+                        QString::number(Jahre) + u" files of "_s + QString::number(umfang.zeilen) +
+                        u" rows"_s,
                     1);
     messung.nimm(u"limit: its statements bare"_s, 0, [&] { wechsleBar(dateien, bar); });
     messung.nimm(
-        u"drpJahr_Click"_s, 2, [&] { bildschirm.waehleJahr(Gewaehlt); }, [&] { bildschirm.waehleJahr(Vorher); });
+        u"drpJahr_Click"_s, 2, [&] { bildschirm.waehleJahr(Gewaehlt); },
+        [&] { bildschirm.waehleJahr(Vorher); });
     messung.miss(umfang.runden);
     pruefe(bildschirm, bar);
 }

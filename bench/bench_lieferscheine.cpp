@@ -39,20 +39,22 @@ void nummeriereBar(const QString& datei)
 {
     BareFile bar(datei);
     bar.execute("BEGIN IMMEDIATE");
-    BareStatement hoechste(bar, "SELECT max(Lieferscheinnummer) FROM LAGERJOURNAL WHERE Buchungsart='Verkauf' %C");
+    BareStatement hoechste(bar,
+                           "SELECT max(Lieferscheinnummer) FROM LAGERJOURNAL WHERE Buchungsart='Verkauf' %C");
     hoechste.step();
     qint64 nummer = hoechste.whole(0);
     hoechste.reset();
-    BareStatement lieferungen(bar,
-                              "SELECT DISTINCT Datum,Uberstallt_alt FROM LAGERJOURNAL WHERE Buchungsart='Verkauf' %C"
-                              " AND ifnull(Lieferscheinnummer,0)=0 AND trim(ifnull(Uberstallt_alt,''))<>''"
-                              " ORDER BY Datum,Uberstallt_alt %C");
+    BareStatement lieferungen(
+        bar, "SELECT DISTINCT Datum,Uberstallt_alt FROM LAGERJOURNAL WHERE Buchungsart='Verkauf' %C"
+             " AND ifnull(Lieferscheinnummer,0)=0 AND trim(ifnull(Uberstallt_alt,''))<>''"
+             " ORDER BY Datum,Uberstallt_alt %C");
     std::vector<std::pair<QByteArray, QByteArray>> liste;
     while (lieferungen.step())
         liste.emplace_back(lieferungen.text(0), lieferungen.text(1));
     lieferungen.reset();
-    BareStatement vergib(bar, "UPDATE LAGERJOURNAL SET Lieferscheinnummer=? WHERE ifnull(Lieferscheinnummer,0)=0"
-                              " AND Buchungsart='Verkauf' %C AND Datum=? AND ifnull(Uberstallt_alt,'')=? %C");
+    BareStatement vergib(bar,
+                         "UPDATE LAGERJOURNAL SET Lieferscheinnummer=? WHERE ifnull(Lieferscheinnummer,0)=0"
+                         " AND Buchungsart='Verkauf' %C AND Datum=? AND ifnull(Uberstallt_alt,'')=? %C");
     for (const auto& [tag, empfaenger] : liste) {
         vergib.bind(1, ++nummer);
         vergib.bind(2, tag);
@@ -89,8 +91,8 @@ void messeLieferscheine(const Umfang& umfang)
     unser();
     fordere(nummern(datei) == bar, u"the numbers differ"_s);
 
-    const QString groesse =
-        QString::number(umfang.paare) + u" deliveries and those among "_s + QString::number(umfang.zeilen) + u" rows"_s;
+    const QString groesse = QString::number(umfang.paare) + u" deliveries and those among "_s +
+                            QString::number(umfang.zeilen) + u" rows"_s;
     Messung nummerierung(u"Numbering of "_s + groesse, 1);
     nummerierung.nimm(
         u"limit: its statements bare"_s, 0, [&] { nummeriereBar(datei); }, [&] { vergiss(datei); });

@@ -1,5 +1,5 @@
-// What the booking mask does while the user types: figures and light when an article was chosen, and the list of articles
-// when a kind was.
+// What the booking mask does while the user types: figures and light when an article was chosen, and the list
+// of articles when a kind was.
 
 #include "bench/Messbetrieb.h"
 #include "bench/Messbildschirm.h"
@@ -35,7 +35,8 @@ public:
             daten->setDatabaseName(journaldatei);
             daten->setRecordSource(u"LAGERJOURNAL"_s);
         }
-        m_maske = std::make_unique<LAZukaufForm>(Hauptansicht{m_journal, m_journalliste, m_bestand, m_bestandsliste});
+        m_maske = std::make_unique<LAZukaufForm>(
+            Hauptansicht{m_journal, m_journalliste, m_bestand, m_bestandsliste});
         feld<CheckBox>("chkVorhanden").setValue(1);
         zeigeBisGemalt(*m_maske);
     }
@@ -66,8 +67,8 @@ void messeMasken(const Umfang& umfang)
     fordere(std::abs(maske.feld<NumberEdit>("txtBisher").Value() - muster.summen()[0]) < 1e-6,
             u"the mask shows another stock"_s);
 
-    drucke(u"Booking mask, "_s + QString::number(umfang.zeilen) + u" rows, "_s + QString::number(umfang.paare) +
-           u" pairs, "_s + QString::number(umfang.runden) + u" rounds"_s);
+    drucke(u"Booking mask, "_s + QString::number(umfang.zeilen) + u" rows, "_s +
+           QString::number(umfang.paare) + u" pairs, "_s + QString::number(umfang.runden) + u" rounds"_s);
     missEinzeln(u"  figures and light of an article"_s, Bild, umfang.runden, [&](int i) {
         artikel.enterText(Musterjournal::artikel(i % 2 == 0 ? ZweiterArtikel : 0));
         QCoreApplication::processEvents();

@@ -64,14 +64,16 @@ std::unique_ptr<QDialog> bildschirm(Inhalt inhalt)
 
 QString groesse(const Umfang& umfang)
 {
-    return u", "_s + QString::number(umfang.zeilen) + u" rows, "_s + QString::number(umfang.paare) + u" pairs"_s;
+    return u", "_s + QString::number(umfang.zeilen) + u" rows, "_s + QString::number(umfang.paare) +
+           u" pairs"_s;
 }
 
 void pruefe(const Umfang& umfang)
 {
     const Messbildschirm bildschirm;
     fordere(bildschirm.journal().RecordCount() == umfang.zeilen, u"rows are missing in the journal"_s);
-    fordere(bildschirm.bestandsliste().RecordCount() == umfang.paare, u"rows are missing in the stock list"_s);
+    fordere(bildschirm.bestandsliste().RecordCount() == umfang.paare,
+            u"rows are missing in the stock list"_s);
 }
 
 /// A program of its own that opens the screen, from its start to the first painting.

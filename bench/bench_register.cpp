@@ -48,14 +48,16 @@ void fuelleRegister(jet::Database& stamm, int eintraege, int produkte)
 void messeRegister(const Umfang& umfang)
 {
     const Messbetrieb betrieb(umfang.paare, umfang.paare);
-    const auto stamm = jet::engine().OpenDatabase(betrieb.stammdaten(Messbetrieb::ErstesJahr), u";pwd=RT-58KX"_s);
+    const auto stamm =
+        jet::engine().OpenDatabase(betrieb.stammdaten(Messbetrieb::ErstesJahr), u";pwd=RT-58KX"_s);
     fuelleRegister(*stamm, umfang.zeilen, umfang.paare);
     const auto bestand = stamm->OpenRecordset(
         u"SELECT NAME AS Artikel, 'Pflanzenschutzmittel' AS Artikelart FROM PFLANZENSCHUTZMITTEL"_s,
         jet::Kind::Snapshot);
     const auto pruefe = [&] { return registerpruefung(*bestand, *stamm, Messbetrieb::ErstesJahr); };
     const QString text = pruefe().value();
-    fordere(text.count(u"zugelassen"_s) + text.count(u"ausgelaufen"_s) == umfang.paare, u"the check is another one"_s);
+    fordere(text.count(u"zugelassen"_s) + text.count(u"ausgelaufen"_s) == umfang.paare,
+            u"the check is another one"_s);
     missEinzeln(u"Check of "_s + QString::number(umfang.paare) + u" products, register of "_s +
                     QString::number(umfang.zeilen) + u" entries"_s,
                 Sekunde, umfang.runden, [&](int) { pruefe(); });

@@ -30,12 +30,13 @@ QString megabytes(double bytes)
     return QString::number(bytes / MiB, 'f', 1) + u" MiB"_s;
 }
 
-/// Place and quantity of the rows of a pair, or their sum; with kind 1 other places of the article too. No two are alike
-/// in what the engine keeps: names differ, not only values.
+/// Place and quantity of the rows of a pair, or their sum; with kind 1 other places of the article too. No
+/// two are alike in what the engine keeps: names differ, not only values.
 QString anweisung(int nummer, const QString& artikel, const QString& lagerort)
 {
     const QString n = QString::number(nummer);
-    const QString gesucht = u" WHERE Artikel = '"_s + artikel + u"' And LagerortKurzKu = '"_s + lagerort + u"'"_s;
+    const QString gesucht =
+        u" WHERE Artikel = '"_s + artikel + u"' And LagerortKurzKu = '"_s + lagerort + u"'"_s;
     switch (nummer % 3) {
     case 0:
         return u"SELECT LagerortKurzKu, Sum(Menge) AS S"_s + n + u" FROM Lagerjournal"_s + gesucht +
@@ -70,9 +71,11 @@ void messeAnweisungen(const Messbetrieb& betrieb, const Umfang& umfang)
         const double ist = bestand(*journal, frage, Musterjournal::lagerort(paar));
         fordere(std::abs(ist - summen[static_cast<std::size_t>(paar)]) < 1e-6, u"a wrong answer: "_s + frage);
     }
-    drucke(QString::number(Anweisungen) + u" different statements, "_s + QString::number(umfang.zeilen) + u" rows"_s);
+    drucke(QString::number(Anweisungen) + u" different statements, "_s + QString::number(umfang.zeilen) +
+           u" rows"_s);
     drucke(u"  process before "_s + megabytes(vorher) + u", after "_s + megabytes(belegterSpeicher()) +
-           u", at its peak "_s + megabytes(speicherspitze()) + u" of at most "_s + megabytes(HoechstensImProzess));
+           u", at its peak "_s + megabytes(speicherspitze()) + u" of at most "_s +
+           megabytes(HoechstensImProzess));
     fordere(speicherspitze() < HoechstensImProzess, u"too much memory for ten thousand statements"_s);
 }
 
@@ -96,8 +99,8 @@ void messeOffenes(const QString& titel, const Umfang& umfang, const std::functio
             u"the open journal is not whole"_s);
     drucke(titel + u", "_s + QString::number(umfang.zeilen) + u" rows; limit: 8 bytes a row, the keys"_s);
     drucke(u"  "_s + QString::number(jeZeile, 'f', 1) + u" bytes a row  "_s +
-           QString::number(jeZeile / BytesJeSchluessel, 'f', 2) + u"x of at most "_s + QString::number(HoechstensFach) +
-           u"x"_s);
+           QString::number(jeZeile / BytesJeSchluessel, 'f', 2) + u"x of at most "_s +
+           QString::number(HoechstensFach) + u"x"_s);
     fordere(umfang.zeilen < AussagekraeftigeZeilen || jeZeile <= HoechstensFach * BytesJeSchluessel,
             u"too much memory for an open journal"_s);
 }
@@ -109,7 +112,8 @@ void messeJournal(const Messbetrieb& betrieb, const Umfang& umfang)
     oeffne(); // what SQLite keeps of the file in memory is there from now on
     std::unique_ptr<jet::Recordset> journal;
     messeOffenes(
-        u"Open journal"_s, umfang, [&] { journal = oeffne(); }, [&]() -> const jet::Recordset& { return *journal; });
+        u"Open journal"_s, umfang, [&] { journal = oeffne(); },
+        [&]() -> const jet::Recordset& { return *journal; });
 }
 
 /// The same in the grid of the main screen, with the columns of the view.

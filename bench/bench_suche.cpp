@@ -1,4 +1,5 @@
-// Find as you type in the journal: a letter, from the key to the row that it finds or to the answer that there is none.
+// Find as you type in the journal: a letter, from the key to the row that it finds or to the answer that
+// there is none.
 
 #include "bench/Bare.h"
 #include "bench/Messbetrieb.h"

@@ -1,4 +1,5 @@
-// The carry-forward through five year files: a first run, which writes each opening row, and one that changes nothing.
+// The carry-forward through five year files: a first run, which writes each opening row, and one that changes
+// nothing.
 
 #include "bench/Bare.h"
 #include "bench/BarerUebertrag.h"
@@ -66,8 +67,8 @@ std::vector<Anfangsbestand> anfangsbestaende(const QString& datei)
                               " WHERE Buchungsart='Anfangsbestand' ORDER BY Artikel,LagerortKurzKu,ID");
     std::vector<Anfangsbestand> alle;
     while (zeilen.step())
-        alle.push_back(
-            {zeilen.text(0), zeilen.text(1), zeilen.text(2), zeilen.text(3), zeilen.number(4), zeilen.number(5)});
+        alle.push_back({zeilen.text(0), zeilen.text(1), zeilen.text(2), zeilen.text(3), zeilen.number(4),
+                        zeilen.number(5)});
     return alle;
 }
 
@@ -114,8 +115,8 @@ void messeUebertrag(const Umfang& umfang)
     unser();
     pruefe(dateien, umfang);
 
-    const QString groesse = QString::number(umfang.paare) + u" pairs, "_s + QString::number(Jahre) + u" files of "_s +
-                            QString::number(umfang.zeilen) + u" rows"_s;
+    const QString groesse = QString::number(umfang.paare) + u" pairs, "_s + QString::number(Jahre) +
+                            u" files of "_s + QString::number(umfang.zeilen) + u" rows"_s;
     Messung ohneAenderung(u"Carry-forward that changes nothing, "_s + groesse, 1);
     ohneAenderung.nimm(u"limit: its statements bare"_s, 0, bar);
     ohneAenderung.nimm(u"JahresUbertrag"_s, 2, unser);

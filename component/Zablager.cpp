@@ -19,8 +19,9 @@ bool hatBildschirm()
 void zeigeHauptbildschirm()
 {
     if (!hatBildschirm())
-        throw jet::Error(jet::ErrorNumber::NotSupported,
-                         u"Die Lagerverwaltung braucht einen Bildschirm, das aufrufende Programm hat keinen."_s);
+        throw jet::Error(
+            jet::ErrorNumber::NotSupported,
+            u"Die Lagerverwaltung braucht einen Bildschirm, das aufrufende Programm hat keinen."_s);
     LagerbestandNeu(QApplication::activeWindow()).exec();
 }
 

@@ -21,12 +21,13 @@ double BestandErmitteln(const QString& Artikel, const QString& Lagerort, QDate S
         return 0;
     }
     const auto journal = oeffneFuerBestand(datei);
-    // Names go in as they are, an apostrophe breaks the statement: an error is better than another article's stock.
+    // Names go in as they are, an apostrophe breaks the statement: an error is better than another article's
+    // stock.
     const auto summe = journal->OpenRecordset(
         u"SELECT Lagerjournal.Artikel, Lagerjournal.LagerortKurzKu, Sum(Lagerjournal.Menge) AS SumMenge"
         u" From Lagerjournal WHERE (((Lagerjournal.Datum)<="_s +
-            SQLDatum(datumText(Stichtag)) + u") And Artikel = '"_s + Artikel + u"' And LagerortKurzKu ='"_s + Lagerort +
-            u"') GROUP BY Lagerjournal.Artikel, Lagerjournal.LagerortKurzKu"_s,
+            SQLDatum(datumText(Stichtag)) + u") And Artikel = '"_s + Artikel + u"' And LagerortKurzKu ='"_s +
+            Lagerort + u"') GROUP BY Lagerjournal.Artikel, Lagerjournal.LagerortKurzKu"_s,
         jet::Kind::Snapshot);
     if (summe->Eof()) return 0;
     return (*summe)[u"SumMenge"].toDouble(); // NULL, a journal of empty quantities, counts as 0
@@ -36,11 +37,11 @@ jet::Error mitArtikel(const jet::Error& fehler, jet::Database& journal, const QS
                       const QString& eingrenzung)
 {
     if (fehler.number() != jet::ErrorNumber::Overflow) return fehler;
-    const auto paar =
-        journal.OpenRecordset(u"SELECT TOP 1 Artikel, LagerortKurzKu FROM Lagerjournal "_s + eingrenzung +
-                                  u" GROUP BY Artikel, LagerortKurzKu HAVING Sum(Abs("_s + spalte +
-                                  u")) > 1.7976931348623157E308"_s, // the largest number: only infinity is above it
-                              jet::Kind::Snapshot);
+    const auto paar = journal.OpenRecordset(
+        u"SELECT TOP 1 Artikel, LagerortKurzKu FROM Lagerjournal "_s + eingrenzung +
+            u" GROUP BY Artikel, LagerortKurzKu HAVING Sum(Abs("_s + spalte +
+            u")) > 1.7976931348623157E308"_s, // the largest number: only infinity is above it
+        jet::Kind::Snapshot);
     if (paar->Eof()) return fehler;
     return jet::named(jet::named(fehler, u"Artikel"_s, (*paar)[u"Artikel"].toText()), u"Lagerort"_s,
                       (*paar)[u"LagerortKurzKu"].toText());

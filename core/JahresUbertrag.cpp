@@ -18,8 +18,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The farm's years from `ab` on. Each file is opened and its journal counted before the first row is written, so that
-/// a damaged one ends the run with nothing changed.
+/// The farm's years from `ab` on. Each file is opened and its journal counted before the first row is
+/// written, so that a damaged one ends the run with nothing changed.
 std::vector<int> jahreAb(int ab)
 {
     std::vector<int> jahre;
@@ -37,7 +37,8 @@ std::unique_ptr<jet::Recordset> paare(jet::Database& journal)
     try {
         return journal.OpenRecordset(
             u"SELECT Lagerjournal.Artikel, Lagerjournal.LagerortKurzKu, First(Artikelart) AS FirstArtikelart,"
-            u" avg(Preis) AS FirstPreis, First(Preisfaktor) AS FirstPreisfaktor, First(Einheit) AS FirstEinheit"
+            u" avg(Preis) AS FirstPreis, First(Preisfaktor) AS FirstPreisfaktor, First(Einheit) AS "
+            u"FirstEinheit"
             u" FROM Lagerjournal GROUP BY Lagerjournal.Artikel, Lagerjournal.LagerortKurzKu"_s,
             jet::Kind::Snapshot);
     } catch (const jet::Error& fehler) {
@@ -89,7 +90,8 @@ void uebertragePaar(jet::Recordset& ziel, const jet::Recordset& paar, int vonJah
                    u"' And Buchungsart = 'Anfangsbestand'"_s);
     if (!ziel.NoMatch()) {
         ziel.Edit();
-        ziel.Set(u"Menge", bestand); // not rounded, unlike a new row: the row stays what the year before says, even 0
+        ziel.Set(u"Menge",
+                 bestand); // not rounded, unlike a new row: the row stays what the year before says, even 0
         ziel.Update();
         return;
     }
@@ -102,8 +104,8 @@ void uebertrage(jet::Recordset& quelle, int vonJahr, int nachJahr)
     const auto journal = oeffneJournal(nachJahr);
     if (!uebernimmtVorjahr(*journal)) return;
     bringeAufStandWennMoeglich(Dateiart::Lager, Journaldatei(nachJahr), verbindung(Dateiart::Lager));
-    // Ten thousand rows cost one sync. It begins before the rows are listed, so that two programs that carry forward at
-    // once find each other's opening rows.
+    // Ten thousand rows cost one sync. It begins before the rows are listed, so that two programs that carry
+    // forward at once find each other's opening rows.
     journal->BeginTrans();
     const auto ziel = journal->OpenRecordset(u"Lagerjournal"_s, jet::Kind::Dynaset);
     for (; !quelle.Eof(); quelle.MoveNext()) {
@@ -129,7 +131,8 @@ bool JahresUbertrag()
     // Ascending: a change in an early year flows through all later ones.
     for (std::size_t i = 0; i < jahre.size(); ++i) {
         const auto journal = oeffneJournal(jahre[i]);
-        const auto quelle = paare(*journal); // of the last year too, so that a journal without a column is refused
+        // of the last year too, so that a journal without a column is refused
+        const auto quelle = paare(*journal);
         if (quelle->Eof() || i + 1 == jahre.size()) continue;
         uebertrage(*quelle, jahre[i], jahre[i + 1]);
     }

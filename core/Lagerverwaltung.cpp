@@ -49,14 +49,14 @@ double Lagerverwaltung::LagerbestandRechnen()
 {
     const Meldungsweg weg(*this);
     const auto journal = jet::engine().OpenDatabase(m_datenverzeichnis, modulzustand().Lagerpasswort);
-    // The doubled AND is kept: hosts know this call as one that fails, and its day is not counted ("<"), so a mended
-    // statement would answer with another stock than Get_Bestand.
-    const auto summe = journal->OpenRecordset(u"SELECT Sum(Lagerjournal.Menge) AS [Summe von Menge] From Lagerjournal"
-                                              u" WHERE (((Lagerjournal.LagerortKurzKu)='"_s +
-                                                  m_lagername + u"') AND ((Lagerjournal.Artikel)='"_s + m_artikelname +
-                                                  u"') AND AND ((Lagerjournal.Datum)<"_s +
-                                                  SQLDatum(datumText(m_stichdatum)) + u")))"_s,
-                                              jet::Kind::Dynaset);
+    // The doubled AND is kept: hosts know this call as one that fails, and its day is not counted ("<"), so a
+    // mended statement would answer with another stock than Get_Bestand.
+    const auto summe = journal->OpenRecordset(
+        u"SELECT Sum(Lagerjournal.Menge) AS [Summe von Menge] From Lagerjournal"
+        u" WHERE (((Lagerjournal.LagerortKurzKu)='"_s +
+            m_lagername + u"') AND ((Lagerjournal.Artikel)='"_s + m_artikelname +
+            u"') AND AND ((Lagerjournal.Datum)<"_s + SQLDatum(datumText(m_stichdatum)) + u")))"_s,
+        jet::Kind::Dynaset);
     return (*summe)[u"Summe von Menge"].toDouble();
 }
 
@@ -66,7 +66,8 @@ void Lagerverwaltung::LagerbestandLaden()
     Modulzustand& zustand = modulzustand();
     if (zustand.BildschirmOffen) // its values must not become those of another farm
         throw jet::Error(jet::ErrorNumber::InvalidArgument, u"Die Lagerverwaltung ist schon geöffnet."_s);
-    // Its year would be 1899. Unlike the carry-forward, which then takes all years, this call would make a file for it.
+    // Its year would be 1899. Unlike the carry-forward, which then takes all years, this call would make a
+    // file for it.
     if (m_stichdatum == nulldatum())
         throw jet::Error(jet::ErrorNumber::InvalidArgument, u"Das Stichdatum ist nicht gesetzt."_s);
     zustand.Artikelname = m_artikelname;
@@ -81,7 +82,8 @@ void Lagerverwaltung::LagerbestandLaden()
     zustand.Betriebsname = m_betriebsname;
     zustand.Betriebsnummer = m_betriebsnummer;
     zustand.Betriebsadresse = m_betriebsadresse;
-    // Not the farm password: no screen opens the farm's own database, so it stays what a carry-forward handed on.
+    // Not the farm password: no screen opens the farm's own database, so it stays what a carry-forward handed
+    // on.
 
     zustand.Jahr = QString::number(zustand.Stichdatum.year());
     stelleJournalBereit(m_datenverzeichnis); // a missing template ends the call, what is copied by now stays

@@ -9,8 +9,8 @@
 
 /// What the component does for its hosts. A function that fails throws.
 ///
-/// It keeps one private value per property. Only a method copies values into the shared state, the key date goes there
-/// at once.
+/// It keeps one private value per property. Only a method copies values into the shared state, the key date
+/// goes there at once.
 class Lagerverwaltung : public _Lagerverwaltungsdaten {
 
 public:
@@ -18,7 +18,8 @@ public:
     struct Anschluesse {
         /// Asked at the beginning of each method: where its messages go; null: into its report.
         std::function<sys::Messages*()> meldungen;
-        std::function<void()> hauptbildschirm; ///< Shows the main screen and returns when the user has closed it.
+        std::function<void()>
+            hauptbildschirm; ///< Shows the main screen and returns when the user has closed it.
     };
     /// What is told of a call that has begun, and of its messages that find no other place.
     struct Bericht {

@@ -3,7 +3,8 @@
 #include "core/Lagerverwaltung.h"
 #include "core/SpaeteBindung.h"
 
-/// The public class of the component: one object serves hosts that know the interface and hosts that call by name.
+/// The public class of the component: one object serves hosts that know the interface and hosts that call by
+/// name.
 class Lagerverwaltungsdaten final : public SpaeteBindung, public Lagerverwaltung {
     Q_OBJECT
     Q_INTERFACES(_Lagerverwaltungsdaten)

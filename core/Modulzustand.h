@@ -9,8 +9,8 @@ inline QDate nulldatum()
     return {1899, 12, 30};
 }
 
-/// What all screens and procedures of the process share. Methods of Lagerverwaltungsdaten fill it from their object;
-/// the last call wins, whatever object it came from.
+/// What all screens and procedures of the process share. Methods of Lagerverwaltungsdaten fill it from their
+/// object; the last call wins, whatever object it came from.
 struct Modulzustand {
     QString Artikelname;
     QString Lagername; ///< Short code of a storage place.

@@ -21,8 +21,10 @@ QString SQLDatum(const QString& datum)
 
 QString SQLVorWhere(const QString& quelle)
 {
-    if (const qsizetype where = stelle(quelle, u"where"); where >= 0) return sys::trimBlanks(quelle.left(where));
-    if (const qsizetype order = stelle(quelle, u"order"); order >= 0) return sys::trimBlanks(quelle.left(order));
+    if (const qsizetype where = stelle(quelle, u"where"); where >= 0)
+        return sys::trimBlanks(quelle.left(where));
+    if (const qsizetype order = stelle(quelle, u"order"); order >= 0)
+        return sys::trimBlanks(quelle.left(order));
     return quelle;
 }
 

@@ -61,7 +61,8 @@ void SpaeteBindung::hinterlasse(const QString& meldung)
 void SpaeteBindung::abgesichert(const std::function<void()>& aufruf)
 {
     beginneAufruf();
-    // Qt takes a misspelt property for a new one of this object, and the host would get the figures of another place.
+    // Qt takes a misspelt property for a new one of this object, and the host would get the figures of
+    // another place.
     const QList<QByteArray> unbekannt = dynamicPropertyNames();
     if (!unbekannt.isEmpty()) {
         m_fehler = u"Objekt unterstützt diese Eigenschaft oder Methode nicht: '"_s +

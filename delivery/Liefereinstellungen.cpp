@@ -7,7 +7,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qsizetype Zeilenlaenge = 100; // a longer name of a farm is cut: the user sees the line and can change it
+// a longer name of a farm is cut: the user sees the line and can change it
+constexpr qsizetype Zeilenlaenge = 100;
 
 QString vorgabe(const QString& name, const QString& sonst)
 {
@@ -21,7 +22,8 @@ void ergaenzeLiefereinstellungen(jet::Database& journal)
     const auto einstellungen = journal.OpenRecordset(u"Liefereinstellungen"_s);
     if (!einstellungen->Eof()) return;
     einstellungen->AddNew();
-    einstellungen->Set(u"Lieferscheinformular", vorgabe(u"Lieferscheinformular"_s, u"Standardlieferschein.rpt"_s));
+    einstellungen->Set(u"Lieferscheinformular",
+                       vorgabe(u"Lieferscheinformular"_s, u"Standardlieferschein.rpt"_s));
     einstellungen->Set(u"LieferscheinZeile1",
                        vorgabe(u"LieferscheinZeile1"_s, modulzustand().Betriebsname).left(Zeilenlaenge));
     einstellungen->Set(u"LieferscheinZeile2",

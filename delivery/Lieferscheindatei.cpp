@@ -38,8 +38,8 @@ void legeTabellenAn(jet::Database& druck)
 {
     for (const QStringView anweisung : Anweisungen)
         druck.Execute(anweisung.toString());
-    druck.CreateTableDef(u"HANDLER"_s, verknuepfung(Dateiart::Grundstamm, grundstammdatei(datenverzeichnis())),
-                         u"HANDLER"_s);
+    druck.CreateTableDef(
+        u"HANDLER"_s, verknuepfung(Dateiart::Grundstamm, grundstammdatei(datenverzeichnis())), u"HANDLER"_s);
 }
 
 /// What is empty stays NULL.
@@ -67,8 +67,9 @@ void schreibeZeile(jet::Recordset& zeile, const jet::Recordset& verkauf, bool mi
     zeile.AddNew();
     zeile.Set(u"Artikel", verkauf[u"Artikel"]);
     zeile.Set(u"ArtikelArt", verkauf[u"Artikelart"]);
-    zeile.Set(u"Menge",
-              0 - verkauf[u"Menge"].toDouble()); // sales are negative in the journal; no quantity is 0, not -0
+    zeile.Set(
+        u"Menge",
+        0 - verkauf[u"Menge"].toDouble()); // sales are negative in the journal; no quantity is 0, not -0
     setzeWennNichtLeer(zeile, u"Einheit", verkauf[u"Einheit"].toText());
     if (mitPreis) {
         zeile.Set(u"Preis", verkauf[u"Preis"]);
@@ -83,7 +84,8 @@ void schreibeZeilen(jet::Database& druck, int Jahr, const Lieferschein& schein)
     const auto verkaeufe = journal->OpenRecordset(
         u"SELECT * FROM LAGERJOURNAL WHERE DATUM = "_s + SQLDatum(schein.Datum.toText()) +
             u" AND Uberstallt_alt = '"_s + schein.Empfaenger.toText() +
-            u"' AND IIF(ISNULL(LIEFERSCHEINNUMMER),0,LIEFERSCHEINNUMMER) = "_s + QString::number(schein.Nummer),
+            u"' AND IIF(ISNULL(LIEFERSCHEINNUMMER),0,LIEFERSCHEINNUMMER) = "_s +
+            QString::number(schein.Nummer),
         jet::Kind::Snapshot);
     const auto zeilen = druck.OpenRecordset(u"SELECT * FROM JOURNAL"_s, jet::Kind::Dynaset);
     for (; !verkaeufe->Eof(); verkaeufe->MoveNext())

@@ -14,11 +14,11 @@ struct Lieferschein {
     bool mitPreis = false;
 };
 
-/// Builds the database that a delivery note is printed from: its head in `Uberschrift`, the sales of the delivery in
-/// `Journal`, the business partners linked. `datei` is its full name; an earlier one is replaced.
+/// Builds the database that a delivery note is printed from: its head in `Uberschrift`, the sales of the
+/// delivery in `Journal`, the business partners linked. `datei` is its full name; an earlier one is replaced.
 ///
-/// Under the error report: a note is built whole, and when the user leaves or ignores an error, nothing of it remains.
-/// \returns whether it was built.
+/// Under the error report: a note is built whole, and when the user leaves or ignores an error, nothing of it
+/// remains. \returns whether it was built.
 [[nodiscard]] bool baueLieferscheindatei(const QString& datei, int Jahr, const Lieferschein& schein);
 /// Deletes it, if there is one. \throws sys::FileError.
 void loescheLieferscheindatei(const QString& datei);

@@ -51,7 +51,8 @@ LieferscheindruckForm::LieferscheindruckForm(int Jahr, QWidget* parent)
     richteListeEin();
     bindeEinstellungen();
     new FieldKeys(*this);
-    verdrahte(Lieferscheindaten, &DataControl::Reposition, this, &LieferscheindruckForm::Lieferscheindaten_Reposition);
+    verdrahte(Lieferscheindaten, &DataControl::Reposition, this,
+              &LieferscheindruckForm::Lieferscheindaten_Reposition);
     verdrahte(ui->SSDBGrid1, &DataGrid::DblClick, this, [this] {
         if (ui->Command2->isVisible()) ui->Command2->click();
     });
@@ -86,7 +87,8 @@ void LieferscheindruckForm::richteListeEin()
     liste.setAllowDelete(false);
     liste.setSelectionMode(QAbstractItemView::SingleSelection); // the note of one delivery is printed
     liste.setEmptyText(u"Keine Verkäufe mit einem Empfänger in diesem Jahr"_s);
-    liste.setClosedText(u"Die Lieferungen konnten nicht gelesen werden. Die Taste F5 liest sie noch einmal."_s);
+    liste.setClosedText(
+        u"Die Lieferungen konnten nicht gelesen werden. Die Taste F5 liest sie noch einmal."_s);
 }
 
 void LieferscheindruckForm::bindeEinstellungen()
@@ -99,13 +101,15 @@ void LieferscheindruckForm::bindeEinstellungen()
     ui->chkPreis->bindTo(*Liefereinstellungen, u"LieferscheinMitPreis"_s);
 }
 
-/// F5 does it again: rows of other programs are listed and numbered, a file that was locked is tried once more.
+/// F5 does it again: rows of other programs are listed and numbered, a file that was locked is tried once
+/// more.
 void LieferscheindruckForm::Form_Load()
 {
     const sys::Hourglass warten;
     if (Lieferscheinnummern(m_jahr).vergib()) lies();
     // Without a row that keeps it, typing would be lost.
-    for (QWidget* eingabe : std::initializer_list<QWidget*>{ui->drpFormular, ui->chkPreis, ui->FrmKopf, ui->Text1})
+    for (QWidget* eingabe :
+         std::initializer_list<QWidget*>{ui->drpFormular, ui->chkPreis, ui->FrmKopf, ui->Text1})
         eingabe->setEnabled(Liefereinstellungen->RecordCount() > 0);
 }
 
@@ -122,7 +126,8 @@ void LieferscheindruckForm::lies()
         [this] {
             Lieferscheindaten->setRecordSource(
                 u"SELECT * FROM LAGERJOURNAL WHERE BUCHUNGSART = 'Verkauf'"
-                u" AND LEN(TRIM(IIF(ISNULL(UBERSTALLT_ALT),'',UBERSTALLT_ALT))) > 0 ORDER BY DATUM, UBERSTALLT_ALT"_s);
+                u" AND LEN(TRIM(IIF(ISNULL(UBERSTALLT_ALT),'',UBERSTALLT_ALT))) > 0 ORDER BY DATUM,"
+                u" UBERSTALLT_ALT"_s);
             oeffne(*Lieferscheindaten);
         },
         [&] { sucheEin(ID); },
@@ -165,19 +170,21 @@ void LieferscheindruckForm::Form_Activate()
     m_ersteAktivierung = false; // the message below gives the window back active
     if (!Lieferscheindaten->isOpen()) return;
     if (Lieferscheindaten->RecordCount() > 0) return meldeVerkaeufeOhneDatum();
-    sys::messages().show(u"Lieferscheine können für Verkaufsbuchungen ausgedruckt werden. Dabei werden Bewegungen"
-                         u" desselben Empfängers und desselben Datums zusammengefasst."_s,
-                         sys::Information);
+    sys::messages().show(
+        u"Lieferscheine können für Verkaufsbuchungen ausgedruckt werden. Dabei werden Bewegungen"
+        u" desselben Empfängers und desselben Datums zusammengefasst."_s,
+        sys::Information);
 }
 
 void LieferscheindruckForm::meldeVerkaeufeOhneDatum() const
 {
     const QStringList verkaeufe = verkaeufeOhneDatum(m_jahr);
     if (verkaeufe.isEmpty()) return;
-    sys::messages().show(u"Verkäufe ohne Datum bekommen keine Lieferscheinnummer:\r\r"_s + verkaeufe.join(u'\r') +
-                             u"\r\rTragen Sie das Datum im Bewegungsjournal nach. Es zeigt sie, wenn dort \"Von Datum\""
-                             u" geleert ist."_s,
-                         sys::Information);
+    sys::messages().show(
+        u"Verkäufe ohne Datum bekommen keine Lieferscheinnummer:\r\r"_s + verkaeufe.join(u'\r') +
+            u"\r\rTragen Sie das Datum im Bewegungsjournal nach. Es zeigt sie, wenn dort \"Von Datum\""
+            u" geleert ist."_s,
+        sys::Information);
 }
 
 void LieferscheindruckForm::Lieferscheindaten_Reposition()
@@ -196,7 +203,8 @@ void LieferscheindruckForm::Command2_Click()
     if (schein.Datum.isNull())
         return weiseAb(u"Dieser Verkauf hat kein Datum. Tragen Sie es im Bewegungsjournal nach."_s);
     // Its lines would be told by day and recipient alone, whatever else was booked for him that day.
-    if (schein.Nummer == 0) return weiseAb(u"Diese Lieferung hat noch keine Nummer. Die Taste F5 gibt ihr eine."_s);
+    if (schein.Nummer == 0)
+        return weiseAb(u"Diese Lieferung hat noch keine Nummer. Die Taste F5 gibt ihr eine."_s);
     const QString formular = ui->drpFormular->Text();
     if (sys::trimBlanks(formular).isEmpty() || !sys::Exist(formularordner() + formular)) {
         weiseAb(u"Bitte wählen Sie ein gültiges Lieferscheinformular aus."_s);
@@ -240,7 +248,8 @@ bool LieferscheindruckForm::event(QEvent* event)
 {
     const auto aktiviere = [this] { sys::underErrorReport({[this] { Form_Activate(); }}); };
     // Later, so that a message finds the window painted.
-    if (event->type() == QEvent::WindowActivate) QMetaObject::invokeMethod(this, aktiviere, Qt::QueuedConnection);
+    if (event->type() == QEvent::WindowActivate)
+        QMetaObject::invokeMethod(this, aktiviere, Qt::QueuedConnection);
     return QDialog::event(event);
 }
 

@@ -14,8 +14,9 @@ namespace Ui {
 class LieferscheindruckForm;
 }
 
-/// The delivery notes of one year: numbers the sales that have no number yet, lists them, and prints the note of the
-/// delivery that is chosen. Head, additional text, form and whether prices are printed are kept in the year file.
+/// The delivery notes of one year: numbers the sales that have no number yet, lists them, and prints the note
+/// of the delivery that is chosen. Head, additional text, form and whether prices are printed are kept in the
+/// year file.
 class LieferscheindruckForm final : public QDialog {
     Q_OBJECT
 
@@ -23,8 +24,8 @@ public:
     explicit LieferscheindruckForm(int Jahr, QWidget* parent = nullptr);
     ~LieferscheindruckForm() override;
 
-    /// Closing, in whatever way, keeps what was typed. When it cannot be kept and the user leaves the report of that, the
-    /// window stays open.
+    /// Closing, in whatever way, keeps what was typed. When it cannot be kept and the user leaves the report
+    /// of that, the window stays open.
     void done(int result) override;
 
 protected:

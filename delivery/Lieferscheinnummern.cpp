@@ -24,7 +24,8 @@ qint64 naechsteNummer(jet::Database& journal)
 {
     const auto verkaeufe = journal.OpenRecordset(
         u"SELECT * FROM LAGERJOURNAL WHERE BUCHUNGSART = 'Verkauf'"
-        u" AND LEN(TRIM(IIF(ISNULL(UBERSTALLT_ALT),'',UBERSTALLT_ALT))) > 0 ORDER BY LIEFERSCHEINNUMMER DESC"_s,
+        u" AND LEN(TRIM(IIF(ISNULL(UBERSTALLT_ALT),'',UBERSTALLT_ALT))) > 0 ORDER BY LIEFERSCHEINNUMMER"
+        u" DESC"_s,
         jet::Kind::Dynaset);
     return verkaeufe->Eof() ? 1 : (*verkaeufe)[u"LIEFERSCHEINNUMMER"].toLong() + 1;
 }
@@ -48,7 +49,8 @@ void Lieferscheinnummern::nummeriere()
     m_empfaenger.reset();
     const auto journal = oeffneJournal(m_jahr);
     if (!fehlenNummern(*journal)) return;
-    journal->BeginTrans(); // before the highest number is looked up: two programs must not go on from the same one
+    journal->BeginTrans(); // before the highest number is looked up: two programs must not go on from the
+                           // same one
     qint64 nummer = naechsteNummer(*journal);
     const auto lieferungen = journal->OpenRecordset(
         u"Select DISTINCT DATUM, UBERSTALLT_ALT FROM LAGERJOURNAL"
@@ -63,10 +65,11 @@ void Lieferscheinnummern::nummeriere()
         m_empfaenger = empfaenger;
         const QString tag = datum.toText(); // with its time: at another one is another delivery
         // The recipient as it stands: a blank before the name makes another one, here as in the list above.
-        journal->Execute(u"UPDATE LAGERJOURNAL SET LIEFERSCHEINNUMMER = "_s + QString::number(nummer) +
-                         u" WHERE IIF(ISNULL(LIEFERSCHEINNUMMER),0,LIEFERSCHEINNUMMER) = 0 AND BUCHUNGSART = 'Verkauf'"
-                         u" AND IIF(ISNULL(UBERSTALLT_ALT),'',UBERSTALLT_ALT) = '"_s +
-                         empfaenger + u"' AND DATUM = "_s + SQLDatum(tag));
+        journal->Execute(
+            u"UPDATE LAGERJOURNAL SET LIEFERSCHEINNUMMER = "_s + QString::number(nummer) +
+            u" WHERE IIF(ISNULL(LIEFERSCHEINNUMMER),0,LIEFERSCHEINNUMMER) = 0 AND BUCHUNGSART = 'Verkauf'"
+            u" AND IIF(ISNULL(UBERSTALLT_ALT),'',UBERSTALLT_ALT) = '"_s +
+            empfaenger + u"' AND DATUM = "_s + SQLDatum(tag));
         ++nummer;
     }
     m_empfaenger.reset();
@@ -84,10 +87,10 @@ QStringList verkaeufeOhneDatum(int Jahr)
     QStringList zeilen;
     for (; !verkaeufe->Eof(); verkaeufe->MoveNext()) {
         const double menge = 0 - (*verkaeufe)[u"MENGE"].toDouble(); // sales are negative in the journal
-        const QString was = (*verkaeufe)[u"ARTIKEL"].toText() + u", "_s + jet::formatted(menge, u"##,##0.00##") + u' ' +
-                            (*verkaeufe)[u"EINHEIT"].toText();
-        zeilen.append(was.trimmed() + u" an "_s + (*verkaeufe)[u"UBERSTALLT_ALT"].toText().trimmed() + u", Nummer "_s +
-                      (*verkaeufe)[u"ID"].toText() + u" im Journal"_s);
+        const QString was = (*verkaeufe)[u"ARTIKEL"].toText() + u", "_s +
+                            jet::formatted(menge, u"##,##0.00##") + u' ' + (*verkaeufe)[u"EINHEIT"].toText();
+        zeilen.append(was.trimmed() + u" an "_s + (*verkaeufe)[u"UBERSTALLT_ALT"].toText().trimmed() +
+                      u", Nummer "_s + (*verkaeufe)[u"ID"].toText() + u" im Journal"_s);
     }
     return zeilen;
 }

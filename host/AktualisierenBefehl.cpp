@@ -46,7 +46,8 @@ void aktualisiere(const QCommandLineParser& aufruf)
     for (const Datei& datei : dateien(ort)) {
         const QString name = QDir(ort.verzeichnis()).relativeFilePath(sys::localPath(datei.pfad));
         try {
-            schreibe(stdout, name + u": "_s + stand(bringeAufStand(*oeffne(datei.art, datei.pfad), datei.art)));
+            schreibe(stdout,
+                     name + u": "_s + stand(bringeAufStand(*oeffne(datei.art, datei.pfad), datei.art)));
         } catch (const jet::Error& fehler) { // the others are brought up all the same
             schreibe(stdout, name + u": bleibt, wie sie ist"_s);
             if (!erster) erster = fehler;
@@ -61,7 +62,8 @@ Befehl aktualisierenBefehl()
 {
     return {u"aktualisieren"_s,
             u"VERZEICHNIS"_s,
-            u"Bringt die Dateien einer Installation auf den Stand dieses Programms und nennt ihn vorher und nachher."_s,
+            u"Bringt die Dateien einer Installation auf den Stand dieses Programms und nennt ihn vorher und"
+            u" nachher."_s,
             {},
             {},
             aktualisiere};

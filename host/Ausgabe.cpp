@@ -19,7 +19,10 @@ QString datumIso(const QDateTime& zeitpunkt)
 
 QString maskiert(QString text)
 {
-    return text.replace(u'\\', u"\\\\"_s).replace(u'\t', u"\\t"_s).replace(u'\n', u"\\n"_s).replace(u'\r', u"\\r"_s);
+    return text.replace(u'\\', u"\\\\"_s)
+        .replace(u'\t', u"\\t"_s)
+        .replace(u'\n', u"\\n"_s)
+        .replace(u'\r', u"\\r"_s);
 }
 
 QString zellText(const jet::Value& wert)

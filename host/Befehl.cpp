@@ -25,11 +25,12 @@ QString gewaehlterBetrieb(const Installation& ort, const QCommandLineParser& auf
         throw sys::FileError(
             sys::FileErrorNumber::PathNotFound,
             u"In '"_s + ort.verzeichnis() +
-                u"' ist kein Betrieb eingerichtet; das macht 'zablager einrichten VERZEICHNIS --betrieb NR'."_s);
+                u"' ist kein Betrieb eingerichtet; das macht 'zablager einrichten VERZEICHNIS --betrieb"
+                u" NR'."_s);
     const QString auswahl = u" Vorhanden: "_s + betriebe.join(u", "_s);
     if (aufruf.isSet(u"betrieb"_s) && !betriebe.contains(gewuenscht))
-        throw Aufruffehler(u"Den Betrieb '"_s + gewuenscht + u"' gibt es in '"_s + ort.verzeichnis() + u"' nicht."_s +
-                           auswahl);
+        throw Aufruffehler(u"Den Betrieb '"_s + gewuenscht + u"' gibt es in '"_s + ort.verzeichnis() +
+                           u"' nicht."_s + auswahl);
     if (gewuenscht.isEmpty() && betriebe.size() > 1)
         throw Aufruffehler(u"Welcher Betrieb? Bitte mit --betrieb angeben."_s + auswahl);
     return gewuenscht.isEmpty() ? betriebe.first() : gewuenscht;

@@ -30,8 +30,8 @@ Befehl sqlBefehl();
 
 /// The option that names a farm.
 QCommandLineOption betriebOption();
-/// The farm that is meant: the one of the option, without it the only one. \throws Aufruffehler that lists the farms;
-/// sys::FileError when there is none.
+/// The farm that is meant: the one of the option, without it the only one. \throws Aufruffehler that lists
+/// the farms; sys::FileError when there is none.
 QString gewaehlterBetrieb(const Installation& ort, const QCommandLineParser& aufruf);
 /// A year of which journal files can be made. \throws Aufruffehler.
 int jahr(const QString& text);

@@ -21,7 +21,8 @@ double bestand(QObject& lager, const QString& Artikel, const QString& Lagerort, 
     QMetaObject::invokeMethod(&lager, "Get_Bestand", Qt::DirectConnection, Q_RETURN_ARG(double, menge),
                               Q_ARG(QString, Artikel), Q_ARG(QString, Lagerort), Q_ARG(QDate, Stichtag));
     const int fehlernummer = lager.property("LetzteFehlernummer").toInt();
-    if (fehlernummer != 0) throw jet::Error(jet::ErrorNumber(fehlernummer), lager.property("LetzterFehler").toString());
+    if (fehlernummer != 0)
+        throw jet::Error(jet::ErrorNumber(fehlernummer), lager.property("LetzterFehler").toString());
     return menge;
 }
 
@@ -42,17 +43,19 @@ void meldeUnbekannte(const QString& datei, const QString& Artikel, const QString
         schreibe(stderr, keineBuchung + u"Lagerort '"_s + Lagerort + u"'."_s);
 }
 
-/// Another program may have put a text among the quantities: the sum takes it as 0, and a program would read the figure.
+/// Another program may have put a text among the quantities: the sum takes it as 0, and a program would read
+/// the figure.
 void pruefeMengen(const QString& datei, const QString& Artikel, const QString& Lagerort, QDate Stichtag)
 {
     const auto journal = jet::engine().OpenDatabase(datei);
     const auto texte = journal->OpenRecordset(
-        u"SELECT ID FROM LAGERJOURNAL WHERE Artikel = '"_s + Artikel + u"' AND LagerortKurzKu = '"_s + Lagerort +
-            u"' AND Datum <= "_s + Stichtag.toString(u"#MM/dd/yyyy#") +
+        u"SELECT ID FROM LAGERJOURNAL WHERE Artikel = '"_s + Artikel + u"' AND LagerortKurzKu = '"_s +
+            Lagerort + u"' AND Datum <= "_s + Stichtag.toString(u"#MM/dd/yyyy#") +
             u" AND Menge > 1.7976931348623157E308"_s, // every text is, and no number
         jet::Kind::Snapshot);
     if (texte->Eof()) return;
-    const jet::Error fehler(jet::ErrorNumber::ConversionFailed, jet::errorText(jet::ErrorNumber::ConversionFailed));
+    const jet::Error fehler(jet::ErrorNumber::ConversionFailed,
+                            jet::errorText(jet::ErrorNumber::ConversionFailed));
     throw jet::named(jet::named(jet::named(fehler, u"Feld"_s, u"Menge"_s), u"Datei"_s, datei), u"ID"_s,
                      (*texte)[u"ID"].toText());
 }
@@ -65,7 +68,8 @@ void zeigeBestand(const QCommandLineParser& aufruf)
     const QString betrieb = gewaehlterBetrieb(ort, aufruf);
     const QString datei = ort.journaldatei(betrieb, Stichtag.year());
     if (!sys::Exist(datei)) // the component would tell it and answer 0, and a program would read the figure
-        throw sys::FileError(sys::FileErrorNumber::FileNotFound, u"Der Dateiname "_s + datei + u" existiert nicht!"_s);
+        throw sys::FileError(sys::FileErrorNumber::FileNotFound,
+                             u"Der Dateiname "_s + datei + u" existiert nicht!"_s);
     ort.verwende();
     // Only the carry-forward hands the farm number on. With this key date it finds no year at all.
     const auto lager = lagerverwaltungsdaten(ort, betrieb, QDate(10000, 1, 1));

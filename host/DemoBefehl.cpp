@@ -12,8 +12,10 @@ void zeigeDemohof(const QCommandLineParser& aufruf)
     const Installation ort(aufruf.positionalArguments().constFirst());
     const QString hier = u"In '"_s + ort.verzeichnis() + u"' "_s;
     if (!legeDemohofAn(ort, sys::heute()))
-        return schreibe(stdout, hier + u"gibt es den Betrieb "_s + Demobetrieb + u" schon. Er bleibt, wie er ist."_s);
-    schreibe(stdout, hier + u"liegt jetzt der Demohof, Betrieb "_s + Demobetrieb + u", mit Buchungen bis heute."_s);
+        return schreibe(stdout,
+                        hier + u"gibt es den Betrieb "_s + Demobetrieb + u" schon. Er bleibt, wie er ist."_s);
+    schreibe(stdout,
+             hier + u"liegt jetzt der Demohof, Betrieb "_s + Demobetrieb + u", mit Buchungen bis heute."_s);
 }
 
 } // namespace

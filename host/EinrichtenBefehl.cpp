@@ -28,12 +28,12 @@ void einrichten(const QCommandLineParser& aufruf)
 
 Befehl einrichtenBefehl()
 {
-    return {
-        u"einrichten"_s,
-        u"VERZEICHNIS"_s,
-        u"Legt eine leere Installation an oder ergänzt, was ihr fehlt: den Betrieb, das Jahr. Was es gibt, bleibt."_s,
-        {{u"betrieb"_s, u"Nummer des Betriebes, nur Ziffern."_s, u"NR"_s},
-         {u"jahr"_s, u"Jahr der Lagerdatei, 1900 bis 9999; sonst das heutige."_s, u"JAHR"_s}},
-        {u"betrieb"_s},
-        einrichten};
+    return {u"einrichten"_s,
+            u"VERZEICHNIS"_s,
+            u"Legt eine leere Installation an oder ergänzt, was ihr fehlt: den Betrieb, das Jahr. Was es"
+            u" gibt, bleibt."_s,
+            {{u"betrieb"_s, u"Nummer des Betriebes, nur Ziffern."_s, u"NR"_s},
+             {u"jahr"_s, u"Jahr der Lagerdatei, 1900 bis 9999; sonst das heutige."_s, u"JAHR"_s}},
+            {u"betrieb"_s},
+            einrichten};
 }

@@ -17,8 +17,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Built under a name of its own: an interrupted run leaves no half database that the next one would take for whole, and
-/// two runs at once do not disturb each other.
+/// Built under a name of its own: an interrupted run leaves no half database that the next one would take for
+/// whole, and two runs at once do not disturb each other.
 void legeDatenbankAn(Dateiart art, const QString& datei)
 {
     if (sys::Exist(datei)) return;
@@ -48,8 +48,9 @@ void ergaenzeDateien(const QString& von, const QString& nach)
 void legeVerzeichnisAn(const QString& pfad)
 {
     if (QDir().mkpath(pfad)) return;
-    throw sys::FileError(sys::FileErrorNumber::PathAccess,
-                         u"Das Verzeichnis '"_s + QDir::toNativeSeparators(pfad) + u"' lässt sich nicht anlegen."_s);
+    throw sys::FileError(sys::FileErrorNumber::PathAccess, u"Das Verzeichnis '"_s +
+                                                               QDir::toNativeSeparators(pfad) +
+                                                               u"' lässt sich nicht anlegen."_s);
 }
 
 void legeBerichtsformulareAn(const Installation& ort)
@@ -61,18 +62,21 @@ void legeBerichtsformulareAn(const Installation& ort)
 void bringeVorlageAufStand(const Installation& ort)
 {
     const QString vorlage = vorlagedatei(ort.programm());
-    if (sys::Exist(vorlage)) bringeAufStandWennMoeglich(Dateiart::Lager, vorlage, verbindung(Dateiart::Lager));
+    if (sys::Exist(vorlage))
+        bringeAufStandWennMoeglich(Dateiart::Lager, vorlage, verbindung(Dateiart::Lager));
 }
 
 void richteEin(const Installation& ort, const QString& Betriebsnummer, int jahr)
 {
-    for (const QString& pfad : {ort.programm(), ort.anlagen(), ort.einstellungen(), ort.betriebsordner(Betriebsnummer)})
+    for (const QString& pfad :
+         {ort.programm(), ort.anlagen(), ort.einstellungen(), ort.betriebsordner(Betriebsnummer)})
         legeVerzeichnisAn(pfad);
     const QString vorlage = sys::localPath(vorlagedatei(ort.programm()));
     legeDatenbankAn(Dateiart::Lager, vorlage);
     legeDatenbankAn(Dateiart::Grundstamm, sys::localPath(grundstammdatei(ort.daten())));
     legeDatenbankAn(Dateiart::Anlagen, sys::localPath(anlagendatei(ort.anlagen())));
-    legeDatenbankAn(Dateiart::ZABStammdaten, sys::localPath(stammdatei(ort.programm(), QString::number(jahr))));
+    legeDatenbankAn(Dateiart::ZABStammdaten,
+                    sys::localPath(stammdatei(ort.programm(), QString::number(jahr))));
     legeBerichtsformulareAn(ort);
 
     bringeVorlageAufStand(ort);

@@ -2,16 +2,16 @@
 
 #include "host/Installation.h"
 
-/// Creates what an installation still lacks: directories, template, master data, storage places, report forms,
-/// settings, and of one farm the journal file of one year. What exists is left as it is, and each file appears
-/// complete or not at all. \throws jet::Error, sys::FileError when something cannot be written.
+/// Creates what an installation still lacks: directories, template, master data, storage places, report
+/// forms, settings, and of one farm the journal file of one year. What exists is left as it is, and each file
+/// appears complete or not at all. \throws jet::Error, sys::FileError when something cannot be written.
 void richteEin(const Installation& ort, const QString& Betriebsnummer, int jahr);
 
 /// Brings the template, of which new years are copies, up to date where it can be written. \throws jet::Error
 void bringeVorlageAufStand(const Installation& ort);
 
-/// Brings the report forms that an installation lacks. One that it has stays as it is: the farm's adviser may have changed
-/// it. \throws sys::FileError.
+/// Brings the report forms that an installation lacks. One that it has stays as it is: the farm's adviser may
+/// have changed it. \throws sys::FileError.
 void legeBerichtsformulareAn(const Installation& ort);
 
 /// Makes a directory and those above it where they are missing. \throws sys::FileError.

@@ -26,11 +26,13 @@ void setze(const QString& abschnitt, const QString& wert)
 Installation::Installation(const QString& verzeichnis)
     : m_verzeichnis(QDir::cleanPath(QDir(verzeichnis).absolutePath()))
 {
-    // An empty name is a value that somebody forgot. Below what is no whole path we would write, and delete, elsewhere.
+    // An empty name is a value that somebody forgot. Below what is no whole path we would write, and delete,
+    // elsewhere.
     if (verzeichnis.isEmpty() || !QDir::isAbsolutePath(m_verzeichnis))
-        throw sys::FileError(sys::FileErrorNumber::PathNotFound,
-                             u"Das Verzeichnis '"_s + verzeichnis +
-                                 u"' ist nicht zu finden: Sein Name ist leer, oder das aktuelle gibt es nicht mehr."_s);
+        throw sys::FileError(
+            sys::FileErrorNumber::PathNotFound,
+            u"Das Verzeichnis '"_s + verzeichnis +
+                u"' ist nicht zu finden: Sein Name ist leer, oder das aktuelle gibt es nicht mehr."_s);
 }
 
 QString Installation::unter(const QString& pfad) const
@@ -54,8 +56,9 @@ QStringList Installation::betriebe() const
     for (const QString& ordner : QDir(daten()).entryList({u"B*"_s}, QDir::Dirs)) {
         if (istBetriebsnummer(ordner.mid(1))) nummern.append(ordner.mid(1));
     }
-    std::sort(nummern.begin(), nummern.end(),
-              [](const QString& a, const QString& b) { return a.size() != b.size() ? a.size() < b.size() : a < b; });
+    std::sort(nummern.begin(), nummern.end(), [](const QString& a, const QString& b) {
+        return a.size() != b.size() ? a.size() < b.size() : a < b;
+    });
     nummern.removeDuplicates(); // "b1" beside "B1"
     return nummern;
 }

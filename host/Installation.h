@@ -11,15 +11,20 @@
 ///     einstellungen/  the settings, so that a demo or a test cannot touch a real farm
 class Installation {
 public:
-    /// Nothing is created by naming it. \throws sys::FileError for an empty name, or where no whole path comes of it.
+    /// Nothing is created by naming it. \throws sys::FileError for an empty name, or where no whole path
+    /// comes of it.
     explicit Installation(const QString& verzeichnis);
 
     QString verzeichnis() const { return m_verzeichnis; } ///< Absolute.
-    // Each is found whatever its case: a farm may have been copied from a system that does not tell cases apart.
+    // Each is found whatever its case: a farm may have been copied from a system that does not tell cases
+    // apart.
     QString programm() const { return unter(QStringLiteral("/programm")); }
     QString daten() const { return unter(QStringLiteral("/daten")); }
     QString anlagen() const { return unter(QStringLiteral("/anlagen")); }
-    QString formulare() const { return unter(QStringLiteral("/programm/Report/Lagerverwaltung")); } ///< Report forms.
+    QString formulare() const
+    {
+        return unter(QStringLiteral("/programm/Report/Lagerverwaltung"));
+    } ///< Report forms.
     QString lieferscheinformulare() const
     {
         return unter(QStringLiteral("/programm/Report/Lagerverwaltung/Lieferscheine"));
@@ -29,8 +34,8 @@ public:
     QString journaldatei(const QString& nummer, int jahr) const;
 
     QStringList betriebe() const; ///< Farm numbers that have a folder, ascending.
-    /// Makes the settings below the directory those of this process, and lets them name its directories where they do
-    /// not, as after a move. \throws sys::FileError when they cannot be written.
+    /// Makes the settings below the directory those of this process, and lets them name its directories where
+    /// they do not, as after a move. \throws sys::FileError when they cannot be written.
     void verwende() const;
 
 private:

@@ -23,15 +23,16 @@ IZablager& ladeBibliothek()
     if (!zablager) {
         const bool fehlt = !sys::Exist(pfad);
         throw sys::FileError(fehlt ? sys::FileErrorNumber::FileNotFound : sys::FileErrorNumber::PathAccess,
-                             u"Die Bibliothek '"_s + pfad + (fehlt ? u"' fehlt."_s : u"' lässt sich nicht laden."_s));
+                             u"Die Bibliothek '"_s + pfad +
+                                 (fehlt ? u"' fehlt."_s : u"' lässt sich nicht laden."_s));
     }
     return *zablager;
 }
 
 } // namespace
 
-std::unique_ptr<_Lagerverwaltungsdaten> lagerverwaltungsdaten(const Installation& ort, const QString& Betriebsnummer,
-                                                              QDate Stichdatum)
+std::unique_ptr<_Lagerverwaltungsdaten> lagerverwaltungsdaten(const Installation& ort,
+                                                              const QString& Betriebsnummer, QDate Stichdatum)
 {
     IZablager& zablager = ladeBibliothek();
     zablager.setzeMeldungen(&sys::messages());

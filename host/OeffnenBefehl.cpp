@@ -17,8 +17,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Stands in for the user of a screen that is only pictured: saves the picture and closes the screen. A message that comes
-/// before is kept, and answered so that nothing goes on.
+/// Stands in for the user of a screen that is only pictured: saves the picture and closes the screen. A
+/// message that comes before is kept, and answered so that nothing goes on.
 class Bildschirmfoto : public QObject {
 public:
     explicit Bildschirmfoto(const QString& datei) : m_datei(datei) { startTimer(Takt); }
@@ -31,7 +31,8 @@ private:
     {
         QWidget* const fenster = QApplication::activeModalWidget();
         if (!fenster || !fenster->isVisible()) return;
-        // Answered behind this event: a box that the answer raises would wait in it, and no timer fires within itself.
+        // Answered behind this event: a box that the answer raises would wait in it, and no timer fires
+        // within itself.
         if (auto* const meldung = qobject_cast<QMessageBox*>(fenster)) {
             if (m_stoerung.isEmpty()) m_stoerung = meldung->text(); // the first is the cause of what follows
             QAbstractButton* const knopf = meldung->buttons().constFirst();
@@ -48,8 +49,8 @@ private:
     QString m_stoerung;
 };
 
-/// Makes a copy of the settings in use those of this process: what a pictured screen remembers, such as the size of its
-/// window, must not replace what the user left.
+/// Makes a copy of the settings in use those of this process: what a pictured screen remembers, such as the
+/// size of its window, must not replace what the user left.
 class Einstellungskopie {
 public:
     Einstellungskopie()
@@ -66,7 +67,8 @@ private:
     QTemporaryDir m_ordner;
 };
 
-/// The text of a box as an error, with the number that the box gives: it is the component's, which has told its user.
+/// The text of a box as an error, with the number that the box gives: it is the component's, which has told
+/// its user.
 [[noreturn]] void wirfStoerung(const QString& text)
 {
     static const QRegularExpression nummer(u"Fehler: (\\d+) "_s);
@@ -78,7 +80,8 @@ private:
 void oeffne(const QCommandLineParser& aufruf)
 {
     const Installation ort(aufruf.positionalArguments().constFirst());
-    const QDate Stichdatum = aufruf.isSet(u"stichdatum"_s) ? datum(aufruf.value(u"stichdatum"_s)) : sys::heute();
+    const QDate Stichdatum =
+        aufruf.isSet(u"stichdatum"_s) ? datum(aufruf.value(u"stichdatum"_s)) : sys::heute();
     const QString betrieb = gewaehlterBetrieb(ort, aufruf);
     ort.verwende();
     bringeVorlageAufStand(ort);

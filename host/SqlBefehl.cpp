@@ -25,7 +25,8 @@ using Schreiber = void (*)(QTextStream&, jet::Recordset&);
 
 jet::Error mitStelle(const jet::Error& fehler, const Stelle& stelle)
 {
-    QString text = u"Anweisung "_s + QString::number(stelle.anweisung) + u", Zeile "_s + QString::number(stelle.zeile);
+    QString text =
+        u"Anweisung "_s + QString::number(stelle.anweisung) + u", Zeile "_s + QString::number(stelle.zeile);
     if (fehler.position() >= 0) text += u", Zeichen "_s + QString::number(fehler.position() + 1);
     return jet::Error(fehler.number(), text + u": "_s + fehler.text(), fehler.position());
 }
@@ -43,9 +44,11 @@ void fuehreAus(jet::Database& datenbank, const QString& text, QTextStream& ausga
 
 QString alsText(const std::string& zeile)
 {
-    QStringDecoder utf8(QStringDecoder::Utf8, QStringConverter::Flag::Stateless); // half a character is an error too
+    QStringDecoder utf8(QStringDecoder::Utf8,
+                        QStringConverter::Flag::Stateless); // half a character is an error too
     QString text = utf8(QByteArrayView(zeile));
-    if (utf8.hasError()) throw jet::Error(jet::ErrorNumber::ConversionFailed, u"Die Zeile ist kein gültiges UTF-8."_s);
+    if (utf8.hasError())
+        throw jet::Error(jet::ErrorNumber::ConversionFailed, u"Die Zeile ist kein gültiges UTF-8."_s);
     return text;
 }
 
@@ -82,11 +85,12 @@ void fuehreSqlAus(const QCommandLineParser& aufruf)
 
 Befehl sqlBefehl()
 {
-    return {u"sql"_s,
-            u"DATEI"_s,
-            u"Führt die Anweisungen der Standardeingabe aus, eine je Zeile, und zeigt die Zeilen der Abfragen."_s,
-            {{u"json"_s, u"Je Zeile ein JSON-Objekt; sonst Spalten mit Tabulator und Kopfzeile, NULL leer."_s},
-             {u"kennwort"_s, u"Kennwort der Datenbank."_s, u"PW"_s}},
-            {},
-            fuehreSqlAus};
+    return {
+        u"sql"_s,
+        u"DATEI"_s,
+        u"Führt die Anweisungen der Standardeingabe aus, eine je Zeile, und zeigt die Zeilen der Abfragen."_s,
+        {{u"json"_s, u"Je Zeile ein JSON-Objekt; sonst Spalten mit Tabulator und Kopfzeile, NULL leer."_s},
+         {u"kennwort"_s, u"Kennwort der Datenbank."_s, u"PW"_s}},
+        {},
+        fuehreSqlAus};
 }

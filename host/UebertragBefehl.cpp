@@ -60,10 +60,11 @@ void uebertrage(const QCommandLineParser& aufruf)
 
 Befehl uebertragBefehl()
 {
-    return {u"uebertrag"_s,
-            u"VERZEICHNIS"_s,
-            u"Schreibt die Bestände von Jahr zu Jahr weiter."_s,
-            {betriebOption(), {u"ab"_s, u"Erstes Jahr, dessen Bestände weitergeschrieben werden."_s, u"JAHR"_s}},
-            {u"ab"_s},
-            uebertrage};
+    return {
+        u"uebertrag"_s,
+        u"VERZEICHNIS"_s,
+        u"Schreibt die Bestände von Jahr zu Jahr weiter."_s,
+        {betriebOption(), {u"ab"_s, u"Erstes Jahr, dessen Bestände weitergeschrieben werden."_s, u"JAHR"_s}},
+        {u"ab"_s},
+        uebertrage};
 }

@@ -35,19 +35,22 @@ void zeigeUebersicht(const std::vector<Befehl>& befehle)
     schreibe(stdout, u"Lagerhaltung auf der Kommandozeile.\n"_s);
     for (const Befehl& befehl : befehle)
         schreibe(stdout, aufrufForm(befehl) + u"\n    "_s + befehl.beschreibung);
-    schreibe(stdout,
-             u"zablager --version\n    Zeigt die Version.\n\nOptionen eines Befehls: zablager BEFEHL --hilfe"_s);
+    schreibe(
+        stdout,
+        u"zablager --version\n    Zeigt die Version.\n\nOptionen eines Befehls: zablager BEFEHL --hilfe"_s);
 }
 
 /// Qt's own first line names no option.
 void zeigeHilfe(const Befehl& befehl, const QCommandLineParser& aufruf)
 {
-    schreibe(stdout, u"Aufruf: "_s + aufrufForm(befehl) + u'\n' + aufruf.helpText().section(u'\n', 1).trimmed());
+    schreibe(stdout,
+             u"Aufruf: "_s + aufrufForm(befehl) + u'\n' + aufruf.helpText().section(u'\n', 1).trimmed());
 }
 
 const Befehl& gewaehlt(const std::vector<Befehl>& befehle, const QString& name)
 {
-    const auto befehl = std::find_if(befehle.begin(), befehle.end(), [&](const Befehl& b) { return b.name == name; });
+    const auto befehl =
+        std::find_if(befehle.begin(), befehle.end(), [&](const Befehl& b) { return b.name == name; });
     if (befehl == befehle.end()) throw Aufruffehler(u"Den Befehl '"_s + name + u"' gibt es nicht."_s);
     return *befehl;
 }
@@ -89,8 +92,9 @@ std::unique_ptr<QCoreApplication> anwendung(int& argc, char** argv)
 {
     const QString name = argc > 1 ? QString::fromLocal8Bit(argv[1]) : QString();
     const std::vector<Befehl> befehle = alleBefehle();
-    const bool zeigt = std::any_of(befehle.begin(), befehle.end(),
-                                   [&](const Befehl& befehl) { return befehl.name == name && befehl.zeigtFenster; });
+    const bool zeigt = std::any_of(befehle.begin(), befehle.end(), [&](const Befehl& befehl) {
+        return befehl.name == name && befehl.zeigtFenster;
+    });
     if (zeigt && sys::hasDisplay(argc, argv)) {
         QGuiApplication::setDesktopFileName(u"zablager"_s); // the desktop finds icon and name by it
         return std::make_unique<QApplication>(argc, argv);
@@ -98,18 +102,19 @@ std::unique_ptr<QCoreApplication> anwendung(int& argc, char** argv)
     return std::make_unique<QCoreApplication>(argc, argv);
 }
 
-/// The reason of a refusal, on standard error, and in a box where nobody would read it there. Whoever wants a picture is a
-/// program, which no box may hold up.
+/// The reason of a refusal, on standard error, and in a box where nobody would read it there. Whoever wants a
+/// picture is a program, which no box may hold up.
 void melde(const QString& grund, const QString& hilfe)
 {
     schreibe(stderr, grund + hilfe);
     const QStringList worte = QCoreApplication::arguments();
     const bool nurBild = !worte.filter(u"--bild"_s).isEmpty();
     if (nurBild || sys::hasTerminal() || !qobject_cast<QApplication*>(QCoreApplication::instance())) return;
-    QMessageBox meldung(QMessageBox::Critical, u"Lagerverwaltung"_s,
-                        grund + u"\n\nAufgerufen wurde: zablager "_s + worte.mid(1).join(u' ') +
-                            u"\n\nSo steht es im Menüeintrag zablager.desktop. Eine Kopie davon kann ein anderes"
-                            u" Verzeichnis nennen, oder mit --betrieb NR einen Betrieb."_s);
+    QMessageBox meldung(
+        QMessageBox::Critical, u"Lagerverwaltung"_s,
+        grund + u"\n\nAufgerufen wurde: zablager "_s + worte.mid(1).join(u' ') +
+            u"\n\nSo steht es im Menüeintrag zablager.desktop. Eine Kopie davon kann ein anderes"
+            u" Verzeichnis nennen, oder mit --betrieb NR einen Betrieb."_s);
     meldung.setTextFormat(Qt::PlainText);
     meldung.exec();
 }

@@ -6,7 +6,8 @@
 #include "platform/controls/Wiring.h"
 #include "platform/system/ErrorReport.h"
 
-Artikelwahl::Artikelwahl(const Felder& felder, const Folgen& folgen, QObject* maske) : QObject(maske), m_felder(felder)
+Artikelwahl::Artikelwahl(const Felder& felder, const Folgen& folgen, QObject* maske)
+    : QObject(maske), m_felder(felder)
 {
     felder.lblArtikel.setBuddy(felder.drpArtikel);
     verbindeArtikel(felder.drpArtikel, felder.Artikelauswahl);
@@ -15,7 +16,8 @@ Artikelwahl::Artikelwahl(const Felder& felder, const Folgen& folgen, QObject* ma
         sys::underErrorReport({[this] { lade(); }, folgen.art, folgen.artikel});
     });
     verdrahte(&felder.lblArtikel, &ClickLabel::Click, this, [this] {
-        ladeArtikelstamm(m_felder.Artikelauswahl, m_felder.drpArtikel, m_etikettOhneArt ? QString() : Artikelart());
+        ladeArtikelstamm(m_felder.Artikelauswahl, m_felder.drpArtikel,
+                         m_etikettOhneArt ? QString() : Artikelart());
     });
     verdrahte(&felder.chkVorhanden, &CheckBox::Click, this, [this, folgen] {
         if (m_fuehrtHaken) return lade();
@@ -28,9 +30,10 @@ void Artikelwahl::verdrahteArtikel(const Folgen& folgen)
 {
     DataCombo& drpArtikel = m_felder.drpArtikel;
     verdrahte(&drpArtikel, &DataCombo::DropDown, this, [this] { lade(); });
-    verdrahte(&drpArtikel, &DataCombo::GotFocus, this, [this] { // once: a year of a million rows takes half a second
-        if (Artikelart().isEmpty() && !m_felder.Artikelauswahl.isOpen()) lade();
-    });
+    verdrahte(&drpArtikel, &DataCombo::GotFocus, this,
+              [this] { // once: a year of a million rows takes half a second
+                  if (Artikelart().isEmpty() && !m_felder.Artikelauswahl.isOpen()) lade();
+              });
     const auto folgeArtikel = [this, folgen] { // who begins with the article need not choose its kind
         if (!uebernimmArtikelart(m_felder.drpGruppe, m_felder.drpArtikel)) return;
         lade();

@@ -10,7 +10,8 @@
 
 class ClickLabel;
 
-/// Kind and article of a mask, or of one of its sides: what is offered, reading it again, and the check on leaving.
+/// Kind and article of a mask, or of one of its sides: what is offered, reading it again, and the check on
+/// leaving.
 class Artikelwahl : public QObject {
 public:
     struct Felder {
@@ -20,7 +21,8 @@ public:
         ClickLabel& lblArtikel;
         DataControl& Artikelauswahl;
     };
-    /// What follows when the user has chosen another kind, which may be that of an article, or another article.
+    /// What follows when the user has chosen another kind, which may be that of an article, or another
+    /// article.
     struct Folgen {
         std::function<void()> art, artikel;
     };
@@ -38,16 +40,17 @@ public:
     bool istUnveraendert() const; ///< The article is still that row's; without one: empty.
 
     void lade(); ///< Reads what is offered again.
-    /// The same when a mask opens, whatever stands there stays. What is offered without a kind is read when somebody comes
-    /// for it.
+    /// The same when a mask opens, whatever stands there stays. What is offered without a kind is read when
+    /// somebody comes for it.
     void oeffne();
 
-    /// The tick shows what is offered, and goes with the kinds for which there is nothing to tick; the transfer mask's is the
-    /// user's alone.
+    /// The tick shows what is offered, and goes with the kinds for which there is nothing to tick; the
+    /// transfer mask's is the user's alone.
     void fuehreHaken() { m_fuehrtHaken = true; }
     void zeigeHaken();
-    /// The click on the label looks for the kind in a field that the combo does not have and that is always empty: the list
-    /// is only read again. Kept on the receiving side of a transfer, as the list that stands there is the right one.
+    /// The click on the label looks for the kind in a field that the combo does not have and that is always
+    /// empty: the list is only read again. Kept on the receiving side of a transfer, as the list that stands
+    /// there is the right one.
     void etikettOhneArt() { m_etikettOhneArt = true; }
 
 private:

@@ -29,7 +29,8 @@ DataControl* listenquelle(const QString& name, QObject& maske)
 
 Einzelbuchung::Einzelbuchung(const Felder& felder, const Artikelwahl::Folgen& folgen, Maskenfenster& maske,
                              std::initializer_list<QWidget*> anfaenge)
-    : QObject(&maske), m_felder(felder), m_maske(maske), m_lagerauswahl(listenquelle(u"Lagerauswahl"_s, maske)),
+    : QObject(&maske), m_felder(felder), m_maske(maske),
+      m_lagerauswahl(listenquelle(u"Lagerauswahl"_s, maske)),
       m_artikelauswahl(listenquelle(u"Artikelauswahl"_s, maske))
 {
     Maskenkopf& kopf = felder.kopf;
@@ -44,7 +45,8 @@ Einzelbuchung::Einzelbuchung(const Felder& felder, const Artikelwahl::Folgen& fo
     m_ort = new Lagerortwahl({*kopf.drpLagerort, *kopf.lblLagerort, *kopf.lblLagername, *m_lagerauswahl},
                              folgen.artikel, this);
     m_artikel = new Artikelwahl(
-        {*kopf.drpGruppe, *kopf.drpArtikel, *kopf.chkVorhanden, *kopf.lblArtikel, *m_artikelauswahl}, folgen, this);
+        {*kopf.drpGruppe, *kopf.drpArtikel, *kopf.chkVorhanden, *kopf.lblArtikel, *m_artikelauswahl}, folgen,
+        this);
     m_artikel->fuehreHaken();
     verdrahte(kopf.Buchdatum, &DateCombo::Change, this, folgen.artikel);
     begrenze(felder.txtEinheit, u"Einheit"_s, 15);
@@ -80,7 +82,8 @@ void Einzelbuchung::bereiteVor() const
 void Einzelbuchung::zeigeErstesLeeresFeld()
 {
     const Maskenkopf& kopf = m_felder.kopf;
-    for (ComboField* feld : std::initializer_list<ComboField*>{kopf.drpLagerort, kopf.drpGruppe, kopf.drpArtikel})
+    for (ComboField* feld :
+         std::initializer_list<ComboField*>{kopf.drpLagerort, kopf.drpGruppe, kopf.drpArtikel})
         if (feld->Text().isEmpty()) return feld->setFocus();
     focusWhole(m_felder.txtMenge);
 }
@@ -131,7 +134,8 @@ bool Einzelbuchung::pruefe()
 void Einzelbuchung::merke() const
 {
     const CheckBox& haken = *m_felder.kopf.chkVorhanden;
-    if (haken.isVisible()) sys::SaveSetting(Abschnitt, u"NurVorhandenAnzeigen"_s, QString::number(haken.Value()));
+    if (haken.isVisible())
+        sys::SaveSetting(Abschnitt, u"NurVorhandenAnzeigen"_s, QString::number(haken.Value()));
 }
 
 void Einzelbuchung::positioniere() const

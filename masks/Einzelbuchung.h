@@ -12,7 +12,8 @@ class Maskenfuss;
 class Maskenkopf;
 class TextBox;
 
-/// What the masks for bookings at one place share: the fields that each of their rows has, from the day to the comment.
+/// What the masks for bookings at one place share: the fields that each of their rows has, from the day to
+/// the comment.
 class Einzelbuchung : public QObject {
 public:
     struct Felder {
@@ -22,7 +23,8 @@ public:
         TextBox& txtEinheit;
         AmpelLED& Ampel;
     };
-    /// What follows for another article follows for another place or day, too. `anfaenge`: what the mask's own groups begin with, between quantity and comment.
+    /// What follows for another article follows for another place or day, too. `anfaenge`: what the mask's
+    /// own groups begin with, between quantity and comment.
     Einzelbuchung(const Felder& felder, const Artikelwahl::Folgen& folgen, Maskenfenster& maske,
                   std::initializer_list<QWidget*> anfaenge = {});
 

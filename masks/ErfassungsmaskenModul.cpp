@@ -33,7 +33,8 @@ QString gebuchteArtikel(const QString& Artikelart)
 {
     const auto journal = oeffneJournaldatei();
     const auto zeilen = journal->OpenRecordset(
-        u"SELECT DISTINCT ARTIKEL FROM LAGERJOURNAL WHERE ARTIKELART = '"_s + Artikelart + u"'"_s, jet::Kind::Snapshot);
+        u"SELECT DISTINCT ARTIKEL FROM LAGERJOURNAL WHERE ARTIKELART = '"_s + Artikelart + u"'"_s,
+        jet::Kind::Snapshot);
     QString liste;
     for (; !zeilen->Eof(); zeilen->MoveNext()) {
         if (!liste.isEmpty()) liste += u',';
@@ -54,8 +55,9 @@ void stelleAufLagerorte(DataControl& daten)
 {
     daten.setDatabaseName(anlagendatei(modulzustand().Anlagenverzeichnis));
     daten.setConnect(verbindung(Dateiart::Anlagen));
-    daten.setRecordSource(u"Select * From Objekte where (Objektart = 'Lager' Or Objektart = 'Düngersammelstelle')"
-                          u"  AND Anzeigen=True order by Name"_s);
+    daten.setRecordSource(
+        u"Select * From Objekte where (Objektart = 'Lager' Or Objektart = 'Düngersammelstelle')"
+        u"  AND Anzeigen=True order by Name"_s);
 }
 
 void stelleAufJournal(DataControl& daten)
@@ -76,9 +78,10 @@ void zeigeArtikel(DataControl& Artikelauswahl, DataCombo& drpArtikel)
 void ladeEindeutigeArtikel(DataControl& Artikelauswahl, DataCombo& drpArtikel)
 {
     stelleAufJournal(Artikelauswahl);
-    Artikelauswahl.setRecordSource(u"SELECT ARTIKEL AS NAME, First(LAGERJOURNAL.EINHEIT) AS EINHEIT FROM LAGERJOURNAL"
-                                   u" WHERE ARTIKELART > '' GROUP BY ARTIKEL HAVING Min(ARTIKELART) = Max(ARTIKELART)"
-                                   u" ORDER BY ARTIKEL"_s);
+    Artikelauswahl.setRecordSource(
+        u"SELECT ARTIKEL AS NAME, First(LAGERJOURNAL.EINHEIT) AS EINHEIT FROM LAGERJOURNAL"
+        u" WHERE ARTIKELART > '' GROUP BY ARTIKEL HAVING Min(ARTIKELART) = Max(ARTIKELART)"
+        u" ORDER BY ARTIKEL"_s);
     zeigeArtikel(Artikelauswahl, drpArtikel);
 }
 
@@ -109,7 +112,8 @@ void verbindeArtikel(DataCombo& combo, DataControl& Artikelauswahl)
     combo.setDataSource(Artikelauswahl);
 }
 
-void ladeArtikel(DataControl& Artikelauswahl, DataCombo& drpArtikel, const QString& Artikelart, bool& nurVorhandene)
+void ladeArtikel(DataControl& Artikelauswahl, DataCombo& drpArtikel, const QString& Artikelart,
+                 bool& nurVorhandene)
 {
     if (Artikelart.isEmpty()) return ladeEindeutigeArtikel(Artikelauswahl, drpArtikel);
     if (Artikelart == PflanzlicheErzeugnisse) nurVorhandene = true;
@@ -117,8 +121,8 @@ void ladeArtikel(DataControl& Artikelauswahl, DataCombo& drpArtikel, const QStri
     if (!nurVorhandene || gebuchte.isEmpty()) return ladeArtikelstamm(Artikelauswahl, drpArtikel, Artikelart);
     stelleAufJournal(Artikelauswahl);
     Artikelauswahl.setRecordSource(
-        u"SELECT DISTINCT ARTIKEL AS NAME, EINHEIT, PREISFAKTOR FROM LAGERJOURNAL WHERE ARTIKELART = '"_s + Artikelart +
-        u"' AND ARTIKEL IN ("_s + gebuchte + u')');
+        u"SELECT DISTINCT ARTIKEL AS NAME, EINHEIT, PREISFAKTOR FROM LAGERJOURNAL WHERE ARTIKELART = '"_s +
+        Artikelart + u"' AND ARTIKEL IN ("_s + gebuchte + u')');
     zeigeArtikel(Artikelauswahl, drpArtikel);
 }
 
@@ -137,7 +141,8 @@ bool uebernimmArtikelart(ComboBox& drpGruppe, const DataCombo& drpArtikel)
     if (!drpGruppe.Text().isEmpty() || artikel.isEmpty()) return false;
     const auto journal = oeffneJournaldatei();
     const auto arten = journal->OpenRecordset(
-        u"SELECT Min(ARTIKELART) AS Erste, Max(ARTIKELART) AS Letzte FROM LAGERJOURNAL WHERE LCASE(TRIM(ARTIKEL)) = '"_s +
+        u"SELECT Min(ARTIKELART) AS Erste, Max(ARTIKELART) AS Letzte FROM LAGERJOURNAL WHERE"
+        u" LCASE(TRIM(ARTIKEL)) = '"_s +
             artikel + u"' AND ARTIKELART > ''"_s,
         jet::Kind::Snapshot);
     const QString erste = (*arten)[u"Erste"].toText();
@@ -173,7 +178,8 @@ bool pruefeEintrag(DataCombo& combo, DataControl& daten, const QString& feld)
     return true;
 }
 
-bool darfArtikelVerlassen(DataCombo& drpArtikel, DataControl& Artikelauswahl, const std::function<void()>& fuelle)
+bool darfArtikelVerlassen(DataCombo& drpArtikel, DataControl& Artikelauswahl,
+                          const std::function<void()>& fuelle)
 {
     bool gelistet = true;
     const bool unveraendert = !drpArtikel.Tag().isEmpty() && drpArtikel.Text() == drpArtikel.Tag();
@@ -186,17 +192,18 @@ bool darfArtikelVerlassen(DataCombo& drpArtikel, DataControl& Artikelauswahl, co
         },
     });
     if (!gelistet)
-        sys::critical(u"Bitte tragen Sie eine gültigen Artikel ein oder wählen Sie eineb Artikel aus !"_s); // sic
+        sys::critical(
+            u"Bitte tragen Sie eine gültigen Artikel ein oder wählen Sie eineb Artikel aus !"_s); // sic
     return gelistet;
 }
 
 QDate vorgabedatum(const QString& Buchungsart)
 {
     const auto journal = oeffneJournaldatei();
-    const auto letzte =
-        journal->OpenRecordset(u"SELECT DATUM FROM Lagerjournal WHERE BUCHUNGSART = '"_s + Buchungsart +
-                                   u"' AND YEAR(DATUM) = "_s + modulzustand().Jahr + u" ORDER BY DATUM DESC"_s,
-                               jet::Kind::Dynaset);
+    const auto letzte = journal->OpenRecordset(u"SELECT DATUM FROM Lagerjournal WHERE BUCHUNGSART = '"_s +
+                                                   Buchungsart + u"' AND YEAR(DATUM) = "_s +
+                                                   modulzustand().Jahr + u" ORDER BY DATUM DESC"_s,
+                                               jet::Kind::Dynaset);
     if (!letzte->Eof()) return (*letzte)[u"DATUM"].toDate();
     const int jahr = modulzustand().Jahr.toInt();
     return sys::heute().year() == jahr ? sys::heute() : QDate(jahr, 12, 31);
@@ -209,7 +216,8 @@ void bereiteMaskeVor(const Maskenfelder& maske)
     const int jahr = modulzustand().Jahr.toInt();
     maske.Buchdatum.setMinDate(QDate(jahr, 1, 1));
     maske.Buchdatum.setMaxDate(QDate(jahr, 12, 31));
-    if (!modulzustand().Aenderungsmodus) return maske.Buchdatum.setDate(vorgabedatum(modulzustand().AktBuchungsart));
+    if (!modulzustand().Aenderungsmodus)
+        return maske.Buchdatum.setDate(vorgabedatum(modulzustand().AktBuchungsart));
     // Only one booking is changed: the button that ends the mask takes the place of the one that goes on.
     maske.naechster.hide();
     QFont fett = maske.beenden.font();
@@ -217,8 +225,8 @@ void bereiteMaskeVor(const Maskenfelder& maske)
     maske.beenden.setFont(fett);
 }
 
-/// The second bound was never given a day and counts as day zero, so no day lies before it: the date stays as it is. Kept,
-/// as users know the button so.
+/// The second bound was never given a day and counts as day zero, so no day lies before it: the date stays as
+/// it is. Kept, as users know the button so.
 void stelleAufHeute(DateCombo& Buchdatum)
 {
     const QDate letzterTag = nulldatum();
@@ -267,7 +275,8 @@ bool pruefeOrtUndArtikel(DataCombo& drpLagerort, ComboBox& drpGruppe, DataCombo&
         return fehlt(drpLagerort, u"Bitte wählen Sie einen Lagerort aus !"_s);
     if (!sys::trimBlanks(drpArtikel.Text()).isEmpty()) return true;
     const bool ohneArt = sys::trimBlanks(drpGruppe.Text()).isEmpty();
-    return fehlt(ohneArt ? static_cast<QWidget&>(drpGruppe) : drpArtikel, u"Bitte wählen Sie einen Artikel aus !"_s);
+    return fehlt(ohneArt ? static_cast<QWidget&>(drpGruppe) : drpArtikel,
+                 u"Bitte wählen Sie einen Artikel aus !"_s);
 }
 
 bool pruefeEingabe(const Maskenfelder& maske)

@@ -22,8 +22,9 @@ LAKorrekturForm::LAKorrekturForm(const Hauptansicht& haupt, QWidget* parent)
     m_buchung = new Einzelbuchung({*ui->Kopf, *ui->Fuss, *ui->txtMenge, *ui->txtEinheit, *ui->Ampel},
                                   {[] {}, [this] { FelderFullen(); }}, *this);
     new Speicherweg(*this, *ui->Fuss,
-                    {[this] { return darfSpeichern(); }, [this] { m_buchung->merke(); }, [this] { schreibe(); },
-                     [this] { m_buchung->positioniere(); }, [this] { leereFuerNaechste(); }});
+                    {[this] { return darfSpeichern(); }, [this] { m_buchung->merke(); },
+                     [this] { schreibe(); }, [this] { m_buchung->positioniere(); },
+                     [this] { leereFuerNaechste(); }});
     verdrahte(ui->txtMenge, &NumberEdit::Change, this, &LAKorrekturForm::txtMenge_Change);
     // A 0 over the 0, too. A field that was emptied shows a 0 that nobody has counted.
     verdrahte(ui->txtMenge, &QLineEdit::textEdited, this,
@@ -85,7 +86,8 @@ void LAKorrekturForm::zeigeBisher()
     m_bisher = Bisher::Bekannt;
 }
 
-/// The count of this place less the stock of all places has no meaning of its own; it is shown and not booked.
+/// The count of this place less the stock of all places has no meaning of its own; it is shown and not
+/// booked.
 void LAKorrekturForm::berechneDifferenz()
 {
     ui->txtNeu->setValue(ui->txtMenge->Value() - ui->txtBisher->Value());
@@ -95,7 +97,9 @@ void LAKorrekturForm::berechneDifferenz()
 void LAKorrekturForm::ermittleEinheit()
 {
     const QString artikel = vergleichsform(m_buchung->artikel().Artikel());
-    const auto uebernimm = [this](const jet::Recordset& zeile) { ui->txtEinheit->setText(zeile[u"Einheit"].toText()); };
+    const auto uebernimm = [this](const jet::Recordset& zeile) {
+        ui->txtEinheit->setText(zeile[u"Einheit"].toText());
+    };
     const auto journal = oeffneJournaldatei();
     const auto letzte = journal->OpenRecordset(
         u"SELECT Preis, Einheit, Preisfaktor FROM LAGERJOURNAL WHERE Trim(lcase(ARTIKEL)) = '"_s + artikel +
@@ -114,8 +118,9 @@ void LAKorrekturForm::txtMenge_Change()
     AmpelEinstellen();
 }
 
-/// A count has no difference to a stock that could not be looked up, or that was not looked up since the last save: that
-/// is done now, and reported when it fails. The 0 of a new count that nobody has typed would book the whole stock away.
+/// A count has no difference to a stock that could not be looked up, or that was not looked up since the last
+/// save: that is done now, and reported when it fails. The 0 of a new count that nobody has typed would book
+/// the whole stock away.
 bool LAKorrekturForm::darfSpeichern()
 {
     if (m_bisher == Bisher::Unbekannt && aendert() && !m_gezaehlt)
@@ -137,7 +142,8 @@ void LAKorrekturForm::schreibe()
 
 void LAKorrekturForm::leereFuerNaechste()
 {
-    for (NumberEdit* zahlfeld : {ui->txtMenge, ui->txtBisher, ui->txtBisherGesamt, ui->txtNeu, ui->txtNeuGesamt})
+    for (NumberEdit* zahlfeld :
+         {ui->txtMenge, ui->txtBisher, ui->txtBisherGesamt, ui->txtNeu, ui->txtNeuGesamt})
         zahlfeld->setValue(0);
     m_bisher = Bisher::Geleert;
     m_gezaehlt = false;

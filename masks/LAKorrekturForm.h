@@ -11,7 +11,8 @@ namespace Ui {
 class LAKorrekturForm;
 }
 
-/// The mask for a count: the user enters the stock that is there, the difference to the booked one becomes a row.
+/// The mask for a count: the user enters the stock that is there, the difference to the booked one becomes a
+/// row.
 class LAKorrekturForm final : public Maskenfenster {
     Q_OBJECT
 
@@ -23,7 +24,8 @@ public:
     void FelderFullen();    ///< Computes the figures for article and place.
 
 private:
-    /// What the stocks show: what the journal has, or 0 after "Speichern und &nächster" or after a look-up that failed.
+    /// What the stocks show: what the journal has, or 0 after "Speichern und &nächster" or after a look-up
+    /// that failed.
     enum class Bisher { Bekannt, Geleert, Unbekannt };
 
     void Form_Load();

@@ -43,8 +43,8 @@ const Buchungsart& gewaehlteArt()
 } // namespace
 
 LAZukaufForm::LAZukaufForm(const Hauptansicht& haupt, QWidget* parent)
-    : Maskenfenster(haupt, parent), ui(std::make_unique<Ui::LAZukaufForm>()), m_art(gewaehlteArt()), m_bild(m_art.bild),
-      m_handlerDaten(new DataControl(this))
+    : Maskenfenster(haupt, parent), ui(std::make_unique<Ui::LAZukaufForm>()), m_art(gewaehlteArt()),
+      m_bild(m_art.bild), m_handlerDaten(new DataControl(this))
 {
     ui->setupUi(this);
     richteFelderEin();
@@ -54,8 +54,9 @@ LAZukaufForm::LAZukaufForm(const Hauptansicht& haupt, QWidget* parent)
                                   {[this] { Ansichteinstellen(); }, [this] { FelderFullen(); }}, *this,
                                   {ui->txtPreis, ui->stHandler});
     new Speicherweg(*this, *ui->Fuss,
-                    {[this] { return darfSpeichern(); }, [this] { merkeEinstellungen(); }, [this] { schreibe(); },
-                     [this] { m_buchung->positioniere(); }, [this] { leereFuerNaechste(); }});
+                    {[this] { return darfSpeichern(); }, [this] { merkeEinstellungen(); },
+                     [this] { schreibe(); }, [this] { m_buchung->positioniere(); },
+                     [this] { leereFuerNaechste(); }});
     verdrahteFelder();
     Form_Load();
 }
@@ -85,8 +86,8 @@ void LAZukaufForm::ordneAn()
 {
     for (QWidget* merkmal : std::initializer_list<QWidget*>{ui->frmBeizung, ui->chkBiologisch})
         behaeltPlatz(*merkmal);
-    const int feldspalte = richteAus(
-        {ui->Kopf->Kopf, ui->Mengenzeile, ui->Preise, ui->Partnerzeile, ui->Bestaende, ui->Fuss->Kommentarzeile});
+    const int feldspalte = richteAus({ui->Kopf->Kopf, ui->Mengenzeile, ui->Preise, ui->Partnerzeile,
+                                      ui->Bestaende, ui->Fuss->Kommentarzeile});
     if (m_bild.mitPreis) return;
     // Both stand under the fields, the tick first: it is there for more kinds of articles.
     ui->Mitte->setContentsMargins(feldspalte, 0, 0, 0);
@@ -114,7 +115,10 @@ void LAZukaufForm::Form_Load()
 {
     sys::underErrorReport({
         [this] { m_buchung->oeffne(); },
-        [this] { ui->chkBiologisch->setValue(sys::GetSetting(u"Lagerverwaltung"_s, u"BioZukauf"_s, u"0"_s).toInt()); },
+        [this] {
+            ui->chkBiologisch->setValue(
+                sys::GetSetting(u"Lagerverwaltung"_s, u"BioZukauf"_s, u"0"_s).toInt());
+        },
         [this] { passeAn(); },
         [this] {
             if (aendert()) uebernimmZeile();
@@ -165,7 +169,8 @@ void LAZukaufForm::AmpelEinstellen()
 void LAZukaufForm::Ansichteinstellen()
 {
     const QString art = m_buchung->artikel().Artikelart();
-    const bool ohneBeizung = art == u"Wirtschaftsdünger" || art == PflanzlicheErzeugnisse || art == u"Futtermittel";
+    const bool ohneBeizung =
+        art == u"Wirtschaftsdünger" || art == PflanzlicheErzeugnisse || art == u"Futtermittel";
     const bool saatgut = art == u"Saatgut/Sorten" || art == u"Zwischenfruchtsaatgut";
     ui->chkBiologisch->setVisible(ohneBeizung || saatgut);
     // Of other kinds the dressing shows all the same while the hidden tick is clear: users know the mask so.
@@ -294,8 +299,8 @@ void LAZukaufForm::leereFuerNaechste()
 {
     m_buchung->artikel().setArtikel({});
     m_bepreisterArtikel.clear();
-    for (NumberEdit* zahlfeld :
-         {ui->txtMenge, ui->txtBisher, ui->txtBisherGesamt, ui->txtNeu, ui->txtNeuGesamt, ui->txtPreis, ui->txtBetrag})
+    for (NumberEdit* zahlfeld : {ui->txtMenge, ui->txtBisher, ui->txtBisherGesamt, ui->txtNeu,
+                                 ui->txtNeuGesamt, ui->txtPreis, ui->txtBetrag})
         zahlfeld->setValue(0);
     m_buchung->zeigeTag();
     AmpelEinstellen();

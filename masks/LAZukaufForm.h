@@ -14,8 +14,8 @@ class LAZukaufForm;
 struct Buchungsart;
 struct Buchungsbild;
 
-/// The mask for every booking at one storage place: purchase, production, opening stock, shrinkage, disposal, own
-/// consumption and sale. The shared state says which, and whether the journal's current row is changed.
+/// The mask for every booking at one storage place: purchase, production, opening stock, shrinkage, disposal,
+/// own consumption and sale. The shared state says which, and whether the journal's current row is changed.
 class LAZukaufForm final : public Maskenfenster {
     Q_OBJECT
 

@@ -24,8 +24,8 @@ public:
     QString Ort() const { return m_felder.drpLagerort.Text(); } ///< Short code.
     void setOrt(const QString& kurzel);
 
-    /// Reads the places for the first time, without the check that belongs to opening the combo: the place of a row that is
-    /// changed may be no longer offered.
+    /// Reads the places for the first time, without the check that belongs to opening the combo: the place of
+    /// a row that is changed may be no longer offered.
     void oeffne();
     void zeigeName(); ///< Nothing for a code that is not listed.
 

@@ -85,7 +85,8 @@ void Maskenfenster::setzeInRollbereich()
 void Maskenfenster::bindeTasten()
 {
     QPushButton* const beenden = m_fuss->Command2_1_;
-    QPushButton* const erster = aendert() ? beenden : m_fuss->Command2_0_; // one booking is changed, there is no next
+    // one booking is changed, there is no next
+    QPushButton* const erster = aendert() ? beenden : m_fuss->Command2_0_;
     bindeTaste(Taste::Naechster, *this, [erster] { erster->click(); });
     bindeTaste(Taste::Beenden, *this, [beenden] { beenden->click(); });
     nenneTaste(Taste::Naechster, *erster);
@@ -112,15 +113,17 @@ void Maskenfenster::bewache(ListField& feld)
 
 void Maskenfenster::reject()
 {
-    if (m_getippt && sys::messages().show(u"Was Sie eingetragen haben, ist noch nicht gespeichert."_s + u"\r\n\r\n"_s +
-                                              u"Wollen Sie die Maske trotzdem verlassen ?"_s,
-                                          sys::YesNo | sys::Question | sys::DefaultButton2) != sys::Answer::Yes)
+    if (m_getippt &&
+        sys::messages().show(u"Was Sie eingetragen haben, ist noch nicht gespeichert."_s + u"\r\n\r\n"_s +
+                                 u"Wollen Sie die Maske trotzdem verlassen ?"_s,
+                             sys::YesNo | sys::Question | sys::DefaultButton2) != sys::Answer::Yes)
         return;
     QDialog::reject();
 }
 
 void Maskenfenster::done(int result)
 {
-    sys::underErrorReport({[this] { rememberWindow(*this, u"Lagerverwaltung"_s, u"Fenster"_s + objectName()); }});
+    sys::underErrorReport(
+        {[this] { rememberWindow(*this, u"Lagerverwaltung"_s, u"Fenster"_s + objectName()); }});
     QDialog::done(result);
 }

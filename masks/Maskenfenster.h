@@ -23,8 +23,8 @@ public:
 
     Maskenfenster(const Hauptansicht& haupt, QWidget* parent);
 
-    /// To be called by the mask when its own part is set up: keys, buttons, the size it had. F6 goes to the next of the
-    /// `anfaenge`, the fields that groups begin with, in the order of the tabulator.
+    /// To be called by the mask when its own part is set up: keys, buttons, the size it had. F6 goes to the
+    /// next of the `anfaenge`, the fields that groups begin with, in the order of the tabulator.
     void richteFensterEin(Maskenfuss& fuss, const std::vector<QWidget*>& anfaenge);
     /// What is typed into the field or chosen there would be lost.
     void bewache(EditField& feld);

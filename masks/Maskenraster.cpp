@@ -31,8 +31,8 @@ int rahmenbreite(const QGridLayout& raster)
 
 int richteAus(std::initializer_list<QGridLayout*> raster)
 {
-    constexpr int Feldzeichen =
-        28; // of average width: all kinds of articles fit, most articles, and the mask on 800 pixels
+    // of average width: all kinds of articles fit, most articles, and the mask on 800 pixels
+    constexpr int Feldzeichen = 28;
     int beschriftung = 0;
     for (const QGridLayout* grid : raster)
         beschriftung = std::max(beschriftung, breiteDerBeschriftung(*grid) + rahmenbreite(*grid));

@@ -15,10 +15,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString Journalquelle = u"Select IIF(Menge < 0, -Menge,0) as Abgang, IIF(Menge > 0, Menge,0) as Zugang, *"
-                              u"  FROM LAGERJOURNAL ORDER BY DATUM, ID"_s;
+const QString Journalquelle =
+    u"Select IIF(Menge < 0, -Menge,0) as Abgang, IIF(Menge > 0, Menge,0) as Zugang, *"
+    u"  FROM LAGERJOURNAL ORDER BY DATUM, ID"_s;
 const QString Bestandsquelle =
-    u"Select Sum(IIF(Menge < 0, -Menge,0)) as Abgang, Sum(IIF(Menge > 0, Menge,0)) as Zugang, Sum(Menge) as Bestand,"
+    u"Select Sum(IIF(Menge < 0, -Menge,0)) as Abgang, Sum(IIF(Menge > 0, Menge,0)) as Zugang, Sum(Menge) as "
+    u"Bestand,"
     u" Artikel,  LagerortKurzku, Artikelart, Einheit, First(Untergruppe) as UGruppe FROM LAGERJOURNAL"
     u" GROUP BY ARTIKEL,  LagerortKurzku, Artikelart, Einheit ORDER BY ARTIKEL"_s;
 
@@ -85,7 +87,8 @@ void richteEin(DataControl& daten, DataGrid& liste, const Spalte (&spalten)[Anza
     GridVorsortieren(daten, liste, 0);
 }
 
-/// Whether the file or a number in it is at fault and not the text of the statement, which will do once that is mended.
+/// Whether the file or a number in it is at fault and not the text of the statement, which will do once that
+/// is mended.
 bool liegtAnDerDatei(jet::ErrorNumber fehler)
 {
     using enum jet::ErrorNumber;
@@ -117,9 +120,9 @@ QString vorOrdnung(const QString& quelle)
     return quelle.left(quelle.lastIndexOf(Ordnung));
 }
 
-/// Opens a view in a way that may fail. A source that the database refuses is given up for the view's first one, and the
-/// sort mark goes off: what broke this text must not break all that come after it. The other view's text has the same name
-/// in it, although its rows are there: it would break in turn.
+/// Opens a view in a way that may fail. A source that the database refuses is given up for the view's first
+/// one, and the sort mark goes off: what broke this text must not break all that come after it. The other
+/// view's text has the same name in it, although its rows are there: it would break in turn.
 void oeffne(const Ansicht& diese, const Ansicht& andere, const std::function<void()>& oeffnen)
 {
     try {
@@ -129,7 +132,8 @@ void oeffne(const Ansicht& diese, const Ansicht& andere, const std::function<voi
             diese.daten.setRecordSource(diese.ersteQuelle);
             SortiermarkeLoschen(diese.liste);
             const QString quelle = andere.daten.RecordSource();
-            andere.daten.setRecordSource(vorOrdnung(andere.ersteQuelle) + quelle.mid(vorOrdnung(quelle).size()));
+            andere.daten.setRecordSource(vorOrdnung(andere.ersteQuelle) +
+                                         quelle.mid(vorOrdnung(quelle).size()));
         }
         throw;
     }
@@ -143,8 +147,8 @@ void oeffne(const Ansicht& diese, const Ansicht& andere, const QString& quelle)
     });
 }
 
-/// What finds the stock list's current row again; empty where there is none. An apostrophe in a name is doubled: this
-/// look-up is no user's.
+/// What finds the stock list's current row again; empty where there is none. An apostrophe in a name is
+/// doubled: this look-up is no user's.
 QString aktuellerBestand(const DataControl& daten)
 {
     if (daten.AbsolutePosition() < 0) return {};
@@ -198,7 +202,8 @@ bool sucheEine(DataControl& daten, const Wiederfinden& gesucht)
     if (daten.RecordCount() == 0) return !gesucht.neue.empty();
     bool gefunden = false;
     bool verborgen = false;
-    for (auto buchung = gesucht.neue.rbegin(); buchung != gesucht.neue.rend(); ++buchung) // the newest one last
+    for (auto buchung = gesucht.neue.rbegin(); buchung != gesucht.neue.rend();
+         ++buchung) // the newest one last
         (std::ranges::any_of(*buchung, gezeigt) ? gefunden : verborgen) = true;
     if (!gefunden && !(gesucht.vorher && gezeigt(*gesucht.vorher)))
         daten.MoveTo(std::clamp(gesucht.platz, qsizetype{0}, daten.RecordCount() - 1));
@@ -213,13 +218,15 @@ void filtereJournal(const Hauptansicht& haupt, const QString& eingrenzung)
     findId(haupt.Journaldaten, id);
 }
 
-void filtereBestandsliste(const Hauptansicht& haupt, const QString& eingrenzung, const Bestandsansicht& ansicht)
+void filtereBestandsliste(const Hauptansicht& haupt, const QString& eingrenzung,
+                          const Bestandsansicht& ansicht)
 {
     DataControl& daten = haupt.Bestanddaten;
     const QString aktueller = aktuellerBestand(daten);
     haupt.BestandListe.Columns(u"LagerortKurzKu").setVisible(!ansicht.inSumme);
     try {
-        oeffne(bestand(haupt), journal(haupt), bestandsquelle(eingrenzung, ansicht, SQLAbOrder(daten.RecordSource())));
+        oeffne(bestand(haupt), journal(haupt),
+               bestandsquelle(eingrenzung, ansicht, SQLAbOrder(daten.RecordSource())));
     } catch (const jet::Error& fehler) {
         if (fehler.number() != jet::ErrorNumber::Overflow) throw;
         const auto datei = jet::engine().OpenDatabase(daten.DatabaseName(), daten.Connect());
@@ -245,7 +252,8 @@ void sortiereBestandsliste(const Hauptansicht& haupt, int spalte)
 {
     const QString feld = spalte < 0 ? QString() : haupt.BestandListe.Columns(spalte).DataField();
     oeffne(bestand(haupt), journal(haupt), [&] {
-        GridSortieren(haupt.Bestanddaten, haupt.BestandListe, spalte, {.ausdruck = ersatz(Bestandsersatz, feld)});
+        GridSortieren(haupt.Bestanddaten, haupt.BestandListe, spalte,
+                      {.ausdruck = ersatz(Bestandsersatz, feld)});
     });
 }
 

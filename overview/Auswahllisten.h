@@ -11,7 +11,9 @@ struct Filterlisten {
     ComboBox &drpLagerOrte, &drpArtikelGruppe, &drpArtikel;
 };
 
-/// Fills them from a journal; articles are those of the chosen kind. The chosen texts stay as they are. \throws jet::Error.
+/// Fills them from a journal; articles are those of the chosen kind. The chosen texts stay as they are.
+/// \throws jet::Error.
 void fuelle(const Filterlisten& listen, jet::Database& journal);
-/// The same, but what the journal does not know is no restriction there, be it the place that a host asked for.
+/// The same, but what the journal does not know is no restriction there, be it the place that a host asked
+/// for.
 void fuelleFuerAnderesJahr(const Filterlisten& listen, jet::Database& journal);

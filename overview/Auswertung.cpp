@@ -21,8 +21,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// What the report's formula list holds at each place. A later place wins over an earlier one of the same name: the stock
-/// list sets its second heading at 9, over the one at 7.
+/// What the report's formula list holds at each place. A later place wins over an earlier one of the same
+/// name: the stock list sets its second heading at 9, over the one at 7.
 enum Formel {
     Betriebsnummer = 0,
     Betriebsname = 1,
@@ -52,10 +52,10 @@ QString GruppenKurzel(const QString& Gruppierung)
     return Gruppierung;
 }
 
-Auswertung::Auswertung(const Felder& felder, std::function<bool()> journalGezeigt, std::function<bool()> filtere,
-                       QWidget* bildschirm)
-    : QObject(bildschirm), m_felder(felder), m_journalGezeigt(std::move(journalGezeigt)), m_filtere(std::move(filtere)),
-      Report(new report::PrintControl(bildschirm))
+Auswertung::Auswertung(const Felder& felder, std::function<bool()> journalGezeigt,
+                       std::function<bool()> filtere, QWidget* bildschirm)
+    : QObject(bildschirm), m_felder(felder), m_journalGezeigt(std::move(journalGezeigt)),
+      m_filtere(std::move(filtere)), Report(new report::PrintControl(bildschirm))
 {
     Report->setObjectName(u"Report"_s);
     verdrahte(&felder.Command2, &QPushButton::clicked, this, &Auswertung::Command2_Click);
@@ -70,7 +70,8 @@ void Auswertung::Command2_Click()
     report::ReportZurucksetzen(*Report);
     const bool journal = m_journalGezeigt();
     const QString formular = journal ? u"Lagerjournal.rpt"_s : u"Lagerbestand.rpt"_s;
-    Report->setDocumentName((journal ? u"Bewegungsjournal "_s : u"Lagerstandsliste "_s) + m_felder.drpJahr.Text());
+    Report->setDocumentName((journal ? u"Bewegungsjournal "_s : u"Lagerstandsliste "_s) +
+                            m_felder.drpJahr.Text());
     Report->setReportFileName(ProgrammVerzeichnis() + u"\\Report\\Lagerverwaltung\\"_s + formular);
     setzeSortierung();
     Report->setDataFiles(0, m_datei->datei());
@@ -89,8 +90,8 @@ void Auswertung::setzeSortierung()
     const DataGrid& liste = m_journalGezeigt() ? m_felder.Journalliste : m_felder.BestandListe;
     for (int i = 0; i < liste.ColumnCount(); ++i) {
         if (liste.Columns(i).HeadForeColor() != QColor(Sortiermarke)) continue;
-        // In sum the column of the storage places is hidden, and the list stands by article: its mark would tell an order
-        // that no line has.
+        // In sum the column of the storage places is hidden, and the list stands by article: its mark would
+        // tell an order that no line has.
         const bool gezeigt = liste.Columns(i).Visible();
         titel = gezeigt ? liste.Columns(i).Caption() : u"Artikel"_s;
         feld = gezeigt ? liste.Columns(i).DataField() : u"Artikel"_s;
@@ -108,16 +109,17 @@ void Auswertung::setzeFormeln(const QString& sortiertNach)
     Report->setFormulas(Betriebsadresse, text(u"Betriebsadresse"_s, zustand.Betriebsadresse));
     if (artikel != AlleArtikel) Report->setFormulas(MitSumme, text(u"MitSumme"_s, u"J"_s));
     Report->setFormulas(Stichdatum, text(u"Stichdatum"_s, zeitraum()));
-    Report->setFormulas(Eingrenzung, text(u"Eingrenzung"_s, m_felder.drpLagerOrte.Text() + u", "_s +
-                                                                m_felder.drpArtikelGruppe.Text() + u", "_s + artikel +
-                                                                u" im Kalenderjahr "_s + m_felder.drpJahr.Text() +
-                                                                u" sortiert nach "_s + sortiertNach));
+    Report->setFormulas(Eingrenzung,
+                        text(u"Eingrenzung"_s, m_felder.drpLagerOrte.Text() + u", "_s +
+                                                   m_felder.drpArtikelGruppe.Text() + u", "_s + artikel +
+                                                   u" im Kalenderjahr "_s + m_felder.drpJahr.Text() +
+                                                   u" sortiert nach "_s + sortiertNach));
     Report->setFormulas(Uberschrift2, text(u"Uberschrift2"_s, u"Fortlaufend"_s));
     m_journalGezeigt() ? setzeJournalformeln() : setzeBestandsformeln();
 }
 
-/// What the views are restricted to. Where one of the two is no date neither counts: the paper then names the whole year,
-/// not what was typed.
+/// What the views are restricted to. Where one of the two is no date neither counts: the paper then names the
+/// whole year, not what was typed.
 QString Auswertung::zeitraum() const
 {
     QDate von = m_felder.VonDatum.Date();
@@ -147,5 +149,6 @@ void Auswertung::setzeBestandsformeln()
     Report->setFormulas(Bestandsuberschrift,
                         text(u"Uberschrift2"_s, inSumme ? m_felder.drpLagerOrte.Text() + u" in Summe"_s
                                                         : u"Aufgeteilt nach Lagerorten"_s));
-    Report->setFormulas(NullAusblenden, text(u"NullAusblenden"_s, m_felder.chkOhneNull.isChecked() ? u"J"_s : u"N"_s));
+    Report->setFormulas(NullAusblenden,
+                        text(u"NullAusblenden"_s, m_felder.chkOhneNull.isChecked() ? u"J"_s : u"N"_s));
 }

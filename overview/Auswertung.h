@@ -32,7 +32,8 @@ public:
         DataControl& Journaldaten;
         DataGrid &Journalliste, &BestandListe;
     };
-    /// `journalGezeigt` tells whether the journal's tab is on view. `filtere` makes sure that the views show what the fields say; false: it could not.
+    /// `journalGezeigt` tells whether the journal's tab is on view. `filtere` makes sure that the views show
+    /// what the fields say; false: it could not.
     Auswertung(const Felder& felder, std::function<bool()> journalGezeigt, std::function<bool()> filtere,
                QWidget* bildschirm);
 

@@ -23,7 +23,8 @@ void reichereZeileAn(jet::Recordset& zeile, jet::Recordset& mittel)
     zeile.Edit();
     zeile.Set(u"Gruppe", mittel[u"Gruppe"]);
     const jet::Value& giftig = mittel[u"Giftig"];
-    zeile.Set(u"Giftigkeit", giftig.isNull() ? jet::Value() : jet::Value(giftig.toText().left(LaengeGiftigkeit)));
+    zeile.Set(u"Giftigkeit",
+              giftig.isNull() ? jet::Value() : jet::Value(giftig.toText().left(LaengeGiftigkeit)));
     zeile.Update();
 }
 
@@ -69,16 +70,16 @@ void Auswertungsdatei::ergaenzeSpalte(const QString& spalte) const
     jet::engine().OpenDatabase(m_datei)->Execute(u"ALTER TABLE Journal ADD COLUMN "_s + spalte);
 }
 
-/// All rows in one commit: nobody else has this file, and a commit for each would be felt. An article that cannot be looked
-/// up is reported once and does not cost the others theirs.
+/// All rows in one commit: nobody else has this file, and a commit for each would be felt. An article that
+/// cannot be looked up is reported once and does not cost the others theirs.
 bool Auswertungsdatei::reichereAn(const QString& Jahr) const
 {
     const auto stamm = oeffne(Dateiart::ZABStammdaten, stammdatei(ProgrammVerzeichnis(), Jahr));
     const auto mittel = stamm->OpenRecordset(u"SELECT * FROM PFLANZENSCHUTZMITTEL"_s, jet::Kind::Dynaset);
     const auto auswertung = jet::engine().OpenDatabase(m_datei);
     auswertung->BeginTrans();
-    const auto zeilen = auswertung->OpenRecordset(u"SELECT * FROM JOURNAL WHERE ARTIKELART = 'Pflanzenschutzmittel'"_s,
-                                                  jet::Kind::Dynaset);
+    const auto zeilen = auswertung->OpenRecordset(
+        u"SELECT * FROM JOURNAL WHERE ARTIKELART = 'Pflanzenschutzmittel'"_s, jet::Kind::Dynaset);
     QSet<QString> gescheitert;
     for (; !zeilen->Eof(); zeilen->MoveNext()) {
         const QString artikel = (*zeilen)[u"Artikel"].toText();

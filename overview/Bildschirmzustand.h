@@ -11,8 +11,9 @@ inline const QString LagerortSumme = QStringLiteral("LagerortSumme"); ///< "1": 
 inline const QString OhneNull = QStringLiteral("OhneNull");           ///< "1": stocks of 0 are hidden.
 inline const QString LetztKurzeingabe = QStringLiteral("LetztKurzeingabe");
 inline const QString LetztBuchart = QStringLiteral("LetztBuchart");
-inline const QString Fenster = QStringLiteral("Fenster");               ///< Size and place, in Qt's form, Base64.
-inline const QString SpaltenJournal = QStringLiteral("SpaltenJournal"); ///< Widths in pixels, separated by commas.
+inline const QString Fenster = QStringLiteral("Fenster"); ///< Size and place, in Qt's form, Base64.
+inline const QString SpaltenJournal =
+    QStringLiteral("SpaltenJournal"); ///< Widths in pixels, separated by commas.
 inline const QString SpaltenBestand = QStringLiteral("SpaltenBestand");
 
 QString text(const QString& name);

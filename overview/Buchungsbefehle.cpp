@@ -19,12 +19,14 @@ using namespace Qt::StringLiterals;
 
 Buchungsbefehle::Buchungsbefehle(const Felder& felder, const Hauptansicht& haupt,
                                  std::function<void(const Wiederfinden&)> danach, QWidget* bildschirm)
-    : QObject(bildschirm), m_felder(felder), m_haupt(haupt), m_danach(std::move(danach)), m_bildschirm(bildschirm)
+    : QObject(bildschirm), m_felder(felder), m_haupt(haupt), m_danach(std::move(danach)),
+      m_bildschirm(bildschirm)
 {
     fuelleBuchungsarten();
     verdrahte(&felder.KurzEingabe, &TextBox::KeyPress, this, [this](QChar& zeichen) {
         zeichen = zeichen.toUpper();
-        m_felder.KurzEingabe.selectAll(); // a letter takes the place of the one before, wherever a click set the cursor
+        m_felder.KurzEingabe
+            .selectAll(); // a letter takes the place of the one before, wherever a click set the cursor
     });
     verdrahte(&felder.KurzEingabe, &TextBox::KeyUp, this, &Buchungsbefehle::KurzEingabe_KeyUp);
     verdrahte(&felder.KurzEingabe, &TextBox::GotFocus, this, [this] { m_felder.KurzEingabe.selectAll(); });
@@ -42,7 +44,8 @@ void Buchungsbefehle::fuelleBuchungsarten()
         m_felder.DrpBuchart.AddItem({art.kurzel.toString(), art.eintragung.toString()});
 }
 
-/// A key that waits behind the one that is looked up, as Enter does when somebody types fast, opens no second mask.
+/// A key that waits behind the one that is looked up, as Enter does when somebody types fast, opens no second
+/// mask.
 void Buchungsbefehle::KurzEingabe_KeyUp()
 {
     if (m_oeffnet) return;
@@ -87,8 +90,9 @@ void Buchungsbefehle::aendere()
     const auto* const art = buchungsartZu(name);
     if (!art) {
         // sic: with and without blanks
-        sys::critical(u"Diese Buchung wurde gemeinsam mit einer Schollwart - Maßnahme erfasst und kann nur durch"
-                      u" Änderung der betroffenen Schollwart-Maßnahme verändert werden."_s);
+        sys::critical(
+            u"Diese Buchung wurde gemeinsam mit einer Schollwart - Maßnahme erfasst und kann nur durch"
+            u" Änderung der betroffenen Schollwart-Maßnahme verändert werden."_s);
         return;
     }
     zeige(art->maske);
@@ -115,7 +119,8 @@ void Buchungsbefehle::zeige(Maske maske)
     fenster->exec();
     Wiederfinden gesucht{.vorher = vorher, .platz = platz};
     const qsizetype zeilenJeBuchung = maske == Maske::Umbuchung ? 2 : 1;
-    for (qsizetype ende = journal.RecordCount(); ende > zeilen; ende -= zeilenJeBuchung) { // new rows stand at the end
+    for (qsizetype ende = journal.RecordCount(); ende > zeilen;
+         ende -= zeilenJeBuchung) { // new rows stand at the end
         auto& buchung = gesucht.neue.emplace_back();
         for (qsizetype neue = ende - 1; neue >= qMax(zeilen, ende - zeilenJeBuchung); --neue)
             if (const auto ID = idAt(journal, neue)) buchung.push_back(*ID);

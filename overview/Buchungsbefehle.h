@@ -12,7 +12,8 @@
 
 class TextBox;
 
-/// The short entry and the change of a booking: which mask opens for a letter or a row, and which rows may be changed.
+/// The short entry and the change of a booking: which mask opens for a letter or a row, and which rows may be
+/// changed.
 class Buchungsbefehle : public QObject {
     Q_OBJECT
 
@@ -23,10 +24,10 @@ public:
         QPushButton& neu;
         QPushButton& aendern;
     };
-    /// `danach` is called once after a mask has closed: the views may have to show something else, the newest booking
-    /// first of all, or else what was current before.
-    Buchungsbefehle(const Felder& felder, const Hauptansicht& haupt, std::function<void(const Wiederfinden&)> danach,
-                    QWidget* bildschirm);
+    /// `danach` is called once after a mask has closed: the views may have to show something else, the newest
+    /// booking first of all, or else what was current before.
+    Buchungsbefehle(const Felder& felder, const Hauptansicht& haupt,
+                    std::function<void(const Wiederfinden&)> danach, QWidget* bildschirm);
 
 private:
     void fuelleBuchungsarten();

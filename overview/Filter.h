@@ -17,8 +17,8 @@ struct Filter {
     QDate bis = {}; ///< Both days count in. Unless both are dates neither limits anything.
 };
 
-/// The statement's WHERE for a filter, with a blank before it. Names go in as they are: an apostrophe breaks the
-/// statement.
+/// The statement's WHERE for a filter, with a blank before it. Names go in as they are: an apostrophe breaks
+/// the statement.
 QString eingrenzung(const Filter& filter);
 
 /// How the stock list adds up.

@@ -15,7 +15,8 @@
 
 using namespace Qt::StringLiterals;
 
-Filterleiste::Filterleiste(const Felder& felder, const Hauptansicht& haupt, Umgebung umgebung, QObject* bildschirm)
+Filterleiste::Filterleiste(const Felder& felder, const Hauptansicht& haupt, Umgebung umgebung,
+                           QObject* bildschirm)
     : QObject(bildschirm), m_felder(felder), m_haupt(haupt), m_umgebung(std::move(umgebung))
 {
     for (ComboBox* liste : {&felder.drpLagerOrte, &felder.drpArtikelGruppe, &felder.drpArtikel})
@@ -123,17 +124,19 @@ bool Filterleiste::stelleFilterSicher()
 
 void Filterleiste::zeigeBestandsliste()
 {
-    filtereBestandsliste(m_haupt, gewaehlteEingrenzung(),
-                         {.inSumme = m_felder.chkNurSumme.isChecked(), .ohneNull = m_felder.chkOhneNull.isChecked()});
+    filtereBestandsliste(
+        m_haupt, gewaehlteEingrenzung(),
+        {.inSumme = m_felder.chkNurSumme.isChecked(), .ohneNull = m_felder.chkOhneNull.isChecked()});
 }
 
-/// The journal is to be seen at once. What takes half a second more in a large year lies behind a tab or in lists that are
-/// closed.
+/// The journal is to be seen at once. What takes half a second more in a large year lies behind a tab or in
+/// lists that are closed.
 void Filterleiste::nachErstemMalen()
 {
     if (m_gemalt) return;
     m_gemalt = true;
-    // A lock is waited for and told once. After a name that broke a statement the lists are needed to choose another.
+    // A lock is waited for and told once. After a name that broke a statement the lists are needed to choose
+    // another.
     if (!m_dateiAntwortet) return;
     const auto lade = [this] {
         const sys::Hourglass warten;

@@ -17,7 +17,8 @@ public:
         CheckBox &chkNurSumme, &chkOhneNull;
         QLabel& Statuszeile;
     };
-    /// What the screen shows of the year besides: its status line, before the views are read, and its settings behind them.
+    /// What the screen shows of the year besides: its status line, before the views are read, and its
+    /// settings behind them.
     struct Umgebung {
         std::function<void()> zeigeStatus, zeigeEinstellungen;
     };
@@ -30,16 +31,21 @@ public:
     void waehleAlle();
     void zeigeJahr(int jahr); ///< From its first day to its last.
 
-    void FilterEinstellen();      ///< Shows the rows that the fields choose.
-    bool zeigtGewaehltes() const; ///< False after a filter, a sort or a change of year that failed or was left.
-    bool stelleFilterSicher();    ///< Filters when that is so. \returns whether the rows are those of the fields.
-    void nachErstemMalen();       ///< Fills what is not seen at once.
+    void FilterEinstellen(); ///< Shows the rows that the fields choose.
+    bool
+    zeigtGewaehltes() const; ///< False after a filter, a sort or a change of year that failed or was left.
+    bool
+    stelleFilterSicher();   ///< Filters when that is so. \returns whether the rows are those of the fields.
+    void nachErstemMalen(); ///< Fills what is not seen at once.
 
 private:
     void drpArtikelGruppe_Click();
     void zeigeBestandsliste();
     QString gewaehlteEingrenzung() const;
-    Filterlisten listen() const { return {m_felder.drpLagerOrte, m_felder.drpArtikelGruppe, m_felder.drpArtikel}; }
+    Filterlisten listen() const
+    {
+        return {m_felder.drpLagerOrte, m_felder.drpArtikelGruppe, m_felder.drpArtikel};
+    }
 
     const Felder m_felder;
     const Hauptansicht m_haupt;

@@ -13,11 +13,12 @@ namespace {
 
 void zeigeProgramminfo()
 {
-    const QString text = u"ZABLAGER "_s + sys::applicationVersion() +
-                         u"\rLagerverwaltung eines landwirtschaftlichen Betriebes\r\r"_s +
-                         u"© The ZABLAGER authors, MIT-Lizenz: Das Programm darf benutzt, geändert und weitergegeben"
-                         u" werden; es gibt keine Gewähr.\r\rGeladen aus "_s +
-                         sys::ownFile() + u"\rmit Qt "_s + QString::fromLatin1(qVersion());
+    const QString text =
+        u"ZABLAGER "_s + sys::applicationVersion() +
+        u"\rLagerverwaltung eines landwirtschaftlichen Betriebes\r\r"_s +
+        u"© The ZABLAGER authors, MIT-Lizenz: Das Programm darf benutzt, geändert und weitergegeben"
+        u" werden; es gibt keine Gewähr.\r\rGeladen aus "_s +
+        sys::ownFile() + u"\rmit Qt "_s + QString::fromLatin1(qVersion());
     sys::messages().show(text, sys::OKOnly | sys::Information);
 }
 

@@ -6,8 +6,8 @@
 class QAction;
 class QWidget;
 
-/// Help at the window that the user is in: by its key in the main screen, its masks and whatever lies over them, and by the
-/// command of the menu.
+/// Help at the window that the user is in: by its key in the main screen, its masks and whatever lies over
+/// them, and by the command of the menu.
 class Hilfetaste : public QObject {
     Q_OBJECT
 

@@ -73,8 +73,8 @@ void Jahreswahl::zeigeJahr()
 
 void Jahreswahl::zeigeStatus(const QString& hinweis)
 {
-    m_felder.Statuszeile.setText(u"Betrieb "_s + modulzustand().Betriebsnummer + u" · Lager."_s + m_gebundenesJahr +
-                                 hinweis);
+    m_felder.Statuszeile.setText(u"Betrieb "_s + modulzustand().Betriebsnummer + u" · Lager."_s +
+                                 m_gebundenesJahr + hinweis);
 }
 
 bool Jahreswahl::wechsle()

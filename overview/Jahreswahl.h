@@ -24,15 +24,16 @@ public:
     int gewaehltesJahr() const;
     bool istGebunden() const { return !m_gebundenesJahr.isEmpty(); }
 
-    /// Makes sure of the chosen year's file, brings it up to date and lets both views know it, which show it with their next
-    /// refresh. \throws jet::Error, sys::FileError
+    /// Makes sure of the chosen year's file, brings it up to date and lets both views know it, which show it
+    /// with their next refresh. \throws jet::Error, sys::FileError
     void binde();
     void LagerDateiEinstellen(); ///< The same, and both views show it. \throws jet::Error, sys::FileError
     void zeigeJahr();            ///< That of the file which is bound.
     void zeigeStatus(const QString& hinweis = {});
 
-    /// To the chosen year, under the error report. When it cannot be opened, or the user ignored that, all goes back to the
-    /// one before: dates, status line and rows must be of one year. \returns whether it is open.
+    /// To the chosen year, under the error report. When it cannot be opened, or the user ignored that, all
+    /// goes back to the one before: dates, status line and rows must be of one year. \returns whether it is
+    /// open.
     bool wechsle();
     void schreibeWeiter(); ///< Carries stocks forward, and says so: a farm with many years takes its time.
 

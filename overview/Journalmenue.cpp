@@ -9,10 +9,13 @@
 
 using namespace Qt::StringLiterals;
 
-Journalmenue::Journalmenue(DataGrid& Journalliste, QPushButton& aendern, QPushButton& loeschen, QWidget* parent)
+Journalmenue::Journalmenue(DataGrid& Journalliste, QPushButton& aendern, QPushButton& loeschen,
+                           QWidget* parent)
     : QMenu(parent)
 {
-    const auto biete = [this](const QString& text, Taste taste) { return addAction(text + u'\t' + tastenname(taste)); };
+    const auto biete = [this](const QString& text, Taste taste) {
+        return addAction(text + u'\t' + tastenname(taste));
+    };
     QAction* const aendere = biete(aendern.text(), Taste::Aendern);
     QAction* const loesche = biete(loeschen.text(), Taste::Loeschen);
     QAction* const kopiere = biete(u"&Kopieren"_s, Taste::Kopieren);

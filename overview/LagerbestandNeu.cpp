@@ -43,7 +43,8 @@ constexpr QSize Entwurfsgroesse(1000, 700);
 } // namespace
 
 LagerbestandNeu::LagerbestandNeu(QWidget* parent)
-    : QDialog(parent, Qt::Window | Qt::WindowSystemMenuHint | Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint),
+    : QDialog(parent, Qt::Window | Qt::WindowSystemMenuHint | Qt::WindowMinMaxButtonsHint |
+                          Qt::WindowCloseButtonHint),
       ui(std::make_unique<Ui::LagerbestandNeu>()), Journaldaten(new DataControl(this)),
       Bestanddaten(new DataControl(this))
 {
@@ -69,35 +70,36 @@ LagerbestandNeu::~LagerbestandNeu() = default;
 void LagerbestandNeu::errichteFilter()
 {
     m_jahr = new Jahreswahl(
-        {*ui->drpJahr, *ui->Statuszeile, *Journaldaten, *Bestanddaten}, [this](int jahr) { m_filter->zeigeJahr(jahr); },
-        this);
-    m_filter = new Filterleiste(
-        {*ui->drpLagerOrte, *ui->drpArtikelGruppe, *ui->drpArtikel, *ui->VonDatum, *ui->Buchdatum, *ui->chkNurSumme,
-         *ui->chkOhneNull, *ui->Statuszeile},
-        *m_haupt,
-        {[this] { m_jahr->zeigeStatus(); }, [this] { ui->M_Vorjahr->setChecked(ohneVorjahr(*oeffneJournaldatei())); }},
-        this);
+        {*ui->drpJahr, *ui->Statuszeile, *Journaldaten, *Bestanddaten},
+        [this](int jahr) { m_filter->zeigeJahr(jahr); }, this);
+    m_filter = new Filterleiste({*ui->drpLagerOrte, *ui->drpArtikelGruppe, *ui->drpArtikel, *ui->VonDatum,
+                                 *ui->Buchdatum, *ui->chkNurSumme, *ui->chkOhneNull, *ui->Statuszeile},
+                                *m_haupt,
+                                {[this] { m_jahr->zeigeStatus(); },
+                                 [this] { ui->M_Vorjahr->setChecked(ohneVorjahr(*oeffneJournaldatei())); }},
+                                this);
 }
 
 void LagerbestandNeu::errichteBefehle()
 {
-    richteMenueleisteEin(*ui, *this,
-                         [this]() -> DataGrid& { return journalGezeigt() ? *ui->Journalliste : *ui->BestandListe; });
+    richteMenueleisteEin(*ui, *this, [this]() -> DataGrid& {
+        return journalGezeigt() ? *ui->Journalliste : *ui->BestandListe;
+    });
     const auto danach = [this](const Wiederfinden& gesucht) {
         aktualisiere();
         if (sucheEine(*Journaldaten, gesucht))
             m_jahr->zeigeStatus(u" · Die neue Buchung liegt außerhalb der Auswahl."_s);
     };
-    new Buchungsbefehle({*ui->KurzEingabe, *ui->DrpBuchart, *ui->Command7_0_, *ui->Command7_1_}, *m_haupt, danach,
-                        this);
+    new Buchungsbefehle({*ui->KurzEingabe, *ui->DrpBuchart, *ui->Command7_0_, *ui->Command7_1_}, *m_haupt,
+                        danach, this);
     m_auswertung = new Auswertung(
-        {*ui->Command2, *ui->drpLagerOrte, *ui->drpArtikelGruppe, *ui->drpArtikel, *ui->drpJahr, *ui->VonDatum,
-         *ui->Buchdatum, *ui->chkOhneNull, *ui->chkNurSumme, *ui->SSOption2, *ui->DrpGruppierung, *Journaldaten,
-         *ui->Journalliste, *ui->BestandListe},
+        {*ui->Command2, *ui->drpLagerOrte, *ui->drpArtikelGruppe, *ui->drpArtikel, *ui->drpJahr,
+         *ui->VonDatum, *ui->Buchdatum, *ui->chkOhneNull, *ui->chkNurSumme, *ui->SSOption2,
+         *ui->DrpGruppierung, *Journaldaten, *ui->Journalliste, *ui->BestandListe},
         [this] { return journalGezeigt(); }, [this] { return m_filter->stelleFilterSicher(); }, this);
     new Registerbefehl(
-        {*ui->M_PflanzschPrufen, *ui->drpLagerOrte, *ui->drpArtikelGruppe, *ui->drpArtikel, *ui->drpJahr, *ui->VonDatum,
-         *ui->Buchdatum, *Bestanddaten},
+        {*ui->M_PflanzschPrufen, *ui->drpLagerOrte, *ui->drpArtikelGruppe, *ui->drpArtikel, *ui->drpJahr,
+         *ui->VonDatum, *ui->Buchdatum, *Bestanddaten},
         [this] {
             sys::underErrorReport(
                 {[this] { m_filter->AuswahllistenFullen(); }, [this] { m_filter->FilterEinstellen(); }});
@@ -116,7 +118,8 @@ void LagerbestandNeu::verdrahteAlles()
     m_filter->verdrahteFelder();
     verdrahte(ui->drpJahr, &ComboBox::Click, this, &LagerbestandNeu::drpJahr_Click);
     verdrahte(ui->SSTab1, &QTabWidget::currentChanged, this, &LagerbestandNeu::SSTab1_Click);
-    const auto sortiere = [this](const DataControl& daten, void (*wie)(const Hauptansicht&, int), int spalte) {
+    const auto sortiere = [this](const DataControl& daten, void (*wie)(const Hauptansicht&, int),
+                                 int spalte) {
         const sys::Hourglass warten;
         const bool ungefiltert = brauchtFilter(daten);
         wie(*m_haupt, spalte);
@@ -142,8 +145,8 @@ void LagerbestandNeu::Form_Load()
     sys::underErrorReport({
         [this] {
             const Modulzustand& z = modulzustand();
-            setWindowTitle(u"Lagerverwaltung des Betriebes "_s + z.Betriebsnummer + u" "_s + z.Betriebsname + u", "_s +
-                           z.Betriebsadresse);
+            setWindowTitle(u"Lagerverwaltung des Betriebes "_s + z.Betriebsnummer + u" "_s + z.Betriebsname +
+                           u", "_s + z.Betriebsadresse);
             sys::setApplicationTitle(windowTitle());
             resize(Entwurfsgroesse.boundedTo(roomFor(*this)));
             restoreWindow(*this, bildschirmzustand::Abschnitt, bildschirmzustand::Fenster);
@@ -214,7 +217,8 @@ void LagerbestandNeu::drpJahr_Click()
         aktualisiere();
         return findId(*Journaldaten, ID);
     }
-    sys::underErrorReport({[this] { m_filter->fuelleFuerAnderesJahr(); }, [this] { m_filter->FilterEinstellen(); }});
+    sys::underErrorReport(
+        {[this] { m_filter->fuelleFuerAnderesJahr(); }, [this] { m_filter->FilterEinstellen(); }});
     if (Journaldaten->RecordCount() > 0) Journaldaten->MoveLast();
 }
 

@@ -15,11 +15,12 @@ namespace Ui {
 class LagerbestandNeu;
 }
 
-/// The main screen: one year of a farm as movement journal and as stock list, both narrowed by the same filter.
+/// The main screen: one year of a farm as movement journal and as stock list, both narrowed by the same
+/// filter.
 ///
-/// It takes the farm, the key date and a storage place from the shared state and leaves there which year is open. Other
-/// year files than the open one are only written by a change of year and by "Bestände des Vorjahres nicht
-/// berücksichtigen", which carry stocks forward.
+/// It takes the farm, the key date and a storage place from the shared state and leaves there which year is
+/// open. Other year files than the open one are only written by a change of year and by "Bestände des
+/// Vorjahres nicht berücksichtigen", which carry stocks forward.
 class LagerbestandNeu final : public QDialog {
     Q_OBJECT
 

@@ -54,7 +54,8 @@ void Loeschung::Journalliste_BeforeDelete(Cancel& cancel, bool& prompt)
     m_geloescht = true;
     if (m_journal.Recordset()[u"Buchungsart"].toText() == u"Umbuchung") {
         // Only now, as nobody is asked any more while other programs wait for the file.
-        sys::underErrorReport({[this] { m_paar = std::make_unique<jet::Transaction>(m_journal.Database()); }});
+        sys::underErrorReport(
+            {[this] { m_paar = std::make_unique<jet::Transaction>(m_journal.Database()); }});
         if (!m_paar) return;
         m_liste.setTag(QString::number(m_gesucht.vorher.value()));
     }
@@ -69,8 +70,8 @@ Wiederfinden Loeschung::aktuelle() const
 bool Loeschung::darfGehen()
 {
     if (istFremdeBuchung(m_journal.Recordset())) {
-        frage(fremdeBuchung(u"Eine Löschung kann nur in diesem Programm erfolgen."_s), sys::OKOnly | sys::Critical,
-              sys::OKCancel | sys::Critical);
+        frage(fremdeBuchung(u"Eine Löschung kann nur in diesem Programm erfolgen."_s),
+              sys::OKOnly | sys::Critical, sys::OKCancel | sys::Critical);
         return false;
     }
     constexpr int Vorsichtig = sys::Question | sys::DefaultButton2;
@@ -100,8 +101,8 @@ void Loeschung::Journalliste_DeletesEnded()
     if (std::exchange(m_geloescht, false)) m_danach(m_gesucht); // reads the journal anew
 }
 
-/// One step of the error report. What went before an error is kept before its box shows, or was taken back as a whole; the
-/// repeat looks for both rows.
+/// One step of the error report. What went before an error is kept before its box shows, or was taken back as
+/// a whole; the repeat looks for both rows.
 void Loeschung::loeschePaar(qint64 ID)
 {
     auto paar = std::move(m_paar);

@@ -12,14 +12,15 @@
 class Cancel;
 class QPushButton;
 
-/// Deleting of bookings, by button or by the Del key, both through the grid: which rows may go, the question, and the other
-/// row of a transfer, which goes unasked and in the same commit. Of several rows each is asked about, until "Abbrechen".
+/// Deleting of bookings, by button or by the Del key, both through the grid: which rows may go, the question,
+/// and the other row of a transfer, which goes unasked and in the same commit. Of several rows each is asked
+/// about, until "Abbrechen".
 class Loeschung : public QObject {
     Q_OBJECT
 
 public:
-    /// `danach` is called once when all that was to be deleted is gone, or was left: the views show something else now, the
-    /// booking behind the last one that went, or the one that was left, first of all.
+    /// `danach` is called once when all that was to be deleted is gone, or was left: the views show something
+    /// else now, the booking behind the last one that went, or the one that was left, first of all.
     Loeschung(QPushButton& Command4, DataControl& Journaldaten, DataGrid& Journalliste,
               std::function<void(const Wiederfinden&)> danach, QObject* bildschirm);
 

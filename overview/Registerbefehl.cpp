@@ -28,7 +28,8 @@ void Registerbefehl::M_PflanzschPrufen_Click()
     const QString Jahr = m_felder.drpJahr.Text();
     const QString datei = stammdatei(ProgrammVerzeichnis(), Jahr);
     if (!sys::Exist(datei)) {
-        sys::critical(u"Die für die Prüfung notwendige Stammdatenbank mit der Bezeichnung "_s + sys::localPath(datei) +
+        sys::critical(u"Die für die Prüfung notwendige Stammdatenbank mit der Bezeichnung "_s +
+                      sys::localPath(datei) +
                       u" ist nicht vorhanden.\r\n\r\nDie Prüfung kann nicht durchgeführt werden."_s);
         return;
     }
@@ -43,8 +44,9 @@ void Registerbefehl::M_PflanzschPrufen_Click()
     if (befund) TextImEditorZeigen(*befund);
 }
 
-/// The stock list then holds the year's plant-protection products, one line a storage place unless they are shown in sum, and
-/// without those of which nothing is left where the user hides them. It stays so after the check.
+/// The stock list then holds the year's plant-protection products, one line a storage place unless they are
+/// shown in sum, and without those of which nothing is left where the user hides them. It stays so after the
+/// check.
 bool Registerbefehl::grenzeEin(int Jahr)
 {
     m_felder.drpLagerOrte.setText(AlleLagerorte);

@@ -9,8 +9,8 @@ class ComboBox;
 class DataControl;
 class DateCombo;
 
-/// "Pflanzenschutzmittel prüfen": narrows the screen to the plant-protection products of its year and shows what the
-/// register says of each.
+/// "Pflanzenschutzmittel prüfen": narrows the screen to the plant-protection products of its year and shows
+/// what the register says of each.
 class Registerbefehl : public QObject {
     Q_OBJECT
 

@@ -14,7 +14,8 @@ namespace {
 const QString Umbruch = u"\r\n"_s;
 const QString Trennlinie = Umbruch + QString(158, u'=');
 
-/// A product is checked when its category has one of these words. Case counts, so the longer word has its own line.
+/// A product is checked when its category has one of these words. Case counts, so the longer word has its own
+/// line.
 constexpr QStringView Wirkstoffgruppen[] = {
     u"Herbizid",
     u"Fungizid",
@@ -34,14 +35,16 @@ bool wirdGeprueft(const QString& Gruppe)
     return std::ranges::any_of(Wirkstoffgruppen, [&](QStringView wort) { return Gruppe.contains(wort); });
 }
 
-/// Articles may be named with their registration number, "Name     (1234-5)"; the register knows the name alone.
+/// Articles may be named with their registration number, "Name     (1234-5)"; the register knows the name
+/// alone.
 QString kurzname(const QString& Artikel)
 {
     const qsizetype anhang = Artikel.indexOf(u"     ("_s);
     return anhang < 0 ? Artikel : sys::trimBlanks(Artikel.left(anhang));
 }
 
-/// The tables are looked up by key as dynasets do it: a register has many entries, and only few are asked for.
+/// The tables are looked up by key as dynasets do it: a register has many entries, and only few are asked
+/// for.
 class Pruefung {
 public:
     Pruefung(jet::Database& stamm, int Jahr)
@@ -58,7 +61,8 @@ public:
         m_mittel->FindFirst(u"NAME = '"_s + Artikel + u"'"_s);
         if (m_mittel->NoMatch())
             return Umbruch + u"Das Pflanzenschutzmittel "_s + Artikel +
-                   u" wurde in der Pflanzenschutzmitteldatenbank nicht gefunden. Es kann nicht überprüft werden und ist"
+                   u" wurde in der Pflanzenschutzmitteldatenbank nicht gefunden. Es kann nicht überprüft "
+                   u"werden und ist"
                    u" wahrscheinlich nicht mehr zugelassen."_s;
         if (!wirdGeprueft((*m_mittel)[u"Gruppe"].toText())) return {};
         const QString eintrag = eintragIn(*m_register, Artikel);
@@ -70,12 +74,14 @@ public:
                    u" wurde in der Registerdatenbank gefunden und ist zugelassen."_s;
         const QDate frist = (*m_befristete)[u"Aufbrauchsfrist"].toDate();
         const QString tag = frist.toString(u"dd.MM.yyyy"_s);
-        return warnung(Artikel, frist < m_jahresende ? u"gefunden. Es ist am "_s + tag + u" ausgelaufen!"_s
-                                                     : u"gefunden. Es muss bis "_s + tag + u" verbraucht werden."_s);
+        return warnung(Artikel, frist < m_jahresende
+                                    ? u"gefunden. Es ist am "_s + tag + u" ausgelaufen!"_s
+                                    : u"gefunden. Es muss bis "_s + tag + u" verbraucht werden."_s);
     }
 
 private:
-    /// The criterion by which the register has the product, by its present number or its former one; empty: it has not.
+    /// The criterion by which the register has the product, by its present number or its former one; empty:
+    /// it has not.
     QString eintragIn(jet::Recordset& zeilen, const QString& Artikel) const
     {
         const QString nummer = (*m_mittel)[u"Regnr"].toText();
@@ -105,8 +111,9 @@ std::optional<QString> registerpruefung(const jet::Recordset& bestand, jet::Data
     Pruefung pruefung(stamm, Jahr);
     const auto& felder = bestand.Fields();
     const auto spalte = [&](QStringView name) {
-        const auto feld = std::ranges::find_if(
-            felder, [&](const jet::Field& eines) { return eines.name.compare(name, Qt::CaseInsensitive) == 0; });
+        const auto feld = std::ranges::find_if(felder, [&](const jet::Field& eines) {
+            return eines.name.compare(name, Qt::CaseInsensitive) == 0;
+        });
         return static_cast<std::size_t>(feld - felder.begin());
     };
     const std::size_t Artikel = spalte(u"Artikel");
@@ -114,11 +121,13 @@ std::optional<QString> registerpruefung(const jet::Recordset& bestand, jet::Data
     QString text;
     for (qsizetype i = 0; i < bestand.RecordCount(); ++i) {
         const auto zeile = bestand.RowAt(i);
-        if (!zeile || (*zeile)[Artikelart].toText().compare(u"Pflanzenschutzmittel", Qt::CaseInsensitive) != 0)
+        if (!zeile ||
+            (*zeile)[Artikelart].toText().compare(u"Pflanzenschutzmittel", Qt::CaseInsensitive) != 0)
             continue;
         const QString artikel = (*zeile)[Artikel].toText();
         // What could not be looked up must not pass for harmless.
-        QString satz = Umbruch + u"Das Pflanzenschutzmittel "_s + artikel + u" konnte nicht überprüft werden."_s;
+        QString satz =
+            Umbruch + u"Das Pflanzenschutzmittel "_s + artikel + u" konnte nicht überprüft werden."_s;
         if (sys::underErrorReport({[&] { satz = pruefung.text(artikel); }}) == sys::Outcome::Left) return {};
         text += satz;
     }

@@ -12,8 +12,8 @@ class Tabellenuebergabe : public QObject {
     Q_OBJECT
 
 public:
-    Tabellenuebergabe(QPushButton& ExcelButton, DataGrid& Journalliste, QPushButton& Command3, DataGrid& BestandListe,
-                      QObject* bildschirm);
+    Tabellenuebergabe(QPushButton& ExcelButton, DataGrid& Journalliste, QPushButton& Command3,
+                      DataGrid& BestandListe, QObject* bildschirm);
 
 private:
     void uebergib(DataGrid& liste, const QString& titel);

@@ -120,8 +120,9 @@ void Tastenbefehle::wechsleGruppe(int schritt)
     };
     const QWidget* const jetzt = QApplication::focusWidget();
     const auto hier = std::ranges::find_if(gruppen, [jetzt](const Gruppe& gruppe) {
-        return std::ranges::any_of(gruppe.teile,
-                                   [jetzt](const QWidget* teil) { return teil == jetzt || teil->isAncestorOf(jetzt); });
+        return std::ranges::any_of(gruppe.teile, [jetzt](const QWidget* teil) {
+            return teil == jetzt || teil->isAncestorOf(jetzt);
+        });
     });
     constexpr int Anzahl = std::size(gruppen);
     const int platz = hier == std::end(gruppen) ? -schritt : int(hier - std::begin(gruppen));

@@ -9,8 +9,8 @@ class LagerbestandNeu;
 }
 class QPushButton;
 
-/// The keys of the main screen, for those who work without a mouse: each leads to a field or presses a button, as the
-/// table of keys says.
+/// The keys of the main screen, for those who work without a mouse: each leads to a field or presses a
+/// button, as the table of keys says.
 class Tastenbefehle : public QObject {
     Q_OBJECT
 

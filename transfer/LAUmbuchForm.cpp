@@ -32,8 +32,8 @@ const QString Abschnitt = u"Lagerverwaltung"_s;
 
 std::unique_ptr<jet::Recordset> zeileMit(DataControl& journal, qint64 ID)
 {
-    auto zeile = journal.Database().OpenRecordset(u"SELECT * FROM LAGERJOURNAL WHERE ID = "_s + QString::number(ID),
-                                                  jet::Kind::Dynaset);
+    auto zeile = journal.Database().OpenRecordset(
+        u"SELECT * FROM LAGERJOURNAL WHERE ID = "_s + QString::number(ID), jet::Kind::Dynaset);
     if (zeile->Eof()) jet::raise(jet::ErrorNumber::NoCurrentRecord);
     return zeile;
 }
@@ -41,8 +41,9 @@ std::unique_ptr<jet::Recordset> zeileMit(DataControl& journal, qint64 ID)
 } // namespace
 
 LAUmbuchForm::LAUmbuchForm(const Hauptansicht& haupt, QWidget* parent)
-    : Maskenfenster(haupt, parent), ui(std::make_unique<Ui::LAUmbuchForm>()), m_lagerauswahl(new DataControl(this)),
-      m_artikelauswahl(new DataControl(this)), m_artikelauswahl2(new DataControl(this))
+    : Maskenfenster(haupt, parent), ui(std::make_unique<Ui::LAUmbuchForm>()),
+      m_lagerauswahl(new DataControl(this)), m_artikelauswahl(new DataControl(this)),
+      m_artikelauswahl2(new DataControl(this))
 {
     ui->setupUi(this);
     m_lagerauswahl->setObjectName(u"Lagerauswahl"_s);
@@ -53,23 +54,27 @@ LAUmbuchForm::LAUmbuchForm(const Hauptansicht& haupt, QWidget* parent)
     constexpr int Mengenzeichen = 12; // of average width
     ui->txtMenge->setMinimumWidth(Mengenzeichen * fontMetrics().averageCharWidth());
     m_felder.emplace(Maskenfelder{*ui->Buchdatum, *ui->Abgang->drpLagerort, *ui->Abgang->drpGruppe,
-                                  *ui->Abgang->drpArtikel, *ui->txtMenge, *ui->Abgang->Ampel, *ui->Fuss->Command2_0_,
-                                  *ui->Fuss->Command2_1_, *m_lagerauswahl, *m_artikelauswahl});
-    richteFensterEin(*ui->Fuss, {ui->Abgang->drpLagerort, ui->Abgang->drpArtikel, ui->txtMenge, ui->Zugang->drpLagerort,
-                                 ui->Zugang->drpArtikel, ui->Fuss->txtKommentar});
+                                  *ui->Abgang->drpArtikel, *ui->txtMenge, *ui->Abgang->Ampel,
+                                  *ui->Fuss->Command2_0_, *ui->Fuss->Command2_1_, *m_lagerauswahl,
+                                  *m_artikelauswahl});
+    richteFensterEin(*ui->Fuss, {ui->Abgang->drpLagerort, ui->Abgang->drpArtikel, ui->txtMenge,
+                                 ui->Zugang->drpLagerort, ui->Zugang->drpArtikel, ui->Fuss->txtKommentar});
     bewache(*ui->txtMenge);
     m_tag = new Buchungstag(
         *ui->Buchdatum, *ui->Command3, [this] { weiter(); }, this);
-    m_abgang.emplace(seite(*ui->Abgang, *m_artikelauswahl, *ui->txtAbgangsID, -1, [this] { FelderFullen(); }));
-    m_zugang.emplace(seite(*ui->Zugang, *m_artikelauswahl2, *ui->txtZugangsID, 1, [this] { FelderFullen2(); }));
+    m_abgang.emplace(
+        seite(*ui->Abgang, *m_artikelauswahl, *ui->txtAbgangsID, -1, [this] { FelderFullen(); }));
+    m_zugang.emplace(
+        seite(*ui->Zugang, *m_artikelauswahl2, *ui->txtZugangsID, 1, [this] { FelderFullen2(); }));
     m_zugang->artikel->etikettOhneArt();
     verdrahte(ui->txtMenge, &NumberEdit::Change, this, &LAUmbuchForm::txtMenge_Change);
     const auto merke = [this] {
-        sys::SaveSetting(Abschnitt, u"NurVorhandenAnzeigen2"_s, QString::number(ui->Abgang->chkVorhanden->Value()));
+        sys::SaveSetting(Abschnitt, u"NurVorhandenAnzeigen2"_s,
+                         QString::number(ui->Abgang->chkVorhanden->Value()));
     };
     new Speicherweg(*this, *ui->Fuss,
-                    {[this] { return darfSpeichern(); }, merke, [this] { schreibe(); }, [this] { positioniere(); },
-                     [this] { leereFuerNaechste(); }});
+                    {[this] { return darfSpeichern(); }, merke, [this] { schreibe(); },
+                     [this] { positioniere(); }, [this] { leereFuerNaechste(); }});
     Form_Load();
 }
 
@@ -117,8 +122,8 @@ void LAUmbuchForm::Form_Load()
     focusWhole(*erstes);
 }
 
-/// Whichever of its rows was chosen, the pair is shown alike. A receipt without its issue leaves both sides empty. Without
-/// a receipt the issue stands on both sides, and the save is refused.
+/// Whichever of its rows was chosen, the pair is shown alike. A receipt without its issue leaves both sides
+/// empty. Without a receipt the issue stands on both sides, and the save is refused.
 void LAUmbuchForm::uebernimmPaar()
 {
     const jet::Recordset& gewaehlte = journaldaten().Recordset();
@@ -165,9 +170,9 @@ void LAUmbuchForm::ermittleEinheit(const Seite& seite)
         seite.felder.txtEinheit->setText(offene.Recordset()[u"Einheit"].toText());
 }
 
-/// The tag holds the article of the pair that is changed and is empty for a new one: then every article of the issuing side
-/// takes its kind to the receiving side, and itself where nobody has chosen another one, since most transfers only change
-/// the place.
+/// The tag holds the article of the pair that is changed and is empty for a new one: then every article of
+/// the issuing side takes its kind to the receiving side, and itself where nobody has chosen another one,
+/// since most transfers only change the place.
 void LAUmbuchForm::FelderFullen()
 {
     berechne(*m_abgang);
@@ -177,7 +182,8 @@ void LAUmbuchForm::FelderFullen()
     ermittleEinheit(*m_abgang);
     Artikelwahl& dort = *m_zugang->artikel;
     dort.setArtikelart(hier.Artikelart());
-    if (dort.Artikel().isEmpty() || dort.Artikel() == m_mitgenommen) dort.setArtikel(m_mitgenommen = hier.Artikel());
+    if (dort.Artikel().isEmpty() || dort.Artikel() == m_mitgenommen)
+        dort.setArtikel(m_mitgenommen = hier.Artikel());
     dort.lade();
     FelderFullen2();
 }
@@ -226,8 +232,8 @@ void LAUmbuchForm::aendere()
     paar.commit();
 }
 
-/// What an earlier try has stored already is written over, not doubled; what was taken back is gone, and its number is
-/// given to another row.
+/// What an earlier try has stored already is written over, not doubled; what was taken back is gone, and its
+/// number is given to another row.
 void LAUmbuchForm::bucheNeu()
 {
     const auto vergiss = [this] {
@@ -237,15 +243,16 @@ void LAUmbuchForm::bucheNeu()
     jet::Transaction paar(journaldaten().Database(), vergiss);
     const qint64 abgang = schreibeNeue(m_neuerAbgang, *m_abgang);
     const qint64 zugang = schreibeNeue(m_neuerZugang, *m_zugang, abgang);
-    journaldaten().Database().Execute(u"UPDATE LAGERJOURNAL SET Verfuttert_an = '"_s + QString::number(zugang) +
-                                      u"' WHERE ID = "_s + QString::number(abgang));
+    journaldaten().Database().Execute(u"UPDATE LAGERJOURNAL SET Verfuttert_an = '"_s +
+                                      QString::number(zugang) + u"' WHERE ID = "_s + QString::number(abgang));
     paar.commit();
     vergiss();
 }
 
-/// Adds a row, or writes that of an earlier try once more. No row becomes current: what shows the journal would follow and
-/// might have an error to tell, while other programs wait for the file. \returns its ID.
-qint64 LAUmbuchForm::schreibeNeue(std::optional<qint64>& neue, const Seite& seite, std::optional<qint64> partner)
+/// Adds a row, or writes that of an earlier try once more. No row becomes current: what shows the journal
+/// would follow and might have an error to tell, while other programs wait for the file. \returns its ID.
+qint64 LAUmbuchForm::schreibeNeue(std::optional<qint64>& neue, const Seite& seite,
+                                  std::optional<qint64> partner)
 {
     if (neue) {
         bearbeite(*neue, seite, partner);

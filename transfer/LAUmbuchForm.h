@@ -18,9 +18,10 @@ class LAUmbuchForm;
 
 /// Transfers: a quantity leaves one storage place and arrives at another, or becomes another article.
 ///
-/// It is stored as two rows, an issue and a receipt, each of which names the other in Verfuttert_an. The sign of Menge
-/// tells which is which. Both are one commit: of programs that were killed while they booked, each fourth had left an issue
-/// without its receipt. What was stored before an error stays all the same, and a save that is tried again goes on from it.
+/// It is stored as two rows, an issue and a receipt, each of which names the other in Verfuttert_an. The sign
+/// of Menge tells which is which. Both are one commit: of programs that were killed while they booked, each
+/// fourth had left an issue without its receipt. What was stored before an error stays all the same, and a
+/// save that is tried again goes on from it.
 class LAUmbuchForm final : public Maskenfenster {
     Q_OBJECT
 

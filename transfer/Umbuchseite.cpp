@@ -4,7 +4,8 @@ using namespace Qt::StringLiterals;
 
 Umbuchseite::Umbuchseite(QWidget* parent) : QGroupBox(parent)
 {
-    // Of average width: the longest kind of articles fits, and both sides on 800 pixels; the longest unit fits.
+    // Of average width: the longest kind of articles fits, and both sides on 800 pixels; the longest unit
+    // fits.
     constexpr int Feldzeichen = 27, Einheitzeichen = 7;
     setupUi(this);
     txtEinheit->setFixedWidth(Einheitzeichen * fontMetrics().averageCharWidth());

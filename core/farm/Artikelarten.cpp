@@ -35,7 +35,7 @@ std::span<const Artikelart> artikelarten()
 
 const Artikelart* artikelartZu(QStringView name)
 {
-    const auto* const gefunden =
-        std::find_if(std::begin(Artikel), std::end(Artikel), [&](const Artikelart& art) { return art.name == name; });
+    const auto* const gefunden = std::find_if(std::begin(Artikel), std::end(Artikel),
+                                              [&](const Artikelart& art) { return art.name == name; });
     return gefunden == std::end(Artikel) ? nullptr : gefunden;
 }

@@ -31,8 +31,9 @@ Buchung gelesen(const jet::Recordset& journal)
     Buchung buchung;
     const auto& felder = journal.Fields();
     const auto liesSpalte = [&](const auto& spalte) {
-        const bool istDa = std::ranges::any_of(
-            felder, [&](const jet::Field& feld) { return feld.name.compare(spalte.name, Qt::CaseInsensitive) == 0; });
+        const bool istDa = std::ranges::any_of(felder, [&](const jet::Field& feld) {
+            return feld.name.compare(spalte.name, Qt::CaseInsensitive) == 0;
+        });
         if (!istDa) return;
         if (const jet::Value feld = journal[spalte.name]; !feld.isNull()) lies(feld, buchung.*spalte.wert);
     };

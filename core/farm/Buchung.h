@@ -8,8 +8,8 @@
 #include <optional>
 #include <tuple>
 
-/// A row of the journal as a value, its columns by their names. A column without a value is NULL where a row was read, and is
-/// left alone where one is written.
+/// A row of the journal as a value, its columns by their names. A column without a value is NULL where a row
+/// was read, and is left alone where one is written.
 struct Buchung {
     std::optional<qint64> ID;
     std::optional<QDate> Datum;
@@ -18,7 +18,8 @@ struct Buchung {
     std::optional<double> Buchungsmenge; ///< What was typed for it.
     std::optional<double> Preis;         ///< For `Preisfaktor` of `Einheit`.
     std::optional<QString> Preisfaktor, Einheit, Buchungsart;
-    std::optional<qint64> BuchungsID, BEErfassungsnummer; ///< Of the sibling program that booked it; 0: of none.
+    std::optional<qint64> BuchungsID,
+        BEErfassungsnummer; ///< Of the sibling program that booked it; 0: of none.
     std::optional<QString> Kommentar;
     std::optional<QString> Uberstallt_alt; ///< Short code of the business partner.
     std::optional<QString> Verfuttert_an;  ///< ID of the other row of a transfer; else a mark of the goods.
@@ -34,7 +35,8 @@ struct Spalte {
     std::optional<Wert> Buchung::*wert;
 };
 template <class Wert>
-Spalte(QStringView, std::optional<Wert> Buchung::*) -> Spalte<Wert>; // some compilers do not find it themselves
+Spalte(QStringView, std::optional<Wert> Buchung::*)
+    -> Spalte<Wert>; // some compilers do not find it themselves
 
 inline constexpr std::tuple Spalten{
     Spalte{u"ID", &Buchung::ID},
@@ -59,12 +61,12 @@ inline constexpr std::tuple Spalten{
 
 } // namespace buchung
 
-/// The current row of a journal, or of what shows all its columns. A file that could not be brought up to date lacks the
-/// newest ones, which then have no value.
+/// The current row of a journal, or of what shows all its columns. A file that could not be brought up to
+/// date lacks the newest ones, which then have no value.
 Buchung gelesen(const jet::Recordset& journal);
 
-/// Sets the columns that have a value in the row that is being added or edited: of a Recordset or a DataControl.
-/// \throws jet::Error FieldTooLong and what else a column refuses, with its name.
+/// Sets the columns that have a value in the row that is being added or edited: of a Recordset or a
+/// DataControl. \throws jet::Error FieldTooLong and what else a column refuses, with its name.
 template <class Zeile>
 void setze(Zeile& zeile, const Buchung& buchung)
 {

@@ -9,9 +9,10 @@ constexpr Buchungsart Buchungen[] = {
     {u"L", u"Lagerstand korrigieren", u"Korrektur", false, Maske::Korrektur, {}},
     {u"A", u"Anfangsbestand", u"Anfangsbestand", false, Maske::Buchung,
      {u"Vorhanden Menge", u"Wert d. Zukaufs:", false, false, // sic
-      u"Die Erfassung eines Anfangsbestandes ist nur im Startjahr sinnvoll, weil die Bestände von Jahr zu Jahr"
-      u" weitergeschrieben werden."}},
-    {u"Z", u"Zukauf", u"Zukauf", false, Maske::Buchung, {u"Zukaufsmenge", u"Wert d. Zukaufs:", true, true, u""}},
+      u"Die Erfassung eines Anfangsbestandes ist nur im Startjahr sinnvoll, weil die Bestände"
+      u" von Jahr zu Jahr weitergeschrieben werden."}},
+    {u"Z", u"Zukauf", u"Zukauf", false, Maske::Buchung,
+     {u"Zukaufsmenge", u"Wert d. Zukaufs:", true, true, u""}},
     {u"P", u"Produktion", u"Produktion", false, Maske::Buchung,
      {u"Produzierte Menge", u"Wert d. Zukaufs:", false, true,
       u"Erfassen Sie nur Mengen, die im Schollwart nicht als Ernte erfassbar sind"}},

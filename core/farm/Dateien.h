@@ -6,11 +6,12 @@
 
 #include <memory>
 
-// Where the files of a farm lie and how they are opened. Nobody else forms their names or their connect texts. Names are
-// those of the family, with its "\"; a file is found whatever its case.
+// Where the files of a farm lie and how they are opened. Nobody else forms their names or their connect
+// texts. Names are those of the family, with its "\"; a file is found whatever its case.
 
-/// A kind of database file: a year's journal and the template of one, the master data of articles and partners, the
-/// objects of which some are storage places, and a year's register of plant-protection products.
+/// A kind of database file: a year's journal and the template of one, the master data of articles and
+/// partners, the objects of which some are storage places, and a year's register of plant-protection
+/// products.
 enum class Dateiart { Lager, Grundstamm, Anlagen, ZABStammdaten };
 
 QString betriebsordner(const QString& datenverzeichnis, const QString& betriebsnummer); ///< "...\B4711"
@@ -24,13 +25,16 @@ QString stammdatei(const QString& programmverzeichnis,
 
 /// What a new file of the kind gets; empty for a year's, which opens with any text.
 QString kennwort(Dateiart art);
-/// With what the component and its host programs open a file of the kind. A year's own file has no password, so the one
-/// in this text opens it as any does; a template that has this one is opened for everything but a stock question.
+/// With what the component and its host programs open a file of the kind. A year's own file has no password,
+/// so the one in this text opens it as any does; a template that has this one is opened for everything but a
+/// stock question.
 QString verbindung(Dateiart art);
 /// The connect text of a link from another file to one of the kind.
 QString verknuepfung(Dateiart art, const QString& datei);
 
-/// Opens a file of the kind. \throws jet::Error as Engine::OpenDatabase; UnknownFormat when a newer program has changed it.
+/// Opens a file of the kind. \throws jet::Error as Engine::OpenDatabase; UnknownFormat when a newer program
+/// has changed it.
 std::unique_ptr<jet::Database> oeffne(Dateiart art, const QString& datei);
-/// Opens a year's file for a stock question: without a connect text, so that a template with a password ends the call.
+/// Opens a year's file for a stock question: without a connect text, so that a template with a password ends
+/// the call.
 std::unique_ptr<jet::Database> oeffneFuerBestand(const QString& datei);

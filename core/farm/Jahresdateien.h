@@ -6,12 +6,12 @@
 
 #include <vector>
 
-/// Years of which a farm's folder has a journal file "Lager.JJJJ", ascending. Lock files (Lager.ldb) and endings that are
-/// not four digits do not count.
+/// Years of which a farm's folder has a journal file "Lager.JJJJ", ascending. Lock files (Lager.ldb) and
+/// endings that are not four digits do not count.
 ///
-/// Whatever has the name of a year file counts, be it a directory or a link to nowhere: whoever opens it is told so, while
-/// a year passed over would let the year after it go on from the wrong stocks.
-/// \throws sys::FileError when the folder is there and cannot be listed.
+/// Whatever has the name of a year file counts, be it a directory or a link to nowhere: whoever opens it is
+/// told so, while a year passed over would let the year after it go on from the wrong stocks. \throws
+/// sys::FileError when the folder is there and cannot be listed.
 std::vector<int> jahresdateien(const QString& betriebsordner);
 
 /// Whether a year file wants the stocks of the year before; files from before this setting do.

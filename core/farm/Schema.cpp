@@ -19,13 +19,15 @@ struct Schritt {
     QStringList anweisungen;
 };
 
-/// A step begins with a line "-- " and its version; each statement ends with a semicolon at the end of a line.
+/// A step begins with a line "-- " and its version; each statement ends with a semicolon at the end of a
+/// line.
 std::vector<Schritt> gelesen(const QString& schema)
 {
     QFile quelle(u":/schema/"_s + schema + u".sql"_s);
     const bool geoeffnet = quelle.open(QIODevice::ReadOnly);
     Q_ASSERT(geoeffnet);
-    static const QRegularExpression ueberschrift(u"^-- (\\d*)[^\n]*\n"_s, QRegularExpression::MultilineOption);
+    static const QRegularExpression ueberschrift(u"^-- (\\d*)[^\n]*\n"_s,
+                                                 QRegularExpression::MultilineOption);
     const QString text = QString::fromUtf8(quelle.readAll());
     std::vector<Schritt> alle;
     auto treffer = ueberschrift.globalMatch(text);
@@ -40,8 +42,8 @@ std::vector<Schritt> gelesen(const QString& schema)
 
 const std::vector<Schritt>& schritte(Dateiart art)
 {
-    static const std::vector<Schritt> jeArt[] = {gelesen(u"Lager"_s), gelesen(u"Grundstamm"_s), gelesen(u"Anlagen"_s),
-                                                 gelesen(u"ZABStammdaten"_s)};
+    static const std::vector<Schritt> jeArt[] = {gelesen(u"Lager"_s), gelesen(u"Grundstamm"_s),
+                                                 gelesen(u"Anlagen"_s), gelesen(u"ZABStammdaten"_s)};
     return jeArt[static_cast<std::size_t>(art)];
 }
 
@@ -58,8 +60,8 @@ bool fuehreAus(jet::Database& datei, const QString& anweisung)
         datei.Execute(anweisung);
         return true;
     } catch (const jet::Error& fehler) {
-        const bool istDa =
-            fehler.number() == TableExists || fehler.number() == ColumnExists || fehler.number() == IndexExists;
+        const bool istDa = fehler.number() == TableExists || fehler.number() == ColumnExists ||
+                           fehler.number() == IndexExists;
         const bool istWeg = fehler.number() == ObjectNotFound && anweisung.startsWith(u"DROP");
         if (!istDa && !istWeg) throw;
         return false;
@@ -147,9 +149,10 @@ void verweigereNeuere(const jet::Database& datei, Dateiart art)
 {
     const int bekannt = neuesteVersion(schritte(art));
     if (datei.SchemaVersion() <= bekannt) return;
-    throw jet::Error(jet::ErrorNumber::UnknownFormat,
-                     jet::errorText(jet::ErrorNumber::UnknownFormat, {datei.Name()}) +
-                         u" Die Datei ist von einer neueren Lagerverwaltung (Stand %1, bekannt ist Stand %2)."_s
-                             .arg(datei.SchemaVersion())
-                             .arg(bekannt));
+    throw jet::Error(
+        jet::ErrorNumber::UnknownFormat,
+        jet::errorText(jet::ErrorNumber::UnknownFormat, {datei.Name()}) +
+            u" Die Datei ist von einer neueren Lagerverwaltung (Stand %1, bekannt ist Stand %2)."_s
+                .arg(datei.SchemaVersion())
+                .arg(bekannt));
 }

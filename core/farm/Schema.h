@@ -14,15 +14,16 @@ struct Aktualisierung {
 /// Makes the tables and indices of a new, empty file.
 void legeTabellenAn(jet::Database& datei, Dateiart art);
 
-/// Brings a file up to date: tables, columns and indices that later versions have brought, in one transaction, and indices
-/// that somebody has dropped. No row is touched, and what is there already is left; a file without a version is one from
-/// before there were any. Two programs may do it at once.
-/// \throws jet::Error as verweigereNeuere(); Locked, ReadOnly, CannotOpenFile, DiskFull: nothing has changed then.
+/// Brings a file up to date: tables, columns and indices that later versions have brought, in one
+/// transaction, and indices that somebody has dropped. No row is touched, and what is there already is left;
+/// a file without a version is one from before there were any. Two programs may do it at once. \throws
+/// jet::Error as verweigereNeuere(); Locked, ReadOnly, CannotOpenFile, DiskFull: nothing has changed then.
 Aktualisierung bringeAufStand(jet::Database& datei, Dateiart art);
 
-/// The same for a file that is to be used now: one that another program locks or that may not be written, be it by the
-/// rights of its directory, is used as it is, without waiting, and is tried again next time.
+/// The same for a file that is to be used now: one that another program locks or that may not be written, be
+/// it by the rights of its directory, is used as it is, without waiting, and is tried again next time.
 void bringeAufStandWennMoeglich(Dateiart art, const QString& datei, const QString& verbindung);
 
-/// \throws jet::Error UnknownFormat when a newer program has brought the file to a version that is not known here.
+/// \throws jet::Error UnknownFormat when a newer program has brought the file to a version that is not known
+/// here.
 void verweigereNeuere(const jet::Database& datei, Dateiart art);

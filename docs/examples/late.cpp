@@ -15,7 +15,8 @@ namespace {
 std::unique_ptr<QObject> erzeuge(QObject* zablager, const QString& klasse)
 {
     QObject* objekt = nullptr;
-    QMetaObject::invokeMethod(zablager, "CreateObject", Q_RETURN_ARG(QObject*, objekt), Q_ARG(QString, klasse));
+    QMetaObject::invokeMethod(zablager, "CreateObject", Q_RETURN_ARG(QObject*, objekt),
+                              Q_ARG(QString, klasse));
     if (!objekt) std::printf("%s\n", qUtf8Printable(zablager->property("LetzterFehler").toString()));
     return std::unique_ptr<QObject>(objekt);
 }

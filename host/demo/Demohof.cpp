@@ -26,7 +26,8 @@ constexpr int AbgeschlosseneJahre = 3;
     throw sys::FileError(sys::FileErrorNumber::PathAccess, text);
 }
 
-/// With all that is in it. What is no whole path would be looked for in the current directory. \returns whether it is gone.
+/// With all that is in it. What is no whole path would be looked for in the current directory. \returns
+/// whether it is gone.
 bool loesche(const QString& verzeichnis)
 {
     return QDir::isAbsolutePath(verzeichnis) && QDir(verzeichnis).removeRecursively();
@@ -56,7 +57,8 @@ void fuelleJahre(const Installation& baustelle, const Sortiment& sortiment, QDat
         richteEin(baustelle, Demobetrieb, jahr);
         fuelleJahresstammdaten(baustelle, jahr);
         if (jahr > erstes)
-            lagerverwaltungsdaten(baustelle, Demobetrieb, QDate(jahr - 1, 12, 31))->Kontrolle_LagerbestandLaden();
+            lagerverwaltungsdaten(baustelle, Demobetrieb, QDate(jahr - 1, 12, 31))
+                ->Kontrolle_LagerbestandLaden();
 
         const auto journal = jet::engine().OpenDatabase(baustelle.journaldatei(Demobetrieb, jahr));
         if (jahr == erstes) buche(*journal, kalender.anfangsbestand(jahr));
@@ -108,7 +110,8 @@ bool legeDemohofAn(const Installation& ort, QDate heute)
     }
     legeVerzeichnisAn(ort.verzeichnis());
     QLockFile sperre(ort.verzeichnis() + u"/demo.sperre"_s);
-    sperre.setStaleLockTime(0); // that of a killed run is taken over; one at work keeps it however long it takes
+    sperre.setStaleLockTime(
+        0); // that of a killed run is taken over; one at work keeps it however long it takes
     if (!sperre.tryLock())
         verweigere(u"In '"_s + ort.verzeichnis() +
                    (sperre.error() == QLockFile::LockFailedError ? u"' wird der Demohof gerade angelegt."_s

@@ -91,8 +91,8 @@ void buche(jet::Database& journal, const std::vector<Vorgang>& buchungen)
 void ergaenzeUntergruppen(jet::Database& journal, const Sortiment& sortiment)
 {
     journal.BeginTrans();
-    const auto zeilen =
-        journal.OpenRecordset(u"SELECT * FROM LAGERJOURNAL WHERE Buchungsart = 'Anfangsbestand'"_s, jet::Kind::Dynaset);
+    const auto zeilen = journal.OpenRecordset(
+        u"SELECT * FROM LAGERJOURNAL WHERE Buchungsart = 'Anfangsbestand'"_s, jet::Kind::Dynaset);
     for (; !zeilen->Eof(); zeilen->MoveNext()) {
         zeilen->Edit();
         zeilen->Set(u"Untergruppe", sortiment.ware((*zeilen)[u"Artikel"].toText()).untergruppe);

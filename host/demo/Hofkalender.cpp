@@ -93,7 +93,8 @@ std::vector<Hofkalender::Termin> Hofkalender::termine(int jahr) const
         }
         stelle += Zeilenabstand;
     }
-    std::stable_sort(alle.begin(), alle.end(), [](const Termin& a, const Termin& b) { return a.tag < b.tag; });
+    std::stable_sort(alle.begin(), alle.end(),
+                     [](const Termin& a, const Termin& b) { return a.tag < b.tag; });
     return alle;
 }
 
@@ -103,6 +104,7 @@ qint64 Hofkalender::menge(const Termin& termin) const
     const Ware& ware = *eintrag.muster.ware;
     const qint64 vorhanden = m_bestaende.value({ware.name, eintrag.muster.ort});
     const qint64 gewollt = eintrag.istAnteil ? vorhanden * eintrag.menge / 10'000 : eintrag.menge;
-    const qint64 getippt = gestreut(gewollt, eintrag.streuung, ware.schritt, termin.tag.year(), termin.stelle);
+    const qint64 getippt =
+        gestreut(gewollt, eintrag.streuung, ware.schritt, termin.tag.year(), termin.stelle);
     return std::max(istAbgang(eintrag.muster.buchungsart) ? -getippt : getippt, -vorhanden);
 }

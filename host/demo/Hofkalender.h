@@ -22,10 +22,11 @@ struct Vorgang {
     QString nachOrt; ///< Target of a transfer, else empty.
 };
 
-/// What happens on the demo farm in a year: the lines of install/demo/kalender.csv, each repeated at its interval.
+/// What happens on the demo farm in a year: the lines of install/demo/kalender.csv, each repeated at its
+/// interval.
 ///
-/// Stocks run along, as nobody takes out what is not there: an issue that would leave less than nothing takes the rest,
-/// and "90 %" is that share of what lies there. So the years must be asked one after the other.
+/// Stocks run along, as nobody takes out what is not there: an issue that would leave less than nothing takes
+/// the rest, and "90 %" is that share of what lies there. So the years must be asked one after the other.
 class Hofkalender {
 public:
     explicit Hofkalender(const Sortiment& sortiment);

@@ -28,6 +28,6 @@ private:
 /// What the article costs in that year: some percent above or below the master data.
 qint64 jahrespreis(const Ware& ware, int jahr);
 
-/// A value scattered by up to `prozent` percent and rounded to a multiple of `schritt`. The same year and place give the
-/// same value on every machine, so a closed year of the demo farm never changes.
+/// A value scattered by up to `prozent` percent and rounded to a multiple of `schritt`. The same year and
+/// place give the same value on every machine, so a closed year of the demo farm never changes.
 qint64 gestreut(qint64 wert, int prozent, qint64 schritt, int jahr, quint64 stelle);

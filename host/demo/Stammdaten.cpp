@@ -96,7 +96,8 @@ void fuelleJahresstammdaten(const Installation& ort, int jahr)
         setzeTexte(*eintraege, zeile, {u"Regnr"_s, u"RegNrAlt"_s, u"Bezeichnung"_s});
         if (const QString frist = zeile[u"Aufbrauchsfrist"_s]; !frist.isEmpty()) {
             const int fristjahr = jahr + zeile[u"Jahre"_s].toInt();
-            eintraege->Set(u"Aufbrauchsfrist", QDate::fromString(frist + QString::number(fristjahr), u"dd.MM.yyyy"_s));
+            eintraege->Set(u"Aufbrauchsfrist",
+                           QDate::fromString(frist + QString::number(fristjahr), u"dd.MM.yyyy"_s));
         }
         eintraege->Update();
     }

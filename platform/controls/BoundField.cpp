@@ -26,7 +26,9 @@ bool BoundFields::hasChanges() const
 void BoundFields::show(const jet::Recordset* rows) const
 {
     if (isEmpty()) return;
-    const auto isStored = [&] { return rows->AbsolutePosition() >= 0 && rows->RowAt(rows->AbsolutePosition()); };
+    const auto isStored = [&] {
+        return rows->AbsolutePosition() >= 0 && rows->RowAt(rows->AbsolutePosition());
+    };
     const bool hasRow = rows && (rows->Editing() || isStored());
     for (BoundField* const field : m_fields)
         field->showValue(hasRow ? (*rows)[field->DataField()] : jet::Value());

@@ -10,8 +10,9 @@
 
 class DataControl;
 
-/// A control that shows one field of a data control's current row and lets the user change it. The data control says
-/// when to show, and asks for what was changed when it is written: by UpdateRecord, by a move, find or close.
+/// A control that shows one field of a data control's current row and lets the user change it. The data
+/// control says when to show, and asks for what was changed when it is written: by UpdateRecord, by a move,
+/// find or close.
 class BoundField {
 public:
     virtual ~BoundField();
@@ -43,8 +44,8 @@ public:
     bool isEmpty() const { return m_fields.empty(); }
     bool hasChanges() const; ///< By the user, since they were shown.
 
-    /// Another program may have deleted the row; a field then has nothing to show and the next use of the row tells.
-    /// `rows`: null while there are none.
+    /// Another program may have deleted the row; a field then has nothing to show and the next use of the row
+    /// tells. `rows`: null while there are none.
     void show(const jet::Recordset* rows) const;
     void collect(jet::Recordset& rows) const; ///< Edits the current row where the user has changed something.
 

@@ -1,6 +1,7 @@
 #pragma once
 
-/// What a handler sets to true to refuse what is about to happen. A handler that fails has refused, too (Wiring.h).
+/// What a handler sets to true to refuse what is about to happen. A handler that fails has refused, too
+/// (Wiring.h).
 class Cancel {
 public:
     Cancel& operator=(bool cancelled)

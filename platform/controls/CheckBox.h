@@ -4,8 +4,8 @@
 
 #include <QCheckBox>
 
-/// A check box with the classic values, which may be bound to a Yes/No field. Setters and property writes are told apart as
-/// in EditField.
+/// A check box with the classic values, which may be bound to a Yes/No field. Setters and property writes are
+/// told apart as in EditField.
 class CheckBox : public QCheckBox, public BoundField {
     Q_OBJECT
     Q_PROPERTY(int Value READ Value WRITE enterValue)

@@ -25,7 +25,8 @@ public:
 
 bool isOfWindow(Qt::FocusReason reason)
 {
-    return reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason;
+    return reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason ||
+           reason == Qt::MenuBarFocusReason;
 }
 
 } // namespace
@@ -41,11 +42,12 @@ bool CheckedField::check()
 bool CheckedField::isOwnMove(Qt::FocusReason reason, const QWidget* target) const
 {
     // A field that is hidden or disabled passes the focus on as Tab would.
-    if (!target || target->window() != m_field.window() || !m_field.isVisible() || !m_field.isEnabled()) return false;
+    if (!target || target->window() != m_field.window() || !m_field.isVisible() || !m_field.isEnabled())
+        return false;
     const QVariant causesValidation = target->property("CausesValidation");
     if (causesValidation.isValid() && !causesValidation.toBool()) return false;
-    return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason || reason == Qt::MouseFocusReason ||
-           reason == Qt::ShortcutFocusReason;
+    return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
+           reason == Qt::MouseFocusReason || reason == Qt::ShortcutFocusReason;
 }
 
 bool CheckedField::keepsFocus(const QFocusEvent& event)
@@ -56,7 +58,8 @@ bool CheckedField::keepsFocus(const QFocusEvent& event)
         finish();
         return false;
     }
-    // Without a reason no widget hears of it: a message of the check finds the focus here, as if nobody had moved.
+    // Without a reason no widget hears of it: a message of the check finds the focus here, as if nobody had
+    // moved.
     m_field.setFocus(Qt::NoFocusReason);
     const bool passed = check();
     const auto isHere = [this] { return m_field.window()->focusWidget() == &m_field; };

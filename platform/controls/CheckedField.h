@@ -5,12 +5,13 @@
 
 /// A field that is checked when the user leaves it, and that can then keep the focus.
 ///
-/// The check is made when the user himself moves on within the window: by Tab, Enter, mouse or mnemonic. It is not made
-/// when the program moves the focus, when another window, a message box or a pop-up comes, and when the widget he goes to
-/// has the property CausesValidation set to false, as "Abbrechen" has. A mouse click that was refused does nothing else.
+/// The check is made when the user himself moves on within the window: by Tab, Enter, mouse or mnemonic. It
+/// is not made when the program moves the focus, when another window, a message box or a pop-up comes, and
+/// when the widget he goes to has the property CausesValidation set to false, as "Abbrechen" has. A mouse
+/// click that was refused does nothing else.
 ///
-/// What the user changes and is not checked yet is owed: owedChecksPass() catches up before something is saved, since a
-/// mnemonic presses a button without moving the focus.
+/// What the user changes and is not checked yet is owed: owedChecksPass() catches up before something is
+/// saved, since a mnemonic presses a button without moving the focus.
 class CheckedField {
 public:
     virtual ~CheckedField() = default;
@@ -43,5 +44,6 @@ private:
     bool m_entered = false;
 };
 
-/// Makes the checks that fields of a screen owe, in the order of the tabulator. False: one was refused; it has the focus.
+/// Makes the checks that fields of a screen owe, in the order of the tabulator. False: one was refused; it
+/// has the focus.
 [[nodiscard]] bool owedChecksPass(const QWidget& screen);

@@ -2,8 +2,9 @@
 
 #include <QAbstractButton>
 
-/// The label of a field that does something when it is clicked; it looks so by its underline and the pointer. It never
-/// takes the focus, so it neither lies in the way of Tab nor leaves the field; by keyboard it is F5 in its field.
+/// The label of a field that does something when it is clicked; it looks so by its underline and the pointer.
+/// It never takes the focus, so it neither lies in the way of Tab nor leaves the field; by keyboard it is F5
+/// in its field.
 class ClickLabel : public QAbstractButton {
     Q_OBJECT
     Q_PROPERTY(QString Caption READ text WRITE setText)

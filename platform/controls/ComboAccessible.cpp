@@ -9,7 +9,9 @@ namespace {
 
 class ComboAccessible final : public QAccessibleWidget {
 public:
-    explicit ComboAccessible(ComboField& combo) : QAccessibleWidget(&combo, QAccessible::ComboBox), m_combo(combo) {}
+    explicit ComboAccessible(ComboField& combo)
+        : QAccessibleWidget(&combo, QAccessible::ComboBox), m_combo(combo)
+    {}
 
     QString text(QAccessible::Text part) const override
     {

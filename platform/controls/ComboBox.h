@@ -7,7 +7,8 @@
 
 class QStandardItemModel;
 
-/// A combo whose list the program fills, with one or more columns. Its text may be bound to a field of a data control.
+/// A combo whose list the program fills, with one or more columns. Its text may be bound to a field of a data
+/// control.
 class ComboBox : public ListField, public BoundField {
     Q_OBJECT
     Q_PROPERTY(QString DataField READ DataField)
@@ -15,7 +16,8 @@ class ComboBox : public ListField, public BoundField {
 public:
     explicit ComboBox(QWidget* parent = nullptr);
 
-    /// Gives the list columns with these heads and empties it. `shown` is the one, from 0, whose cell is the text.
+    /// Gives the list columns with these heads and empties it. `shown` is the one, from 0, whose cell is the
+    /// text.
     void setColumns(const QStringList& heads, int shown);
     void AddItem(const QStringList& cells); ///< Adds a row at the end; the shown text stays as it is.
     void AddItem(const QString& text) { AddItem(QStringList{text}); }

@@ -46,7 +46,8 @@ void ComboField::showText(const QString& text)
     showBeginning();
 }
 
-/// Of a text that is longer than the field its beginning tells more than its end. Not while the user is in it.
+/// Of a text that is longer than the field its beginning tells more than its end. Not while the user is in
+/// it.
 void ComboField::showBeginning()
 {
     if (!hasFocus()) lineEdit()->home(false);
@@ -136,7 +137,8 @@ void ComboField::keyPressEvent(QKeyEvent* event)
     QComboBox::keyPressEvent(event);
 }
 
-/// Without the focus the wheel belongs to whatever scrolls around us: nobody should change a booking by passing by.
+/// Without the focus the wheel belongs to whatever scrolls around us: nobody should change a booking by
+/// passing by.
 void ComboField::wheelEvent(QWheelEvent* event)
 {
     if (!hasFocus()) {

@@ -6,8 +6,9 @@
 #include <QComboBox>
 #include <QScopedValueRollback>
 
-/// A line with something that drops down, with the classic properties and events; the base of the combos. Its text is what
-/// counts, whether or not the list has it; setters and property writes are told apart as in EditField.
+/// A line with something that drops down, with the classic properties and events; the base of the combos. Its
+/// text is what counts, whether or not the list has it; setters and property writes are told apart as in
+/// EditField.
 ///
 /// A typed text is taken when the field is left, in whatever way, and with Enter.
 class ComboField : public QComboBox, public CheckedField {
@@ -23,7 +24,8 @@ public:
     void enterText(const QString& text); ///< As the user would.
 
     virtual bool DroppedDown() const { return m_dropped; }
-    /// Called by a handler of Validate it waits until the check is over, so that no message box meets an open list.
+    /// Called by a handler of Validate it waits until the check is over, so that no message box meets an open
+    /// list.
     void setDroppedDown(bool dropped);
     /// The list has the text, whatever its case and blanks at its ends.
     bool IsItemInList() const { return rowOf(Text()) >= 0; }
@@ -56,8 +58,9 @@ protected:
     virtual int rowOf(const QString& text) const = 0;
     /// What the typed text stands for, when it is taken.
     virtual QString meant(const QString& text) const { return text; }
-    void showText(const QString& text);     ///< Puts the text in place without a handler; it is not taken yet.
-    void completeText(const QString& text); ///< The same for the text of a change that is being made, and told of then.
+    void showText(const QString& text); ///< Puts the text in place without a handler; it is not taken yet.
+    void completeText(
+        const QString& text); ///< The same for the text of a change that is being made, and told of then.
     const QString& knownText() const { return m_known; } ///< The text before a change that is being made.
     /// Changes the list with no effect on the text.
     template <class Change>

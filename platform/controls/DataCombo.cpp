@@ -135,7 +135,9 @@ int DataCombo::findEqual(Part part, const QString& text) const
 {
     const QString wanted = text.trimmed();
     if (wanted.isEmpty()) return -1;
-    return find(part, [&](const QString& entry) { return entry.trimmed().compare(wanted, Qt::CaseInsensitive) == 0; });
+    return find(part, [&](const QString& entry) {
+        return entry.trimmed().compare(wanted, Qt::CaseInsensitive) == 0;
+    });
 }
 
 int DataCombo::rowOf(const QString& text) const
@@ -176,7 +178,8 @@ QStringList DataCombo::beginning(const QString& begun, int most) const
 
 QString DataCombo::Value() const
 {
-    if (m_valueField.isEmpty() || m_valueField.compare(m_shownField, Qt::CaseInsensitive) == 0) return meant(Text());
+    if (m_valueField.isEmpty() || m_valueField.compare(m_shownField, Qt::CaseInsensitive) == 0)
+        return meant(Text());
     const int row = rowOf(meant(Text()));
     return row < 0 ? QString() : m_entries[static_cast<std::size_t>(row)].value;
 }

@@ -6,11 +6,12 @@
 
 class DataControl;
 
-/// A combo whose list is the rows of a data control, with as many columns as wanted. Its text is the field shown of a row;
-/// where users know the row by another field too (the name of a place whose code is shown), typing that picks the row.
+/// A combo whose list is the rows of a data control, with as many columns as wanted. Its text is the field
+/// shown of a row; where users know the row by another field too (the name of a place whose code is shown),
+/// typing that picks the row.
 ///
-/// Reads the rows on view, and to find a text those up to the row that has it. What the engine refuses meanwhile is told
-/// by the common error report.
+/// Reads the rows on view, and to find a text those up to the row that has it. What the engine refuses
+/// meanwhile is told by the common error report.
 class DataCombo : public ListField {
     Q_OBJECT
     Q_PROPERTY(QString DataFieldToDisplay READ DataFieldToDisplay WRITE setDataFieldToDisplay)
@@ -23,19 +24,27 @@ public:
 
     QString DataFieldToDisplay() const { return m_shownField; } ///< The field that is the text.
     void setDataFieldToDisplay(const QString& field);
-    QString DataFieldList() const { return m_valueField; } ///< The field behind Value; empty: that of the text.
+    QString DataFieldList() const
+    {
+        return m_valueField;
+    } ///< The field behind Value; empty: that of the text.
     void setDataFieldList(const QString& field);
-    QString DataFieldToFind() const { return m_foundField; } ///< A field that may be typed instead; empty: none.
+    QString DataFieldToFind() const
+    {
+        return m_foundField;
+    } ///< A field that may be typed instead; empty: none.
     void setDataFieldToFind(const QString& field);
-    /// Rows whose shown field is empty have the one to find as their text: a partner without a short code is not lost.
+    /// Rows whose shown field is empty have the one to find as their text: a partner without a short code is
+    /// not lost.
     void setFindFillsIn(bool fillsIn);
     /// Adds a column to the list; without any the list shows the field that is the text, without a head.
     void addColumn(const QString& caption, const QString& field, const QString& numberFormat = {});
-    /// The rows of the list, once fields and columns are told. Each Refresh of the data control refills the list; from the
-    /// next one on it is a snapshot.
+    /// The rows of the list, once fields and columns are told. Each Refresh of the data control refills the
+    /// list; from the next one on it is a snapshot.
     void setDataSource(DataControl& source);
 
-    /// Of the listed row that has the text; without one the text itself where both are the same field, else empty.
+    /// Of the listed row that has the text; without one the text itself where both are the same field, else
+    /// empty.
     QString Value() const;
     void setValue(const QString& value);   ///< One that is not listed becomes the text.
     void enterValue(const QString& value); ///< As the user would.

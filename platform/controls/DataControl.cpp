@@ -206,8 +206,10 @@ void DataControl::UpdateRecord()
     try {
         m_recordset->Update();
     } catch (const jet::Error& error) {
-        // The row is another one meanwhile. Bound fields keep what was typed, so a second try can begin from the new one.
-        if (error.number() == jet::ErrorNumber::ChangedByAnotherUser && !m_bound.isEmpty()) m_recordset->CancelUpdate();
+        // The row is another one meanwhile. Bound fields keep what was typed, so a second try can begin from
+        // the new one.
+        if (error.number() == jet::ErrorNumber::ChangedByAnotherUser && !m_bound.isEmpty())
+            m_recordset->CancelUpdate();
         throw;
     }
     if (m_recordset->RecordCount() > count)

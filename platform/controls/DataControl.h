@@ -10,12 +10,13 @@
 #include <memory>
 #include <vector>
 
-/// The rows that a screen works on, without a visible part: grids and bound fields show them and follow the current
-/// one.
+/// The rows that a screen works on, without a visible part: grids and bound fields show them and follow the
+/// current one.
 ///
-/// The properties take effect at the next Refresh. Moves and edits go through here, so that everything that shows the
-/// rows learns of them. A pending row (AddNew, Edit, or what the user typed into bound fields) is saved by a move, a
-/// find or Close, dropped by Refresh and by the destructor. What the recordset refuses is thrown to the caller.
+/// The properties take effect at the next Refresh. Moves and edits go through here, so that everything that
+/// shows the rows learns of them. A pending row (AddNew, Edit, or what the user typed into bound fields) is
+/// saved by a move, a find or Close, dropped by Refresh and by the destructor. What the recordset refuses is
+/// thrown to the caller.
 class DataControl : public QObject {
     Q_OBJECT
     Q_PROPERTY(QString DatabaseName READ DatabaseName WRITE setDatabaseName)
@@ -49,10 +50,11 @@ public:
     /// jet::Kind::Dynaset, as at start, or Snapshot.
     void setRecordsetType(jet::Kind kind) { m_kind = kind; }
 
-    /// Opens the rows anew, on the first one. \throws jet::Error; the data control is then closed, which everything
-    /// that shows it has been told, and can be refreshed again.
+    /// Opens the rows anew, on the first one. \throws jet::Error; the data control is then closed, which
+    /// everything that shows it has been told, and can be refreshed again.
     void Refresh();
-    /// Saves a pending row and closes. When saving is refused it stays open; a handler of Validate can forbid it, too.
+    /// Saves a pending row and closes. When saving is refused it stays open; a handler of Validate can forbid
+    /// it, too.
     void Close();
 
     bool isOpen() const { return m_recordset != nullptr; }
@@ -65,8 +67,9 @@ public:
     void MoveLast();
     void MoveNext();
     void MovePrevious();
-    void MoveTo(qsizetype position);          ///< By place, from 0.
-    void FindFirst(const QString& criterion); ///< Without a match the current row stays and Reposition is not fired.
+    void MoveTo(qsizetype position); ///< By place, from 0.
+    void FindFirst(
+        const QString& criterion); ///< Without a match the current row stays and Reposition is not fired.
     bool NoMatch() const;
     jet::Bookmark Bookmark() const;
     void setBookmark(const jet::Bookmark& bookmark);
@@ -76,17 +79,19 @@ public:
     void Set(QStringView field, const jet::Value& value);
     void Update();
     void CancelUpdate();
-    /// Deletes the current row; another one is current only after a move, MoveNext going to the one behind it.
+    /// Deletes the current row; another one is current only after a move, MoveNext going to the one behind
+    /// it.
     void Delete();
 
     void UpdateRecord();   ///< Writes the pending row, if there is one; no Validate.
     void UpdateControls(); ///< Drops the pending row; bound fields show what the file has. No signals.
 
 Q_SIGNALS:
-    /// A row became current, or none did where one was looked for: once after each move, find with a match and Refresh,
-    /// one that found no rows included. Not after AddNew and Update.
+    /// A row became current, or none did where one was looked for: once after each move, find with a match
+    /// and Refresh, one that found no rows included. Not after AddNew and Update.
     void Reposition();
-    /// The current row is about to be left, changed or not. `save` says whether something is pending; false drops it.
+    /// The current row is about to be left, changed or not. `save` says whether something is pending; false
+    /// drops it.
     void Validate(DataControl::Action action, Cancel& cancel, bool& save);
 
     // For what shows the rows; each comes before the Reposition of the same step.

@@ -24,8 +24,8 @@ using namespace Qt::StringLiterals;
 DataGrid::DataGrid(QWidget* parent)
     : QTableView(parent), m_model(new GridModel(this)), m_header(new GridHeader(this)),
       m_search(new GridSearch(*this, *m_model, *m_header)),
-      m_widths(std::make_unique<GridWidths>(*this, *m_model, *m_header)), m_delete(std::make_unique<GridDelete>(*this)),
-      m_selected(*this)
+      m_widths(std::make_unique<GridWidths>(*this, *m_model, *m_header)),
+      m_delete(std::make_unique<GridDelete>(*this)), m_selected(*this)
 {
     setHorizontalHeader(m_header);
     setModel(m_model);
@@ -42,7 +42,8 @@ DataGrid::DataGrid(QWidget* parent)
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     sizeRows();
     connect(m_header, &QHeaderView::sectionClicked, this, &DataGrid::HeadClick);
-    connect(m_header, &GridHeader::resizedByUser, this, [this](int i, int width) { Columns(i).setWidth(width); });
+    connect(m_header, &GridHeader::resizedByUser, this,
+            [this](int i, int width) { Columns(i).setWidth(width); });
     connect(m_header, &GridHeader::emptyClicked, this, [this] { Q_EMIT HeadClick(-1); });
 }
 
@@ -55,7 +56,8 @@ void DataGrid::setDataSource(DataControl& source)
     m_model->setSource(m_data);
     connect(m_data, &DataControl::RowsReplaced, this, &DataGrid::rowsReplaced);
     connect(m_data, &DataControl::RowAdded, m_model, &GridModel::appendRow);
-    connect(m_data, &DataControl::RowChanged, m_model, [this](qsizetype row) { m_model->rereadRow(int(row)); });
+    connect(m_data, &DataControl::RowChanged, m_model,
+            [this](qsizetype row) { m_model->rereadRow(int(row)); });
     connect(m_data, &DataControl::RowRemoved, this, &DataGrid::rowRemoved);
     connect(m_data, &DataControl::CurrentChanged, this, &DataGrid::follow);
     connect(m_data, &QObject::destroyed, this, &DataGrid::rowsReplaced);
@@ -70,7 +72,8 @@ GridColumn& DataGrid::addColumn(const QString& caption, const QString& field, co
     column.setDataField(field);
     column.setNumberFormat(numberFormat);
     const int index = ColumnCount() - 1;
-    connect(&column, &GridColumn::Changed, this, [this, &column, index] { setColumnHidden(index, !column.Visible()); });
+    connect(&column, &GridColumn::Changed, this,
+            [this, &column, index] { setColumnHidden(index, !column.Visible()); });
     connect(&column, &GridColumn::WidthChanged, this,
             [this, &column, index] { setColumnWidth(index, column.Width()); });
     return column;
@@ -155,7 +158,8 @@ void DataGrid::rowsReplaced()
     m_widths->size();
 }
 
-/// For the rows that stand there when the handler that reads them anew has found the current one again: nothing jumps.
+/// For the rows that stand there when the handler that reads them anew has found the current one again:
+/// nothing jumps.
 void DataGrid::rememberView()
 {
     const int top = rowAt(0);
@@ -184,8 +188,9 @@ void DataGrid::follow()
     if (row >= 0) m_model->rereadRow(row);
     if (row == old.row()) return;
     const QScopedValueRollback following(m_following, true);
-    const auto select = selectsOnly(old.row()) ? QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows
-                                               : QItemSelectionModel::SelectionFlags(QItemSelectionModel::NoUpdate);
+    const auto select = selectsOnly(old.row())
+                            ? QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows
+                            : QItemSelectionModel::SelectionFlags(QItemSelectionModel::NoUpdate);
     const int column = m_column >= 0 ? m_column : qMax(0, m_header->logicalIndexAt(0));
     selectionModel()->setCurrentIndex(m_model->index(row, column), select);
     if (!m_view) return;
@@ -204,7 +209,8 @@ void DataGrid::currentChanged(const QModelIndex& current, const QModelIndex& pre
     follow(); // the move may have been refused
 }
 
-/// After what the user did, as when he took one of two rows out of the selection with Ctrl, or was kept where he was.
+/// After what the user did, as when he took one of two rows out of the selection with Ctrl, or was kept where
+/// he was.
 void DataGrid::selectCurrentAsTheOnlyOne()
 {
     if (m_selected.Count() != 1 || selectsOnly(currentIndex().row()) || !currentIndex().isValid()) return;
@@ -261,7 +267,8 @@ void DataGrid::mousePressEvent(QMouseEvent* event)
 {
     QTableView::mousePressEvent(event);
     selectCurrentAsTheOnlyOne();
-    // A row that the edge cuts is shown whole, but only when no second click can follow that would hit another one.
+    // A row that the edge cuts is shown whole, but only when no second click can follow that would hit
+    // another one.
     QTimer::singleShot(QApplication::doubleClickInterval(), this, [this] { scrollTo(currentIndex()); });
 }
 
@@ -296,8 +303,8 @@ bool DataGrid::viewportEvent(QEvent* event)
     const auto* const help = static_cast<QHelpEvent*>(event);
     const QModelIndex index = indexAt(help->pos());
     const QString text = index.data().toString();
-    const bool cut =
-        index.isValid() && fontMetrics().horizontalAdvance(text) + m_widths->margin() > visualRect(index).width();
+    const bool cut = index.isValid() &&
+                     fontMetrics().horizontalAdvance(text) + m_widths->margin() > visualRect(index).width();
     QToolTip::showText(help->globalPos(), cut ? text : toolTip(), this);
     return true;
 }

@@ -17,11 +17,12 @@ class GridHeader;
 class GridSearch;
 class GridWidths;
 
-/// The rows of a data control as a table to read, select and delete in. Its current row is the data control's, whoever
-/// moves it; reads no more rows than it shows. What is typed finds the next row that begins so in the current column.
+/// The rows of a data control as a table to read, select and delete in. Its current row is the data
+/// control's, whoever moves it; reads no more rows than it shows. What is typed finds the next row that
+/// begins so in the current column.
 ///
-/// Highlighted are the rows that Delete means: several selected ones, else the current one. A single selected row is the
-/// current one: it goes along when another row becomes current.
+/// Highlighted are the rows that Delete means: several selected ones, else the current one. A single selected
+/// row is the current one: it goes along when another row becomes current.
 class DataGrid : public QTableView {
     Q_OBJECT
     Q_PROPERTY(QString Caption READ Caption WRITE setCaption)
@@ -37,18 +38,27 @@ public:
     void setDataSource(DataControl& source);
     GridColumn& addColumn(const QString& caption, const QString& field, const QString& numberFormat = {});
     GridColumn& Columns(int index) const;
-    GridColumn& Columns(QStringView field) const; ///< By its data field, in any case. \throws jet::Error NoSuchField.
+    GridColumn&
+    Columns(QStringView field) const; ///< By its data field, in any case. \throws jet::Error NoSuchField.
     int ColumnCount() const;
     void setBlank(GridModel::Blank blank); ///< What shows nothing, is copied and handed on as nothing.
 
-    QString Caption() const; ///< The line above the columns' captions, and the grid's name for assistive tools.
+    QString
+    Caption() const; ///< The line above the columns' captions, and the grid's name for assistive tools.
     void setCaption(const QString& caption);
-    QString Title() const { return m_title; } ///< What it is called outside its screen: in a file that is made of it.
+    QString Title() const
+    {
+        return m_title;
+    } ///< What it is called outside its screen: in a file that is made of it.
     void setTitle(const QString& title) { m_title = title; }
-    QString EmptyText() const { return m_emptyText; } ///< Stands where the rows would be while there are none.
+    QString EmptyText() const
+    {
+        return m_emptyText;
+    } ///< Stands where the rows would be while there are none.
     void setEmptyText(const QString& text);
-    void setClosedText(const QString& text); ///< Stands there while the rows cannot be read; at start nothing does.
-    QString Tag() const { return m_tag; }    ///< Free for the screen's use.
+    void setClosedText(
+        const QString& text); ///< Stands there while the rows cannot be read; at start nothing does.
+    QString Tag() const { return m_tag; } ///< Free for the screen's use.
     void setTag(const QString& tag) { m_tag = tag; }
     bool AllowDelete() const { return m_allowDelete; } ///< Whether the Del key deletes; at start it does.
     void setAllowDelete(bool allow) { m_allowDelete = allow; }
@@ -57,22 +67,25 @@ public:
     void setBookmark(const jet::Bookmark& bookmark);
     SelectedRows& SelBookmarks() { return m_selected; }
     const jet::Recordset& rows() const; ///< Those it shows. \throws jet::Error ObjectClosed.
-    /// The values of the visible columns of a stretch of rows counted from 0, read now; NULL for a cell that shows nothing.
-    /// Rows that another program has deleted are left out. \throws jet::Error.
-    std::vector<std::vector<jet::Value>> Values(int first, int count) const { return m_model->values(first, count); }
+    /// The values of the visible columns of a stretch of rows counted from 0, read now; NULL for a cell that
+    /// shows nothing. Rows that another program has deleted are left out. \throws jet::Error.
+    std::vector<std::vector<jet::Value>> Values(int first, int count) const
+    {
+        return m_model->values(first, count);
+    }
 
     /// Marks the header of a column that the rows are sorted by; -1 marks none.
     void showSort(int column, Qt::SortOrder order);
 
-    /// Deletes the rows selected, if they are several, else the current one; within AfterDelete the current one. Each is
-    /// made current before its BeforeDelete, of several it alone is selected then and is on view; when it is gone the next
-    /// one, else the previous one is current. \throws jet::Error.
+    /// Deletes the rows selected, if they are several, else the current one; within AfterDelete the current
+    /// one. Each is made current before its BeforeDelete, of several it alone is selected then and is on
+    /// view; when it is gone the next one, else the previous one is current. \throws jet::Error.
     void Delete();
     /// For handlers: whether other rows come before or after this one.
     bool DeletesSeveral() const;
     void EndDeletes(); ///< For handlers: no further row is to be asked about.
-    /// Puts the selected rows, else the current one, on the clipboard: the texts as shown, tab-separated, under a line
-    /// of the columns' captions. \throws jet::Error.
+    /// Puts the selected rows, else the current one, on the clipboard: the texts as shown, tab-separated,
+    /// under a line of the columns' captions. \throws jet::Error.
     void Copy();
 
 Q_SIGNALS:
@@ -81,7 +94,8 @@ Q_SIGNALS:
     /// The current row is about to be deleted. `prompt`, true at first, says whether the grid asks the user.
     void BeforeDelete(Cancel& cancel, bool& prompt);
     void AfterDelete();
-    /// After each BeforeDelete, whatever became of the row; maybe while an error is on its way, so nothing may be thrown.
+    /// After each BeforeDelete, whatever became of the row; maybe while an error is on its way, so nothing
+    /// may be thrown.
     void DeleteEnded();
     /// After the last of the rows, also when an error or EndDeletes came before. Nothing may be thrown.
     void DeletesEnded();

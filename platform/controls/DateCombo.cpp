@@ -159,7 +159,8 @@ void DateCombo::showPopup()
     const QPoint below = mapToGlobal(QPoint(0, height()));
     const QPoint above = mapToGlobal(QPoint(0, -m_popup->height()));
     const bool fits = below.y() + m_popup->height() <= free.bottom();
-    const int left = std::clamp(below.x(), free.left(), std::max(free.left(), free.right() - m_popup->width()));
+    const int left =
+        std::clamp(below.x(), free.left(), std::max(free.left(), free.right() - m_popup->width()));
     m_popup->move(left, fits ? below.y() : std::max(free.top(), above.y()));
     m_popup->show();
     days.setFocus();

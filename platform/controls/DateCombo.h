@@ -8,10 +8,11 @@ class QCalendarWidget;
 
 /// A date, typed or picked from a calendar.
 ///
-/// What is typed is completed when it is taken: "1.3.24" becomes 01.03.2024, "1.3." gets the year of MinDate, else the
-/// year that stood there, else this year. A text that is no date stays as it is; Date is then invalid. A comma types a
-/// dot, as the number block has no other; the arrow keys go day by day. Leaving with a date outside MinDate to MaxDate is
-/// refused, and where there is a MinDate also with a text that is no date; the program itself may set any.
+/// What is typed is completed when it is taken: "1.3.24" becomes 01.03.2024, "1.3." gets the year of MinDate,
+/// else the year that stood there, else this year. A text that is no date stays as it is; Date is then
+/// invalid. A comma types a dot, as the number block has no other; the arrow keys go day by day. Leaving with
+/// a date outside MinDate to MaxDate is refused, and where there is a MinDate also with a text that is no
+/// date; the program itself may set any.
 class DateCombo : public ComboField {
     Q_OBJECT
     Q_PROPERTY(QDate Date READ Date WRITE enterDate)

@@ -12,7 +12,8 @@ namespace {
 
 bool isChord(const QKeyEvent& event)
 {
-    const Qt::KeyboardModifiers held = event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    const Qt::KeyboardModifiers held =
+        event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
     return held && held != (Qt::ControlModifier | Qt::AltModifier); // both together are AltGr
 }
 
@@ -108,7 +109,8 @@ void EditField::keyReleaseEvent(QKeyEvent* event)
     if (!event->isAutoRepeat() && m_pressed.remove(event->key())) Q_EMIT KeyUp();
 }
 
-/// A character that was composed, by a dead key or an input method, comes without presses and releases of its own.
+/// A character that was composed, by a dead key or an input method, comes without presses and releases of its
+/// own.
 void EditField::inputMethodEvent(QInputMethodEvent* event)
 {
     if (isReadOnly() || event->commitString().isEmpty()) {
@@ -157,7 +159,8 @@ QPalette EditField::look() const
 {
     QPalette look;
     if (isReadOnly()) {
-        // The ground around it, whatever that is: in a frame it is another one than in the window. NumberEdit asks how dark.
+        // The ground around it, whatever that is: in a frame it is another one than in the window. NumberEdit
+        // asks how dark.
         QColor ground = parentWidget() ? parentWidget()->palette().color(QPalette::Window) : QColor();
         ground.setAlpha(0);
         look.setColor(QPalette::Base, ground);

@@ -8,10 +8,10 @@
 
 /// A line to type into, with the classic properties and events; the base of text boxes and number fields.
 ///
-/// For all controls of this room: a setter called by the program itself (setText) fires no handler. Every other change
-/// does, as a finished entry of the user would, be it typed, pasted, undone, made by an assistive tool, or written to the
-/// property by its name (setProperty("Text", ...)). Writing a property fires no key events and makes no check; the check
-/// is owed (CheckedField.h).
+/// For all controls of this room: a setter called by the program itself (setText) fires no handler. Every
+/// other change does, as a finished entry of the user would, be it typed, pasted, undone, made by an
+/// assistive tool, or written to the property by its name (setProperty("Text", ...)). Writing a property
+/// fires no key events and makes no check; the check is owed (CheckedField.h).
 class EditField : public QLineEdit, public CheckedField {
     Q_OBJECT
     Q_PROPERTY(QString Text READ Text WRITE enterText)
@@ -33,10 +33,12 @@ public:
     void setTag(const QString& tag) { m_tag = tag; }
 
 Q_SIGNALS:
-    /// A character is typed and not taken yet. A handler may put another one in its place; the character 0 drops it.
+    /// A character is typed and not taken yet. A handler may put another one in its place; the character 0
+    /// drops it.
     void KeyPress(QChar& character);
-    /// A key that can change the text, or Enter, was released after it had been pressed in this field. A key released
-    /// from a window that has just closed does not count, nor do repetitions and chords with Ctrl or Alt.
+    /// A key that can change the text, or Enter, was released after it had been pressed in this field. A key
+    /// released from a window that has just closed does not count, nor do repetitions and chords with Ctrl or
+    /// Alt.
     void KeyUp();
     void Change(); ///< The user has changed the text; while he types, once per character.
     void GotFocus();

@@ -21,7 +21,10 @@ public:
     void setCaption(const QString& caption);
     QString DataField() const { return m_dataField; } ///< A column of the record source, in any case.
     void setDataField(const QString& field);
-    QString NumberFormat() const { return m_numberFormat; } ///< As jet::formatted() reads it; empty: as the value is.
+    QString NumberFormat() const
+    {
+        return m_numberFormat;
+    } ///< As jet::formatted() reads it; empty: as the value is.
     void setNumberFormat(const QString& format);
     bool Visible() const { return m_visible; }
     void setVisible(bool visible);

@@ -11,8 +11,9 @@ void dim(QPalette& palette)
     const QColor light = palette.color(QPalette::Highlight), ground = palette.color(QPalette::Window);
     constexpr int Light = 1, Ground = 2; // parts
     const auto mixed = [](int a, int b) { return (Light * a + Ground * b) / (Light + Ground); };
-    palette.setColor(QPalette::Highlight, QColor(mixed(light.red(), ground.red()), mixed(light.green(), ground.green()),
-                                                 mixed(light.blue(), ground.blue())));
+    palette.setColor(QPalette::Highlight,
+                     QColor(mixed(light.red(), ground.red()), mixed(light.green(), ground.green()),
+                            mixed(light.blue(), ground.blue())));
     palette.setColor(QPalette::HighlightedText, palette.color(QPalette::Text));
 }
 
@@ -20,7 +21,8 @@ void dim(QPalette& palette)
 
 GridDelegate::GridDelegate(DataGrid& grid) : QStyledItemDelegate(&grid), m_grid(grid) {}
 
-void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const
+void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                         const QModelIndex& index) const
 {
     QStyledItemDelegate::paint(painter, option, index);
     if (!m_grid.hasFocus() || m_grid.currentIndex() != index) return;

@@ -74,8 +74,8 @@ void GridDelete::selectOnlyCurrent() const
     m_grid.scrollTo(current);
 }
 
-/// Whether the row could be made current: it may have gone with its partner, or the handlers of the row before may have
-/// refreshed the rows, after which it is found again by its key.
+/// Whether the row could be made current: it may have gone with its partner, or the handlers of the row
+/// before may have refreshed the rows, after which it is found again by its key.
 bool GridDelete::makeCurrent(DataControl& data, const jet::Bookmark& bookmark, const QString& source) const
 {
     const jet::Recordset& rows = m_grid.rows();

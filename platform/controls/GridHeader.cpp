@@ -93,7 +93,8 @@ void GridHeader::mousePressEvent(QMouseEvent* event)
 
 void GridHeader::mouseDoubleClickEvent(QMouseEvent* event)
 {
-    const QScopedValueRollback sizing(m_sizing, true); // on a divider it gives the column the width of its contents
+    const QScopedValueRollback sizing(m_sizing,
+                                      true); // on a divider it gives the column the width of its contents
     QHeaderView::mouseDoubleClickEvent(event);
 }
 
@@ -106,5 +107,6 @@ void GridHeader::mouseMoveEvent(QMouseEvent* event)
 void GridHeader::mouseReleaseEvent(QMouseEvent* event)
 {
     QHeaderView::mouseReleaseEvent(event);
-    if (std::exchange(m_pressedBeside, false) && logicalIndexAt(event->position().toPoint()) < 0) Q_EMIT emptyClicked();
+    if (std::exchange(m_pressedBeside, false) && logicalIndexAt(event->position().toPoint()) < 0)
+        Q_EMIT emptyClicked();
 }

@@ -20,8 +20,9 @@ public:
                  bool sorted) const; ///< Pixels for a caption, with the mark of the order.
 
 Q_SIGNALS:
-    void emptyClicked();                       ///< Beside the columns.
-    void resizedByUser(int column, int width); ///< By dragging the divider behind it or by a double click there.
+    void emptyClicked(); ///< Beside the columns.
+    void resizedByUser(int column,
+                       int width); ///< By dragging the divider behind it or by a double click there.
 
 protected:
     bool event(QEvent* event) override;

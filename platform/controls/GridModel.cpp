@@ -147,7 +147,9 @@ bool GridModel::showsNumbers(int column) const
 Qt::Alignment GridModel::alignment(int column) const
 {
     const bool isDate = m_types[static_cast<std::size_t>(column)] == jet::Type::Date;
-    return Qt::AlignVCenter | (showsNumbers(column) ? Qt::AlignRight : isDate ? Qt::AlignHCenter : Qt::AlignLeft);
+    return Qt::AlignVCenter | (showsNumbers(column) ? Qt::AlignRight
+                               : isDate             ? Qt::AlignHCenter
+                                                    : Qt::AlignLeft);
 }
 
 void GridModel::requireFields() const

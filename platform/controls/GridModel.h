@@ -15,8 +15,9 @@
 class DataControl;
 class GridColumn;
 
-/// The rows of a data control as a grid shows them: texts, alignments, headers. Reads only the rows it is asked for and
-/// keeps the last few hundred. What the engine refuses while a row is drawn is reported later, once, not thrown.
+/// The rows of a data control as a grid shows them: texts, alignments, headers. Reads only the rows it is
+/// asked for and keeps the last few hundred. What the engine refuses while a row is drawn is reported later,
+/// once, not thrown.
 class GridModel : public QAbstractTableModel {
     Q_OBJECT
 
@@ -35,8 +36,8 @@ public:
     void appendRow();
     void removeRow(int row);
     void rereadRow(int row); ///< It may have changed in the file.
-    void
-    rereadRows(); ///< Any may have changed. Nothing after a failure, until another row is current or all are others.
+    void rereadRows(); ///< Any may have changed. Nothing after a failure, until another row is current or all
+                       ///< are others.
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
@@ -44,11 +45,14 @@ public:
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
     bool showsNumbers(int column) const;
     jet::Type type(int column) const { return m_types[static_cast<std::size_t>(column)]; }
-    bool hidesZero(int column) const { return m_blank && m_blank(*m_columns[static_cast<std::size_t>(column)], 0.0); }
+    bool hidesZero(int column) const
+    {
+        return m_blank && m_blank(*m_columns[static_cast<std::size_t>(column)], 0.0);
+    }
     /// The texts of all columns of a row, read now. \throws jet::Error.
     QStringList texts(int row) const;
-    /// The values of the visible columns of a stretch of rows, read now; NULL for a cell that shows nothing. Rows that
-    /// another program has deleted are left out. \throws jet::Error.
+    /// The values of the visible columns of a stretch of rows, read now; NULL for a cell that shows nothing.
+    /// Rows that another program has deleted are left out. \throws jet::Error.
     std::vector<std::vector<jet::Value>> values(int first, int count) const;
 
 private:

@@ -37,9 +37,9 @@ QString dateCriterion(const QString& field, const QString& word)
     return u"%1 >= %2 AND %1 < %3"_s.arg(field, written(day), written(day.addDays(1)));
 }
 
-/// The stretch of an index in which the word can be: from what of it no blank interrupts, which is on view one blank
-/// however many there are, to that with the last of all characters behind it. A text that begins with blanks lies
-/// elsewhere in the order and is not found.
+/// The stretch of an index in which the word can be: from what of it no blank interrupts, which is on view
+/// one blank however many there are, to that with the last of all characters behind it. A text that begins
+/// with blanks lies elsewhere in the order and is not found.
 QString textCriterion(const QString& field, const QString& word)
 {
     const QString first = word.section(u' ', 0, 0);
@@ -54,8 +54,8 @@ bool mayBegin(const GridModel& model, int column, const QString& word)
            std::none_of(word.begin(), word.end(), [](QChar c) { return c.isLetter(); });
 }
 
-/// What is tried before a figure is written out for each row: none that is smaller begins with the word, however it is
-/// rounded. Empty for a word that may begin with a sign or a zero.
+/// What is tried before a figure is written out for each row: none that is smaller begins with the word,
+/// however it is rounded. Empty for a word that may begin with a sign or a zero.
 QString leastCriterion(const QString& field, const QString& word)
 {
     const QString whole = word.section(u',', 0, 0).remove(u'.');
@@ -99,7 +99,8 @@ bool GridSearch::press(const QKeyEvent& event)
 void GridSearch::type(const QString& text)
 {
     const bool printable = std::all_of(text.begin(), text.end(), [](QChar c) { return c.isPrint(); });
-    if (!printable || (m_word.isEmpty() && text.trimmed().isEmpty()) || !m_grid.currentIndex().isValid()) return;
+    if (!printable || (m_word.isEmpty() && text.trimmed().isEmpty()) || !m_grid.currentIndex().isValid())
+        return;
     const bool begins = m_word.isEmpty();
     m_word += text;
     find(m_grid.currentIndex().row() + (begins ? 1 : 0));
@@ -125,8 +126,9 @@ void GridSearch::find(qsizetype from)
     const int column = m_grid.currentIndex().column();
     std::optional<qsizetype> found;
     sys::underErrorReport({[&] {
-        found =
-            mayBegin(m_model, column, m_word) ? m_grid.rows().FindFrom(from, criterion(m_model, column, m_word)) : -1;
+        found = mayBegin(m_model, column, m_word)
+                    ? m_grid.rows().FindFrom(from, criterion(m_model, column, m_word))
+                    : -1;
     }});
     if (!found) return end();
     if (*found >= 0) {
@@ -139,7 +141,8 @@ void GridSearch::find(qsizetype from)
 void GridSearch::show(bool found)
 {
     const QString caption = m_model.column(m_grid.currentIndex().column()).Caption();
-    const QString text = u"Suche in %1: "_s.arg(caption) + m_word + (found ? QString() : u" (nicht gefunden)"_s);
+    const QString text =
+        u"Suche in %1: "_s.arg(caption) + m_word + (found ? QString() : u" (nicht gefunden)"_s);
     m_header.setSearch(text);
     m_grid.setAccessibleDescription(text);
     m_pause.start(Pause, this); // only now: a search over a long journal may itself take as long

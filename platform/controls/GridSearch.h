@@ -9,8 +9,9 @@ class GridHeader;
 class GridModel;
 class QKeyEvent;
 
-/// Find as you type: what is typed in a grid makes the next row current whose text in the current column begins with it.
-/// Letters that follow each other within a second are one word; while it lives the header shows it.
+/// Find as you type: what is typed in a grid makes the next row current whose text in the current column
+/// begins with it. Letters that follow each other within a second are one word; while it lives the header
+/// shows it.
 class GridSearch : public QObject {
 public:
     GridSearch(DataGrid& grid, GridModel& model, GridHeader& header);

@@ -35,7 +35,8 @@ Anordnung angeordnet(const DataControl& data, const DataGrid& grid, int spalte, 
     const qsizetype order = quelle.indexOf(u"order"_s, 0, Qt::CaseInsensitive);
     const QString basis = order < 0 ? quelle : quelle.left(order);
     const bool markiert = grid.Columns(spalte).HeadForeColor() == QColor(Sortiermarke);
-    const bool absteigend = markiert && order >= 0 && quelle.trimmed().endsWith(u"ASC"_s, Qt::CaseInsensitive);
+    const bool absteigend =
+        markiert && order >= 0 && quelle.trimmed().endsWith(u"ASC"_s, Qt::CaseInsensitive);
     const QString richtung = absteigend ? u" DESC"_s : u" ASC"_s;
     return {basis + u" ORDER BY "_s + schluessel(grid.Columns(spalte).DataField(), sortierung, richtung),
             absteigend ? Qt::DescendingOrder : Qt::AscendingOrder};

@@ -15,10 +15,12 @@ void GridWidths::makeRoomForMark(int column)
 {
     const GridColumn& sorted = m_model.column(column);
     if (!m_sized || sorted.Width() > 0) return;
-    m_grid.setColumnWidth(column, qMax(m_grid.columnWidth(column), m_header.widthFor(sorted.Caption(), true)));
+    m_grid.setColumnWidth(column,
+                          qMax(m_grid.columnWidth(column), m_header.widthFor(sorted.Caption(), true)));
 }
 
-/// Widths that the texts of the columns need in rows from all over the list; those on view are often of one kind.
+/// Widths that the texts of the columns need in rows from all over the list; those on view are often of one
+/// kind.
 std::vector<int> GridWidths::sampled() const
 {
     constexpr int Rows = 40;       // each is read: more would be felt when a screen opens
@@ -41,8 +43,8 @@ std::vector<int> GridWidths::sampled() const
     return widths;
 }
 
-/// Once, with the first rows: later widths are the user's, and nothing moves while he works. What is left beside the columns
-/// makes room for longer texts further down.
+/// Once, with the first rows: later widths are the user's, and nothing moves while he works. What is left
+/// beside the columns makes room for longer texts further down.
 void GridWidths::size()
 {
     if (m_sized || !m_grid.isVisible() || m_model.rowCount() == 0) return;
@@ -87,8 +89,8 @@ int GridWidths::margin() const
     return 2 * (m_grid.style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, &m_grid) + 2);
 }
 
-/// A figure that is cut can be taken for another one, so its column grows when it comes on view; that of a text to a limit.
-/// Not one that the user has sized.
+/// A figure that is cut can be taken for another one, so its column grows when it comes on view; that of a
+/// text to a limit. Not one that the user has sized.
 void GridWidths::widen()
 {
     const int first = m_grid.rowAt(0);
@@ -101,7 +103,8 @@ void GridWidths::widen()
         if (m_grid.columnWidth(column) >= most + margin()) continue;
         int width = 0;
         for (int row = first; row <= last; ++row)
-            width = qMax(width, m_grid.fontMetrics().horizontalAdvance(m_model.index(row, column).data().toString()));
+            width = qMax(
+                width, m_grid.fontMetrics().horizontalAdvance(m_model.index(row, column).data().toString()));
         width = qMin(width, most) + margin();
         if (width > m_grid.columnWidth(column)) m_grid.setColumnWidth(column, width);
     }

@@ -6,7 +6,8 @@ class DataGrid;
 class GridHeader;
 class GridModel;
 
-/// The widths that the columns of a grid get by what stands in them; those that the user or the screen has set stay.
+/// The widths that the columns of a grid get by what stands in them; those that the user or the screen has
+/// set stay.
 class GridWidths {
 public:
     GridWidths(DataGrid& grid, const GridModel& model, const GridHeader& header);

@@ -2,16 +2,16 @@
 
 #include "platform/controls/ComboField.h"
 
-/// A combo with a list to choose from. Typing completes to the only entry that begins so, in any case, the added part
-/// selected: of several nobody knows which is meant, and one must not be booked for the other. A text that the list has in
-/// another spelling is taken in the list's.
+/// A combo with a list to choose from. Typing completes to the only entry that begins so, in any case, the
+/// added part selected: of several nobody knows which is meant, and one must not be booked for the other. A
+/// text that the list has in another spelling is taken in the list's.
 class ListField : public ComboField {
     Q_OBJECT
     Q_PROPERTY(bool ListOnly READ ListOnly WRITE setListOnly)
 
 public:
-    /// The user can only choose: typing goes to the first entry that begins so, or is not taken. The program can still set
-    /// any text, which stays shown.
+    /// The user can only choose: typing goes to the first entry that begins so, or is not taken. The program
+    /// can still set any text, which stays shown.
     bool ListOnly() const { return m_listOnly; }
     void setListOnly(bool listOnly);
 

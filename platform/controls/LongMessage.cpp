@@ -48,7 +48,8 @@ void save(QWidget& dialog, const QString& text)
 
 bool isLongMessage(const QString& text)
 {
-    static const QRegularExpression tooWide(u"\\S{100}"_s); // it would not be broken, and widen the box to the screen
+    static const QRegularExpression tooWide(
+        u"\\S{100}"_s); // it would not be broken, and widen the box to the screen
     return text.size() > MostCharacters || text.count(u'\n') > MostLines || text.contains(tooWide);
 }
 
@@ -62,7 +63,8 @@ void showLongMessage(const QString& text, const QIcon& icon)
     picture->setPixmap(icon.pixmap(side));
     auto* const shown = new QPlainTextEdit(text, &dialog);
     shown->setReadOnly(true);
-    shown->setWordWrapMode(QTextOption::WordWrap); // a rule of "=" stays one line, whatever the window's width
+    shown->setWordWrapMode(
+        QTextOption::WordWrap); // a rule of "=" stays one line, whatever the window's width
     shown->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     auto* const saving = new QPushButton(u"&Speichern ..."_s, &dialog);
     auto* const closing = new QPushButton(u"OK"_s, &dialog);

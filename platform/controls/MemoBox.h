@@ -4,8 +4,8 @@
 
 #include <QPlainTextEdit>
 
-/// A text of several lines, which may be bound to a field of a data control. Tab moves on. Setters and property writes are
-/// told apart as in EditField.
+/// A text of several lines, which may be bound to a field of a data control. Tab moves on. Setters and
+/// property writes are told apart as in EditField.
 class MemoBox : public QPlainTextEdit, public BoundField {
     Q_OBJECT
     Q_PROPERTY(QString Text READ Text WRITE enterText)

@@ -115,9 +115,10 @@ void NumberEdit::finish()
 bool NumberEdit::accepts()
 {
     if (isNumber()) return EditField::accepts();
-    sys::critical(u"\""_s + text() +
-                  u"\" ist keine Zahl. Bitte trennen Sie Dezimalstellen mit einem Komma; ein Punkt kann nur Tausender "
-                  u"gruppieren."_s);
+    sys::critical(
+        u"\""_s + text() +
+        u"\" ist keine Zahl. Bitte trennen Sie Dezimalstellen mit einem Komma; ein Punkt kann nur Tausender "
+        u"gruppieren."_s);
     return false;
 }
 
@@ -141,7 +142,8 @@ void NumberEdit::entered(Qt::FocusReason reason)
 void NumberEdit::mouseReleaseEvent(QMouseEvent* event)
 {
     EditField::mouseReleaseEvent(event);
-    // The press that brought the focus has set the cursor; only a selection drawn with the mouse is the user's wish.
+    // The press that brought the focus has set the cursor; only a selection drawn with the mouse is the
+    // user's wish.
     if (m_enteredByMouse && !hasSelectedText()) selectAll();
     m_enteredByMouse = false;
 }

@@ -4,9 +4,10 @@
 
 /// A field for a quantity or a price, with German signs. Holds its value to 10 decimals (withoutDust).
 ///
-/// Shows the value by its pattern, a negative one in red; while the user is in it all its decimals and no grouping, all
-/// selected at first, so that typing replaces it. The dot of the number block types a comma. What cannot become a
-/// number is not taken; what is none yet ("1.5") is refused when the field is left, and until then Value is what it was.
+/// Shows the value by its pattern, a negative one in red; while the user is in it all its decimals and no
+/// grouping, all selected at first, so that typing replaces it. The dot of the number block types a comma.
+/// What cannot become a number is not taken; what is none yet ("1.5") is refused when the field is left, and
+/// until then Value is what it was.
 class NumberEdit : public EditField {
     Q_OBJECT
     Q_PROPERTY(double Value READ Value WRITE enterValue)

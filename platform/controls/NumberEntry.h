@@ -13,10 +13,10 @@ struct TypedNumber {
     double value = 0;
 };
 
-/// Reads what is typed into a number field: an optional minus, up to 12 digits, which dots may group by three, a comma
-/// and up to 10 decimals. "1.250" is 1250; "1.5" is unfinished rather than 15.
+/// Reads what is typed into a number field: an optional minus, up to 12 digits, which dots may group by
+/// three, a comma and up to 10 decimals. "1.250" is 1250; "1.5" is unfinished rather than 15.
 TypedNumber readTyped(QStringView text);
 
-/// The nearest number with 10 decimals, which is what number fields hold: sums of quantities leave dust such as
-/// -2.8e-17, which is 0 and not below it. Not finite counts as 0.
+/// The nearest number with 10 decimals, which is what number fields hold: sums of quantities leave dust such
+/// as -2.8e-17, which is 0 and not below it. Not finite counts as 0.
 double withoutDust(double value);

@@ -6,7 +6,8 @@
 
 class DataControl;
 
-// Rows of a data control by the number in their column `ID`, which stays the same when the rows are read anew.
+// Rows of a data control by the number in their column `ID`, which stays the same when the rows are read
+// anew.
 
 /// Of the row at a place, counted from 0; nothing where there is none, or none any more.
 std::optional<qint64> idAt(const DataControl& data, qsizetype position);

@@ -51,6 +51,7 @@ std::vector<int> SelectedRows::rows() const
 int SelectedRows::rowAt(int index) const
 {
     const auto selected = rows();
-    if (index < 0 || index >= static_cast<int>(selected.size())) jet::raise(jet::ErrorNumber::InvalidBookmark);
+    if (index < 0 || index >= static_cast<int>(selected.size()))
+        jet::raise(jet::ErrorNumber::InvalidBookmark);
     return selected[static_cast<std::size_t>(index)];
 }

@@ -29,7 +29,8 @@ void postKey(Qt::Key key, Qt::KeyboardModifiers modifiers)
 
 QAbstractButton* pressable(QWidget* widget)
 {
-    if (qobject_cast<QCheckBox*>(widget) || qobject_cast<QRadioButton*>(widget)) return nullptr; // the blank ticks them
+    if (qobject_cast<QCheckBox*>(widget) || qobject_cast<QRadioButton*>(widget))
+        return nullptr; // the blank ticks them
     return qobject_cast<QAbstractButton*>(widget);
 }
 

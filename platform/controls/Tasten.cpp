@@ -23,37 +23,54 @@ void springe(const QWidget& fenster, std::vector<QWidget*> anfaenge, int richtun
         beginn = beginn->previousInFocusChain();
     const auto anzahl = std::ssize(anfaenge);
     const auto ziel = (gruppe(beginn) - anfaenge.begin() + richtung + anzahl) % anzahl;
-    anfaenge[static_cast<std::size_t>(ziel)]->setFocus(richtung > 0 ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    anfaenge[static_cast<std::size_t>(ziel)]->setFocus(richtung > 0 ? Qt::TabFocusReason
+                                                                    : Qt::BacktabFocusReason);
 }
 
 } // namespace
 
-// None is a key that text fields keep for themselves on any desktop (Ctrl with A, C, D, E, K, U, V, X, Y or Z among them,
-// but for copying, which lists do as fields do), and none is Ctrl+Alt, which types letters as AltGr does.
+// None is a key that text fields keep for themselves on any desktop (Ctrl with A, C, D, E, K, U, V, X, Y or Z
+// among them, but for copying, which lists do as fields do), and none is Ctrl+Alt, which types letters as
+// AltGr does.
 const std::vector<Tastenzeile>& tastentabelle()
 {
     using enum Geltung;
     static const std::vector<Tastenzeile> tabelle{
         {Taste::Hilfe, Ueberall, {Qt::Key_F1}, u"öffnet die Hilfe an der Stelle, an der Sie sind"_s},
-        {Taste::NeuLesen, Ueberall, {Qt::Key_F5}, u"liest die Listen neu; die Zeile, auf der Sie stehen, bleibt"_s},
+        {Taste::NeuLesen,
+         Ueberall,
+         {Qt::Key_F5},
+         u"liest die Listen neu; die Zeile, auf der Sie stehen, bleibt"_s},
         {Taste::NaechsteGruppe, Ueberall, {Qt::Key_F6}, u"zur nächsten Gruppe von Feldern"_s},
         {Taste::VorigeGruppe, Ueberall, {Qt::SHIFT | Qt::Key_F6}, u"zur vorigen Gruppe"_s},
-        {Taste::Kurzel, Hauptbildschirm, {Qt::CTRL | Qt::Key_N}, u"zum Feld für das Kürzel einer neuen Eintragung"_s},
+        {Taste::Kurzel,
+         Hauptbildschirm,
+         {Qt::CTRL | Qt::Key_N},
+         u"zum Feld für das Kürzel einer neuen Eintragung"_s},
         {Taste::Journal, Hauptbildschirm, {Qt::CTRL | Qt::Key_1}, u"zum Bewegungsjournal"_s},
         {Taste::Bestand, Hauptbildschirm, {Qt::CTRL | Qt::Key_2}, u"zur Lagerstandsliste"_s},
         {Taste::Lagerort, Hauptbildschirm, {Qt::CTRL | Qt::Key_O}, u"zur Eingrenzung nach dem Lagerort"_s},
-        {Taste::Artikelgruppe, Hauptbildschirm, {Qt::CTRL | Qt::Key_G}, u"zur Eingrenzung nach der Artikelgruppe"_s},
+        {Taste::Artikelgruppe,
+         Hauptbildschirm,
+         {Qt::CTRL | Qt::Key_G},
+         u"zur Eingrenzung nach der Artikelgruppe"_s},
         {Taste::Artikel, Hauptbildschirm, {Qt::CTRL | Qt::Key_F}, u"zur Eingrenzung nach dem Artikel"_s},
         {Taste::VonDatum, Hauptbildschirm, {Qt::CTRL | Qt::Key_T}, u"zum ersten Tag des Zeitraums"_s},
         {Taste::Jahr, Hauptbildschirm, {Qt::CTRL | Qt::Key_J}, u"zum Kalenderjahr"_s},
         {Taste::AllesZeigen, Hauptbildschirm, {Qt::CTRL | Qt::Key_0}, u"hebt alle Eingrenzungen auf"_s},
         {Taste::Drucken, Hauptbildschirm, {Qt::CTRL | Qt::Key_P}, u"druckt die gezeigte Liste"_s},
-        {Taste::Tabelle, Hauptbildschirm, {Qt::Key_F12}, u"übergibt die gezeigte Liste an die Tabellenkalkulation"_s},
+        {Taste::Tabelle,
+         Hauptbildschirm,
+         {Qt::Key_F12},
+         u"übergibt die gezeigte Liste an die Tabellenkalkulation"_s},
         {Taste::Lieferscheine, Hauptbildschirm, {Qt::CTRL | Qt::Key_L}, u"öffnet die Lieferscheine"_s},
         {Taste::Pruefen, Hauptbildschirm, {Qt::CTRL | Qt::Key_M}, u"prüft die Pflanzenschutzmittel"_s},
         {Taste::Zuruecknehmen, Reserviert, {Qt::CTRL | Qt::Key_Z}, u"nimmt die letzte Eintragung zurück"_s},
         {Taste::Bestandsbild, Reserviert, {Qt::CTRL | Qt::Key_H}, u"zeigt den Verlauf des Bestandes"_s},
-        {Taste::Aendern, Journal, {Qt::Key_Return, Qt::Key_Enter}, u"ändert die Eintragung, auf der Sie stehen"_s},
+        {Taste::Aendern,
+         Journal,
+         {Qt::Key_Return, Qt::Key_Enter},
+         u"ändert die Eintragung, auf der Sie stehen"_s},
         {Taste::Loeschen, Journal, {Qt::Key_Delete}, u"löscht die Eintragung, auf der Sie stehen"_s},
         {Taste::Kopieren, Journal, {Qt::CTRL | Qt::Key_C}, u"kopiert die markierten Zeilen"_s},
         {Taste::Naechster,

@@ -30,7 +30,8 @@ constexpr quint16 Deflated = 8;
 template <class Number>
 Number at(const QByteArray& bytes, qint64 place)
 {
-    return place + qint64{sizeof(Number)} > bytes.size() ? Number{} : qFromLittleEndian<Number>(bytes.data() + place);
+    return place + qint64{sizeof(Number)} > bytes.size() ? Number{}
+                                                         : qFromLittleEndian<Number>(bytes.data() + place);
 }
 
 /// The parts of an archive that ends with its directory and has no comment; none when it does not.
@@ -107,6 +108,6 @@ bool isCompletePackage(const QString& file)
     QFile archive(file);
     if (!archive.open(QIODevice::ReadOnly)) return false;
     const std::vector<Part> parts = partsOf(archive);
-    return !parts.empty() &&
-           std::all_of(parts.begin(), parts.end(), [&](const Part& part) { return isComplete(archive, part); });
+    return !parts.empty() && std::all_of(parts.begin(), parts.end(),
+                                         [&](const Part& part) { return isComplete(archive, part); });
 }

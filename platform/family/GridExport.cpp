@@ -36,9 +36,11 @@ std::vector<SheetColumn> visibleColumns(const DataGrid& grid)
     return visible;
 }
 
-/// Rows are written by a thread while the next ones are read here, a block at a time. It stays the same one: where the
-/// machine has other work, a thread for each block is kept waiting longer than it saves. \returns false when it was ended.
-bool writeSheet(const DataGrid& grid, const QString& file, const QString& name, const GridExport::Progress& progress)
+/// Rows are written by a thread while the next ones are read here, a block at a time. It stays the same one:
+/// where the machine has other work, a thread for each block is kept waiting longer than it saves. \returns
+/// false when it was ended.
+bool writeSheet(const DataGrid& grid, const QString& file, const QString& name,
+                const GridExport::Progress& progress)
 {
     constexpr qsizetype RowsABlock = 500;
     const qsizetype rows = grid.rows().RecordCount();
@@ -77,7 +79,8 @@ QString takeFreeName(QFile& draft, const QString& path)
 
 } // namespace
 
-void GridExport::Export(const DataGrid& grid, const QString& name, const QString& directory, const Progress& progress)
+void GridExport::Export(const DataGrid& grid, const QString& name, const QString& directory,
+                        const Progress& progress)
 {
     QString file;
     sys::underErrorReport({
@@ -88,7 +91,8 @@ void GridExport::Export(const DataGrid& grid, const QString& name, const QString
     });
 }
 
-QString GridExport::Write(const DataGrid& grid, const QString& name, const QString& directory, const Progress& progress)
+QString GridExport::Write(const DataGrid& grid, const QString& name, const QString& directory,
+                          const Progress& progress)
 {
     if (grid.rows().RecordCount() > Spreadsheet::MostRows)
         throw jet::Error(
@@ -98,13 +102,15 @@ QString GridExport::Write(const DataGrid& grid, const QString& name, const QStri
     const QString path =
         (directory.isEmpty() ? ownDirectory() : sys::localPath(directory)) + u'/' + sys::fileNameFor(title);
     QFile draft(sys::draftName(path));
-    if (!draft.open(QIODevice::WriteOnly | QIODevice::NewOnly)) throw sys::fileFault(errno, path + u".xlsx"_s);
+    if (!draft.open(QIODevice::WriteOnly | QIODevice::NewOnly))
+        throw sys::fileFault(errno, path + u".xlsx"_s);
     draft.close();
     auto removeDraft = qScopeGuard([&draft] { draft.remove(); });
     try {
         if (!writeSheet(grid, draft.fileName(), title, progress)) return {};
     } catch (const sys::FileError& error) { // the user knows the file, not its draft
-        throw sys::FileError(error.number(), QString(error.text()).replace(draft.fileName(), path + u".xlsx"_s));
+        throw sys::FileError(error.number(),
+                             QString(error.text()).replace(draft.fileName(), path + u".xlsx"_s));
     }
     QString file = takeFreeName(draft, path);
     removeDraft.dismiss();

@@ -6,10 +6,12 @@
 
 class DataGrid;
 
-/// The family's component that hands a grid to the user's spreadsheet program: a file of one sheet with the columns that are
-/// visible, their captions as its first row, and the rows in the order and choice of the grid.
+/// The family's component that hands a grid to the user's spreadsheet program: a file of one sheet with the
+/// columns that are visible, their captions as its first row, and the rows in the order and choice of the
+/// grid.
 ///
-/// Rows are read one after the other while the file is written; so many of them take no more memory than a few.
+/// Rows are read one after the other while the file is written; so many of them take no more memory than a
+/// few.
 class GridExport {
 public:
     /// Told now and then how much is done; false ends the work.
@@ -18,14 +20,18 @@ public:
     /// Writes the file and opens it with the user's program, under the common error report.
     ///
     /// \param name what file and sheet are called; empty: the grid's title.
-    /// \param directory where the file goes; empty: a directory in the user's temporary one, which stays when the program
+    /// \param directory where the file goes; empty: a directory in the user's temporary one, which stays when
+    /// the program
     ///        ends, since the spreadsheet program may have the file open for longer.
-    void Export(const DataGrid& grid, const QString& name, const QString& directory, const Progress& progress);
+    void Export(const DataGrid& grid, const QString& name, const QString& directory,
+                const Progress& progress);
 
-    /// Writes the file, parameters as above. A file that is there is left alone, since it may be open or the user may have
-    /// worked on it: the new one is then called "Name (2).xlsx". \returns its path; empty: ended by `progress`, and nothing
-    /// is left of it. \throws jet::Error, sys::FileError; nothing is left then either.
-    QString Write(const DataGrid& grid, const QString& name, const QString& directory, const Progress& progress);
+    /// Writes the file, parameters as above. A file that is there is left alone, since it may be open or the
+    /// user may have worked on it: the new one is then called "Name (2).xlsx". \returns its path; empty:
+    /// ended by `progress`, and nothing is left of it. \throws jet::Error, sys::FileError; nothing is left
+    /// then either.
+    QString Write(const DataGrid& grid, const QString& name, const QString& directory,
+                  const Progress& progress);
 
 private:
     QString ownDirectory();

@@ -77,7 +77,8 @@ Spreadsheet::Spreadsheet(const QString& file, const QString& name, const std::ve
         format_set_align(date, LXW_ALIGN_CENTER);
     for (const SheetColumn& column : columns) {
         const auto index = static_cast<lxw_col_t>(m_columns.size());
-        worksheet_write_string(m_sheet, 0, index, column.caption.toUtf8().constData(), captionFormat(column.alignment));
+        worksheet_write_string(m_sheet, 0, index, column.caption.toUtf8().constData(),
+                               captionFormat(column.alignment));
         m_columns.push_back(
             {.format = column.numberFormat.isEmpty() ? nullptr : addFormat(sheetFormat(column.numberFormat)),
              .numberFormat = column.numberFormat,
@@ -150,8 +151,8 @@ void Spreadsheet::writeNumber(quint16 column, double number)
     worksheet_write_number(m_sheet, m_row, column, written, its.format);
 }
 
-/// Spreadsheets count days from the end of 1899, but one program and the other begin to agree only on 1 March 1900; what
-/// is before that, or after the year 9999, stays a text.
+/// Spreadsheets count days from the end of 1899, but one program and the other begin to agree only on 1 March
+/// 1900; what is before that, or after the year 9999, stays a text.
 void Spreadsheet::writeDate(quint16 column, const QDateTime& moment)
 {
     static const qint64 Zero = QDate(1899, 12, 30).toJulianDay();
@@ -195,7 +196,8 @@ void Spreadsheet::setWidths()
     constexpr qsizetype Widest = 60;
     for (std::size_t i = 0; i < m_columns.size(); ++i) {
         const Column& its = m_columns[i];
-        const qsizetype figures = its.largest == 0 ? 0 : jet::formatted(-its.largest, its.numberFormat).size();
+        const qsizetype figures =
+            its.largest == 0 ? 0 : jet::formatted(-its.largest, its.numberFormat).size();
         const auto width = static_cast<double>(std::min(std::max(its.longest, figures), Widest) + 2);
         const auto column = static_cast<lxw_col_t>(i);
         worksheet_set_column(m_sheet, column, column, width, nullptr);

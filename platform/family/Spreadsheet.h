@@ -19,25 +19,28 @@ struct SheetColumn {
     Qt::Alignment alignment = Qt::AlignLeft; ///< Of the caption, which stands over what is below it.
 };
 
-/// A spreadsheet file of one sheet, in the making: captions in a row that stays on view and filters, below it rows from
-/// top to bottom. It is printed on landscape sheets as wide as the columns, the captions on each.
-/// No more than one row of it is kept in memory. What has not been finished is no file that a program can read.
+/// A spreadsheet file of one sheet, in the making: captions in a row that stays on view and filters, below it
+/// rows from top to bottom. It is printed on landscape sheets as wide as the columns, the captions on each.
+/// No more than one row of it is kept in memory. What has not been finished is no file that a program can
+/// read.
 class Spreadsheet {
 public:
     static constexpr int MostRows = 1'048'575; ///< Below the captions; more does no spreadsheet program show.
 
-    /// Begins the file, which must be writable; temporary files go to its directory. The sheet is called `name` without
-    /// what no sheet can be called. \throws sys::FileError.
+    /// Begins the file, which must be writable; temporary files go to its directory. The sheet is called
+    /// `name` without what no sheet can be called. \throws sys::FileError.
     Spreadsheet(const QString& file, const QString& name, const std::vector<SheetColumn>& columns);
     ~Spreadsheet();
     Q_DISABLE_COPY_MOVE(Spreadsheet)
 
-    /// One value for each column. Numbers and days become numbers and days in the sheet, everything else a text of one
-    /// line, and NULL an empty cell.
+    /// One value for each column. Numbers and days become numbers and days in the sheet, everything else a
+    /// text of one line, and NULL an empty cell.
     void addRow(const std::vector<jet::Value>& values);
-    void requireRoom() const; ///< \throws sys::FileError DiskFull when some of the rows found no room on the disk.
-    /// Gives columns their widths and packs the file. That takes about as long as all rows before, so `meanwhile` is called
-    /// now and then; it must not throw. \throws sys::FileError when the file could not be completed.
+    void
+    requireRoom() const; ///< \throws sys::FileError DiskFull when some of the rows found no room on the disk.
+    /// Gives columns their widths and packs the file. That takes about as long as all rows before, so
+    /// `meanwhile` is called now and then; it must not throw. \throws sys::FileError when the file could not
+    /// be completed.
     void finish(const std::function<void()>& meanwhile);
 
 private:

@@ -6,8 +6,9 @@
 #include <QString>
 #include <QTemporaryDir>
 
-/// The family's component that names the directory in which databases for printing are built. It belongs to one open
-/// screen and goes with it, so that closing one program's screen never deletes what another one is printing.
+/// The family's component that names the directory in which databases for printing are built. It belongs to
+/// one open screen and goes with it, so that closing one program's screen never deletes what another one is
+/// printing.
 class WorkingDirectory {
 public:
     /// \throws sys::FileError when no directory can be made below the user's temporary one.

@@ -80,7 +80,8 @@ Value convert(const Value& value, Type to)
     case Type::Date: return date(value);
     case Type::Text:
     case Type::Memo:
-        if (value.toText().contains(QChar(0))) raise(ErrorNumber::ConversionFailed); // would end the text in the file
+        if (value.toText().contains(QChar(0)))
+            raise(ErrorNumber::ConversionFailed); // would end the text in the file
         return Value(value.toText());
     case Type::Null: break;
     }
@@ -90,7 +91,8 @@ Value convert(const Value& value, Type to)
 QString numberText(double value)
 {
     if (value == 0.0) return u"0"_s;
-    if (!std::isfinite(value)) return std::isnan(value) ? u"-1,#IND"_s : value > 0 ? u"1,#INF"_s : u"-1,#INF"_s;
+    if (!std::isfinite(value))
+        return std::isnan(value) ? u"-1,#IND"_s : value > 0 ? u"1,#INF"_s : u"-1,#INF"_s;
     std::array<char, 40> buffer{};
     std::snprintf(buffer.data(), buffer.size(), "%.14e", std::fabs(value)); // d.dddddddddddddde+xx
     const QString text = QString::fromLatin1(buffer.data());
@@ -105,7 +107,8 @@ QString numberText(double value)
         return sign + digits.left(1) + fraction(digits.mid(1)) + (exponent < 0 ? u"E-"_s : u"E+"_s) + power;
     }
     if (exponent < 0) return sign + u"0,"_s + QString(-exponent - 1, u'0') + digits;
-    return sign + digits.left(exponent + 1).leftJustified(exponent + 1, u'0') + fraction(digits.mid(exponent + 1));
+    return sign + digits.left(exponent + 1).leftJustified(exponent + 1, u'0') +
+           fraction(digits.mid(exponent + 1));
 }
 
 QString dateText(const QDateTime& value)
@@ -123,7 +126,8 @@ std::optional<double> readNumber(QStringView text)
     if (number.startsWith(u'.')) return {};
     number.remove(u'.');
     number.replace(u',', u'.');
-    if (number.contains(u'n', Qt::CaseInsensitive) || number.contains(u'x', Qt::CaseInsensitive)) return {}; // inf, nan
+    if (number.contains(u'n', Qt::CaseInsensitive) || number.contains(u'x', Qt::CaseInsensitive))
+        return {}; // inf, nan
     bool valid = false;
     const double value = number.toDouble(&valid);
     if (!valid || !std::isfinite(value)) return {};
@@ -142,7 +146,8 @@ std::optional<QDateTime> readDate(QStringView text)
         numbers[static_cast<std::size_t>(i)] = parts[i].toInt(&valid);
         if (!valid || parts[i].front().isPunct()) return {};
     }
-    if (parts[0].size() > 2 || parts[1].size() > 2 || (parts[2].size() != 2 && parts[2].size() != 4)) return {};
+    if (parts[0].size() > 2 || parts[1].size() > 2 || (parts[2].size() != 2 && parts[2].size() != 4))
+        return {};
     const int year = parts[2].size() == 2 ? fullYear(numbers[2]) : numbers[2];
     const QDate day(year, numbers[1], numbers[0]);
     if (year < 100 || !day.isValid()) return {};
@@ -160,7 +165,8 @@ int fullYear(int year)
 double dayNumber(const QDateTime& value)
 {
     const auto day = static_cast<double>(DayZero.daysTo(value.date()));
-    const double time = static_cast<double>(QTime(0, 0).secsTo(value.time())) / static_cast<double>(SecondsOfDay);
+    const double time =
+        static_cast<double>(QTime(0, 0).secsTo(value.time())) / static_cast<double>(SecondsOfDay);
     return day < 0 ? day - time : day + time;
 }
 

@@ -41,7 +41,8 @@ Database::~Database()
 qint64 Database::Execute(const QString& sql)
 {
     const auto shape = sql::shapeOf(sql);
-    return m_session->told([&] { return m_session->withPresentSchema([&] { return execute(*m_session, shape); }); });
+    return m_session->told(
+        [&] { return m_session->withPresentSchema([&] { return execute(*m_session, shape); }); });
 }
 
 std::unique_ptr<Recordset> Database::OpenRecordset(const QString& source, Kind kind)
@@ -60,7 +61,8 @@ std::unique_ptr<Recordset::Rows> Database::rowsOf(const QString& source, Kind ki
         return openRows(m_session, std::move(plan), shape, kind);
     };
     auto rows = m_session->withPresentSchema(open);
-    if (m_session->use().forgetIfNoticed()) rows = open(); // what was read may lack a column that is there now
+    if (m_session->use().forgetIfNoticed())
+        rows = open(); // what was read may lack a column that is there now
     return rows;
 }
 

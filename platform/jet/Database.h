@@ -10,16 +10,16 @@
 
 namespace jet {
 
-/// One open database file. Each statement and each Update() is a commit of its own, but between BeginTrans and
-/// CommitTrans; an action statement is done as a whole or not at all. Two Databases of one file and connect text are one
-/// to the file: what both write while one has a transaction is committed with it.
+/// One open database file. Each statement and each Update() is a commit of its own, but between BeginTrans
+/// and CommitTrans; an action statement is done as a whole or not at all. Two Databases of one file and
+/// connect text are one to the file: what both write while one has a transaction is committed with it.
 class Database {
 public:
     ~Database(); ///< Closes, and keeps what was written: rows booked before an error stay booked.
     Q_DISABLE_COPY_MOVE(Database)
 
-    /// Executes one action statement (everything but SELECT without INTO). \returns the number of rows affected.
-    /// \throws Error with the number and text of the refusal; nothing is then changed.
+    /// Executes one action statement (everything but SELECT without INTO). \returns the number of rows
+    /// affected. \throws Error with the number and text of the refusal; nothing is then changed.
     qint64 Execute(const QString& sql);
     /// Opens the rows of a table or SELECT statement.
     std::unique_ptr<Recordset> OpenRecordset(const QString& source, Kind kind = Kind::Dynaset);
@@ -30,19 +30,20 @@ public:
     /// \throws Error FileNotFound, WrongPassword, ObjectNotFound, TableExists.
     void CreateTableDef(const QString& name, const QString& connect, const QString& sourceTable);
 
-    /// Gathers the writes up to CommitTrans or Close in one commit. \throws Error Locked when another program writes.
-    /// A full disk or a fault of it drops what was gathered and ends the transaction.
+    /// Gathers the writes up to CommitTrans or Close in one commit. \throws Error Locked when another program
+    /// writes. A full disk or a fault of it drops what was gathered and ends the transaction.
     void BeginTrans();
-    void CommitTrans(); ///< Durable when it returns. \throws Error DiskFull, Locked; the transaction stays open.
-    void Rollback();    ///< Drops what BeginTrans gathered; without it, nothing.
+    void
+    CommitTrans();   ///< Durable when it returns. \throws Error DiskFull, Locked; the transaction stays open.
+    void Rollback(); ///< Drops what BeginTrans gathered; without it, nothing.
     /// Commits what BeginTrans gathered, closes the recordsets. A second call does nothing.
     /// \throws Error as CommitTrans; the database then stays open, so that it can be tried again.
     void Close();
 
     QString Name() const; ///< The local path of the file.
 
-    /// How far whoever made the tables has brought them, as he counts; 0 when he never said. Read once a connection, and
-    /// anew in a transaction.
+    /// How far whoever made the tables has brought them, as he counts; 0 when he never said. Read once a
+    /// connection, and anew in a transaction.
     int SchemaVersion() const;
     void setSchemaVersion(int version);
 

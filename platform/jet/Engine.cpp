@@ -30,7 +30,9 @@ std::unique_ptr<Database> Engine::database(std::shared_ptr<OpenFile> file)
     session->openOther = [pool = m_pool.get()](const QString& path, const QString& connect) {
         return pool->open(path, connect);
     };
-    session->giveBack = [pool = m_pool.get()](std::shared_ptr<OpenFile> given) { pool->giveBack(std::move(given)); };
+    session->giveBack = [pool = m_pool.get()](std::shared_ptr<OpenFile> given) {
+        pool->giveBack(std::move(given));
+    };
     session->requireDatabase = [pool = m_pool.get()](const QString& path) { pool->requireDatabase(path); };
     return std::unique_ptr<Database>(new Database(std::move(session)));
 }

@@ -24,16 +24,17 @@ public:
     ~Engine();
     Q_DISABLE_COPY_MOVE(Engine)
 
-    /// Opens an existing file, never exclusively; nothing is ever created by opening. A file that may not be written is
-    /// opened for reading.
+    /// Opens an existing file, never exclusively; nothing is ever created by opening. A file that may not be
+    /// written is opened for reading.
     ///
-    /// `connect` is "[type];key=value;...", of which only the type word and `pwd` are looked at: ";pwd=secret",
-    /// "MS Access;PWD=secret". A file without a password opens with any text.
-    /// \throws Error FileNotFound, PathNotFound, CannotOpenFile, UnknownFormat, WrongPassword, UnknownDatabaseType, Locked.
+    /// `connect` is "[type];key=value;...", of which only the type word and `pwd` are looked at:
+    /// ";pwd=secret", "MS Access;PWD=secret". A file without a password opens with any text. \throws Error
+    /// FileNotFound, PathNotFound, CannotOpenFile, UnknownFormat, WrongPassword, UnknownDatabaseType, Locked.
     std::unique_ptr<Database> OpenDatabase(const QString& path, const QString& connect = {});
 
-    /// Creates an empty file. `locale` is a text such as ";LANGID=0x0409;CP=1252;COUNTRY=0", of which only `pwd`, the
-    /// password to be set, is looked at. \throws Error DatabaseExists, PathNotFound, CannotOpenFile.
+    /// Creates an empty file. `locale` is a text such as ";LANGID=0x0409;CP=1252;COUNTRY=0", of which only
+    /// `pwd`, the password to be set, is looked at. \throws Error DatabaseExists, PathNotFound,
+    /// CannotOpenFile.
     std::unique_ptr<Database> CreateDatabase(const QString& path, const QString& locale);
 
     /// Milliseconds to wait for a lock of another program before Locked is thrown; 5000 at start.

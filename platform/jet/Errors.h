@@ -22,7 +22,8 @@ Error named(const Error& error, const QString& kind, const QString& name);
 /// The refusal of a Yes/No value other than 0 and -1. An empty name: which field is not known here.
 Error noTruthValue(const QString& field);
 
-/// Refuses something that the dialect knows elsewhere but not here, naming it: "'UNION' wird ... nicht unterstützt."
+/// Refuses something that the dialect knows elsewhere but not here, naming it: "'UNION' wird ... nicht
+/// unterstützt."
 [[noreturn]] void refuse(const QString& feature, qsizetype position = -1);
 
 } // namespace jet

@@ -19,7 +19,8 @@ constexpr double LargestWritten = 1e15; // beyond it the last digits are not tho
 QByteArray roundedDigits(double magnitude, int decimals)
 {
     const int before = magnitude < 1 ? 0 : static_cast<int>(std::log10(magnitude)) + 1;
-    QByteArray digits = QByteArray::number(magnitude, 'f', std::max(SignificantDigits - before, decimals + 1));
+    QByteArray digits =
+        QByteArray::number(magnitude, 'f', std::max(SignificantDigits - before, decimals + 1));
     const qsizetype point = digits.indexOf('.');
     digits.remove(point, 1);
     const bool up = digits[point + decimals] >= '5';

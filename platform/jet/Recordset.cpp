@@ -135,7 +135,8 @@ qsizetype Recordset::PositionOf(const Bookmark& bookmark) const
 Bookmark Recordset::SameRow(const Bookmark& former) const
 {
     m_rows->connection();
-    const bool isHere = former != Bookmark() && m_rows->isUpdatable() && m_rows->positionOf(former.m_row) >= 0;
+    const bool isHere =
+        former != Bookmark() && m_rows->isUpdatable() && m_rows->positionOf(former.m_row) >= 0;
     return isHere ? bookmark(former.m_row) : Bookmark();
 }
 

@@ -21,10 +21,12 @@ bool standsAtHalf(double value, int decimals)
     std::array<char, 40> digits{};
     std::snprintf(digits.data(), digits.size(), "%.14e", value); // d.dddddddddddddde+xx
     const int exponent = std::atoi(digits.data() + 17);
-    std::copy(digits.begin() + 2, digits.begin() + 16, digits.begin() + 1); // fourteen decimals join the first digit
-    const int half = exponent + decimals + 1;                               // index of the first digit that goes
+    std::copy(digits.begin() + 2, digits.begin() + 16,
+              digits.begin() + 1);            // fourteen decimals join the first digit
+    const int half = exponent + decimals + 1; // index of the first digit that goes
     if (half < 0 || half > 14 || digits[static_cast<std::size_t>(half)] != '5') return false;
-    return std::all_of(digits.begin() + half + 1, digits.begin() + 15, [](char digit) { return digit == '0'; });
+    return std::all_of(digits.begin() + half + 1, digits.begin() + 15,
+                       [](char digit) { return digit == '0'; });
 }
 
 } // namespace
@@ -34,7 +36,8 @@ double Round(double value, int decimals)
     const double power = PowersOfTen[static_cast<std::size_t>(std::clamp(decimals, 0, MostDecimals))];
     const double magnitude = std::fabs(value);
     const double scaled = magnitude * power;
-    if (!(scaled < 4503599627370496.0)) return value; // 2^52: no decimals left to round; also infinite and NaN
+    if (!(scaled < 4503599627370496.0))
+        return value; // 2^52: no decimals left to round; also infinite and NaN
     double whole = std::floor(scaled);
     const double rest = scaled - whole;
     // Binary noise lies far below this margin up to 15 digits; only what is inside it can be a decimal half.

@@ -19,8 +19,8 @@ struct Field {
 struct TableDef {
     QString name;
     std::vector<Field> fields; ///< In table order; empty for a link.
-    QString connect;           ///< Of a link: "MS Access;PWD=...;DATABASE=path"; empty for a table of this file.
-    QString sourceTable;       ///< Of a link: the table's name in the other file.
+    QString connect;     ///< Of a link: "MS Access;PWD=...;DATABASE=path"; empty for a table of this file.
+    QString sourceTable; ///< Of a link: the table's name in the other file.
 };
 
 } // namespace jet

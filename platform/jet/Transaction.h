@@ -8,20 +8,21 @@ namespace jet {
 
 class Database;
 
-/// What belongs together as one commit, from here to commit(): a program that is stopped in between leaves all of it in the
-/// file or nothing. One at a time for a Database, and short: other programs wait.
+/// What belongs together as one commit, from here to commit(): a program that is stopped in between leaves
+/// all of it in the file or nothing. One at a time for a Database, and short: other programs wait.
 ///
-/// An error that leaves the scope keeps what was written before it, and the commit is made before anybody can show the
-/// error. However the scope is left, no transaction is open afterwards.
+/// An error that leaves the scope keeps what was written before it, and the commit is made before anybody can
+/// show the error. However the scope is left, no transaction is open afterwards.
 class Transaction {
 public:
-    /// `takenBack`, which must not throw, is called when nothing of it was kept: a full disk or a fault of it drops all, and
-    /// so does a commit that fails. \throws Error Locked when another program writes.
+    /// `takenBack`, which must not throw, is called when nothing of it was kept: a full disk or a fault of it
+    /// drops all, and so does a commit that fails. \throws Error Locked when another program writes.
     explicit Transaction(Database& database, std::function<void()> takenBack = {});
     ~Transaction();
     Q_DISABLE_COPY_MOVE(Transaction)
 
-    void commit(); ///< Durable when it returns. \throws Error DiskFull, DiskError, Locked: nothing was kept then.
+    void
+    commit(); ///< Durable when it returns. \throws Error DiskFull, DiskError, Locked: nothing was kept then.
 
 private:
     Database& m_database;

@@ -7,8 +7,9 @@
 
 namespace jet {
 
-/// What a column or an expression holds. The values of Boolean are -1 and 0 in the file, of Counter and Long 4-byte
-/// whole numbers; every other number is a Double, whatever the column was declared as; Memo is a text without a bound of its length; Date has a time of day that mostly is midnight.
+/// What a column or an expression holds. The values of Boolean are -1 and 0 in the file, of Counter and Long
+/// 4-byte whole numbers; every other number is a Double, whatever the column was declared as; Memo is a text
+/// without a bound of its length; Date has a time of day that mostly is midnight.
 enum class Type { Null, Boolean, Long, Counter, Double, Date, Text, Memo };
 
 bool isNumber(Type type); ///< Boolean counts as one, Date does not.
@@ -36,9 +37,10 @@ public:
     /// The conversions of the German runtime. NULL is 0, false, "" or no date.
     /// \throws Error ConversionFailed when a text is no number or no date.
     double toDouble() const;
-    qint64 toLong() const;  ///< Half to even: 2.5 is 2, 3.5 is 4. \throws Error Overflow beyond 4 bytes.
-    bool toBool() const;    ///< Any number but 0 is true; so are "Wahr", "True", "-1".
-    QString toText() const; ///< 0.25 is "0,25"; a date is "05.03.2024", with its time only when that is not midnight.
+    qint64 toLong() const; ///< Half to even: 2.5 is 2, 3.5 is 4. \throws Error Overflow beyond 4 bytes.
+    bool toBool() const;   ///< Any number but 0 is true; so are "Wahr", "True", "-1".
+    QString
+    toText() const; ///< 0.25 is "0,25"; a date is "05.03.2024", with its time only when that is not midnight.
     QDateTime toDateTime() const;
     QDate toDate() const { return toDateTime().date(); }
 

@@ -51,7 +51,8 @@ Text BandReader::text(Element& element, TotalsAllowed totals) const
     text.font.italic = element.truth(u"italic"_s);
     text.font.color = element.color(u"color"_s, text.font.color);
     text.align = element.word<Qt::AlignmentFlag>(
-        u"align"_s, {{u"left"_s, Qt::AlignLeft}, {u"right"_s, Qt::AlignRight}, {u"center"_s, Qt::AlignHCenter}},
+        u"align"_s,
+        {{u"left"_s, Qt::AlignLeft}, {u"right"_s, Qt::AlignRight}, {u"center"_s, Qt::AlignHCenter}},
         Qt::AlignLeft);
     text.format = format(element);
     text.show = show(element, totals);
@@ -112,7 +113,8 @@ void BandReader::checkWidth(const Element& element, double right) const
 {
     if (right <= m_width + Slack) return;
     element.place().refuse(u"<"_s + element.name() + u"> ragt über den rechten Rand: Es endet bei "_s +
-                           QString::number(right) + u" mm, bedruckbar sind "_s + QString::number(m_width) + u" mm."_s);
+                           QString::number(right) + u" mm, bedruckbar sind "_s + QString::number(m_width) +
+                           u" mm."_s);
 }
 
 } // namespace report

@@ -13,7 +13,8 @@ class QPainter;
 
 namespace report {
 
-/// Lengths on finished pages are dots of this size, whatever is painted on: lines break alike on screen and paper.
+/// Lengths on finished pages are dots of this size, whatever is painted on: lines break alike on screen and
+/// paper.
 constexpr double DotsPerInch = 1200;
 constexpr double DotsPerMm = DotsPerInch / 25.4;
 

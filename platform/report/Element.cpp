@@ -30,7 +30,8 @@ Place Element::here() const
 
 QString Element::text(const QString& attribute)
 {
-    if (!has(attribute)) m_place.refuse(u"Dem Element <"_s + m_name + u"> fehlt die Angabe '"_s + attribute + u"'."_s);
+    if (!has(attribute))
+        m_place.refuse(u"Dem Element <"_s + m_name + u"> fehlt die Angabe '"_s + attribute + u"'."_s);
     return text(attribute, {});
 }
 
@@ -81,8 +82,8 @@ void Element::children(std::initializer_list<std::pair<QString, Reading>> known)
         if (m_xml.isCharacters() && !m_xml.isWhitespace())
             here().refuse(u"Text steht hier an falscher Stelle: "_s + m_xml.text().toString().trimmed());
         if (!m_xml.isStartElement()) continue;
-        const auto* const found =
-            std::find_if(known.begin(), known.end(), [this](const auto& row) { return m_xml.name() == row.first; });
+        const auto* const found = std::find_if(known.begin(), known.end(),
+                                               [this](const auto& row) { return m_xml.name() == row.first; });
         if (found == known.end()) {
             QStringList names;
             for (const auto& row : known)
@@ -120,8 +121,8 @@ void Element::refuseUnknownAttributes() const
 {
     for (const QXmlStreamAttribute& attribute : m_attributes) {
         if (attribute.prefix() == u"xsi" || m_known.contains(attribute.name())) continue;
-        m_place.refuse(u"Die Angabe '"_s + attribute.qualifiedName().toString() + u"' gibt es bei <"_s + m_name +
-                       u"> nicht. Möglich sind: "_s + m_known.join(u", "_s) + u'.');
+        m_place.refuse(u"Die Angabe '"_s + attribute.qualifiedName().toString() + u"' gibt es bei <"_s +
+                       m_name + u"> nicht. Möglich sind: "_s + m_known.join(u", "_s) + u'.');
     }
 }
 
@@ -133,9 +134,10 @@ void Element::refuseValue(const QString& attribute, const QString& possible) con
 
 void Element::refuseChild(const QStringList& known) const
 {
-    const QString possible = known.isEmpty() ? u"kein Element stehen."_s : u"nur stehen: "_s + listed(known) + u'.';
-    here().refuse(u"Das Element <"_s + m_xml.name().toString() + u"> ist hier nicht zulässig. In <"_s + m_name +
-                  u"> darf "_s + possible);
+    const QString possible =
+        known.isEmpty() ? u"kein Element stehen."_s : u"nur stehen: "_s + listed(known) + u'.';
+    here().refuse(u"Das Element <"_s + m_xml.name().toString() + u"> ist hier nicht zulässig. In <"_s +
+                  m_name + u"> darf "_s + possible);
 }
 
 void Element::refuseBrokenXml() const
@@ -145,9 +147,10 @@ void Element::refuseBrokenXml() const
     case QXmlStreamReader::PrematureEndOfDocumentError:
         here().refuse(u"Die Datei ist unvollständig: Das Ende von <"_s + m_name + u"> fehlt."_s);
     default:
-        here().refuse(u"Hier ist das XML nicht richtig geschrieben, zum Beispiel ein Element <"_s + m_name +
-                      u"> falsch geschlossen, ein Anführungszeichen vergessen oder ein < im Text. Die Zeichen < und & "
-                      "werden als &lt; und &amp; geschrieben."_s);
+        here().refuse(
+            u"Hier ist das XML nicht richtig geschrieben, zum Beispiel ein Element <"_s + m_name +
+            u"> falsch geschlossen, ein Anführungszeichen vergessen oder ein < im Text. Die Zeichen < und & "
+            "werden als &lt; und &amp; geschrieben."_s);
     }
 }
 

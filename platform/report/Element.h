@@ -14,8 +14,8 @@
 
 namespace report {
 
-/// One element of a form's XML while it is read, with its attributes as what they mean. Everything that is not
-/// understood is refused with file and line; nothing is passed over.
+/// One element of a form's XML while it is read, with its attributes as what they mean. Everything that is
+/// not understood is refused with file and line; nothing is passed over.
 class Element {
 public:
     /// The reader stands at the element's start.
@@ -24,7 +24,7 @@ public:
     QString name() const { return m_name; }
     const Place& place() const { return m_place; }
 
-    QString text(const QString& attribute);                           ///< \throws jet::Error where it is missing.
+    QString text(const QString& attribute); ///< \throws jet::Error where it is missing.
     QString text(const QString& attribute, const QString& otherwise); ///< An attribute that may be missing.
     double length(const QString& attribute);                          ///< 0 to 10 000, with a point.
     double length(const QString& attribute, double otherwise);

@@ -12,14 +12,17 @@ namespace report {
 
 namespace {
 
-/// Below, at or above 0. Texts are compared as texts unless the other side is a number and both can be read as one.
+/// Below, at or above 0. Texts are compared as texts unless the other side is a number and both can be read
+/// as one.
 int compare(const jet::Value& left, const jet::Value& right)
 {
     const auto isNumeric = [](const jet::Value& value) {
         return value.isNull() || !jet::isText(value.type()) || value.toText().isEmpty() ||
                jet::readNumber(value.toText()).has_value();
     };
-    const auto isTextOrNull = [](const jet::Value& value) { return value.isNull() || jet::isText(value.type()); };
+    const auto isTextOrNull = [](const jet::Value& value) {
+        return value.isNull() || jet::isText(value.type());
+    };
     if ((isTextOrNull(left) && isTextOrNull(right)) || !isNumeric(left) || !isNumeric(right))
         return jet::compareTexts(left.toText(), right.toText());
     const double difference = asNumber(left) - asNumber(right);

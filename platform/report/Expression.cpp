@@ -48,13 +48,15 @@ Reference readReference(QStringView text, const Place& place)
     reference.table = rest.left(point).toString();
     reference.name = rest.mid(point + 1).toString();
     static constexpr QStringView NeverInNames = u"()[]'\"";
-    const bool named = point > 0 && !reference.name.isEmpty() &&
-                       std::none_of(rest.begin(), rest.end(), [](QChar c) { return NeverInNames.contains(c); });
+    const bool named =
+        point > 0 && !reference.name.isEmpty() &&
+        std::none_of(rest.begin(), rest.end(), [](QChar c) { return NeverInNames.contains(c); });
     if (!named)
         place.refuse(
             u"'{"_s + text.toString() +
             u"}' ist unverständlich. Möglich sind {TABELLE.Spalte}, {@Formel}, {sum(TABELLE.Spalte)}, "
-            u"{total(TABELLE.Spalte)}, {same(TABELLE.Spalte)}, {lower(@Formel)}, {count}, {page}, {pages}, {continued}, {ending} und {today}."_s);
+            u"{total(TABELLE.Spalte)}, {same(TABELLE.Spalte)}, {lower(@Formel)}, {count}, {page},"
+            u" {pages}, {continued}, {ending} und {today}."_s);
     return reference;
 }
 
@@ -194,7 +196,8 @@ Operand readOperand(QStringView text, const Place& place)
     Operand operand = cursor.operand();
     if (cursor.atEnd()) return operand;
     const bool isText = text.trimmed().startsWith(u'\'');
-    cursor.refuse(isText ? u"Ein Hochkomma (') beendet den Text zu früh"_s : u"Hier geht es nach dem Ende weiter"_s);
+    cursor.refuse(isText ? u"Ein Hochkomma (') beendet den Text zu früh"_s
+                         : u"Hier geht es nach dem Ende weiter"_s);
 }
 
 void collect(Template& text, std::vector<Reference*>& into)

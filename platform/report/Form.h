@@ -13,8 +13,8 @@
 
 namespace report {
 
-// A report form as its file says it. Lengths are millimetres, counted from the band's upper left corner, font sizes are
-// points. docs/report-forms.md tells what each thing means to the one who writes a form.
+// A report form as its file says it. Lengths are millimetres, counted from the band's upper left corner, font
+// sizes are points. docs/report-forms.md tells what each thing means to the one who writes a form.
 
 struct Font {
     double size = 0;
@@ -72,7 +72,8 @@ struct FormulaDefault {
     Operand value;
 };
 
-/// A column of the rows that the table has not: an expression of the engine, such as a sum over a group of its rows.
+/// A column of the rows that the table has not: an expression of the engine, such as a sum over a group of
+/// its rows.
 struct ComputedColumn {
     QString name;
     QString expression;
@@ -86,7 +87,8 @@ struct Key {
     Place place;
 };
 
-/// Where the rows come from. With `summarise` a row stands for all rows of the table that agree in those columns.
+/// Where the rows come from. With `summarise` a row stands for all rows of the table that agree in those
+/// columns.
 struct Data {
     QString table;
     std::vector<Key> summarise;

@@ -54,7 +54,8 @@ void FormNames::check(const Reference& reference, TotalsAllowed totals) const
     if (reference.kind == Reference::Kind::Formula && !isFormula(reference.name))
         place.refuse(u"Die Formel '"_s + reference.name + u"' ist nicht mit <formula> angegeben."_s);
     if (!reference.hasColumn() || isSame(reference.table, m_form.data.table)) return;
-    if (reference.isTotal()) place.refuse(u"Die Tabelle '"_s + reference.table + u"' ist nicht die von <data>."_s);
+    if (reference.isTotal())
+        place.refuse(u"Die Tabelle '"_s + reference.table + u"' ist nicht die von <data>."_s);
     if (!isLookup(reference.table))
         place.refuse(u"Die Tabelle '"_s + reference.table +
                      u"' ist nicht die von <data> und nicht die eines <lookup>."_s);

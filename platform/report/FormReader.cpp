@@ -41,9 +41,11 @@ private:
     {
         m_form.title = element.text(u"title"_s, QFileInfo(m_form.file).completeBaseName());
         m_form.paper = element.word<QPageSize::PageSizeId>(
-            u"paper"_s, {{u"A3"_s, QPageSize::A3}, {u"A4"_s, QPageSize::A4}, {u"A5"_s, QPageSize::A5}}, QPageSize::A4);
+            u"paper"_s, {{u"A3"_s, QPageSize::A3}, {u"A4"_s, QPageSize::A4}, {u"A5"_s, QPageSize::A5}},
+            QPageSize::A4);
         m_form.orientation = element.word<QPageLayout::Orientation>(
-            u"orientation"_s, {{u"portrait"_s, QPageLayout::Portrait}, {u"landscape"_s, QPageLayout::Landscape}},
+            u"orientation"_s,
+            {{u"portrait"_s, QPageLayout::Portrait}, {u"landscape"_s, QPageLayout::Landscape}},
             QPageLayout::Portrait);
         m_form.margins = {element.length(u"left"_s, UsualMargin), element.length(u"top"_s, UsualMargin),
                           element.length(u"right"_s, UsualMargin), element.length(u"bottom"_s, UsualMargin)};
@@ -82,7 +84,8 @@ private:
     {
         const QString name = element.text(u"name"_s);
         const QString written = element.content();
-        Operand value = written.isEmpty() ? Operand(jet::Value(QString())) : readOperand(written, element.place());
+        Operand value =
+            written.isEmpty() ? Operand(jet::Value(QString())) : readOperand(written, element.place());
         if (std::holds_alternative<Reference>(value))
             element.place().refuse(u"Die Vorgabe einer Formel ist ein Text in Hochkommas oder eine Zahl."_s);
         m_form.formulas.push_back({name, std::move(value)});
@@ -127,7 +130,8 @@ private:
         if (!equals.isEmpty()) {
             lookup.equals = readOperand(equals, element.place());
             const auto* const reference = std::get_if<Reference>(&*lookup.equals);
-            if (reference && (reference->kind != Reference::Kind::Column || !m_names.isLookup(reference->table)))
+            if (reference &&
+                (reference->kind != Reference::Kind::Column || !m_names.isLookup(reference->table)))
                 element.place().refuse(u"'equals' nennt eine Spalte eines <lookup>, das darüber steht."_s);
         }
         element.end();
@@ -144,7 +148,8 @@ private:
                                   (by->kind == Reference::Kind::Column && !m_names.isLookup(by->table)));
         if (!isKey) element.place().refuse(u"Gruppiert wird nach {TABELLE.Spalte} oder {@Formel}."_s);
         element.children(
-            {{u"header"_s, [&](Element& e) { group.header.push_back(bands.read(e, TotalsAllowed::OfTheWhole)); }},
+            {{u"header"_s,
+              [&](Element& e) { group.header.push_back(bands.read(e, TotalsAllowed::OfTheWhole)); }},
              {u"footer"_s, [&](Element& e) { group.footer.push_back(bands.read(e, TotalsAllowed::Yes)); }}});
         m_form.groups.push_back(std::move(group));
     }
@@ -163,7 +168,8 @@ void refuseOtherEncodings(const QByteArray& bytes, const QString& file)
         QStringDecoder decoder(QStringDecoder::Utf8);
         const QString decoded = decoder(line);
         if (decoder.hasError())
-            formPlace(file, number).refuse(u"Die Datei ist nicht in UTF-8 gespeichert: "_s + decoded.trimmed());
+            formPlace(file, number)
+                .refuse(u"Die Datei ist nicht in UTF-8 gespeichert: "_s + decoded.trimmed());
     }
 }
 

@@ -28,9 +28,10 @@ void setFormulas(Form& form, const QMap<int, QString>& formulas)
 {
     for (const QString& text : formulas) { // ascending by index
         FormulaDefault formula = readFormula(text);
-        const auto found = std::find_if(form.formulas.begin(), form.formulas.end(), [&formula](const auto& known) {
-            return known.name.compare(formula.name, Qt::CaseInsensitive) == 0;
-        });
+        const auto found =
+            std::find_if(form.formulas.begin(), form.formulas.end(), [&formula](const auto& known) {
+                return known.name.compare(formula.name, Qt::CaseInsensitive) == 0;
+            });
         if (found != form.formulas.end()) found->value = std::move(formula.value);
     }
 }

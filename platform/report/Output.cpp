@@ -42,9 +42,11 @@ Range wantedPages(const Document& document, const QPrinter& printer)
     return {first, std::clamp(printer.toPage() - 1, first, all.last)};
 }
 
-/// Paints pages one after the other. `turn` begins the next one; false ends the work. \returns false when it was ended.
+/// Paints pages one after the other. `turn` begins the next one; false ends the work. \returns false when it
+/// was ended.
 template <class Turn>
-bool paintPages(const Document& document, QPainter& painter, Range range, const Progress& progress, const Turn& turn)
+bool paintPages(const Document& document, QPainter& painter, Range range, const Progress& progress,
+                const Turn& turn)
 {
     const QPaintDevice& device = *painter.device();
     painter.scale(device.logicalDpiX() / DotsPerInch, device.logicalDpiY() / DotsPerInch);
@@ -83,7 +85,8 @@ bool writePdf(const Document& document, Range range, const QString& file, const 
 
 sys::FileError refusal(const QPrinter& printer)
 {
-    return {sys::FileErrorNumber::PathAccess, u"Der Drucker '"_s + printer.printerName() + u"' nimmt nichts an."_s};
+    return {sys::FileErrorNumber::PathAccess,
+            u"Der Drucker '"_s + printer.printerName() + u"' nimmt nichts an."_s};
 }
 
 } // namespace

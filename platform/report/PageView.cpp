@@ -20,7 +20,8 @@ constexpr int ScrollStep = 40; // pixels
 
 } // namespace
 
-PageView::PageView(const Document& document, QWidget* parent) : QAbstractScrollArea(parent), m_document(document)
+PageView::PageView(const Document& document, QWidget* parent)
+    : QAbstractScrollArea(parent), m_document(document)
 {
     setFocusPolicy(Qt::StrongFocus);
     viewport()->setBackgroundRole(QPalette::Dark);
@@ -72,9 +73,11 @@ void PageView::applyZoom(double zoom)
     m_zoom = std::clamp(zoom, SmallestZoom, LargestZoom);
     const double height = pageCount() * step() + Gap;
     const double width = pageSize().width() + 2 * Gap;
-    verticalScrollBar()->setRange(0, std::max(0, static_cast<int>(std::lround(height)) - viewport()->height()));
+    verticalScrollBar()->setRange(0,
+                                  std::max(0, static_cast<int>(std::lround(height)) - viewport()->height()));
     verticalScrollBar()->setPageStep(viewport()->height());
-    horizontalScrollBar()->setRange(0, std::max(0, static_cast<int>(std::lround(width)) - viewport()->width()));
+    horizontalScrollBar()->setRange(0,
+                                    std::max(0, static_cast<int>(std::lround(width)) - viewport()->width()));
     horizontalScrollBar()->setPageStep(viewport()->width());
     verticalScrollBar()->setValue(static_cast<int>(std::lround(position * step())));
     viewport()->update();
@@ -100,7 +103,8 @@ double PageView::step() const
 QRectF PageView::pageRect(int page) const
 {
     const double left = std::max(Gap, (viewport()->width() - pageSize().width()) / 2);
-    const QPointF corner(left - horizontalScrollBar()->value(), page * step() + Gap - verticalScrollBar()->value());
+    const QPointF corner(left - horizontalScrollBar()->value(),
+                         page * step() + Gap - verticalScrollBar()->value());
     return {corner, pageSize()};
 }
 

@@ -6,9 +6,9 @@
 
 namespace report {
 
-/// The pages of a document one below the other, each with its number from 0. Keys: arrows scroll; Page Up and Down turn
-/// where a whole page is on view and scroll by the window's height where not, with Ctrl they always turn; Home and End
-/// lead to the ends, Ctrl with plus and minus changes the size.
+/// The pages of a document one below the other, each with its number from 0. Keys: arrows scroll; Page Up and
+/// Down turn where a whole page is on view and scroll by the window's height where not, with Ctrl they always
+/// turn; Home and End lead to the ends, Ctrl with plus and minus changes the size.
 class PageView final : public QAbstractScrollArea {
     Q_OBJECT
 

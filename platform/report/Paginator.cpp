@@ -24,9 +24,9 @@ QPageLayout layoutOf(const Form& form)
     return layout;
 }
 
-/// Puts blocks on pages. What must stay together is one block: a row with the heads of the groups it opens and the feet
-/// of those it closes, so that no head ever ends a page and no foot begins one. The report's foot begins below the last
-/// row, on its page, and goes on over further ones.
+/// Puts blocks on pages. What must stay together is one block: a row with the heads of the groups it opens
+/// and the feet of those it closes, so that no head ever ends a page and no foot begins one. The report's
+/// foot begins below the last row, on its page, and goes on over further ones.
 class Paginator {
 public:
     Paginator(Form& form, Rows& rows)

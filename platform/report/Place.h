@@ -4,7 +4,8 @@
 
 namespace report {
 
-/// Where in what the user has given something stands: "Das Berichtsformular '...', Zeile 12" or "Die Formel 'X'".
+/// Where in what the user has given something stands: "Das Berichtsformular '...', Zeile 12" or "Die Formel
+/// 'X'".
 struct Place {
     QString name;
 

@@ -67,8 +67,8 @@ PreviewWindow::PreviewWindow(Document document, const QString& title, QWidget* p
     m_pages->setFocus();
 }
 
-/// The keys of this window stand here and not in the program's table of keys: reports are shown to programs that have
-/// none, and the fields and lists that table is made for are not among what this room knows.
+/// The keys of this window stand here and not in the program's table of keys: reports are shown to programs
+/// that have none, and the fields and lists that table is made for are not among what this room knows.
 void PreviewWindow::buildBar(QHBoxLayout& bar)
 {
     button(bar, u"Drucken"_s, u"&Drucken ..."_s, Qt::CTRL | Qt::Key_P, &PreviewWindow::Drucken_Click);
@@ -86,8 +86,8 @@ void PreviewWindow::buildBar(QHBoxLayout& bar)
     bar.addWidget(close);
 }
 
-void PreviewWindow::button(QHBoxLayout& bar, const QString& name, const QString& text, const QKeySequence& key,
-                           void (PreviewWindow::*handler)())
+void PreviewWindow::button(QHBoxLayout& bar, const QString& name, const QString& text,
+                           const QKeySequence& key, void (PreviewWindow::*handler)())
 {
     auto* const button = new QPushButton(text, this);
     button->setObjectName(name);
@@ -103,7 +103,8 @@ void PreviewWindow::button(QHBoxLayout& bar, const QString& name, const QString&
 
 void PreviewWindow::buildTurning(QHBoxLayout& bar)
 {
-    const auto turn = [&](QStyle::StandardPixmap icon, const QString& tip, const std::function<int()>& target) {
+    const auto turn = [&](QStyle::StandardPixmap icon, const QString& tip,
+                          const std::function<int()>& target) {
         auto* const button = new QToolButton(this);
         button->setIcon(style()->standardIcon(icon));
         button->setToolTip(tip);
@@ -125,7 +126,8 @@ void PreviewWindow::buildTurning(QHBoxLayout& bar)
     m_page->setAccessibleName(u"Seite"_s);
     sys::makeMenuGerman(*m_page);
     caption->setBuddy(m_page);
-    connect(m_page, &QSpinBox::editingFinished, m_pages, [this] { m_pages->setFocus(); }); // keys turn pages again
+    connect(m_page, &QSpinBox::editingFinished, m_pages,
+            [this] { m_pages->setFocus(); }); // keys turn pages again
     bar.addWidget(caption);
     bar.addWidget(m_page);
     bar.addWidget(new QLabel(u"von "_s + QString::number(m_pages->pageCount()), this));

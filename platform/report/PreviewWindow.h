@@ -13,8 +13,8 @@ namespace report {
 
 class PageView;
 
-/// Shows a report before it is printed or saved. A window of its own beside the one that asked for it, which it does
-/// not block; deletes itself when it is closed.
+/// Shows a report before it is printed or saved. A window of its own beside the one that asked for it, which
+/// it does not block; deletes itself when it is closed.
 class PreviewWindow final : public QWidget {
     Q_OBJECT
 

@@ -56,8 +56,9 @@ void PrintControl::toPrinter(const Document& document) const
         m_printer.isEmpty() ? QPrinterInfo::defaultPrinter() : QPrinterInfo::printerInfo(m_printer);
     if (info.isNull())
         throw sys::FileError(sys::FileErrorNumber::FileNotFound,
-                             m_printer.isEmpty() ? u"Es ist kein Drucker eingerichtet."_s
-                                                 : u"Der Drucker '"_s + m_printer + u"' ist nicht eingerichtet."_s);
+                             m_printer.isEmpty()
+                                 ? u"Es ist kein Drucker eingerichtet."_s
+                                 : u"Der Drucker '"_s + m_printer + u"' ist nicht eingerichtet."_s);
     QPrinter printer(info, QPrinter::HighResolution);
     printer.setCopyCount(m_copies);
     ProgressBox box(u"Der Bericht wird gedruckt ..."_s, screen());

@@ -11,8 +11,8 @@ namespace report {
 
 struct Document;
 
-/// The report print control of a screen: its properties say what is to be printed and where to, PrintReport starts.
-/// Indices may have gaps; an empty text removes an entry.
+/// The report print control of a screen: its properties say what is to be printed and where to, PrintReport
+/// starts. Indices may have gaps; an empty text removes an entry.
 class PrintControl final : public QObject {
     Q_OBJECT
     Q_PROPERTY(QString ReportFileName READ ReportFileName WRITE setReportFileName)
@@ -34,10 +34,16 @@ public:
 
     QString ReportFileName() const { return m_job.reportFile; } ///< Full name of the report form.
     void setReportFileName(const QString& file) { m_job.reportFile = file; }
-    QString SelectionFormula() const { return m_job.selection; } ///< Condition that rows must meet; empty: all.
+    QString SelectionFormula() const
+    {
+        return m_job.selection;
+    } ///< Condition that rows must meet; empty: all.
     void setSelectionFormula(const QString& condition) { m_job.selection = condition; }
 
-    QString Formulas(int index) const { return m_job.formulas.value(index); } ///< See setFormulas() in Formulas.h.
+    QString Formulas(int index) const
+    {
+        return m_job.formulas.value(index);
+    } ///< See setFormulas() in Formulas.h.
     void setFormulas(int index, const QString& formula) { set(m_job.formulas, index, formula); }
     QString DataFiles(int index) const { return m_job.dataFiles.value(index); } ///< See Job.
     void setDataFiles(int index, const QString& file) { set(m_job.dataFiles, index, file); }
@@ -52,8 +58,8 @@ public:
     void setPrinterPort(const QString& port) { m_port = port; }
     QString WindowTitle() const { return m_title; } ///< Empty: the document's name.
     void setWindowTitle(const QString& title) { m_title = title; }
-    /// What is printed, "Lieferschein 12 Huber": for the list of print jobs, and the name that is offered for a PDF. Empty:
-    /// the form's title.
+    /// What is printed, "Lieferschein 12 Huber": for the list of print jobs, and the name that is offered for
+    /// a PDF. Empty: the form's title.
     QString DocumentName() const { return m_name; }
     void setDocumentName(const QString& name) { m_name = name; }
     QString PrintFileName() const { return m_file; } ///< Of the PDF file that destination 2 writes.
@@ -63,9 +69,9 @@ public:
     Destination destination() const { return m_destination; }
     void setDestination(Destination destination) { m_destination = destination; }
 
-    /// Makes the report and shows, prints or writes it. All data is read before the preview comes up. The user may end
-    /// what takes longer than a second; then nothing is shown or written, and no further page printed.
-    /// \throws jet::Error, sys::FileError with a text that names what is missing or broken.
+    /// Makes the report and shows, prints or writes it. All data is read before the preview comes up. The
+    /// user may end what takes longer than a second; then nothing is shown or written, and no further page
+    /// printed. \throws jet::Error, sys::FileError with a text that names what is missing or broken.
     void PrintReport();
 
 private:

@@ -12,8 +12,9 @@ class QWidget;
 
 namespace report {
 
-/// A box that comes up when work takes longer than a second, with a button that ends it. Goes with this object. It comes
-/// up, and the button is heard, when progress is told; a message that is shown meanwhile lies above it.
+/// A box that comes up when work takes longer than a second, with a button that ends it. Goes with this
+/// object. It comes up, and the button is heard, when progress is told; a message that is shown meanwhile
+/// lies above it.
 class ProgressBox {
 public:
     ProgressBox(const QString& what, QWidget* parent);

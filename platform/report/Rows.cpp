@@ -16,8 +16,9 @@ namespace {
 template <class Named>
 auto named(const std::vector<Named>& all, const QString& name, QString Named::*member)
 {
-    return std::find_if(all.begin(), all.end(),
-                        [&](const Named& one) { return (one.*member).compare(name, Qt::CaseInsensitive) == 0; });
+    return std::find_if(all.begin(), all.end(), [&](const Named& one) {
+        return (one.*member).compare(name, Qt::CaseInsensitive) == 0;
+    });
 }
 
 } // namespace
@@ -40,7 +41,8 @@ Rows::Rows(Form& form, const Job& job) : m_form(form), m_tables(form, job)
     for (const Key& key : form.data.sort) {
         if (isHiddenKey(key.column)) continue;
         const QString expression = expressionOf(key.column);
-        if (expression.isEmpty()) key.place.refuse(u"Die Zeilen haben keine Spalte '"_s + key.column + u"'."_s);
+        if (expression.isEmpty())
+            key.place.refuse(u"Die Zeilen haben keine Spalte '"_s + key.column + u"'."_s);
         sortBy(expression, key.descending);
     }
     m_rows = m_tables.rows().OpenRecordset(statement());
@@ -135,10 +137,11 @@ void Rows::checkComputed() const
 {
     for (const ComputedColumn& column : m_form.data.computed) {
         try {
-            m_tables.rows().OpenRecordset(u"SELECT TOP 1 "_s + column.expression + u" FROM ["_s + m_form.data.table +
-                                          u']');
+            m_tables.rows().OpenRecordset(u"SELECT TOP 1 "_s + column.expression + u" FROM ["_s +
+                                          m_form.data.table + u']');
         } catch (const jet::Error& error) {
-            column.place.refuse(u"Die Spalte '"_s + column.name + u"' lässt sich nicht berechnen. "_s + error.text());
+            column.place.refuse(u"Die Spalte '"_s + column.name + u"' lässt sich nicht berechnen. "_s +
+                                error.text());
         }
     }
 }
@@ -149,8 +152,8 @@ QString Rows::expressionOf(const QString& column) const
     const auto found = named(computed, column, &ComputedColumn::name);
     if (found != computed.end()) return found->expression;
     const QString expression = u'[' + m_form.data.table + u"].["_s + column + u']';
-    const bool isThere =
-        m_form.data.summarise.empty() ? m_tables.has(column) : m_keys.contains(expression, Qt::CaseInsensitive);
+    const bool isThere = m_form.data.summarise.empty() ? m_tables.has(column)
+                                                       : m_keys.contains(expression, Qt::CaseInsensitive);
     return isThere ? expression : QString();
 }
 
@@ -218,7 +221,8 @@ QString Rows::statement() const
 void Rows::sumUp()
 {
     std::vector<Reference*> wanted = bandReferences(m_form);
-    std::erase_if(wanted, [](const Reference* reference) { return reference->kind != Reference::Kind::Total; });
+    std::erase_if(wanted,
+                  [](const Reference* reference) { return reference->kind != Reference::Kind::Total; });
     if (wanted.empty()) return;
     Totals totals(wanted, 0);
     while (next())

@@ -9,7 +9,8 @@
 
 namespace report {
 
-/// The rows of a report in their order, read one after the other, and the values of all that its form refers to.
+/// The rows of a report in their order, read one after the other, and the values of all that its form refers
+/// to.
 class Rows {
 public:
     /// Binds all references of the form; a group that is not formed is taken out of it.

@@ -28,7 +28,8 @@ QString literal(const jet::Value& value)
 
 } // namespace
 
-Tables::Tables(const Form& form, const Job& job) : m_form(form.file), m_table(form.data.table), m_rows(open(job, 0))
+Tables::Tables(const Form& form, const Job& job)
+    : m_form(form.file), m_table(form.data.table), m_rows(open(job, 0))
 {
     for (const jet::Field& field : first(*m_rows, m_table)->Fields())
         m_columns.insert(field.name.toLower());
@@ -70,9 +71,10 @@ void Tables::readLookup(const Lookup& lookup, jet::Database& file)
     }
     const auto all = first(file, lookup.table);
     const auto& fields = all->Fields();
-    const bool known = lookup.column.isEmpty() || std::any_of(fields.begin(), fields.end(), [&](const auto& field) {
-                           return field.name.compare(lookup.column, Qt::CaseInsensitive) == 0;
-                       });
+    const bool known =
+        lookup.column.isEmpty() || std::any_of(fields.begin(), fields.end(), [&](const auto& field) {
+            return field.name.compare(lookup.column, Qt::CaseInsensitive) == 0;
+        });
     if (!known) refuseColumn(lookup.table, lookup.column);
 
     const auto rows = first(file, lookup.table, where);
@@ -81,7 +83,8 @@ void Tables::readLookup(const Lookup& lookup, jet::Database& file)
         row.insert(field.name.toLower(), rows->Eof() ? jet::Value() : (*rows)[field.name]);
 }
 
-std::unique_ptr<jet::Recordset> Tables::first(jet::Database& file, const QString& table, const QString& where) const
+std::unique_ptr<jet::Recordset> Tables::first(jet::Database& file, const QString& table,
+                                              const QString& where) const
 {
     if (!hasTable(file, table))
         throw jet::Error(jet::ErrorNumber::UnknownTable,
@@ -92,8 +95,9 @@ std::unique_ptr<jet::Recordset> Tables::first(jet::Database& file, const QString
 
 void Tables::refuseColumn(const QString& table, const QString& column) const
 {
-    throw jet::Error(jet::ErrorNumber::NoSuchField, u"Das Berichtsformular '"_s + m_form + u"' braucht die Spalte '"_s +
-                                                        column + u"', die die Tabelle '"_s + table + u"' nicht hat."_s);
+    throw jet::Error(jet::ErrorNumber::NoSuchField,
+                     u"Das Berichtsformular '"_s + m_form + u"' braucht die Spalte '"_s + column +
+                         u"', die die Tabelle '"_s + table + u"' nicht hat."_s);
 }
 
 } // namespace report

@@ -29,7 +29,8 @@ public:
 private:
     std::unique_ptr<jet::Database> open(const Job& job, int index) const;
     void readLookup(const Lookup& lookup, jet::Database& file);
-    std::unique_ptr<jet::Recordset> first(jet::Database& file, const QString& table, const QString& where = {}) const;
+    std::unique_ptr<jet::Recordset> first(jet::Database& file, const QString& table,
+                                          const QString& where = {}) const;
     [[noreturn]] void refuseColumn(const QString& table, const QString& column) const;
 
     QString m_form;

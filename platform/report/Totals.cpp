@@ -29,7 +29,8 @@ void Totals::add(const Row& row)
 {
     for (std::size_t i = 0; i < m_totals.size(); ++i) {
         const Total& total = m_totals[i];
-        const jet::Value value = total.column < 0 ? jet::Value() : row[static_cast<std::size_t>(total.column)];
+        const jet::Value value =
+            total.column < 0 ? jet::Value() : row[static_cast<std::size_t>(total.column)];
         const bool adds = total.kind == Reference::Kind::Sum || total.kind == Reference::Kind::Total;
         const double number = adds ? asNumber(value) : 0;
         for (auto& level : m_levels) {

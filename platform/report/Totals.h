@@ -8,7 +8,8 @@ namespace report {
 
 using Row = std::vector<jet::Value>;
 
-/// Running sums and counts of a report and of its open groups. Level 0 is the report, 1 its outermost group and so on.
+/// Running sums and counts of a report and of its open groups. Level 0 is the report, 1 its outermost group
+/// and so on.
 class Totals {
 public:
     Totals() = default;

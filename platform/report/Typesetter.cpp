@@ -15,11 +15,12 @@ namespace report {
 namespace {
 
 constexpr double PointsPerInch = 72;
-constexpr qsizetype KeptWidths = 4096;   // of each font
-constexpr double NoLigatures = 1.0 / 64; // dots; with any spacing "fl" stays two letters, so that a PDF can be searched
-constexpr double Rounding = 1;           // dots by which a text may be wider than its room
-constexpr double Step = 0.05;            // of a font's size, by which it is made smaller
-constexpr int MostSteps = 6;             // smaller is not read easily any more
+constexpr qsizetype KeptWidths = 4096; // of each font
+constexpr double NoLigatures =
+    1.0 / 64;                  // dots; with any spacing "fl" stays two letters, so that a PDF can be searched
+constexpr double Rounding = 1; // dots by which a text may be wider than its room
+constexpr double Step = 0.05;  // of a font's size, by which it is made smaller
+constexpr int MostSteps = 6;   // smaller is not read easily any more
 
 /// What stands below something else comes after it.
 template <class Element>
@@ -29,7 +30,8 @@ std::vector<const Element*> fromTopToBottom(const std::vector<Element>& elements
     sorted.reserve(elements.size());
     for (const Element& element : elements)
         sorted.push_back(&element);
-    std::stable_sort(sorted.begin(), sorted.end(), [](const Element* a, const Element* b) { return a->y < b->y; });
+    std::stable_sort(sorted.begin(), sorted.end(),
+                     [](const Element* a, const Element* b) { return a->y < b->y; });
     return sorted;
 }
 
@@ -85,7 +87,8 @@ Block Typesetter::set(const Band& band, const Standing& standing)
         block.height = std::max(block.height, (box.y + box.height) * DotsPerMm);
     std::vector<const Box*> boxes = fromTopToBottom(band.boxes);
     std::erase_if(boxes, [&](const Box* box) { return !holds(box->show, standing); });
-    auto rule = std::stable_partition(boxes.begin(), boxes.end(), [](const Box* box) { return !isRule(*box); });
+    auto rule =
+        std::stable_partition(boxes.begin(), boxes.end(), [](const Box* box) { return !isRule(*box); });
     const auto setRulesAbove = [&](double y) {
         for (; rule != boxes.end() && (*rule)->y < y; ++rule)
             set(**rule, grown, block);
@@ -163,8 +166,9 @@ double Typesetter::fromBandsTop(const Block& block, double at)
     double top = 0;
     for (const double one : block.tops)
         if (one <= at) top = std::max(top, one);
-    const bool keepsLine = std::any_of(block.lines.begin(), block.lines.end(),
-                                       [&](const TextLine& line) { return line.top >= top && line.top < at; });
+    const bool keepsLine = std::any_of(block.lines.begin(), block.lines.end(), [&](const TextLine& line) {
+        return line.top >= top && line.top < at;
+    });
     return keepsLine ? at : top;
 }
 
@@ -226,8 +230,8 @@ std::vector<DocumentFont> Typesetter::fonts() const
 
 int Typesetter::fontOf(const Font& font)
 {
-    const auto found =
-        std::find_if(m_fonts.begin(), m_fonts.end(), [&font](const Measured& known) { return known.font == font; });
+    const auto found = std::find_if(m_fonts.begin(), m_fonts.end(),
+                                    [&font](const Measured& known) { return known.font == font; });
     if (found != m_fonts.end()) return static_cast<int>(found - m_fonts.begin());
     QFont made(m_family);
     made.setPixelSize(static_cast<int>(std::lround(font.size / PointsPerInch * DotsPerInch)));
@@ -240,7 +244,8 @@ int Typesetter::fontOf(const Font& font)
     return static_cast<int>(m_fonts.size()) - 1;
 }
 
-/// The text's font; or a smaller one where only that keeps a word from being broken, or a number from standing out.
+/// The text's font; or a smaller one where only that keeps a word from being broken, or a number from
+/// standing out.
 int Typesetter::fittingFont(const Text& text, const QString& shown, double width)
 {
     const int whole = fontOf(text.font);
@@ -273,8 +278,8 @@ double Typesetter::widthOf(const QString& text, int font)
     return *measured.widths.insert(text, measured.metrics.horizontalAdvance(text));
 }
 
-/// The lines of a text: those it has, and more where one is too wide. Words are broken only when they alone are so at any
-/// size.
+/// The lines of a text: those it has, and more where one is too wide. Words are broken only when they alone
+/// are so at any size.
 QStringList Typesetter::broken(const QString& text, double width, int font)
 {
     QStringList lines;

@@ -14,9 +14,9 @@ namespace report {
 /// Bands with their texts broken into lines; lengths are dots from the upper left corner.
 struct Block {
     double height = 0;
-    double last = 0;            ///< Height of its last band.
-    double rows = 0;            ///< Height of its rows, with heads and feet of groups: what is below ends the report.
-    double kept = 0;            ///< Where it ends the report: height of what stands together at its top.
+    double last = 0; ///< Height of its last band.
+    double rows = 0; ///< Height of its rows, with heads and feet of groups: what is below ends the report.
+    double kept = 0; ///< Where it ends the report: height of what stands together at its top.
     std::vector<double> tops{}; ///< Of its bands.
     std::vector<Fill> fills;
     std::vector<TextLine> lines;
@@ -32,8 +32,8 @@ public:
 
     /// Those of the bands whose condition is met, one below the other.
     Block set(const Bands& bands, const Standing& standing);
-    /// Takes what fits into the height off the block's top, between two lines of text or two bands. The last band, such as
-    /// that of signatures, stays whole where it can, and keeps a line above it.
+    /// Takes what fits into the height off the block's top, between two lines of text or two bands. The last
+    /// band, such as that of signatures, stays whole where it can, and keeps a line above it.
     Block cut(Block& block, double height) const;
     /// Moves a line to where its alignment wants it, after its text has changed.
     void align(TextLine& line);
@@ -49,8 +49,8 @@ private:
         QFontMetricsF metrics;
         QHash<QString, double> widths; // a journal says the same over and over
     };
-    /// A text that took more room than it was given, or a rule that moved: what stands below its middle moves down, but
-    /// not what stands beside it.
+    /// A text that took more room than it was given, or a rule that moved: what stands below its middle moves
+    /// down, but not what stands beside it.
     struct Growth {
         double middle = 0;
         double by = 0;

@@ -6,7 +6,8 @@ namespace sys {
 
 /// What users and hosts are told of an exception.
 struct CaughtError {
-    int number = 0; ///< That of a jet::Error or sys::FileError; 51, the classic internal error, for everything else.
+    /// That of a jet::Error or sys::FileError; 51, the classic internal error, for everything else.
+    int number = 0;
     QString text;
 };
 

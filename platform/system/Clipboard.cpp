@@ -7,7 +7,8 @@ namespace sys {
 
 void setClipboardText(const QString& text)
 {
-    if (qobject_cast<QGuiApplication*>(QCoreApplication::instance())) QGuiApplication::clipboard()->setText(text);
+    if (qobject_cast<QGuiApplication*>(QCoreApplication::instance()))
+        QGuiApplication::clipboard()->setText(text);
 }
 
 } // namespace sys

@@ -21,7 +21,8 @@ bool isNamed()
            !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
 }
 
-/// Ends with 0 where Qt finds its display, and is aborted by Qt where not: in silence, and without a picture of its memory.
+/// Ends with 0 where Qt finds its display, and is aborted by Qt where not: in silence, and without a picture
+/// of its memory.
 [[noreturn]] void tryDisplay(int argc, char** argv)
 {
     const rlimit none{0, 0};

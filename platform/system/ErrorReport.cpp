@@ -15,8 +15,8 @@ Answer report(const CaughtError& error)
 {
     resetPointer();
     const QString text = u"Es ist ein kritischer Zustand aufgetreten."_s + u"\r\r"_s + u"Fehler: "_s +
-                         QString::number(error.number) + u" wurde ausgelöst durch "_s + ApplicationName.toString() +
-                         u'\r' + error.text;
+                         QString::number(error.number) + u" wurde ausgelöst durch "_s +
+                         ApplicationName.toString() + u'\r' + error.text;
     return messages().show(text, AbortRetryIgnore | Critical | DefaultButton3);
 }
 

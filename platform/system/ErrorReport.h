@@ -14,8 +14,9 @@ enum class Outcome {
 
 /// Runs a procedure, given as its steps in order, under the common error report.
 ///
-/// A step that throws gets the pointer back to normal and shows the report: Abort leaves the procedure, Retry runs the
-/// step again from its beginning, Ignore goes on with the next one. What must not be done half is therefore one step.
+/// A step that throws gets the pointer back to normal and shows the report: Abort leaves the procedure, Retry
+/// runs the step again from its beginning, Ignore goes on with the next one. What must not be done half is
+/// therefore one step.
 Outcome underErrorReport(const std::vector<std::function<void()>>& steps);
 
 } // namespace sys

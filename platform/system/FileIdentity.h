@@ -24,8 +24,8 @@ struct FileIdentity {
 /// No value: there is no such file. `path` in the local form.
 std::optional<FileIdentity> identify(const QString& path);
 
-/// The first bytes of a file; fewer when it is shorter or cannot be read. Closing the file drops the locks that this
-/// process holds on it: for files that are no database of ours only.
+/// The first bytes of a file; fewer when it is shorter or cannot be read. Closing the file drops the locks
+/// that this process holds on it: for files that are no database of ours only.
 QByteArray readStart(const QString& path, qsizetype count);
 
 } // namespace sys

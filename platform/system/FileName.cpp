@@ -11,7 +11,8 @@ QString fileNameFor(const QString& title)
     static constexpr QStringView Forbidden = u"/\\:*?\"<>|";
     QString name = title;
     std::replace_if(
-        name.begin(), name.end(), [](QChar letter) { return letter < u' ' || Forbidden.contains(letter); }, u'-');
+        name.begin(), name.end(), [](QChar letter) { return letter < u' ' || Forbidden.contains(letter); },
+        u'-');
     return name;
 }
 

@@ -34,7 +34,8 @@ bool fits(QStringView pattern, QStringView name)
     if (pattern[0] == u'*') return fits(rest, name) || (!name.isEmpty() && fits(pattern, name.mid(1)));
     const bool atEnd = name.isEmpty();
     if (pattern[0] == u'?') return fits(rest, atEnd || name[0] == u'.' ? name : name.mid(1));
-    // the dot before wildcards may be missing with all that follows: "*.*" is every name, "Lager.????" also "Lager"
+    // the dot before wildcards may be missing with all that follows: "*.*" is every name, "Lager.????" also
+    // "Lager"
     if (atEnd) return pattern[0] == u'.' && !rest.isEmpty() && isWildcard(rest[0]) && fits(rest, name);
     return pattern[0].toCaseFolded() == name[0].toCaseFolded() && fits(rest, name.mid(1));
 }
@@ -76,7 +77,8 @@ void refuseTarget(const QFileInfo& target)
 {
     if (!QFileInfo(target.path()).isDir()) throw fileFault(FileErrorNumber::PathNotFound, target.filePath());
     if (!target.exists()) return;
-    if (!target.isFile() || !target.isWritable()) throw fileFault(FileErrorNumber::PathAccess, target.filePath());
+    if (!target.isFile() || !target.isWritable())
+        throw fileFault(FileErrorNumber::PathAccess, target.filePath());
 }
 
 /// Gives a file its name unless another file has it. \returns 0, or why it did not get it.
@@ -122,7 +124,8 @@ QStringList DirEntries(const QString& pattern)
     DIR* const opened = ::opendir(QFile::encodeName(directory).constData());
     if (!opened && errno != ENOENT && errno != ENOTDIR) throw fileFault(errno, directory);
     if (opened) ::closedir(opened);
-    return namesThatFit(pattern, QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot); // dangling links are "system"
+    return namesThatFit(pattern, QDir::AllEntries | QDir::System |
+                                     QDir::NoDotAndDotDot); // dangling links are "system"
 }
 
 void FileCopy(const QString& source, const QString& target)
@@ -152,7 +155,8 @@ void CopyWhereMissing(const QString& source, const QString& target)
     if (!from.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) throw fileFault(errno, from.fileName());
 
     QFile draft(draftName(name));
-    if (!draft.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered)) throw fileFault(errno, name);
+    if (!draft.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered))
+        throw fileFault(errno, name);
     const auto removeDraft = qScopeGuard([&draft] { draft.remove(); });
     copyBytes(from, draft, name);
     if (::fsync(draft.handle()) != 0) throw fileFault(errno, name);

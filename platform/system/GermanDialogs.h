@@ -4,8 +4,8 @@
 
 namespace sys {
 
-/// While it lives, the toolkit's own dialogs (printer, files) that are made speak German, where its translations are
-/// installed. Hosts keep their language.
+/// While it lives, the toolkit's own dialogs (printer, files) that are made speak German, where its
+/// translations are installed. Hosts keep their language.
 class GermanDialogs {
 public:
     GermanDialogs();

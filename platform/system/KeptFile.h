@@ -9,17 +9,17 @@
 
 namespace sys {
 
-/// A small file that is read again and again. It stays open from one reading to the next, since opening costs more than
-/// reading does.
+/// A small file that is read again and again. It stays open from one reading to the next, since opening costs
+/// more than reading does.
 class KeptFile {
 public:
     KeptFile() = default;
     ~KeptFile();
     Q_DISABLE_COPY_MOVE(KeptFile)
 
-    /// All that the file of this path holds at this moment; no value when it is missing. When another file has taken the
-    /// path over, it is the other one that is read. `path` in the local form.
-    /// \throws FileError when the file is there and cannot be read, or its directory cannot be entered.
+    /// All that the file of this path holds at this moment; no value when it is missing. When another file
+    /// has taken the path over, it is the other one that is read. `path` in the local form. \throws FileError
+    /// when the file is there and cannot be read, or its directory cannot be entered.
     std::optional<QByteArray> bytes(const QString& path);
 
 private:

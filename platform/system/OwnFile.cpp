@@ -9,7 +9,8 @@ namespace sys {
 
 namespace {
 
-const char Here = 0; // its address tells our file from the host's; a function's might be the host's of the same name
+// its address tells our file from the host's; a function's might be the host's of the same name
+const char Here = 0;
 
 } // namespace
 

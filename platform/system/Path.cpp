@@ -47,7 +47,8 @@ QString withFoundComponents(const QString& path)
 QString localPath(const QString& path)
 {
     QString local = withLocalSeparators(path);
-    if (QFileInfo::exists(local)) return local; // the common case, asked thousands of times a second: one system call
+    if (QFileInfo::exists(local))
+        return local; // the common case, asked thousands of times a second: one system call
     return withFoundComponents(local);
 }
 

@@ -38,7 +38,8 @@ void startProgram(const QString& path, const QString& file)
 {
     const QString program = localPath(path);
     if (QProcess::startDetached(program, {file})) return;
-    throw FileError(FileErrorNumber::FileNotFound, u"Das Programm '"_s + program + u"' lässt sich nicht starten."_s);
+    throw FileError(FileErrorNumber::FileNotFound,
+                    u"Das Programm '"_s + program + u"' lässt sich nicht starten."_s);
 }
 
 } // namespace sys

@@ -19,12 +19,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr std::chrono::milliseconds LockPatience{5000}; // a writer holds the lock for the time of one small write
+constexpr std::chrono::milliseconds LockPatience{
+    5000}; // a writer holds the lock for the time of one small write
 
 /// Looked up at every call: a host may set the variable that names the configuration home after it loaded us.
 QString settingsPath()
 {
-    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + u"/ZAB - Programme.ini"_s;
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+           u"/ZAB - Programme.ini"_s;
 }
 
 void lock(QLockFile& lockFile, const QString& path)
@@ -42,7 +44,8 @@ void lock(QLockFile& lockFile, const QString& path)
 void replace(const QString& path, const QByteArray& bytes)
 {
     QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) throw fileFault(FileErrorNumber::PathAccess, path);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
+        throw fileFault(FileErrorNumber::PathAccess, path);
     if (file.write(bytes) != bytes.size() || !file.commit()) throw fileFault(errno, path);
 }
 

@@ -75,7 +75,8 @@ Place placeOf(const QList<QByteArray>& lines, const QString& section, const QStr
 
 } // namespace
 
-std::optional<QString> SettingsFile::value(const QByteArray& bytes, const QString& section, const QString& key)
+std::optional<QString> SettingsFile::value(const QByteArray& bytes, const QString& section,
+                                           const QString& key)
 {
     if (bytes != m_parsed) {
         m_values.clear();

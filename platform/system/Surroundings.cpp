@@ -4,8 +4,8 @@ namespace sys {
 
 Surroundings& surroundings()
 {
-    static Surroundings& theOne =
-        *new Surroundings; // never deleted: a static destroyed later may still report a message
+    // never deleted: a static destroyed later may still report a message
+    static Surroundings& theOne = *new Surroundings;
     return theOne;
 }
 

@@ -25,7 +25,8 @@ struct Surroundings {
     int hourglasses = 0; ///< Override cursors of ours; a host may have set others.
 };
 
-/// Lives from its first use to the end of the process, so that it serves constructors and destructors of statics too.
+/// Lives from its first use to the end of the process, so that it serves constructors and destructors of
+/// statics too.
 Surroundings& surroundings();
 
 } // namespace sys

@@ -1,5 +1,5 @@
-// The loadable library in a host without a screen that calls by names. A test may not name the library's state: it is not
-// that of the core which the test is linked with.
+// The loadable library in a host without a screen that calls by names. A test may not name the library's
+// state: it is not that of the core which the test is linked with.
 
 #include "tests/support/Print.h"
 #include "tests/support/Testbetrieb.h"
@@ -23,8 +23,8 @@ protected:
         hof.bucht(2023, "30.06. | H1 | Weizen | 120,5 | Ernte");
         QObject* neu = nullptr;
         for (const QString& klasse : {u"ZABLAGER.Ampel"_s, u"ZABLAGER.Lagerverwaltungsdaten"_s})
-            EXPECT_TRUE(QMetaObject::invokeMethod(loader.instance(), "CreateObject", Q_RETURN_ARG(QObject*, neu),
-                                                  Q_ARG(QString, klasse)));
+            EXPECT_TRUE(QMetaObject::invokeMethod(loader.instance(), "CreateObject",
+                                                  Q_RETURN_ARG(QObject*, neu), Q_ARG(QString, klasse)));
         EXPECT_EQ(loader.instance()->property("LetzterFehler"), u""_s); // of the last one
         lager.reset(neu);
         lager->setProperty("Stichdatum", QDate(2023, 1, 1));
@@ -35,8 +35,9 @@ protected:
     double bestand(const QString& artikel, const Tag& tag) const
     {
         double menge = -1;
-        QMetaObject::invokeMethod(lager.get(), "Get_Bestand", Q_RETURN_ARG(double, menge), Q_ARG(QString, artikel),
-                                  Q_ARG(QString, u"H1"_s), QGenericArgument(QMetaType::fromType<Tag>().name(), &tag));
+        QMetaObject::invokeMethod(lager.get(), "Get_Bestand", Q_RETURN_ARG(double, menge),
+                                  Q_ARG(QString, artikel), Q_ARG(QString, u"H1"_s),
+                                  QGenericArgument(QMetaType::fromType<Tag>().name(), &tag));
         return menge;
     }
     int nummer() const { return lager->property("LetzteFehlernummer").toInt(); }
@@ -61,8 +62,8 @@ protected:
 
 } // namespace
 
-// Hosts that were built earlier call through the function table: a function that changes its place is another function
-// to them. A pointer to a virtual function holds its place in the table.
+// Hosts that were built earlier call through the function table: a function that changes its place is another
+// function to them. A pointer to a virtual function holds its place in the table.
 TEST(Schnittstelle, JedeFunktionBehaeltIhrenPlatz)
 {
     using L = _Lagerverwaltungsdaten;
@@ -75,14 +76,16 @@ TEST(Schnittstelle, JedeFunktionBehaeltIhrenPlatz)
     // clang-format off
     const std::ptrdiff_t plaetze[] = {
         platz(&L::setBetriebsadresse), platz(&L::Betriebsadresse), platz(&L::setBetriebsnummer),
-        platz(&L::Betriebsnummer), platz(&L::setBetriebsname), platz(&L::Betriebsname), platz(&L::Get_Bestand),
-        platz(&L::setStammverzeichnis), platz(&L::Stammverzeichnis), platz(&L::setHerkunft), platz(&L::Herkunft),
-        platz(&L::setAnlagenpasswort), platz(&L::Anlagenpasswort), platz(&L::setAnlagenverzeichnis),
-        platz(&L::Anlagenverzeichnis), platz(&L::setWaehrung), platz(&L::Währung), platz(&L::setLagerpasswort),
+        platz(&L::Betriebsnummer), platz(&L::setBetriebsname), platz(&L::Betriebsname),
+        platz(&L::Get_Bestand), platz(&L::setStammverzeichnis), platz(&L::Stammverzeichnis),
+        platz(&L::setHerkunft), platz(&L::Herkunft), platz(&L::setAnlagenpasswort),
+        platz(&L::Anlagenpasswort), platz(&L::setAnlagenverzeichnis), platz(&L::Anlagenverzeichnis),
+        platz(&L::setWaehrung), platz(&L::Währung), platz(&L::setLagerpasswort),
         platz(&L::setBetriebpasswort), platz(&L::Lagerpasswort), platz(&L::Betriebpasswort),
         platz(&L::LagerbestandRechnen), platz(&L::LagerbestandLaden), platz(&L::Kontrolle_LagerbestandLaden),
-        platz(&L::setDatenverzeichnis), platz(&L::Datenverzeichnis), platz(&L::setStichdatum), platz(&L::Stichdatum),
-        platz(&L::setArtikelname), platz(&L::Artikelname), platz(&L::setLagername), platz(&L::Lagername),
+        platz(&L::setDatenverzeichnis), platz(&L::Datenverzeichnis), platz(&L::setStichdatum),
+        platz(&L::Stichdatum), platz(&L::setArtikelname), platz(&L::Artikelname), platz(&L::setLagername),
+        platz(&L::Lagername),
     };
     // clang-format on
     for (std::size_t i = 0; i < std::size(plaetze); ++i)

@@ -32,7 +32,8 @@ TEST(Bildschirmwirt, SiehtMeldungenUndDenBildschirmUndFragtInzwischenBestaende)
     zablager->setzeMeldungen(&protokoll);
     imNaechstenFenster([&](QWidget& fenster) {
         const auto* const box = qobject_cast<QMessageBox*>(&fenster);
-        EXPECT_EQ(box ? box->text() : u""_s, u"Der Dateiname "_s + hof.journaldatei(2019) + u" existiert nicht!"_s);
+        EXPECT_EQ(box ? box->text() : u""_s,
+                  u"Der Dateiname "_s + hof.journaldatei(2019) + u" existiert nicht!"_s);
         tippe(u"{Eingabe}");
     });
     EXPECT_EQ(lager->Get_Bestand(u"Weizen"_s, u"H1"_s, QDate(2019, 1, 1)), 0);
@@ -45,7 +46,8 @@ TEST(Bildschirmwirt, SiehtMeldungenUndDenBildschirmUndFragtInzwischenBestaende)
     Rekorder oeffner(u"xdg-open"_s);
     imNaechstenFenster([&](QWidget& fenster) {
         EXPECT_EQ(fenster.windowTitle(), u"Lagerverwaltung des Betriebes 4711 , "_s);
-        for (const auto& feld : {u"Journalliste"_s, u"VonDatum"_s, u"drpArtikel"_s, u"chkNurSumme"_s, u"SSTab1"_s}) {
+        for (const auto& feld :
+             {u"Journalliste"_s, u"VonDatum"_s, u"drpArtikel"_s, u"chkNurSumme"_s, u"SSTab1"_s}) {
             fenster.findChild<QWidget*>(feld)->setFocus();
             tippe(u"{F1}");
             EXPECT_EQ(oeffner.aufruf(), QStringList{hilfe.fileName()}) << feld.toStdString();
@@ -53,8 +55,9 @@ TEST(Bildschirmwirt, SiehtMeldungenUndDenBildschirmUndFragtInzwischenBestaende)
         fenster.findChild<QWidget*>(u"drpLagerOrte"_s)->setProperty("Text", u"H2"_s); // as a user's choice
         EXPECT_EQ(fenster.findChild<QWidget*>(u"Journalliste"_s)->property("Caption"), u"1 Bewegung"_s);
         EXPECT_EQ(lager->Get_Bestand(u"Weizen"_s, u"H1"_s, QDate(2024, 12, 31)), 100);
-        EXPECT_THROW(lager->LagerbestandLaden(), jet::Error);                         // there is one screen
-        EXPECT_THROW(zablager->erzeuge()->Kontrolle_LagerbestandLaden(), jet::Error); // would book into its farm
+        EXPECT_THROW(lager->LagerbestandLaden(), jet::Error); // there is one screen
+        EXPECT_THROW(zablager->erzeuge()->Kontrolle_LagerbestandLaden(),
+                     jet::Error); // would book into its farm
         fenster.close();
     });
     lager->LagerbestandLaden();

@@ -16,8 +16,9 @@ TEST(Bestand, IstDieSummeDesJahresBisZumTag)
                     "04.03. | H2 | Weizen | 50 | Zukauf\n"
                     "05.03. | H1 | Weizenkleie | 9 | Zukauf\n"
                     "31.12. | H1 | Weizen | 2 | Zukauf");
-    hof.fuehreAus(2024,
-                  u"INSERT INTO Lagerjournal (Datum, Artikel, LagerortKurzKu) VALUES (#1/1/2024#, 'Gülle', 'H1')"_s);
+    hof.fuehreAus(
+        2024,
+        u"INSERT INTO Lagerjournal (Datum, Artikel, LagerortKurzKu) VALUES (#1/1/2024#, 'Gülle', 'H1')"_s);
     const struct {
         const char *artikel, *ort;
         QDate tag;

@@ -5,8 +5,8 @@
 #include <QStringList>
 
 /// A table of commas with a header line, packed by xz or not, row after row:
-/// for (CsvTabelle tabelle(datei); tabelle.naechste();) ... A field in double quotes may hold commas, but no quotes and no
-/// line breaks. What cannot be read is a failure of the test.
+/// for (CsvTabelle tabelle(datei); tabelle.naechste();) ... A field in double quotes may hold commas, but no
+/// quotes and no line breaks. What cannot be read is a failure of the test.
 class CsvTabelle {
 public:
     explicit CsvTabelle(const QString& datei);

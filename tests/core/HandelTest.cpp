@@ -14,8 +14,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// "2011 84029g / France closes with 10": spellings of articles that differ in case are one; a place's short code has at
-/// most 15 characters.
+/// "2011 84029g / France closes with 10": spellings of articles that differ in case are one; a place's short
+/// code has at most 15 characters.
 QString satz(const QString& jahr, const QString& artikel, const QString& ort, const QString& was)
 {
     return jahr + u' ' + artikel.trimmed().toLower() + u" / "_s + ort.left(15) + u' ' + was;
@@ -35,7 +35,8 @@ std::set<QString> sollBestaende(const QString& datei)
     double preis = 0; // of the year before
     for (CsvTabelle tabelle(datei); tabelle.naechste();) {
         const auto satzMit = [&](const QString& was) {
-            saetze.insert(satz(tabelle.feld(u"year"_s), tabelle.feld(u"article"_s), tabelle.feld(u"place"_s), was));
+            saetze.insert(
+                satz(tabelle.feld(u"year"_s), tabelle.feld(u"article"_s), tabelle.feld(u"place"_s), was));
         };
         satzMit(u"closes with "_s + QString::number(tabelle.zahl(u"closing"_s)));
         if (tabelle.zahl(u"opening"_s) != 0) satzMit(anfang(tabelle.zahl(u"opening"_s), preis));
@@ -44,8 +45,8 @@ std::set<QString> sollBestaende(const QString& datei)
     return saetze;
 }
 
-/// Books movements in the order of time: columns timestamp, article, place, quantity, unit_price_gbp. The time of day is
-/// left out, since journals know days.
+/// Books movements in the order of time: columns timestamp, article, place, quantity, unit_price_gbp. The
+/// time of day is left out, since journals know days.
 void buche(const Testbetrieb& hof, const QString& datei)
 {
     int jahr = 0;
@@ -77,14 +78,16 @@ std::set<QString> istBestaende(Lagerverwaltungsdaten& lager, int jahr)
     const auto journal = oeffneJournal(jahr);
     const auto paare = journal->OpenRecordset(u"SELECT DISTINCT Artikel, LagerortKurzKu FROM LAGERJOURNAL"_s);
     const auto satzMit = [&](const jet::Recordset& zeile, const QString& was) {
-        saetze.insert(satz(QString::number(jahr), zeile[u"Artikel"].toText(), zeile[u"LagerortKurzKu"].toText(), was));
+        saetze.insert(
+            satz(QString::number(jahr), zeile[u"Artikel"].toText(), zeile[u"LagerortKurzKu"].toText(), was));
     };
     for (; !paare->Eof(); paare->MoveNext()) {
-        const double bestand =
-            lager.Get_Bestand((*paare)[u"Artikel"].toText(), (*paare)[u"LagerortKurzKu"].toText(), QDate(jahr, 12, 31));
+        const double bestand = lager.Get_Bestand((*paare)[u"Artikel"].toText(),
+                                                 (*paare)[u"LagerortKurzKu"].toText(), QDate(jahr, 12, 31));
         satzMit(*paare, u"closes with "_s + QString::number(bestand));
     }
-    const auto zeilen = journal->OpenRecordset(u"SELECT * FROM LAGERJOURNAL WHERE Buchungsart = 'Anfangsbestand'"_s);
+    const auto zeilen =
+        journal->OpenRecordset(u"SELECT * FROM LAGERJOURNAL WHERE Buchungsart = 'Anfangsbestand'"_s);
     for (; !zeilen->Eof(); zeilen->MoveNext()) {
         const jet::Recordset& zeile = *zeilen;
         EXPECT_EQ(zeile[u"Datum"].toDate(), QDate(jahr, 1, 1));
@@ -98,7 +101,8 @@ std::set<QString> istBestaende(Lagerverwaltungsdaten& lager, int jahr)
 // Half a million of them, or 20 000 where only those are at hand.
 TEST(Handel, EchteBewegungenErgebenDieBestaendeEinesAnderenProgramms)
 {
-    const QString alle = QStringLiteral(ZABLAGER_SHARED_DATA "/retail/"), wenige = QStringLiteral(TEST_DATA "/handel/");
+    const QString alle = QStringLiteral(ZABLAGER_SHARED_DATA "/retail/"),
+                  wenige = QStringLiteral(TEST_DATA "/handel/");
     const bool gross = QFile::exists(alle);
     const Testbetrieb hof(QDate(2010, 12, 1));
     buche(hof, gross ? alle + u"transactions.csv.xz"_s : wenige + u"bewegungen.csv"_s);
@@ -114,7 +118,8 @@ TEST(Handel, EchteBewegungenErgebenDieBestaendeEinesAnderenProgramms)
         for (const int jahr : {2010, 2011})
             ist.merge(istBestaende(lager, jahr));
         QStringList anders;
-        std::set_symmetric_difference(soll.begin(), soll.end(), ist.begin(), ist.end(), std::back_inserter(anders));
+        std::set_symmetric_difference(soll.begin(), soll.end(), ist.begin(), ist.end(),
+                                      std::back_inserter(anders));
         EXPECT_EQ(anders, QStringList()) << lauf;
     }
 }

@@ -56,18 +56,19 @@ TEST(JahresUbertrag, SetztJedemPaarSeinenAnfangsbestand)
                     "01.01. | H1 | Andere | 5 | Zukauf\n"
                     "01.01. | H2 | Andere | 6 | Anfangsbestand\n"
                     "01.01. | H1 | Mais | 7 | Anfangsbestand");
-    QByteArray danach = "01.01. | H1 | Rest | 0,00004 | Anfangsbestand\n" // what is there already is never rounded
-                        "01.01. | H1 | Null | 0 | Anfangsbestand\n"
-                        "03.02. | h1 | ERSTE | 4 | Anfangsbestand\n" // the first one, and its day stays
-                        "01.01. | H1 | Erste | 6 | Anfangsbestand\n"
-                        "01.01. | H1 | Andere | 5 | Zukauf\n"
-                        "01.01. | H2 | Andere | 6 | Anfangsbestand\n"
-                        "01.01. | H1 | Mais | 7 | Anfangsbestand\n"
-                        "01.01. | H1 | Andere | 4 | Anfangsbestand\n"
-                        "01.01. | H1 | Äpfel | -1 | Anfangsbestand\n"
-                        "01.01. | H1 | Neu | 1,2346 | Anfangsbestand\n"
-                        "01.01. | H1 | Weizen | 104 | Anfangsbestand\n"
-                        "01.01. | H2 | Weizen | 3 | Anfangsbestand";
+    QByteArray danach =
+        "01.01. | H1 | Rest | 0,00004 | Anfangsbestand\n" // what is there already is never rounded
+        "01.01. | H1 | Null | 0 | Anfangsbestand\n"
+        "03.02. | h1 | ERSTE | 4 | Anfangsbestand\n" // the first one, and its day stays
+        "01.01. | H1 | Erste | 6 | Anfangsbestand\n"
+        "01.01. | H1 | Andere | 5 | Zukauf\n"
+        "01.01. | H2 | Andere | 6 | Anfangsbestand\n"
+        "01.01. | H1 | Mais | 7 | Anfangsbestand\n"
+        "01.01. | H1 | Andere | 4 | Anfangsbestand\n"
+        "01.01. | H1 | Äpfel | -1 | Anfangsbestand\n"
+        "01.01. | H1 | Neu | 1,2346 | Anfangsbestand\n"
+        "01.01. | H1 | Weizen | 104 | Anfangsbestand\n"
+        "01.01. | H2 | Weizen | 3 | Anfangsbestand";
     for (int lauf = 1; lauf <= 3; ++lauf) {
         EXPECT_EQ(ablehnung(), u"übertragen"_s);
         EXPECT_EQ(hof.journal(2025), zeilen(danach)) << lauf;
@@ -75,10 +76,11 @@ TEST(JahresUbertrag, SetztJedemPaarSeinenAnfangsbestand)
     }
     EXPECT_EQ(hof.journal(2024), zeilen(alt));
     EXPECT_EQ(hof.zeigt(2025, u"SELECT * FROM LAGERJOURNAL WHERE ID IN (10, 11)"_s),
-              (QStringList{u"10 | 01.01.2025 | Neu | NULL | H1 | 1,23456 | NULL | NULL | NULL | NULL | Anfangsbestand"
-                           u" | 0 | NULL | NULL | NULL | NULL | NULL | NULL"_s,
-                           u"11 | 01.01.2025 | Weizen | Saatgut | H1 | 104 | NULL | 4 | NULL | kg | Anfangsbestand | 0"
-                           u" | NULL | NULL | NULL | NULL | NULL | NULL"_s}));
+              (QStringList{
+                  u"10 | 01.01.2025 | Neu | NULL | H1 | 1,23456 | NULL | NULL | NULL | NULL | Anfangsbestand"
+                  u" | 0 | NULL | NULL | NULL | NULL | NULL | NULL"_s,
+                  u"11 | 01.01.2025 | Weizen | Saatgut | H1 | 104 | NULL | 4 | NULL | kg | Anfangsbestand | 0"
+                  u" | NULL | NULL | NULL | NULL | NULL | NULL"_s}));
 }
 
 TEST(JahresUbertrag, NurXStehtFuerEinenFehlendenBetrieb)
@@ -115,7 +117,8 @@ TEST(JahresUbertrag, WasVorEinemFehlerGeschriebenWurdeBleibt)
     EXPECT_TRUE(mitMix(u"Artikel = 'Bauer''s Mix'"_s).startsWith(u"Syntaxfehler"_s)); // kept
     const auto nurAnis = zeilen("01.01. | H1 | Anis | 1 | Anfangsbestand");
     EXPECT_EQ(hof.journal(2025), nurAnis);
-    const QString ueberlauf = u"Überlauf. Datei: '%1'. Artikel: 'Mix'. Lagerort: 'H1'."_s.arg(hof.journaldatei(2024));
+    const QString ueberlauf =
+        u"Überlauf. Datei: '%1'. Artikel: 'Mix'. Lagerort: 'H1'."_s.arg(hof.journaldatei(2024));
     EXPECT_EQ(mitMix(u"Artikel = 'Mix', Menge = 1E308"_s), ueberlauf);
     EXPECT_EQ(mitMix(u"Menge = 2, Preis = 1E308"_s), ueberlauf);
     EXPECT_EQ(hof.journal(2025), nurAnis);
@@ -135,8 +138,9 @@ TEST(JahresUbertrag, EinKennwortInDerVorlageBeendetNurDieBestandsfrage)
     sys::Kill(hof.journaldatei(2024));
     jet::engine()
         .CreateDatabase(hof.journaldatei(2024), u";pwd=quenlor"_s)
-        ->Execute(u"CREATE TABLE LAGERJOURNAL (ID Counter PRIMARY KEY, Datum Date, Artikel Text, Artikelart Text,"
-                  u" LagerortKurzKu Text, Menge Double, Preis Double, Preisfaktor Text, Einheit Text)"_s);
+        ->Execute(
+            u"CREATE TABLE LAGERJOURNAL (ID Counter PRIMARY KEY, Datum Date, Artikel Text, Artikelart Text,"
+            u" LagerortKurzKu Text, Menge Double, Preis Double, Preisfaktor Text, Einheit Text)"_s);
     EXPECT_EQ(ablehnung(), u"übertragen"_s);
     EXPECT_THROW(BestandErmitteln(u"Weizen"_s, u"H1"_s, QDate(2024, 5, 1)), jet::Error);
 }
@@ -152,9 +156,10 @@ TEST(JahresUbertrag, EinGesperrtesJahrIstEinFehlerUndWerZuzweitKommtSiehtWasDaSt
         EXPECT_TRUE(ablehnung().contains(u"gesperrt"_s)) << ablehnung().toStdString();
     }
     {
-        const Fremdprogramm anderes(hof.journaldatei(2025),
-                                    "INSERT INTO LAGERJOURNAL (Datum, Artikel, LagerortKurzKu, Menge, Buchungsart)"
-                                    " VALUES (#1/1/2025#, 'Weizen', 'H1', 7, 'Anfangsbestand')");
+        const Fremdprogramm anderes(
+            hof.journaldatei(2025),
+            "INSERT INTO LAGERJOURNAL (Datum, Artikel, LagerortKurzKu, Menge, Buchungsart)"
+            " VALUES (#1/1/2025#, 'Weizen', 'H1', 7, 'Anfangsbestand')");
         EXPECT_EQ(ablehnung(), u"übertragen"_s);
     }
     EXPECT_EQ(hof.journal(2025), zeilen("01.01. | H1 | Weizen | 100 | Anfangsbestand"));

@@ -21,7 +21,8 @@ protected:
         const QMetaObject* const klasse = objekt.metaObject();
         for (int i = QObject::staticMetaObject.propertyCount(); i < klasse->propertyCount(); ++i) {
             const QMetaProperty eigenschaft = klasse->property(i);
-            if (eigenschaft.metaType() != QMetaType::fromType<QString>() || !eigenschaft.isWritable()) continue;
+            if (eigenschaft.metaType() != QMetaType::fromType<QString>() || !eigenschaft.isWritable())
+                continue;
             EXPECT_TRUE(eigenschaft.write(&objekt, QString::fromUtf8(eigenschaft.name())));
         }
     }
@@ -61,7 +62,8 @@ TEST_F(Daten, JedeMethodeGibtNurIhreWerteWeiter)
     daten.LagerbestandLaden();
     EXPECT_EQ(gezeigt, 1);
     EXPECT_EQ(uebernommen(), // the password of the farm only by a carry-forward
-              u"4711 Lagerpasswort Anlagenverzeichnis Anlagenpasswort Artikelname Lagername Stammverzeichnis Währung"
+              u"4711 Lagerpasswort Anlagenverzeichnis Anlagenpasswort Artikelname Lagername Stammverzeichnis "
+              u"Währung"
               u" Betriebsname Betriebsadresse Herkunft 2025"_s);
     EXPECT_EQ(modulzustand().Stichdatum, QDate(2025, 6, 1));
     EXPECT_EQ(modulzustand().Lagerdatei, hof.journaldatei(2025));
@@ -82,7 +84,8 @@ TEST_F(Daten, EineFehlendeVorlageBeendetDasLadenNachDenErstenWerten)
     sys::Kill(vorlage);
     daten.setStichdatum(QDate(2025, 6, 1));
     EXPECT_THROW(daten.LagerbestandLaden(), sys::FileError);
-    EXPECT_TRUE(uebernommen().contains(u"Betriebsname Betriebsadresse 2025"_s)) << uebernommen().toStdString();
+    EXPECT_TRUE(uebernommen().contains(u"Betriebsname Betriebsadresse 2025"_s))
+        << uebernommen().toStdString();
     EXPECT_EQ(gezeigt, 0);
     sys::FileCopy(vorlage + u".weg"_s, vorlage);
     daten.LagerbestandLaden(); // no screen has stayed open
@@ -96,14 +99,16 @@ TEST_F(Daten, LagerbestandRechnenScheitertAnSeinerAnweisung)
     jet::engine().CreateDatabase(gesperrt, u";pwd=halm"_s);
     daten.setDatenverzeichnis(gesperrt);
     daten.setStichdatum(QDate(2024, 12, 31));
-    daten.setLagerpasswort(u";pwd=halm"_s); // not its object's counts, but the one that a method has handed on
+    daten.setLagerpasswort(
+        u";pwd=halm"_s); // not its object's counts, but the one that a method has handed on
     EXPECT_EQ(objekt.SpaeteBindung::LagerbestandRechnen(), 0);
     EXPECT_EQ(objekt.LetzteFehlernummer(), 3031);
     modulzustand().Lagerpasswort = u";pwd=halm"_s;
     EXPECT_EQ(objekt.SpaeteBindung::LagerbestandRechnen(), 0);
     EXPECT_EQ(objekt.LetzteFehlernummer(), 3075);
     EXPECT_EQ(objekt.LetzterFehler(),
-              u"Syntaxfehler (fehlender Operator) in Abfrageausdruck '(((Lagerjournal.LagerortKurzKu)='Lagername') AND"
+              u"Syntaxfehler (fehlender Operator) in Abfrageausdruck "
+              u"'(((Lagerjournal.LagerortKurzKu)='Lagername') AND"
               u" ((Lagerjournal.Artikel)='Artikelname') AND AND ((Lagerjournal.Datum)<#12/31/2024#)))'."_s);
 }
 

@@ -32,23 +32,27 @@ TEST(Lieferschein, SeineDateiHatWasEigeneFormulareBrauchen)
 {
     Testbetrieb hof;
     verkauft(hof);
-    hof.fuehreAus(2024, u"UPDATE LAGERJOURNAL SET Einheit = '', Menge = NULL, Preis = 7, Lieferscheinnummer = 4"_s);
+    hof.fuehreAus(2024,
+                  u"UPDATE LAGERJOURNAL SET Einheit = '', Menge = NULL, Preis = 7, Lieferscheinnummer = 4"_s);
     const QString datei = hof.ort().verzeichnis() + u"/druck.mdb"_s;
     Lieferschein schein{QDate(2024, 5, 3), u"BERGER"_s, 4, u"  Hof  "_s, u"   "_s, {}, u" Danke "_s};
-    for (const char* preis : {"NULL", "7"}) { // the second one replaces the first, which another program reads
+    for (const char* preis :
+         {"NULL", "7"}) { // the second one replaces the first, which another program reads
         std::unique_ptr<Fremdprogramm> leser;
         if (schein.mitPreis) leser = std::make_unique<Fremdprogramm>(datei);
         ASSERT_TRUE(baueLieferscheindatei(datei, 2024, schein));
         const auto druck = jet::engine().OpenDatabase(datei);
         EXPECT_EQ(gezeigt(*druck, u"SELECT * FROM Uberschrift"_s),
                   QStringList(u"NULL | Hof | NULL | NULL | 03.05.2024 | BERGER | 4 | Danke"_s));
-        EXPECT_EQ(gezeigt(*druck, u"SELECT * FROM Journal"_s),
-                  QStringList(u"NULL | Heu | Futtermittel | 0 | %1 | NULL | NULL"_s.arg(QLatin1StringView(preis))));
+        EXPECT_EQ(
+            gezeigt(*druck, u"SELECT * FROM Journal"_s),
+            QStringList(u"NULL | Heu | Futtermittel | 0 | %1 | NULL | NULL"_s.arg(QLatin1StringView(preis))));
         schein.mitPreis = true;
     }
     modulzustand().Betriebsname = QString(101, u'x');
     ergaenzeLiefereinstellungen(*hof.oeffne(2024));
-    EXPECT_EQ(hof.zeigt(2024, u"SELECT LEN(LieferscheinZeile1) FROM Liefereinstellungen"_s), QStringList(u"100"_s));
+    EXPECT_EQ(hof.zeigt(2024, u"SELECT LEN(LieferscheinZeile1) FROM Liefereinstellungen"_s),
+              QStringList(u"100"_s));
     hof.meldungen().beantworteAlle(sys::Answer::Ignore);
     sys::Kill(hof.journaldatei(2024));
     EXPECT_FALSE(baueLieferscheindatei(datei, 2024, schein)); // what is built half is not left
@@ -83,7 +87,8 @@ TEST(Lieferschein, ZweiProgrammeZugleichVergebenNichtDieselbeNummer)
 {
     const Testbetrieb hof;
     verkauft(hof);
-    const Fremdprogramm anderes(hof.journaldatei(2024), "UPDATE LAGERJOURNAL SET Lieferscheinnummer = 1 WHERE ID = 1");
+    const Fremdprogramm anderes(hof.journaldatei(2024),
+                                "UPDATE LAGERJOURNAL SET Lieferscheinnummer = 1 WHERE ID = 1");
     EXPECT_TRUE(Lieferscheinnummern(2024).vergib());
     EXPECT_EQ(hof.zeigt(2024, Nummern), (QStringList{u"1"_s, u"2"_s, u"3"_s}));
 }

@@ -11,7 +11,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Does something that is only done or refused. A refusal must name a fault of the statement, not one of its translation.
+/// Does something that is only done or refused. A refusal must name a fault of the statement, not one of its
+/// translation.
 template <typename Work>
 bool attempt(Work work)
 {
@@ -24,24 +25,30 @@ bool attempt(Work work)
     }
 }
 
-/// A database file with the tables that the statement files of the tests ask most, the same at the begin of each input.
+/// A database file with the tables that the statement files of the tests ask most, the same at the begin of
+/// each input.
 class Prepared {
 public:
     Prepared()
     {
         const QString customers = m_directory.filePath(u"Grundstamm.mdb"_s);
         jet::engine().setLockTimeout(0);
-        jet::engine().CreateDatabase(customers, {})->Execute(u"CREATE TABLE Kunden (KurzKu Text(15), Name Text(50))"_s);
+        jet::engine()
+            .CreateDatabase(customers, {})
+            ->Execute(u"CREATE TABLE Kunden (KurzKu Text(15), Name Text(50))"_s);
         const auto fresh = jet::engine().CreateDatabase(m_directory.filePath(u"vorlage"_s), {});
-        for (const QString& statement :
-             {u"CREATE TABLE J (ID Counter PRIMARY KEY, Artikel Text(20), Ort Text(10), Kunde Text(10), Menge Double,"
-              " Aktiv Boolean, Datum Date, Preis Currency, Notiz Memo)"_s,
-              u"CREATE INDEX I ON J (Artikel, Ort, Datum, ID, Menge)"_s,
-              u"CREATE TABLE Eins (N Long, Leer Double, T Text(20), D Date, B Byte, S Single)"_s,
-              u"INSERT INTO J (Datum, Artikel, Ort, Menge) VALUES (#03/05/2024#, 'Weizen', 'H1', 12.5)"_s,
-              u"INSERT INTO J (Datum, Artikel, Menge, Notiz) VALUES (#03/06/2024 13:00:00#, 'Dünger ß', -3, 'x')"_s,
-              u"INSERT INTO J (Artikel, Aktiv) VALUES ('weizen ', True)"_s,
-              u"INSERT INTO Eins (N, T, D, B) VALUES (1, 'Weizen', #12/31/2024#, 255)"_s})
+        for (
+            const QString& statement :
+            {u"CREATE TABLE J (ID Counter PRIMARY KEY, Artikel Text(20), Ort Text(10), Kunde Text(10), Menge "
+             u"Double,"
+             " Aktiv Boolean, Datum Date, Preis Currency, Notiz Memo)"_s,
+             u"CREATE INDEX I ON J (Artikel, Ort, Datum, ID, Menge)"_s,
+             u"CREATE TABLE Eins (N Long, Leer Double, T Text(20), D Date, B Byte, S Single)"_s,
+             u"INSERT INTO J (Datum, Artikel, Ort, Menge) VALUES (#03/05/2024#, 'Weizen', 'H1', 12.5)"_s,
+             u"INSERT INTO J (Datum, Artikel, Menge, Notiz) VALUES (#03/06/2024 13:00:00#, 'Dünger ß',"
+             u" -3, 'x')"_s,
+             u"INSERT INTO J (Artikel, Aktiv) VALUES ('weizen ', True)"_s,
+             u"INSERT INTO Eins (N, T, D, B) VALUES (1, 'Weizen', #12/31/2024#, 255)"_s})
             fresh->Execute(statement);
         fresh->CreateTableDef(u"Kunden"_s, u"MS Access;DATABASE="_s + customers, u"Kunden"_s);
         fresh->Close();

@@ -1,8 +1,9 @@
-// The check of plant-protection products against a national register: all of its products lie in store, and each sentence
-// must come as often as another program counted in the register's own tables.
+// The check of plant-protection products against a national register: all of its products lie in store, and
+// each sentence must come as often as another program counted in the register's own tables.
 //
-// The tables are those of the Swiss Federal Food Safety and Veterinary Office (BLV), Pflanzenschutzmittelverzeichnis, in
-// two states; only the official register (psm.admin.ch) counts. They may not be handed on and lie beside the project.
+// The tables are those of the Swiss Federal Food Safety and Veterinary Office (BLV),
+// Pflanzenschutzmittelverzeichnis, in two states; only the official register (psm.admin.ch) counts. They may
+// not be handed on and lie beside the project.
 
 #include "overview/Registerpruefung.h"
 #include "tests/core/CsvTabelle.h"
@@ -32,7 +33,8 @@ void ergaenze(jet::Database& datei, const QString& tabelle, const std::map<QStri
 TEST(EchtesRegister, SagtVonJedemMittelWasDarinSteht)
 {
     const QString ordner = QStringLiteral(ZABLAGER_SHARED_DATA) + u"/register/register_ch_"_s;
-    if (!QFile::exists(ordner + u"2026-02-03.csv.xz"_s)) GTEST_SKIP() << "there is no " << ordner.toStdString();
+    if (!QFile::exists(ordner + u"2026-02-03.csv.xz"_s))
+        GTEST_SKIP() << "there is no " << ordner.toStdString();
     CsvTabelle alte(ordner + u"2024-12-16.csv.xz"_s), neue(ordner + u"2026-02-03.csv.xz"_s);
     Testbetrieb hof;
     const auto stamm =
@@ -46,7 +48,8 @@ TEST(EchtesRegister, SagtVonJedemMittelWasDarinSteht)
         const QString artikel = (alte.feld(u"name"_s) + u"     ("_s + nummer + u')').left(50);
         ergaenze(*stamm, u"PFLANZENSCHUTZMITTEL"_s,
                  {{u"NAME"_s, artikel}, {u"Gruppe"_s, alte.feld(u"category_de"_s)}, {u"Regnr"_s, nummer}});
-        ergaenze(*journal, u"LAGERJOURNAL"_s, {{u"Artikel"_s, artikel}, {u"Artikelart"_s, u"Pflanzenschutzmittel"_s}});
+        ergaenze(*journal, u"LAGERJOURNAL"_s,
+                 {{u"Artikel"_s, artikel}, {u"Artikelart"_s, u"Pflanzenschutzmittel"_s}});
     }
     while (neue.naechste()) {
         const QDate frist = QDate::fromString(neue.feld(u"use_up_deadline"_s), Qt::ISODate);
@@ -57,7 +60,8 @@ TEST(EchtesRegister, SagtVonJedemMittelWasDarinSteht)
     }
     stamm->CommitTrans();
     journal->CommitTrans();
-    const auto bestand = journal->OpenRecordset(u"SELECT Artikel, Artikelart FROM LAGERJOURNAL"_s, jet::Kind::Snapshot);
+    const auto bestand =
+        journal->OpenRecordset(u"SELECT Artikel, Artikelart FROM LAGERJOURNAL"_s, jet::Kind::Snapshot);
     hof.meldungen().beantworteAlle(sys::Answer::Ignore);
     const QStringList saetze = registerpruefung(*bestand, *stamm, 2026)->split(u"\r\n"_s);
     EXPECT_EQ(hof.meldungen().abgeholt().size(), 1); // the one name with an apostrophe

@@ -38,8 +38,8 @@ void handle(QWidget& modal, const std::function<void(QWidget& fenster)>& handlun
     fenster->hide(); // ends its loop, whatever it says to a close
 }
 
-/// Asks again and again instead of waiting in a loop of its own: the program may be processing events on its way to the
-/// window.
+/// Asks again and again instead of waiting in a loop of its own: the program may be processing events on its
+/// way to the window.
 void warteAufFenster(const std::function<void(QWidget& fenster)>& handlung, QDeadlineTimer geduld)
 {
     constexpr int Takt = 5; // ms
@@ -67,15 +67,17 @@ void beendeDruck()
 
 QKeyCombination taste(const QString& name)
 {
-    static const QHash<QString, QString> deutsch{
-        {u"Strg"_s, u"Ctrl"_s}, {u"Umschalt"_s, u"Shift"_s}, {u"Eingabe"_s, u"Return"_s}, {u"Entf"_s, u"Del"_s},
-        {u"Pos1"_s, u"Home"_s}, {u"Ende"_s, u"End"_s},       {u"Leer"_s, u"Space"_s},     {u"Ab"_s, u"Down"_s},
-        {u"Auf"_s, u"Up"_s},    {u"Menü"_s, u"Menu"_s}};
+    static const QHash<QString, QString> deutsch{{u"Strg"_s, u"Ctrl"_s},      {u"Umschalt"_s, u"Shift"_s},
+                                                 {u"Eingabe"_s, u"Return"_s}, {u"Entf"_s, u"Del"_s},
+                                                 {u"Pos1"_s, u"Home"_s},      {u"Ende"_s, u"End"_s},
+                                                 {u"Leer"_s, u"Space"_s},     {u"Ab"_s, u"Down"_s},
+                                                 {u"Auf"_s, u"Up"_s},         {u"Menü"_s, u"Menu"_s}};
     QStringList teile = name.split(u'+');
     for (QString& teil : teile)
         teil = deutsch.value(teil, teil);
     const auto folge = QKeySequence::fromString(teile.join(u'+'), QKeySequence::PortableText);
-    if (folge.isEmpty() || folge[0].key() == Qt::Key_unknown) throw std::runtime_error("no key: " + name.toStdString());
+    if (folge.isEmpty() || folge[0].key() == Qt::Key_unknown)
+        throw std::runtime_error("no key: " + name.toStdString());
     return folge[0];
 }
 
@@ -120,7 +122,8 @@ void tippe(QStringView tasten)
         if (treffer.lastCapturedIndex() > 0)
             druecke(taste(treffer.captured(1)));
         else // which keyClick does for ASCII alone
-            QTest::sendKeyEvent(QTest::Click, &fokus(), Qt::Key(zeichen.toUpper().unicode()), zeichen, Qt::NoModifier);
+            QTest::sendKeyEvent(QTest::Click, &fokus(), Qt::Key(zeichen.toUpper().unicode()), zeichen,
+                                Qt::NoModifier);
         beendeDruck();
         QCoreApplication::processEvents(); // Enter goes on only when it has been handled
     }

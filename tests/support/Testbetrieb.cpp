@@ -88,7 +88,8 @@ void Testbetrieb::bucht(int jahr, const char* text) const
     for (const QString& zeile : zeilen(text)) {
         const QStringList zellen = zeile.split(u" | "_s);
         journal->AddNew();
-        journal->Set(u"Datum", QDate::fromString(zellen.at(0).trimmed() + QString::number(jahr), u"dd.MM.yyyy"_s));
+        journal->Set(u"Datum",
+                     QDate::fromString(zellen.at(0).trimmed() + QString::number(jahr), u"dd.MM.yyyy"_s));
         journal->Set(u"LagerortKurzKu", oderNull(zellen.at(1)));
         journal->Set(u"Artikel", oderNull(zellen.at(2)));
         journal->Set(u"Menge", QLocale(QLocale::German).toDouble(zellen.at(3)));
@@ -104,6 +105,7 @@ void Testbetrieb::fuehreAus(int jahr, const QString& anweisung) const
 
 QStringList Testbetrieb::journal(int jahr) const
 {
-    return zeigt(jahr, u"SELECT Datum, LagerortKurzKu, Artikel, Menge, Buchungsart FROM LAGERJOURNAL ORDER BY ID"_s)
+    return zeigt(jahr,
+                 u"SELECT Datum, LagerortKurzKu, Artikel, Menge, Buchungsart FROM LAGERJOURNAL ORDER BY ID"_s)
         .replaceInStrings(QString::number(jahr) + u" |"_s, u" |"_s);
 }

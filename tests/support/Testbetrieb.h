@@ -17,8 +17,11 @@ public:
     sys::Answer show(const QString& text, int flags) override;
     /// Of two answers to one question the later one counts.
     void beantworte(const QString& text, sys::Answer antwort) { m_antworten.emplace_back(text, antwort); }
-    void beantworteAlle(sys::Answer antwort) { m_jede = antwort; } ///< Questions that have no answer of their own.
-    QStringList abgeholt();                                        ///< The texts since the last time.
+    void beantworteAlle(sys::Answer antwort)
+    {
+        m_jede = antwort;
+    }                       ///< Questions that have no answer of their own.
+    QStringList abgeholt(); ///< The texts since the last time.
 
 private:
     QStringList m_texte;
@@ -35,11 +38,12 @@ inline QStringList zeilen(const char* text)
     return QString::fromUtf8(text).split(u'\n', Qt::SkipEmptyParts);
 }
 
-/// A farm in a temporary directory, made by the product's own set-up. While it lives the product finds this farm, this
-/// day and this key date; messages are kept, and one that no test looked at is a failure.
+/// A farm in a temporary directory, made by the product's own set-up. While it lives the product finds this
+/// farm, this day and this key date; messages are kept, and one that no test looked at is a failure.
 class Testbetrieb {
 public:
-    explicit Testbetrieb(QDate Stichtag = QDate(2024, 6, 1), const QString& Betriebsnummer = QStringLiteral("4711"));
+    explicit Testbetrieb(QDate Stichtag = QDate(2024, 6, 1),
+                         const QString& Betriebsnummer = QStringLiteral("4711"));
     ~Testbetrieb();
     Q_DISABLE_COPY_MOVE(Testbetrieb)
 
@@ -47,7 +51,8 @@ public:
     QString journaldatei(int jahr) const { return m_ort.journaldatei(m_betriebsnummer, jahr); }
     std::unique_ptr<jet::Database> oeffne(int jahr) const;
 
-    /// Adds rows, one a line, to a year file, which is made if it is missing; "NULL" is a text that is missing.
+    /// Adds rows, one a line, to a year file, which is made if it is missing; "NULL" is a text that is
+    /// missing.
     void bucht(int jahr, const char* text) const;
     void fuehreAus(int jahr, const QString& anweisung) const;
     /// All rows, in the order of their ID, as a user notes them: "01.12. | H1 | Weizen | -20 | Verkauf".

@@ -25,7 +25,8 @@ QString rasterzeile(const DataGrid& liste, int zeile)
 {
     QStringList zellen;
     for (int spalte = 0; spalte < liste.model()->columnCount(); ++spalte)
-        if (!liste.isColumnHidden(spalte)) zellen.append(liste.model()->index(zeile, spalte).data().toString());
+        if (!liste.isColumnHidden(spalte))
+            zellen.append(liste.model()->index(zeile, spalte).data().toString());
     return zellen.join(u" | "_s);
 }
 
@@ -120,7 +121,9 @@ QString markierter()
 
 bool ist(const QObject& ding, const QString& was)
 {
-    static const std::map<QString, const char*> zustaende{
-        {u"an"_s, "checked"}, {u"offen"_s, "DroppedDown"}, {u"sichtbar"_s, "visible"}, {u"frei"_s, "enabled"}};
+    static const std::map<QString, const char*> zustaende{{u"an"_s, "checked"},
+                                                          {u"offen"_s, "DroppedDown"},
+                                                          {u"sichtbar"_s, "visible"},
+                                                          {u"frei"_s, "enabled"}};
     return ding.property(zustaende.at(was.section(u' ', -1))).toBool() != was.startsWith(u"nicht "_s);
 }

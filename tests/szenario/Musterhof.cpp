@@ -27,17 +27,22 @@ Musterhof::Musterhof()
                     u" WHERE Artikel = 'Diesel'"_s);
     fuelle(ort().anlagen() + u"/Anlagen.mdb"_s, u"volmira"_s,
            {u"Objekte (Name, KurzKu, Objektart, Anzeigen) VALUES ('Halle Nord', 'H1', 'Lager', True)"_s,
-            u"Objekte (Name, KurzKu, Objektart, Anzeigen) VALUES ('Halle Süd', 'H2', 'Düngersammelstelle', True)"_s,
+            u"Objekte (Name, KurzKu, Objektart, Anzeigen) VALUES ('Halle Süd', 'H2', 'Düngersammelstelle',"
+            u" True)"_s,
             u"Objekte (Name, KurzKu, Objektart, Anzeigen) VALUES ('Alter Speicher', 'SP', 'Lager', False)"_s,
             u"Objekte (Name, KurzKu, Objektart, Anzeigen) VALUES ('Stall', 'ST', 'Stall', True)"_s});
-    fuelle(ort().daten() + u"/Grundstamm.mdb"_s, u"RT-58KX"_s,
-           {u"Saatgut (NAME, Einheit, Preis, Preisfaktor, Sperre) VALUES ('Roggen', 'kg', 42, '100', False)"_s,
-            u"Saatgut (NAME, Einheit, Preis, Preisfaktor, Sperre) VALUES ('Altroggen', 'kg', 1, '1', True)"_s,
-            u"Saatgut (NAME, Einheit, Preis, Preisfaktor, Sperre) VALUES ('Bauer''s Mix', 'kg', 7, '1', False)"_s,
-            u"Treibstoffe (NAME, Einheit, Preis, Preisfaktor, Sperre) VALUES ('Diesel', 'l', 142, '0', False)"_s,
-            u"HANDLER (KurzKu, NAME, SPERRE) VALUES ('HUBER', 'Huber Anna', False)"_s,
-            u"HANDLER (KurzKu, NAME, SPERRE) VALUES ('', 'Maier Kurt', False)"_s,
-            u"HANDLER (KurzKu, NAME, SPERRE) VALUES (NULL, 'Landhandel Obermoos', False)"_s});
+    fuelle(
+        ort().daten() + u"/Grundstamm.mdb"_s, u"RT-58KX"_s,
+        {u"Saatgut (NAME, Einheit, Preis, Preisfaktor, Sperre)"
+         u" VALUES ('Roggen', 'kg', 42, '100', False)"_s,
+         u"Saatgut (NAME, Einheit, Preis, Preisfaktor, Sperre)"
+         u" VALUES ('Altroggen', 'kg', 1, '1', True)"_s,
+         u"Saatgut (NAME, Einheit, Preis, Preisfaktor, Sperre)"
+         u" VALUES ('Bauer''s Mix', 'kg', 7, '1', False)"_s,
+         u"Treibstoffe (NAME, Einheit, Preis, Preisfaktor, Sperre) VALUES ('Diesel', 'l', 142, '0', False)"_s,
+         u"HANDLER (KurzKu, NAME, SPERRE) VALUES ('HUBER', 'Huber Anna', False)"_s,
+         u"HANDLER (KurzKu, NAME, SPERRE) VALUES ('', 'Maier Kurt', False)"_s,
+         u"HANDLER (KurzKu, NAME, SPERRE) VALUES (NULL, 'Landhandel Obermoos', False)"_s});
     Modulzustand& zustand = modulzustand();
     zustand.Lagerpasswort = u";pwd=quenlor"_s;
     zustand.Betriebsname = u"Lindenhof"_s;

@@ -1,46 +1,50 @@
-// A scenario file holds cases, each on a fresh Musterhof. Its first line is "fall" with the fault it would catch; the steps
-// follow, one a line, or several with " ; " between them. Lines that begin with blanks belong to the step before. "#" begins
-// a remark, behind a step after two blanks. In what is expected "..." stands for anything, \r and \n for line breaks.
+// A scenario file holds cases, each on a fresh Musterhof. Its first line is "fall" with the fault it would
+// catch; the steps follow, one a line, or several with " ; " between them. Lines that begin with blanks
+// belong to the step before. "#" begins a remark, behind a step after two blanks. In what is expected "..."
+// stands for anything, \r and \n for line breaks.
 //
 //   bucht 2024  05.03. | H1 | Weizen | 100 | Zukauf      rows, more of them below
-//   fuellt 2024 LAGERJOURNAL     rows of any table: its columns stand below, then the rows, "Artikel | Menge"; NULL: left out
-//   sql 2024 UPDATE ...          in a year file, Grundstamm, Stammdaten or Anlagen, by another program
-//   heute 5.3.2024               the day
-//   stichtag 1.6.2024            what a host has set; lagername and betriebsname too
-//   einstellung Name = 1         a setting of the user; "einstellung Name zeigt 1"
-//   datei weg Grundstamm         a file cannot be found, or "kaputt", until "datei da Grundstamm"; also the Lieferschein
-//   sperre 2024                  another program is writing in a file, until "frei"; "sperre 2024 ganz": none can read it
+//   fuellt 2024 LAGERJOURNAL     rows of any table: its columns stand below, then the rows, "Artikel |
+//   Menge"; NULL: left out sql 2024 UPDATE ...          in a year file, Grundstamm, Stammdaten or Anlagen, by
+//   another program heute 5.3.2024               the day stichtag 1.6.2024            what a host has set;
+//   lagername and betriebsname too einstellung Name = 1         a setting of the user; "einstellung Name
+//   zeigt 1" datei weg Grundstamm         a file cannot be found, or "kaputt", until "datei da Grundstamm";
+//   also the Lieferschein sperre 2024                  another program is writing in a file, until "frei";
+//   "sperre 2024 ganz": none can read it
 //
-// The first of other steps opens the main screen. Fields are those of the window in front, by their object names.
+// The first of other steps opens the main screen. Fields are those of the window in front, by their object
+// names.
 //
 //   oeffne                       the main screen anew
-//   tasten z{Tab}12,5{Alt+B}     keys where the focus is; each waits for the window that the one before opens or closes
-//   {Strg+1}{Eingabe}            the same
-//   feld drpArtikel              the focus goes there, what stands there is selected
-//   drpArtikel = Weizen          types over it and leaves by Tab; a tick becomes "an" or not
-//   klick Journalliste 3         the mouse, on a field or a row of a list; doppelklick
-//   kopf Journalliste Artikel    the mouse on the head of a column
-//   papier {Strg+P}              what the key prints, whose lines stand below; a line "..." is any number of them
-//   oeffnet {F12} ... 2024.xlsx  the file that the user's own program is to open, or what is said instead; of a table the
+//   tasten z{Tab}12,5{Alt+B}     keys where the focus is; each waits for the window that the one before opens
+//   or closes {Strg+1}{Eingabe}            the same feld drpArtikel              the focus goes there, what
+//   stands there is selected drpArtikel = Weizen          types over it and leaves by Tab; a tick becomes
+//   "an" or not klick Journalliste 3         the mouse, on a field or a row of a list; doppelklick kopf
+//   Journalliste Artikel    the mouse on the head of a column papier {Strg+P}              what the key
+//   prints, whose lines stand below; a line "..." is any number of them oeffnet {F12} ... 2024.xlsx  the file
+//   that the user's own program is to open, or what is said instead; of a table the
 //                                rows stand below, see tests/platform/family/Tabellenblatt.h
 //
-//   antwort Ja  text             before a question: it is asked once and answered so: Ja, Nein, Abbruch, Ignorieren, or
+//   antwort Ja  text             before a question: it is asked once and answered so: Ja, Nein, Abbruch,
+//   Ignorieren, or
 //                                Abbrechen, which is milder; steps below it are done meanwhile
 //   stets Ignorieren  text       the same for a question that may come often
-//   meldung text                 what was said, or its lines below; a message that nobody expects is a failure
+//   meldung text                 what was said, or its lines below; a message that nobody expects is a
+//   failure
 //
 //   fenster Zukauf erfassen      the title of the window in front
 //   fokus txtMenge               where the focus is; "markiert 7": what is selected there
-//   txtMenge zeigt 12,50         the text of a field, label, tab, heading of a list; "Ampel zeigt rot" or "grün"
-//   Journalliste zeigt           the rows of a list, which stand below
-//   Journalliste hat Artikel: Weizen | Hafer      a column of it, from above
-//   Journalliste steht auf ...   its current row, or "keine"
+//   txtMenge zeigt 12,50         the text of a field, label, tab, heading of a list; "Ampel zeigt rot" or
+//   "grün" Journalliste zeigt           the rows of a list, which stand below Journalliste hat Artikel:
+//   Weizen | Hafer      a column of it, from above Journalliste steht auf ...   its current row, or "keine"
 //   drpArtikel bietet A | B      what drops down
 //   VonDatum sagt Strg+T         its tool tip
 //   txtPreis ist sichtbar        or an, offen, frei; "ist nicht frei"
 //
-//   neu 06.03.2024 | H2 | ...    the rows of 2024 since the farm was set up: day, place, article, kind, Menge, Buchungsmenge,
-//                                unit, price, factor, Buchungsart, BuchungsID, Uberstallt_alt, Verfuttert_an, comment
+//   neu 06.03.2024 | H2 | ...    the rows of 2024 since the farm was set up: day, place, article, kind,
+//   Menge, Buchungsmenge,
+//                                unit, price, factor, Buchungsart, BuchungsID, Uberstallt_alt, Verfuttert_an,
+//                                comment
 //   zeigt 2024 SELECT ...        the rows of a query
 
 #include "overview/LagerbestandNeu.h"
@@ -80,7 +84,8 @@ constexpr int Geduld = 5000; // ms, for a window to open or close
 
 const QString Neue =
     u"SELECT Datum, LagerortKurzKu, Artikel, Artikelart, Menge, Buchungsmenge, Einheit, Preis, Preisfaktor,"
-    u" Buchungsart, BuchungsID, Uberstallt_alt, Verfuttert_an, Kommentar FROM LAGERJOURNAL WHERE ID > 6 ORDER BY ID"_s;
+    u" Buchungsart, BuchungsID, Uberstallt_alt, Verfuttert_an, Kommentar FROM LAGERJOURNAL WHERE ID > 6"
+    u" ORDER BY ID"_s;
 
 struct Anweisung {
     int zeile; ///< Of the file, from 1.
@@ -130,7 +135,8 @@ void vergleiche(const QStringList& erwartet, QStringList ist)
 {
     if (std::equal(erwartet.begin(), erwartet.end(), ist.begin(), ist.end(), passt)) return;
     std::transform(ist.begin(), ist.end(), ist.begin(), lesbar);
-    scheitere(u"there is\n    "_s + ist.join(u"\n    "_s) + u"\ninstead of\n    "_s + erwartet.join(u"\n    "_s));
+    scheitere(u"there is\n    "_s + ist.join(u"\n    "_s) + u"\ninstead of\n    "_s +
+              erwartet.join(u"\n    "_s));
 }
 
 QDate tag(const QString& text)
@@ -147,15 +153,20 @@ struct Antwort {
 sys::Answer gemeint(const QString& wort)
 {
     using enum sys::Answer;
-    static const std::map<QString, sys::Answer> antworten{
-        {u"Ja"_s, Yes}, {u"Nein"_s, No}, {u"Abbrechen"_s, Cancel}, {u"Abbruch"_s, Abort}, {u"Ignorieren"_s, Ignore}};
+    static const std::map<QString, sys::Answer> antworten{{u"Ja"_s, Yes},
+                                                          {u"Nein"_s, No},
+                                                          {u"Abbrechen"_s, Cancel},
+                                                          {u"Abbruch"_s, Abort},
+                                                          {u"Ignorieren"_s, Ignore}};
     return antworten.at(wort);
 }
 
 /// One case, from the fresh farm to the last of its steps.
 class Lauf final : public sys::Messages {
 public:
-    Lauf(const QString& quelle, const Fall& fall) : m_quelle(quelle), m_name(fall.name), m_schritte(fall.anweisungen) {}
+    Lauf(const QString& quelle, const Fall& fall)
+        : m_quelle(quelle), m_name(fall.name), m_schritte(fall.anweisungen)
+    {}
 
     void fuehreAus()
     {
@@ -190,10 +201,12 @@ private:
         QTimer::singleShot(m_wartet ? 1 : 0, &m_takt, [this] { takt(); });
         if (m_zuEnde) return beende(); // once more: a window may have come since
         m_wartet = !bereit();
-        if (m_wartet) return m_geduld.hasExpired() ? versage(u"the window has not opened or closed"_s) : void();
+        if (m_wartet)
+            return m_geduld.hasExpired() ? versage(u"the window has not opened or closed"_s) : void();
         if (m_schritte.empty()) return pruefeEnde();
         static const QRegularExpression vorher(
-            u"^((bucht|fuellt|sql|lagername|betriebsname|stichtag|heute|einstellung|datei|sperre|antwort|stets) |oeffne$)"_s);
+            u"^((bucht|fuellt|sql|lagername|betriebsname|stichtag|heute|einstellung|datei|sperre|antwort"
+            u"|stets) |oeffne$)"_s);
         if (!m_fenster && !m_schritte.front().text.contains(vorher))
             m_schritte.push_front({m_schritte.front().zeile, u"oeffne"_s, {}});
         const Anweisung schritt = m_schritte.front();
@@ -211,7 +224,8 @@ private:
         if (m_laeuft && (!vorn() || vorn() == m_davor)) return false;
         if (!vorn() && m_fenster && m_fenster->isHidden()) return true; // the user has closed it
         QWidget* const fenster = vorn() ? vorn() : m_fenster.get();
-        if (!fenster || fenster == QApplication::activePopupWidget() || fenster->isActiveWindow()) return true;
+        if (!fenster || fenster == QApplication::activePopupWidget() || fenster->isActiveWindow())
+            return true;
         fenster->activateWindow(); // as a window manager does when another one has closed
         return false;
     }
@@ -256,7 +270,8 @@ private:
         if (name == u"Grundstamm") return m_hof.ort().daten() + u"/Grundstamm.mdb"_s;
         if (name == u"Anlagen") return m_hof.ort().anlagen() + u"/Anlagen.mdb"_s;
         if (name == u"Stammdaten") return m_hof.ort().programm() + u"/ZABStammdaten_2024.mdb"_s;
-        if (name == u"Lieferschein") return m_hof.ort().lieferscheinformulare() + u"/Standardlieferschein.rpt"_s;
+        if (name == u"Lieferschein")
+            return m_hof.ort().lieferscheinformulare() + u"/Standardlieferschein.rpt"_s;
         return m_hof.journaldatei(name.toInt());
     }
 
@@ -296,7 +311,8 @@ private:
     /// An answer that comes often replaces an earlier one to the same question.
     void antworte(const Antwort& antwort)
     {
-        std::erase_if(m_antworten, [&](const Antwort& eine) { return eine.oft && eine.frage == antwort.frage; });
+        std::erase_if(m_antworten,
+                      [&](const Antwort& eine) { return eine.oft && eine.frage == antwort.frage; });
         m_antworten.push_back(antwort);
     }
 
@@ -354,7 +370,8 @@ private:
     {
         if (m_meldungen.isEmpty()) scheitere(u"nothing was said"_s);
         const QString text = m_meldungen.takeFirst();
-        vergleiche(zeilen, zeilen.size() == 1 ? QStringList(text) : text.split(u"\r\n"_s, Qt::SkipEmptyParts));
+        vergleiche(zeilen,
+                   zeilen.size() == 1 ? QStringList(text) : text.split(u"\r\n"_s, Qt::SkipEmptyParts));
     }
 
     void papier(const QString& taste, const QStringList& zeilen) const
@@ -393,8 +410,12 @@ private:
         const QString wort = schritt.text.section(u' ', 0, 0), rest = schritt.text.mid(wort.size() + 1);
         const QString erstes = rest.section(u' ', 0, 0), weiteres = rest.section(u' ', 1).trimmed();
         const QStringList& zeilen = schritt.darunter;
-        const auto alle = [&](const QString& davor) { return (QStringList(davor) + zeilen).join(u'\n').toUtf8(); };
+        const QStringList angaben = rest.isEmpty() ? zeilen : QStringList(rest);
+        const auto alle = [&](const QString& davor) {
+            return (QStringList(davor) + zeilen).join(u'\n').toUtf8();
+        };
         using enum Fremdprogramm::Sperre;
+        const auto wie = weiteres == u"ganz" ? Alles : Schreiben;
         // clang-format off
         const std::map<QString, std::function<void()>> worte = {
             {u"bucht"_s, [&] { m_hof.bucht(erstes.toInt(), alle(weiteres)); }},
@@ -406,11 +427,11 @@ private:
             {u"heute"_s, [&] { sys::stelleUhr(tag(rest)); }},
             {u"einstellung"_s, [&] { einstellung(erstes, weiteres); }},
             {u"datei"_s, [&] { versetze(datei(weiteres), erstes); }},
-            {u"sperre"_s, [&] { m_sperre = std::make_unique<Fremdprogramm>(datei(erstes), weiteres == u"ganz" ? Alles : Schreiben); }},
+            {u"sperre"_s, [&] { m_sperre = std::make_unique<Fremdprogramm>(datei(erstes), wie); }},
             {u"frei"_s, [&] { m_sperre.reset(); }},
             {u"antwort"_s, [&] { antworte({schritt, erstes, weiteres, false}); }},
             {u"stets"_s, [&] { antworte({schritt, erstes, weiteres, true}); }},
-            {u"meldung"_s, [&] { meldung(rest.isEmpty() ? zeilen : QStringList(rest)); }},
+            {u"meldung"_s, [&] { meldung(angaben); }},
             {u"oeffne"_s, [&] { oeffneBildschirm(); }},
             {u"tasten"_s, [&] { drueckeErste(rest); }},
             {u"papier"_s, [&] { papier(erstes, zeilen); }},
@@ -423,7 +444,7 @@ private:
             {u"fokus"_s, [&] { vergleiche({rest}, {fokus().objectName()}); }},
             {u"markiert"_s, [&] { vergleiche({rest}, {markierter()}); }},
             {u"zeigt"_s, [&] { vergleiche(zeilen, gezeigt(*oeffne(erstes), weiteres)); }},
-            {u"neu"_s, [&] { vergleiche(rest.isEmpty() ? zeilen : QStringList(rest), gezeigt(*oeffne(u"2024"_s), Neue)); }},
+            {u"neu"_s, [&] { vergleiche(angaben, gezeigt(*oeffne(u"2024"_s), Neue)); }},
         };
         // clang-format on
         const auto gemeint = worte.find(wort);
@@ -433,7 +454,8 @@ private:
     void amFeld(const QString& name, const QString& wort, const QString& text, const QStringList& zeilen)
     {
         if (wort == u"=") return setze(feld(name), text);
-        if (wort == u"zeigt" && !zeilen.isEmpty()) return vergleiche(zeilen, rasterzeilen(feld<DataGrid>(name)));
+        if (wort == u"zeigt" && !zeilen.isEmpty())
+            return vergleiche(zeilen, rasterzeilen(feld<DataGrid>(name)));
         if (wort == u"zeigt") return vergleiche({text}, {gesehen(feld<QObject>(name))});
         if (wort == u"hat")
             return vergleiche({text.section(u": "_s, 1)},
@@ -472,5 +494,6 @@ TEST_P(Szenario, GehtWieGeschrieben)
         Lauf(datei, fall).fuehreAus();
 }
 
-INSTANTIATE_TEST_SUITE_P(, Szenario, testing::ValuesIn(QDir(QStringLiteral(SZENARIEN)).entryList({u"*.szenario"_s})),
+INSTANTIATE_TEST_SUITE_P(, Szenario,
+                         testing::ValuesIn(QDir(QStringLiteral(SZENARIEN)).entryList({u"*.szenario"_s})),
                          [](const auto& datei) { return datei.param.section(u'.', 0, 0).toStdString(); });

@@ -35,8 +35,9 @@ void bucht(double menge)
 {
     Ansicht ansicht;
     LAUmbuchForm maske({ansicht.journal, ansicht.journalliste, ansicht.bestand, ansicht.bestandliste});
-    for (const auto& [feld, text] : {std::pair{u"Buchdatum"_s, u"1.6."_s}, std::pair{u"drpLagerort"_s, u"H1"_s},
-                                     std::pair{u"drpArtikel"_s, u"Weizen"_s}, std::pair{u"drpLagerorte2"_s, u"H2"_s}})
+    for (const auto& [feld, text] :
+         {std::pair{u"Buchdatum"_s, u"1.6."_s}, std::pair{u"drpLagerort"_s, u"H1"_s},
+          std::pair{u"drpArtikel"_s, u"Weizen"_s}, std::pair{u"drpLagerorte2"_s, u"H2"_s}})
         maske.findChild<QWidget*>(feld)->setProperty("Text", text);
     maske.findChild<QWidget*>(u"txtMenge"_s)->setProperty("Value", menge);
     for (int versuch = 0; versuch < 2 && maske.result() != QDialog::Accepted; ++versuch)
@@ -55,8 +56,8 @@ void loescht()
 
 } // namespace
 
-// Whatever the disk does at whichever of its changes, both rows are there or none, changed or none; and where it was one
-// fault only, a second try in the same mask books what the first one should have.
+// Whatever the disk does at whichever of its changes, both rows are there or none, changed or none; and where
+// it was one fault only, a second try in the same mask books what the first one should have.
 TEST(Paar, JedeStoerungDerPlatteLaesstBeideZeilenOderKeine)
 {
     Musterhof hof;
@@ -67,7 +68,8 @@ TEST(Paar, JedeStoerungDerPlatteLaesstBeideZeilenOderKeine)
     hof.meldungen().beantworteAlle(sys::Answer::Abort);
     hof.meldungen().beantworte(u"Wollen Sie die markierte Zeile wirklich löschen ?"_s, sys::Answer::Yes);
     const auto paar = [&] {
-        return hof.zeigt(2024, u"SELECT LagerortKurzKu, Menge, Verfuttert_an FROM LAGERJOURNAL WHERE ID > 6"_s);
+        return hof.zeigt(2024,
+                         u"SELECT LagerortKurzKu, Menge, Verfuttert_an FROM LAGERJOURNAL WHERE ID > 6"_s);
     };
     const struct {
         bool aendert;
@@ -83,7 +85,8 @@ TEST(Paar, JedeStoerungDerPlatteLaesstBeideZeilenOderKeine)
         int ganze = 0, keine = 0;
         stoereUeberall([&] { sys::FileCopy(kopie, datei); }, schritt.arbeit,
                        [&](bool fertig) {
-                           const bool gelungen = fertig && !schritt.danach.isEmpty(); // a delete tells of its failure
+                           // a delete tells of its failure
+                           const bool gelungen = fertig && !schritt.danach.isEmpty();
                            EXPECT_TRUE(paar() == schritt.danach || (!gelungen && paar() == vorher))
                                << paar().join(u'\n').toStdString();
                            EXPECT_EQ(befund(datei), u"ok"_s);

@@ -4,7 +4,8 @@
 
 using namespace Qt::StringLiterals;
 
-/// Outside any namespace, as the macro demands: the linker drops the icons of a static library that nobody names.
+/// Outside any namespace, as the macro demands: the linker drops the icons of a static library that nobody
+/// names.
 static void ladeBilder()
 {
     Q_INIT_RESOURCE(ampel);

@@ -3,7 +3,8 @@
 #include <QIcon>
 #include <QWidget>
 
-/// One lamp of the traffic light: an icon of 16 x 16 pixels, drawn sharp on screens of up to twice that resolution.
+/// One lamp of the traffic light: an icon of 16 x 16 pixels, drawn sharp on screens of up to twice that
+/// resolution.
 class Ampelbild : public QWidget {
     Q_OBJECT
 

@@ -3,10 +3,14 @@
 #include <QMap>
 #include <QString>
 
-/// What a saved layout keeps of one control: numbers by the names of its properties. What equals its default is not kept.
+/// What a saved layout keeps of one control: numbers by the names of its properties. What equals its default
+/// is not kept.
 class PropertyBag {
 public:
-    qint64 ReadProperty(const QString& name, qint64 defaultValue) const { return m_kept.value(name, defaultValue); }
+    qint64 ReadProperty(const QString& name, qint64 defaultValue) const
+    {
+        return m_kept.value(name, defaultValue);
+    }
     void WriteProperty(const QString& name, qint64 value, qint64 defaultValue)
     {
         if (value == defaultValue)

@@ -6,7 +6,8 @@ namespace {
 
 constexpr quint32 Systembit = 0x80000000;
 
-/// In the order of the system colours' numbers. Button face is what classic dialogs are painted with, here the window.
+/// In the order of the system colours' numbers. Button face is what classic dialogs are painted with, here
+/// the window.
 constexpr QPalette::ColorRole Rollen[] = {
     QPalette::Midlight,        //  0 scroll bar
     QPalette::Dark,            //  1 desktop

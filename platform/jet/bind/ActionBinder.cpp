@@ -12,7 +12,8 @@ namespace {
 /// A column that is written twice would silently lose one of its values.
 void addTarget(std::vector<int>& columns, int column, const QString& name)
 {
-    if (std::find(columns.begin(), columns.end(), column) != columns.end()) raise(ErrorNumber::DuplicateAlias, {name});
+    if (std::find(columns.begin(), columns.end(), column) != columns.end())
+        raise(ErrorNumber::DuplicateAlias, {name});
     columns.push_back(column);
 }
 
@@ -34,7 +35,8 @@ std::vector<int> insertColumns(const sql::Insert& insert, const Table& table)
 class Target {
 public:
     Target(sql::Source source, const TableLookup& lookup)
-        : m_tables{requireTable(lookup, source.table, source.position)}, m_binder(m_sources, m_tables, m_unknown)
+        : m_tables{requireTable(lookup, source.table, source.position)},
+          m_binder(m_sources, m_tables, m_unknown)
     {
         m_sources.push_back(std::move(source));
     }

@@ -25,7 +25,8 @@ struct BoundDelete {
     sql::ExpressionPtr where;
 };
 
-/// \throws Error UnknownTable, UnknownInsertColumn, WrongColumnCount, DuplicateAlias for a column named twice.
+/// \throws Error UnknownTable, UnknownInsertColumn, WrongColumnCount, DuplicateAlias for a column named
+/// twice.
 BoundInsert bindInsert(sql::Insert insert, const TableLookup& lookup);
 /// \throws Error UnknownTable, TooFewParameters, DuplicateAlias, FieldNotUpdatable for a counter.
 BoundUpdate bindUpdate(sql::Update update, const TableLookup& lookup);

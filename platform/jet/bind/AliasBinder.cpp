@@ -9,7 +9,8 @@ namespace jet::bind {
 
 namespace {
 
-constexpr qsizetype MostCopiedNodes = 10'000; // aliases made of aliases double their size from one to the next
+// aliases made of aliases double their size from one to the next
+constexpr qsizetype MostCopiedNodes = 10'000;
 
 qsizetype countNodes(const sql::Expression& expression)
 {

@@ -4,8 +4,8 @@
 
 namespace jet::bind {
 
-/// Names in a select list: a name without a table is another alias of the list before it is a column, and an alias that
-/// takes part in its own expression is circular.
+/// Names in a select list: a name without a table is another alias of the list before it is a column, and an
+/// alias that takes part in its own expression is circular.
 class AliasBinder : public ColumnBinder {
 public:
     AliasBinder(std::vector<sql::SelectItem>& items, const std::vector<sql::Source>& sources,

@@ -13,7 +13,8 @@ constexpr int LongestName = 64;
 void requireName(const QString& name, const Present& present)
 {
     const bool isReserved = name.startsWith(u"MSys", Qt::CaseInsensitive) || present.isReserved(name);
-    if (name.size() > LongestName || name.trimmed().isEmpty() || isReserved) raise(ErrorNumber::InvalidName, {name});
+    if (name.size() > LongestName || name.trimmed().isEmpty() || isReserved)
+        raise(ErrorNumber::InvalidName, {name});
 }
 
 bool isKey(const ColumnDefinition& column)
@@ -38,7 +39,8 @@ public:
     {
         auto table = tableOf(add.table);
         requireName(add.column.name, m_present);
-        if (table->find(add.column.name) >= 0) raise(ErrorNumber::ColumnExists, {add.column.name, table->name});
+        if (table->find(add.column.name) >= 0)
+            raise(ErrorNumber::ColumnExists, {add.column.name, table->name});
         // Rows that are there already have neither a number nor a value.
         if (isKey(add.column) || add.column.required) raise(ErrorNumber::AlterTableSyntax);
         return table;
@@ -48,7 +50,8 @@ public:
     {
         auto table = tableOf(create.table);
         requireName(create.name, m_present);
-        if (m_present.hasIndex(table->name, create.name)) raise(ErrorNumber::IndexExists, {table->name, create.name});
+        if (m_present.hasIndex(table->name, create.name))
+            raise(ErrorNumber::IndexExists, {table->name, create.name});
         for (auto& column : create.columns) {
             const int found = table->find(column.name);
             if (found < 0) raise(ErrorNumber::ObjectNotFound, {column.name});
@@ -92,7 +95,8 @@ void requireNames(const sql::CreateTable& create, const Present& present)
     for (auto column = create.columns.begin(); column != create.columns.end(); ++column) {
         requireName(column->name, present);
         for (auto before = create.columns.begin(); before != column; ++before) {
-            if (sameName(before->name, column->name)) raise(ErrorNumber::ColumnExists, {column->name, create.table});
+            if (sameName(before->name, column->name))
+                raise(ErrorNumber::ColumnExists, {column->name, create.table});
             if (isKey(*before) && isKey(*column)) raise(ErrorNumber::ColumnDefinitionSyntax);
         }
     }

@@ -24,7 +24,8 @@ struct Present {
 /// \throws Error TableExists, ColumnExists, IndexExists, NoSuchTable, ObjectNotFound, InvalidName.
 BoundDefinition bindDefinition(sql::Definition definition, const Present& present);
 
-/// A table that is made for rows, whose columns are called as theirs. \throws Error InvalidName, ColumnExists.
+/// A table that is made for rows, whose columns are called as theirs. \throws Error InvalidName,
+/// ColumnExists.
 void requireNames(const sql::CreateTable& create, const Present& present);
 
 } // namespace jet::bind

@@ -122,7 +122,9 @@ void ExpressionBinder::bindArguments(sql::Expression& expression)
         break;
     case Op::Not:
     case Op::And:
-    case Op::Or: std::for_each(arguments.begin(), arguments.end(), [](auto& part) { requireCondition(*part); }); break;
+    case Op::Or:
+        std::for_each(arguments.begin(), arguments.end(), [](auto& part) { requireCondition(*part); });
+        break;
     default: break;
     }
 }
@@ -131,9 +133,11 @@ void ExpressionBinder::bindCall(sql::Expression& call)
 {
     if (!isFunction(call.name)) raise(ErrorNumber::UndefinedFunction, {call.name}, call.position);
     call.function = findFunction(call.name, call.star ? 1 : call.arguments.size());
-    const bool starFits = !call.star || (call.function >= 0 && functionAt(call.function).kind == FunctionKind::Count);
+    const bool starFits =
+        !call.star || (call.function >= 0 && functionAt(call.function).kind == FunctionKind::Count);
     if (call.function < 0 || !starFits)
-        raise(ErrorNumber::ExpressionSyntax, {u"Falsche Anzahl an Argumenten in Funktion"_s, call.name}, call.position);
+        raise(ErrorNumber::ExpressionSyntax, {u"Falsche Anzahl an Argumenten in Funktion"_s, call.name},
+              call.position);
     const Function& function = functionAt(call.function);
     if (isAggregate(function)) return bindAggregate(call);
     for (std::size_t i = 0; i < call.arguments.size(); ++i) {
@@ -204,7 +208,8 @@ void OutputBinder::bindColumn(sql::ExpressionPtr& column)
     const auto found = std::find_if(m_columns.begin(), m_columns.end(), [&](const OutputColumn& output) {
         return sameName(output.field.name, column->name);
     });
-    if (found == m_columns.end()) raise(ErrorNumber::UnknownNameInCriterion, {column->name}, column->position);
+    if (found == m_columns.end())
+        raise(ErrorNumber::UnknownNameInCriterion, {column->name}, column->position);
     if (m_by == By::Expression) {
         column = found->expression->clone();
         return;

@@ -10,7 +10,8 @@
 
 namespace jet::bind {
 
-/// A column of a result: what it is called, how it is computed and, where it is a column of the table itself, which.
+/// A column of a result: what it is called, how it is computed and, where it is a column of the table itself,
+/// which.
 struct OutputColumn {
     Field field;
     sql::ExpressionPtr expression;
@@ -46,7 +47,8 @@ private:
 /// Names are columns of the tables in FROM. An unknown one is noted, so that all of them can be counted.
 class ColumnBinder : public ExpressionBinder {
 public:
-    ColumnBinder(const std::vector<sql::Source>& sources, const std::vector<TablePtr>& tables, QSet<QString>& unknown)
+    ColumnBinder(const std::vector<sql::Source>& sources, const std::vector<TablePtr>& tables,
+                 QSet<QString>& unknown)
         : m_sources(sources), m_tables(tables), m_unknown(unknown)
     {}
 
@@ -63,7 +65,8 @@ private:
 /// Names are the columns of a recordset, aliases included: those that a find criterion can use.
 class OutputBinder : public ExpressionBinder {
 public:
-    /// Whether a name stands for the expression that computes the column from the table, or for the value itself.
+    /// Whether a name stands for the expression that computes the column from the table, or for the value
+    /// itself.
     enum class By { Expression, Value };
     OutputBinder(const std::vector<OutputColumn>& columns, By by) : m_columns(columns), m_by(by) {}
 

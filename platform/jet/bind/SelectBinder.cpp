@@ -38,9 +38,10 @@ public:
         binder.aggregatesAllowed = true;
         if (tree.having) binder.bindCondition(tree.having);
         requireDistinctNames();
-        m_bound.grouped = !tree.groupBy.empty() || tree.having ||
-                          std::any_of(m_bound.columns.begin(), m_bound.columns.end(),
-                                      [](const OutputColumn& column) { return containsAggregate(*column.expression); });
+        m_bound.grouped =
+            !tree.groupBy.empty() || tree.having ||
+            std::any_of(m_bound.columns.begin(), m_bound.columns.end(),
+                        [](const OutputColumn& column) { return containsAggregate(*column.expression); });
         for (auto& key : tree.orderBy)
             bindOrderKey(key, binder);
         requireKnown(m_unknown);
@@ -68,7 +69,8 @@ private:
     {
         bool found = false;
         for (std::size_t source = 0; source < m_bound.tables.size(); ++source) {
-            if (!item.starTable.isEmpty() && !sameName(item.starTable, m_bound.tree.from[source].alias)) continue;
+            if (!item.starTable.isEmpty() && !sameName(item.starTable, m_bound.tree.from[source].alias))
+                continue;
             found = true;
             const auto& columns = m_bound.tables[source]->columns;
             for (std::size_t column = 0; column < columns.size(); ++column) {
@@ -127,7 +129,8 @@ private:
         const QString name = key.expression->name;
         binder.bind(key.expression);
         if (!plainName || !m_bound.grouped || isGrouped(*key.expression)) return;
-        // The header of a column that summing over the places has made constant still sorts: by what the list shows.
+        // The header of a column that summing over the places has made constant still sorts: by what the list
+        // shows.
         for (const auto& column : m_bound.columns)
             if (sameName(column.field.name, name) && column.expression->op != Op::Column)
                 key.expression = column.expression->clone();
@@ -178,7 +181,8 @@ private:
                     return sameExpression(*column.expression, *key.expression);
                 });
             if (!selected)
-                raise(ErrorNumber::OrderByConflictsWithDistinct, {m_bound.tree.orderText}, key.expression->position);
+                raise(ErrorNumber::OrderByConflictsWithDistinct, {m_bound.tree.orderText},
+                      key.expression->position);
         }
     }
 

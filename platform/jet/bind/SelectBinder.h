@@ -19,8 +19,9 @@ struct BoundSelect {
     bool isKeyed() const { return tables.size() == 1 && !grouped && !tree.distinct; }
 };
 
-/// \throws Error UnknownTable, TooFewParameters (with the number of unknown names), AmbiguousColumn, DuplicateAlias,
-/// CircularAlias, NotInAggregate, OrderByConflictsWithDistinct, TypeMismatch and what ExpressionBinder throws.
+/// \throws Error UnknownTable, TooFewParameters (with the number of unknown names), AmbiguousColumn,
+/// DuplicateAlias, CircularAlias, NotInAggregate, OrderByConflictsWithDistinct, TypeMismatch and what
+/// ExpressionBinder throws.
 BoundSelect bindSelect(sql::Select select, const TableLookup& lookup);
 
 /// The table of that name. \throws Error UnknownTable.

@@ -34,8 +34,10 @@ std::shared_ptr<store::Filter> filterOf(Plan& plan, const sql::Shape& criterion)
     return kept(plan.filters, criterion.key, [&] {
         auto expression = sql::parseCriterion(criterion);
         shiftParameters(*expression, plan.parameters);
-        bind::OutputBinder(plan.select->columns, bind::OutputBinder::By::Expression).bindCondition(expression);
-        return plan.query->filter(*expression, plan.parameters + static_cast<int>(criterion.parameters.size()));
+        bind::OutputBinder(plan.select->columns, bind::OutputBinder::By::Expression)
+            .bindCondition(expression);
+        return plan.query->filter(*expression,
+                                  plan.parameters + static_cast<int>(criterion.parameters.size()));
     });
 }
 

@@ -27,7 +27,8 @@ qint64 changeTables(OpenFile& file, const Plan& plan, const store::Parameters& p
 {
     if (plan.elsewhere) return copyElsewhere(plan, parameters);
     // Of another file only what is written is locked: who copies rows out does not keep others from booking.
-    store::WriteScope scope(file.connection(), plan.others ? Connection::Lock::WhenWriting : Connection::Lock::AtOnce);
+    store::WriteScope scope(file.connection(),
+                            plan.others ? Connection::Lock::WhenWriting : Connection::Lock::AtOnce);
     if (plan.droppedLink) file.catalogue().removeLink(*plan.droppedLink);
     if (plan.definition) file.connection().define(*plan.definition, plan.file);
     const qint64 rows = plan.action ? plan.action->run(parameters) : 0;

@@ -11,8 +11,8 @@ namespace {
 
 using store::Key;
 
-/// Sorted keys, at least one, that many others are looked up in: a bit for so many keys says first that there is none, since
-/// a search among a hundred thousand waits for memory at each step.
+/// Sorted keys, at least one, that many others are looked up in: a bit for so many keys says first that there
+/// is none, since a search among a hundred thousand waits for memory at each step.
 class KeySet {
 public:
     explicit KeySet(const std::vector<Key>& keys) : m_keys(keys)
@@ -32,7 +32,10 @@ public:
     }
 
 private:
-    std::size_t bit(Key key) const { return (quint64(key.bits()) - quint64(m_keys.front().bits())) / m_keysPerBit; }
+    std::size_t bit(Key key) const
+    {
+        return (quint64(key.bits()) - quint64(m_keys.front().bits())) / m_keysPerBit;
+    }
 
     const std::vector<Key>& m_keys;
     std::vector<bool> m_bits;
@@ -41,7 +44,8 @@ private:
 
 } // namespace
 
-KeysetRows::KeysetRows(std::shared_ptr<Database::Session> session, std::shared_ptr<Plan> plan, sql::Shape shape)
+KeysetRows::KeysetRows(std::shared_ptr<Database::Session> session, std::shared_ptr<Plan> plan,
+                       sql::Shape shape)
     : KeyedRows(std::move(session), std::move(plan), std::move(shape))
 {
     const auto rows = m_plan->query->keys(m_shape.parameters);
@@ -98,7 +102,8 @@ void KeysetRows::findFirst(const QString& criterion)
         moveTo(position);
 }
 
-/// Asks short stretches of the rows first: what is frequent is met there, and need not be looked for in all of them.
+/// Asks short stretches of the rows first: what is frequent is met there, and need not be looked for in all
+/// of them.
 qsizetype KeysetRows::findFrom(qsizetype position, const QString& criterion) const
 {
     if (position >= count()) position = 0;
@@ -181,7 +186,8 @@ Key KeysetRows::currentKey() const
 
 void KeysetRows::added(Key key)
 {
-    const bool wasEof = isEof(); // and stays so: without a current row before, the new one becomes it by a move only
+    // and stays so: without a current row before, the new one becomes it by a move only
+    const bool wasEof = isEof();
     m_ascending = m_ascending && (m_keys.empty() || m_keys.back() < key);
     m_keys.push_back(key);
     if (wasEof) m_position = count();

@@ -7,8 +7,8 @@
 
 namespace jet {
 
-/// A dynaset: the keys of its rows in the order they were found when it was opened, its own new rows at the end. Eight
-/// bytes a row.
+/// A dynaset: the keys of its rows in the order they were found when it was opened, its own new rows at the
+/// end. Eight bytes a row.
 class KeysetRows : public KeyedRows {
 public:
     KeysetRows(std::shared_ptr<Database::Session> session, std::shared_ptr<Plan> plan, sql::Shape shape);
@@ -24,7 +24,8 @@ public:
     qsizetype count() const override { return static_cast<qsizetype>(m_keys.size()); }
     qsizetype position() const override { return isBof() || isEof() || m_deleted ? -1 : m_position; }
     bool moveToMark(qint64 mark) override;
-    std::optional<std::vector<Value>> valuesAt(qsizetype position, const std::vector<int>& columns) const override
+    std::optional<std::vector<Value>> valuesAt(qsizetype position,
+                                               const std::vector<int>& columns) const override
     {
         return read(keyAt(position), columns);
     }
@@ -44,13 +45,14 @@ private:
     using Keys = std::vector<store::Key>;
     /// The keys of the rows that meet a criterion, among these or of all, in ascending order.
     Keys found(const sql::Shape& criterion, const Keys* among = nullptr) const;
-    /// Position of the first row whose key is among these, which are in ascending order, counted from one position on and
-    /// behind the last row again from the first; -1: none is.
+    /// Position of the first row whose key is among these, which are in ascending order, counted from one
+    /// position on and behind the last row again from the first; -1: none is.
     qsizetype firstOf(const Keys& keys, qsizetype from) const;
 
-    std::deque<store::Key> m_keys; // grows without copies, whose memory would stay taken beside that of the keys
-    bool m_ascending = true;       // the keys themselves are in order, so that one can be looked up
-    bool m_deleted = false;        // the current row was; m_position is that of the row after it
+    std::deque<store::Key>
+        m_keys;              // grows without copies, whose memory would stay taken beside that of the keys
+    bool m_ascending = true; // the keys themselves are in order, so that one can be looked up
+    bool m_deleted = false;  // the current row was; m_position is that of the row after it
     qsizetype m_position = 0;
 };
 

@@ -22,7 +22,8 @@ bind::BoundSelect allRows(const bind::Table& table)
     sql::Select select;
     select.items.emplace_back();
     select.from.push_back({table.name, table.name, false, nullptr, 0});
-    return bind::bindSelect(std::move(select), [&](const QString&) { return std::make_shared<bind::Table>(table); });
+    return bind::bindSelect(std::move(select),
+                            [&](const QString&) { return std::make_shared<bind::Table>(table); });
 }
 
 } // namespace
@@ -93,8 +94,8 @@ qint64 addRows(store::Connection& connection, const bind::Table& table, store::C
     for (; rows.next(); ++count) {
         std::vector<store::Cell> cells;
         for (std::size_t i = 0; i < fields.size(); ++i)
-            cells.push_back(
-                {static_cast<int>(i), convert(rows.value(static_cast<int>(i), fields[i].type), table.columns[i].type)});
+            cells.push_back({static_cast<int>(i), convert(rows.value(static_cast<int>(i), fields[i].type),
+                                                          table.columns[i].type)});
         connection.insert(table, cells);
     }
     return count;

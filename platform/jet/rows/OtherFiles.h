@@ -43,7 +43,8 @@ private:
     std::vector<Attached> m_files;
 };
 
-/// Adds the rows of a cursor to a table, each value converted to the type of its column. \returns their number.
+/// Adds the rows of a cursor to a table, each value converted to the type of its column. \returns their
+/// number.
 qint64 addRows(store::Connection& connection, const bind::Table& table, store::Cursor& rows,
                const std::vector<Field>& fields);
 

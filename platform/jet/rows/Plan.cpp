@@ -14,7 +14,8 @@ namespace {
 class Planner {
 public:
     Planner(OpenFile& file, const OpenOther& open, int parameters)
-        : m_file(file), m_plan(std::make_shared<Plan>()), m_lookup([this](const QString& name) { return find(name); })
+        : m_file(file), m_plan(std::make_shared<Plan>()),
+          m_lookup([this](const QString& name) { return find(name); })
     {
         m_plan->others = std::make_unique<OtherFiles>(file, open);
         m_plan->parameters = parameters;
@@ -54,7 +55,8 @@ private:
         auto& connection = target.number ? m_file.connection() : target.file->connection();
         const bool isOwn = target.number == 0;
         const bool isLink = isOwn && m_file.catalogue().link(into.table);
-        if (isLink || findTable(connection, into.table, m_plan->file)) raise(ErrorNumber::TableExists, {into.table});
+        if (isLink || findTable(connection, into.table, m_plan->file))
+            raise(ErrorNumber::TableExists, {into.table});
         sql::CreateTable create{into.table, intoColumns(*m_plan->select)};
         requireNames(create, m_file.catalogue().present());
         if (!target.number) {
@@ -88,7 +90,8 @@ private:
         std::vector<sql::ColumnDefinition> columns;
         bool hasCounter = select.tables.size() > 1 || select.grouped || select.tree.distinct;
         for (const auto& output : select.columns) {
-            sql::ColumnDefinition column{output.field.name, output.field.type, output.field.size, false, false};
+            sql::ColumnDefinition column{output.field.name, output.field.type, output.field.size, false,
+                                         false};
             if (column.type == Type::Counter && std::exchange(hasCounter, true)) column.type = Type::Long;
             if (column.type == Type::Null || (column.type == Type::Text && column.size == 0)) {
                 column.type = Type::Text;

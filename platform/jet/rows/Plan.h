@@ -20,7 +20,8 @@ struct Plan {
     std::optional<bind::BoundSelect> select;
     std::vector<Field> fields;
     std::unique_ptr<store::Query> query;
-    QHash<QString, std::shared_ptr<store::Filter>> filters; ///< Of find criteria, by the keys of their shapes.
+    QHash<QString, std::shared_ptr<store::Filter>>
+        filters; ///< Of find criteria, by the keys of their shapes.
     QHash<QString, std::shared_ptr<store::Test>> tests;
 
     // everything else
@@ -28,7 +29,8 @@ struct Plan {
     std::optional<bind::BoundDefinition> definition; ///< Done first.
     int file = 0;                                    ///< That the definition belongs to.
     std::optional<store::Link> droppedLink;
-    /// Of SELECT INTO: where the new table belongs to another store. The rows of the query go there one by one.
+    /// Of SELECT INTO: where the new table belongs to another store. The rows of the query go there one by
+    /// one.
     std::shared_ptr<OpenFile> elsewhere;
 
     bool isSelect() const { return query && !definition; }

@@ -21,7 +21,8 @@ quint64 nextNumber()
 
 } // namespace
 
-Recordset::Rows::Rows(std::shared_ptr<Database::Session> session, std::shared_ptr<Plan> plan, sql::Shape shape)
+Recordset::Rows::Rows(std::shared_ptr<Database::Session> session, std::shared_ptr<Plan> plan,
+                      sql::Shape shape)
     : number(nextNumber()), m_session(std::move(session)), m_plan(std::move(plan)), m_shape(std::move(shape))
 {}
 
@@ -44,9 +45,11 @@ Value Recordset::Rows::cell(const store::Cursor& row, int column) const
     const auto typeAt = [&](int at) { return fields()[static_cast<std::size_t>(at)].type; };
     Value value = row.value(column, typeAt(column));
     if (!isInfinite(value) || isStored(column)) return value;
-    // Of a row that has such a number itself, from before they were refused, or it could be neither seen nor mended.
+    // Of a row that has such a number itself, from before they were refused, or it could be neither seen nor
+    // mended.
     const std::vector<int> all = allColumns();
-    if (std::ranges::none_of(all, [&](int at) { return isStored(at) && isInfinite(row.value(at, typeAt(at))); }))
+    if (std::ranges::none_of(all,
+                             [&](int at) { return isStored(at) && isInfinite(row.value(at, typeAt(at))); }))
         raise(ErrorNumber::Overflow);
     return value;
 }
@@ -88,8 +91,8 @@ void Recordset::Rows::remove()
     raise(ErrorNumber::ReadOnly);
 }
 
-std::unique_ptr<Recordset::Rows> openRows(std::shared_ptr<Database::Session> session, std::shared_ptr<Plan> plan,
-                                          sql::Shape shape, Kind kind)
+std::unique_ptr<Recordset::Rows> openRows(std::shared_ptr<Database::Session> session,
+                                          std::shared_ptr<Plan> plan, sql::Shape shape, Kind kind)
 {
     if (plan->isKeyed() && kind == Kind::Dynaset)
         return std::make_unique<KeysetRows>(std::move(session), std::move(plan), std::move(shape));

@@ -27,7 +27,8 @@ public:
     virtual bool moveToMark(qint64 mark) = 0; ///< Whether there is such a row.
     virtual Value value(int column) const = 0;
 
-    virtual std::optional<std::vector<Value>> valuesAt(qsizetype position, const std::vector<int>& columns) const = 0;
+    virtual std::optional<std::vector<Value>> valuesAt(qsizetype position,
+                                                       const std::vector<int>& columns) const = 0;
     virtual qint64 markAt(qsizetype position) const = 0;
     virtual qsizetype positionOf(qint64 mark) const = 0;
     virtual void moveToPosition(qsizetype position) = 0;
@@ -48,8 +49,8 @@ public:
     std::vector<int> allColumns() const;
     store::Connection& connection() const { return m_session->use().connection(); }
 
-    /// Does the work on the open file; a refusal that may be the file's fault leaves it as the user is to read it.
-    /// \throws Error ObjectClosed.
+    /// Does the work on the open file; a refusal that may be the file's fault leaves it as the user is to
+    /// read it. \throws Error ObjectClosed.
     template <typename Work>
     auto told(Work work) const
     {
@@ -61,8 +62,8 @@ public:
     bool noMatch = false;
 
 protected:
-    /// A cell of a row that the plan's statement gives. \throws Error Overflow when what was computed is infinite; what
-    /// stands in the file is given as it is, so that it can be found and mended.
+    /// A cell of a row that the plan's statement gives. \throws Error Overflow when what was computed is
+    /// infinite; what stands in the file is given as it is, so that it can be found and mended.
     Value cell(const store::Cursor& row, int column) const;
 
     std::shared_ptr<Database::Session> m_session;
@@ -71,7 +72,7 @@ protected:
 };
 
 /// Opens the rows of a planned SELECT in the way of that kind, as far as the statement allows.
-std::unique_ptr<Recordset::Rows> openRows(std::shared_ptr<Database::Session> session, std::shared_ptr<Plan> plan,
-                                          sql::Shape shape, Kind kind);
+std::unique_ptr<Recordset::Rows> openRows(std::shared_ptr<Database::Session> session,
+                                          std::shared_ptr<Plan> plan, sql::Shape shape, Kind kind);
 
 } // namespace jet

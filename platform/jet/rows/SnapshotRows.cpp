@@ -5,7 +5,8 @@
 
 namespace jet {
 
-SnapshotRows::SnapshotRows(std::shared_ptr<Database::Session> session, std::shared_ptr<Plan> plan, sql::Shape shape)
+SnapshotRows::SnapshotRows(std::shared_ptr<Database::Session> session, std::shared_ptr<Plan> plan,
+                           sql::Shape shape)
     : Rows(std::move(session), std::move(plan), std::move(shape))
 {
     read();
@@ -81,7 +82,8 @@ qint64 SnapshotRows::markAt(qsizetype position) const
     return position;
 }
 
-std::optional<std::vector<Value>> SnapshotRows::valuesAt(qsizetype position, const std::vector<int>& columns) const
+std::optional<std::vector<Value>> SnapshotRows::valuesAt(qsizetype position,
+                                                         const std::vector<int>& columns) const
 {
     std::vector<Value> values;
     values.reserve(columns.size());

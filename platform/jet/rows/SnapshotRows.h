@@ -21,10 +21,17 @@ public:
     qsizetype position() const override { return isBof() || isEof() ? -1 : m_position; }
     qint64 mark() const override;
     bool moveToMark(qint64 mark) override;
-    std::optional<std::vector<Value>> valuesAt(qsizetype position, const std::vector<int>& columns) const override;
+    std::optional<std::vector<Value>> valuesAt(qsizetype position,
+                                               const std::vector<int>& columns) const override;
     qint64 markAt(qsizetype position) const override;
-    qsizetype positionOf(qint64 mark) const override { return mark < m_count ? static_cast<qsizetype>(mark) : -1; }
-    void moveToPosition(qsizetype position) override { m_position = static_cast<qsizetype>(markAt(position)); }
+    qsizetype positionOf(qint64 mark) const override
+    {
+        return mark < m_count ? static_cast<qsizetype>(mark) : -1;
+    }
+    void moveToPosition(qsizetype position) override
+    {
+        m_position = static_cast<qsizetype>(markAt(position));
+    }
     Value value(int column) const override;
 
 private:

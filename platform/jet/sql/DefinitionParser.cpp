@@ -20,12 +20,14 @@ struct TypeWord {
 constexpr TypeWord TypeWords[] = { // a narrow number is kept as the wide one of its kind
     {u"LONG", Type::Long}, {u"INTEGER", Type::Long}, {u"INT", Type::Long}, {u"INTEGER4", Type::Long},
     {u"SHORT", Type::Long}, {u"SMALLINT", Type::Long}, {u"INTEGER2", Type::Long}, {u"BYTE", Type::Long},
-    {u"DOUBLE", Type::Double}, {u"FLOAT", Type::Double}, {u"NUMBER", Type::Double}, {u"NUMERIC", Type::Double},
+    {u"DOUBLE", Type::Double}, {u"FLOAT", Type::Double}, {u"NUMBER", Type::Double}, 
+    {u"NUMERIC", Type::Double},
     {u"SINGLE", Type::Double}, {u"REAL", Type::Double}, {u"CURRENCY", Type::Double}, {u"MONEY", Type::Double},
     {u"TEXT", Type::Text}, {u"CHAR", Type::Text}, {u"VARCHAR", Type::Text}, {u"STRING", Type::Text},
     {u"MEMO", Type::Memo}, {u"LONGTEXT", Type::Memo}, {u"NOTE", Type::Memo},
     {u"DATE", Type::Date}, {u"DATETIME", Type::Date}, {u"TIME", Type::Date},
-    {u"BIT", Type::Boolean}, {u"YESNO", Type::Boolean}, {u"LOGICAL", Type::Boolean}, {u"BOOLEAN", Type::Boolean},
+    {u"BIT", Type::Boolean}, {u"YESNO", Type::Boolean}, {u"LOGICAL", Type::Boolean},
+    {u"BOOLEAN", Type::Boolean},
     {u"COUNTER", Type::Counter}, {u"AUTOINCREMENT", Type::Counter}, {u"IDENTITY", Type::Counter},
 };
 // clang-format on

@@ -11,7 +11,7 @@ namespace jet::sql {
 
 namespace {
 
-constexpr int MostLevels = 200; // of nodes or brackets; the longest statement of the screens has fewer than twenty
+constexpr int MostLevels = 200; // of nodes or brackets; no statement of the screens has twenty
 
 QString faultText(SyntaxFault fault)
 {
@@ -293,8 +293,9 @@ ExpressionPtr ExpressionParser::parseWord()
     if (m_cursor.at(u"EXISTS") && isCall) refuse(u"Unterabfrage"_s, position);
     if (isCall && (m_cursor.at(u"LEFT") || !m_cursor.isReserved(0))) return parseCall();
     if (m_cursor.isReserved(0) && !m_cursor.at(u"ON")) raiseMissingOperand();
-    if (m_cursor.accept(u"YES") || m_cursor.accept(u"ON")) return constant(Value(true), Type::Boolean, position);
-    if (m_cursor.accept(u"NO") || m_cursor.accept(u"OFF")) return constant(Value(false), Type::Boolean, position);
+    const auto truth = [&](bool value) { return constant(Value(value), Type::Boolean, position); };
+    if (m_cursor.accept(u"YES") || m_cursor.accept(u"ON")) return truth(true);
+    if (m_cursor.accept(u"NO") || m_cursor.accept(u"OFF")) return truth(false);
     return parseColumn();
 }
 
@@ -376,8 +377,8 @@ void ExpressionParser::raiseFault(SyntaxFault fault) const
 {
     const qsizetype position = m_cursor.peek().start;
     if (m_within == Within::Criterion) raise(ErrorNumber::CriterionSyntax, {faultText(fault)}, position);
-    raise(ErrorNumber::ExpressionSyntax, {faultText(fault), m_cursor.clause(m_first, m_within == Within::ListItem)},
-          position);
+    raise(ErrorNumber::ExpressionSyntax,
+          {faultText(fault), m_cursor.clause(m_first, m_within == Within::ListItem)}, position);
 }
 
 void ExpressionParser::raiseMissingOperand() const
@@ -391,8 +392,8 @@ void ExpressionParser::raiseLeftover()
     refuseUnsupportedOperator();
     const Token& token = m_cursor.peek();
     if (token.kind == TokenKind::Invalid) raiseFault(token.fault);
-    const bool bracket =
-        token.symbol == Symbol::RightParen || token.symbol == Symbol::Semicolon || token.kind == TokenKind::End;
+    const bool closes = token.symbol == Symbol::RightParen || token.symbol == Symbol::Semicolon;
+    const bool bracket = closes || token.kind == TokenKind::End;
     raiseFault(bracket ? SyntaxFault::General : SyntaxFault::MissingOperator);
 }
 

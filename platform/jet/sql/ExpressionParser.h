@@ -5,8 +5,8 @@
 
 namespace jet::sql {
 
-/// Reads expressions from weakest to strongest binding: OR, AND, NOT, comparisons, &, + and -, MOD, \, * and /, the
-/// minus sign, ^.
+/// Reads expressions from weakest to strongest binding: OR, AND, NOT, comparisons, &, + and -, MOD, \, * and
+/// /, the minus sign, ^.
 class ExpressionParser {
 public:
     /// What an expression is part of decides how its faults are told.
@@ -16,7 +16,8 @@ public:
         Criterion, ///< A find criterion: "... in Ausdruck."
     };
 
-    ExpressionParser(TokenCursor& cursor, Within within) : m_cursor(cursor), m_within(within), m_first(cursor.index())
+    ExpressionParser(TokenCursor& cursor, Within within)
+        : m_cursor(cursor), m_within(within), m_first(cursor.index())
     {}
 
     /// One expression, up to the first word that cannot go on with it. \throws Error ExpressionSyntax or

@@ -20,12 +20,16 @@ bool isDigit(QChar c)
 
 bool startsName(QChar c)
 {
-    return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z') || c == u'_' || (c.unicode() > 127 && c.isLetter());
+    return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z') || c == u'_' ||
+           (c.unicode() > 127 && c.isLetter());
 }
 
 class Lexer {
 public:
-    explicit Lexer(QStringView text) : m_text(text) { m_tokens.reserve(static_cast<std::size_t>(text.size() / 4 + 8)); }
+    explicit Lexer(QStringView text) : m_text(text)
+    {
+        m_tokens.reserve(static_cast<std::size_t>(text.size() / 4 + 8));
+    }
 
     std::vector<Token> run()
     {
@@ -134,8 +138,10 @@ private:
     void bracketName(QChar closing)
     {
         const qsizetype end = m_text.indexOf(closing, m_at + 1);
-        if (end < 0 || end == m_at + 1) return invalid(SyntaxFault::General, end < 0 ? m_text.size() : end + 1);
-        // Behind a text, as in IN '' [;DATABASE=D:\Lager.mdb], it is no name but a connect text with a path in it.
+        if (end < 0 || end == m_at + 1)
+            return invalid(SyntaxFault::General, end < 0 ? m_text.size() : end + 1);
+        // Behind a text, as in IN '' [;DATABASE=D:\Lager.mdb], it is no name but a connect text with a path
+        // in it.
         const bool isName = m_tokens.empty() || m_tokens.back().kind != TokenKind::Text;
         for (qsizetype i = m_at + 1; i < end; ++i)
             if (m_text[i] < u' ' || (isName && QStringView(u"[.!`").contains(m_text[i])))

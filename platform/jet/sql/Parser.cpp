@@ -14,7 +14,8 @@ namespace {
 ExpressionPtr parseWhere(TokenCursor& cursor)
 {
     if (!cursor.accept(u"WHERE")) return {};
-    if (cursor.atEnd() || cursor.at(Symbol::Semicolon)) raise(ErrorNumber::WhereSyntax, {}, cursor.peek().start);
+    if (cursor.atEnd() || cursor.at(Symbol::Semicolon))
+        raise(ErrorNumber::WhereSyntax, {}, cursor.peek().start);
     ExpressionParser parser(cursor, ExpressionParser::Within::Clause);
     auto where = parser.parse();
     if (!cursor.atEnd() && !cursor.at(Symbol::Semicolon)) parser.raiseLeftover();
@@ -72,7 +73,8 @@ Update parseUpdate(TokenCursor& cursor)
         ExpressionParser parser(cursor, ExpressionParser::Within::ListItem);
         assignment.value = parser.parse();
         update.assignments.push_back(std::move(assignment));
-        if (!cursor.at(Symbol::Comma) && !cursor.at(u"WHERE") && !cursor.at(Symbol::Semicolon) && !cursor.atEnd())
+        if (!cursor.at(Symbol::Comma) && !cursor.at(u"WHERE") && !cursor.at(Symbol::Semicolon) &&
+            !cursor.atEnd())
             parser.raiseLeftover();
     } while (cursor.accept(Symbol::Comma));
     update.where = parseWhere(cursor);

@@ -21,7 +21,8 @@ public:
         parseQuantity();
         do {
             m_select.items.push_back(parseSelectItem());
-            if (m_select.items.size() > MostColumns) raise(ErrorNumber::TooComplex, {}, m_cursor.peek().start);
+            if (m_select.items.size() > MostColumns)
+                raise(ErrorNumber::TooComplex, {}, m_cursor.peek().start);
         } while (m_cursor.accept(Symbol::Comma));
         if (m_cursor.accept(u"INTO")) parseInto();
         m_cursor.expect(u"FROM", ErrorNumber::SelectSyntax);
@@ -53,7 +54,8 @@ private:
         if (!m_cursor.at(u"TOP") || m_cursor.peek(1).kind != TokenKind::Integer) return;
         m_cursor.take();
         const auto count = literalValue(m_cursor.peek(), m_cursor.shape().statement);
-        if (!count || count->type() != Type::Long) raise(ErrorNumber::SelectSyntax, {}, m_cursor.peek().start);
+        if (!count || count->type() != Type::Long)
+            raise(ErrorNumber::SelectSyntax, {}, m_cursor.peek().start);
         m_select.top = count->toLong();
         m_cursor.take();
         if (m_cursor.at(u"PERCENT")) refuse(u"TOP PERCENT"_s, m_cursor.peek().start);
@@ -66,7 +68,8 @@ private:
         if (endsClause() || m_cursor.at(u"FROM") || m_cursor.at(Symbol::Comma))
             raise(ErrorNumber::SelectSyntax, {}, item.position);
         if (m_cursor.accept(Symbol::Star)) return item;
-        if (m_cursor.atName() && m_cursor.peek(1).symbol == Symbol::Dot && m_cursor.peek(2).symbol == Symbol::Star) {
+        if (m_cursor.atName() && m_cursor.peek(1).symbol == Symbol::Dot &&
+            m_cursor.peek(2).symbol == Symbol::Star) {
             item.starTable = m_cursor.takeName(ErrorNumber::SelectSyntax);
             m_cursor.take();
             m_cursor.take();
@@ -100,7 +103,8 @@ private:
         parseJoins();
         if (m_cursor.at(Symbol::Comma))
             throw Error(ErrorNumber::NotSupported,
-                        u"Mehrere Tabellen ohne JOIN werden in Abfragen nicht unterstützt."_s, m_cursor.peek().start);
+                        u"Mehrere Tabellen ohne JOIN werden in Abfragen nicht unterstützt."_s,
+                        m_cursor.peek().start);
         if (!endsClause()) raise(ErrorNumber::FromSyntax, {}, m_cursor.peek().start);
     }
 

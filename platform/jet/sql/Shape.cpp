@@ -24,10 +24,12 @@ bool isLiteral(const Token& token)
     }
 }
 
-/// The mark of a parameter in the key; its kind counts, since text, number and date are compared by different rules.
+/// The mark of a parameter in the key; its kind counts, since text, number and date are compared by different
+/// rules.
 QChar mark(TokenKind kind)
 {
-    return QChar(static_cast<char16_t>(kind)); // a control character, which no statement with a shape contains
+    return QChar(
+        static_cast<char16_t>(kind)); // a control character, which no statement with a shape contains
 }
 
 class Shaper {
@@ -120,7 +122,8 @@ private:
     void shareParameter(Token& token)
     {
         auto& parameters = m_shape.parameters;
-        const auto compared = parameters.begin() + std::min<qsizetype>(MostCompared, std::ssize(parameters) - 1);
+        const auto compared =
+            parameters.begin() + std::min<qsizetype>(MostCompared, std::ssize(parameters) - 1);
         const auto same = std::find(parameters.begin(), compared, parameters.back());
         if (token.parameter < 0 || same == compared) return;
         token.parameter = static_cast<int>(same - parameters.begin());

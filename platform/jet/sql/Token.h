@@ -46,7 +46,7 @@ struct Token {
     TokenKind kind = TokenKind::End;
     Symbol symbol = Symbol::None;
     SyntaxFault fault = SyntaxFault::General; ///< Of an Invalid token.
-    bool inList = false;                      ///< One of several literals of an IN (...) that share one parameter.
+    bool inList = false; ///< One of several literals of an IN (...) that share one parameter.
     int parameter = -1;  ///< Of a literal that the statement takes as a parameter: its number, from 0.
     qsizetype start = 0; ///< Span in the statement.
     qsizetype length = 0;

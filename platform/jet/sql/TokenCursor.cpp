@@ -16,7 +16,8 @@ constexpr QStringView ReservedWords[] = {
     u"IMP",    u"DISTINCT", u"DISTINCTROW", u"ASC",     u"DESC",  u"TRUE",   u"FALSE", u"TOP",
 };
 
-constexpr QStringView ClauseWords[] = {u"FROM", u"WHERE", u"GROUP", u"HAVING", u"ORDER", u"INTO", u"UNION", u"SET"};
+constexpr QStringView ClauseWords[] = {u"FROM",  u"WHERE", u"GROUP", u"HAVING",
+                                       u"ORDER", u"INTO",  u"UNION", u"SET"};
 
 } // namespace
 
@@ -29,7 +30,9 @@ bool TokenCursor::isWordAt(std::size_t index, QStringView keyword) const
 {
     const Token& token = m_shape.tokens[std::min(index, m_shape.tokens.size() - 1)];
     return token.kind == TokenKind::Name && token.length == keyword.size() &&
-           QStringView(m_shape.statement).mid(token.start, token.length).compare(keyword, Qt::CaseInsensitive) == 0;
+           QStringView(m_shape.statement)
+                   .mid(token.start, token.length)
+                   .compare(keyword, Qt::CaseInsensitive) == 0;
 }
 
 bool TokenCursor::isWord(std::size_t ahead, QStringView keyword) const

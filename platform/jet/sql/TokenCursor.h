@@ -35,8 +35,8 @@ public:
     std::size_t index() const { return m_index; }
     const Shape& shape() const { return m_shape; }
 
-    /// The text of the clause that begins at token `first`: up to the next clause of the statement, the end or, when
-    /// the clause is one of a list, the next comma outside brackets.
+    /// The text of the clause that begins at token `first`: up to the next clause of the statement, the end
+    /// or, when the clause is one of a list, the next comma outside brackets.
     QString clause(std::size_t first, bool oneOfList) const;
 
 private:

@@ -58,8 +58,8 @@ struct Expression {
 
     Type type = Type::Null; ///< Of a literal known from the start.
     int source = -1;        ///< Of a Column: the table in FROM.
-    int column = -1;        ///< Of a Column: its number in the table or, in a find criterion, in the recordset.
-    int function = -1;      ///< Of a Call: its row in the table of functions.
+    int column = -1;   ///< Of a Column: its number in the table or, in a find criterion, in the recordset.
+    int function = -1; ///< Of a Call: its row in the table of functions.
 
     ExpressionPtr clone() const;
 };

@@ -156,9 +156,10 @@ void resultValue(sqlite3_context* context, const Value& value)
     case Type::Double: sqlite3_result_double(context, value.toDouble()); return;
     case Type::Date:
     case Type::Text: {
-        const QByteArray text = value.type() == Type::Date ? isoText(value.toDateTime()) : value.toText().toUtf8();
-        sqlite3_result_text64(context, text.constData(), static_cast<sqlite3_uint64>(text.size()), SQLITE_TRANSIENT,
-                              SQLITE_UTF8);
+        const QByteArray text =
+            value.type() == Type::Date ? isoText(value.toDateTime()) : value.toText().toUtf8();
+        sqlite3_result_text64(context, text.constData(), static_cast<sqlite3_uint64>(text.size()),
+                              SQLITE_TRANSIENT, SQLITE_UTF8);
         return;
     }
     default: sqlite3_result_null(context);

@@ -11,8 +11,9 @@ struct sqlite3_value;
 
 namespace jet::sqlite {
 
-/// How values lie in a file: truth as -1 or 0, dates as "2024-03-05" or "2024-03-05 13:45:00" (so that the order of the
-/// texts is the order of the times), everything else as SQLite has it. These functions alone convert.
+/// How values lie in a file: truth as -1 or 0, dates as "2024-03-05" or "2024-03-05 13:45:00" (so that the
+/// order of the texts is the order of the times), everything else as SQLite has it. These functions alone
+/// convert.
 
 /// Column of the row that a statement stands on, read as that type. Null: whatever lies there.
 /// \throws Error ConversionFailed when another program has put something there that the type does not hold.

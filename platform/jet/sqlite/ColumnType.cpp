@@ -14,10 +14,10 @@ struct DeclaredType {
     const char* declared;
 };
 
-// SQLite derives from these words how it stores values: texts must never be taken for numbers, so dates and both kinds
-// of text carry TEXT in their name (DATETIME, which is only read, makes every comparison try both dates for numbers);
-// LONG must not read INT, which would make a primary key of that type the row's own key. The second row of a type is only
-// read, and so are the narrow numbers that files of before have.
+// SQLite derives from these words how it stores values: texts must never be taken for numbers, so dates and
+// both kinds of text carry TEXT in their name (DATETIME, which is only read, makes every comparison try both
+// dates for numbers); LONG must not read INT, which would make a primary key of that type the row's own key.
+// The second row of a type is only read, and so are the narrow numbers that files of before have.
 constexpr DeclaredType DeclaredTypes[] = {
     {Type::Boolean, "YESNO"}, {Type::Long, "LONG"},  {Type::Counter, "INTEGER"}, {Type::Double, "DOUBLE"},
     {Type::Date, "DATETEXT"}, {Type::Text, "TEXT"},  {Type::Memo, "LONGTEXT"},   {Type::Date, "DATETIME"},
@@ -48,13 +48,15 @@ Field readColumnType(const QString& name, const QString& declared, bool isKey)
     Field field;
     field.name = name;
     const QString word = declared.section(u'(', 0, 0).trimmed().toUpper();
-    const auto* row = std::find_if(std::begin(DeclaredTypes), std::end(DeclaredTypes), [&](const DeclaredType& entry) {
-        return word == QLatin1StringView(entry.declared);
-    });
+    const auto* row =
+        std::find_if(std::begin(DeclaredTypes), std::end(DeclaredTypes),
+                     [&](const DeclaredType& entry) { return word == QLatin1StringView(entry.declared); });
     if (row == std::end(DeclaredTypes)) {
-        // A table that another program made: by the rule by which SQLite itself stores values of that declaration.
+        // A table that another program made: by the rule by which SQLite itself stores values of that
+        // declaration.
         const bool whole = word.contains(u"INT");
-        const bool number = whole || word.contains(u"REAL") || word.contains(u"FLOA") || word.contains(u"DOUB");
+        const bool number =
+            whole || word.contains(u"REAL") || word.contains(u"FLOA") || word.contains(u"DOUB");
         field.type = whole ? Type::Long : number ? Type::Double : Type::Memo;
         return field;
     }

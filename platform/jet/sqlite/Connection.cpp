@@ -24,10 +24,11 @@ constexpr qint64 OwnMark = 1514226252; // "ZABL": tells our files apart from dat
 
 } // namespace
 
-Connection::Connection(const QString& path, Mode mode, int lockTimeout) : m_path(path), m_statements(MostStatements)
+Connection::Connection(const QString& path, Mode mode, int lockTimeout)
+    : m_path(path), m_statements(MostStatements)
 {
-    const int flags = SQLITE_OPEN_READWRITE | (mode == Mode::New ? SQLITE_OPEN_CREATE : 0) | SQLITE_OPEN_NOMUTEX |
-                      SQLITE_OPEN_PRIVATECACHE | SQLITE_OPEN_EXRESCODE;
+    const int flags = SQLITE_OPEN_READWRITE | (mode == Mode::New ? SQLITE_OPEN_CREATE : 0) |
+                      SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_PRIVATECACHE | SQLITE_OPEN_EXRESCODE;
     sqlite3* opened = nullptr;
     const int code = sqlite3_open_v2(path.toUtf8().constData(), &opened, flags, nullptr);
     m_handle.reset(opened);
@@ -50,12 +51,13 @@ void Connection::configure(Mode mode)
     sqlite3_db_config(handle(), SQLITE_DBCONFIG_DQS_DML, 0, nullptr); // "x" is a name, never a text
     sqlite3_db_config(handle(), SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
     sqlite3_db_config(handle(), SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
-    // EXTRA also syncs the directory after the rollback journal is gone: only then does a booking survive a power cut
-    // right after its commit.
+    // EXTRA also syncs the directory after the rollback journal is gone: only then does a booking survive a
+    // power cut right after its commit.
     execute("PRAGMA synchronous=EXTRA");
     execute("PRAGMA cache_size=-16384");
     execute("PRAGMA temp_store=MEMORY");
-    // An index that SQLite makes for one join comes with a filter that takes texts of unequal bytes for unequal.
+    // An index that SQLite makes for one join comes with a filter that takes texts of unequal bytes for
+    // unequal.
     execute("PRAGMA automatic_index=OFF");
     if (mode == Mode::New) return execute("PRAGMA application_id=" + QByteArray::number(OwnMark));
     if (numberOf("PRAGMA application_id") != OwnMark) raiseOfFile(ErrorNumber::UnknownFormat, m_path);
@@ -84,7 +86,8 @@ Statement& Connection::prepared(const QByteArray& sql)
 
 void Connection::execute(const QByteArray& sql)
 {
-    if (sqlite3_exec(handle(), sql.constData(), nullptr, nullptr, nullptr) != SQLITE_OK) raiseFailure(handle(), m_path);
+    if (sqlite3_exec(handle(), sql.constData(), nullptr, nullptr, nullptr) != SQLITE_OK)
+        raiseFailure(handle(), m_path);
 }
 
 bool Connection::schemaChanged()
@@ -130,8 +133,8 @@ qint64 Connection::lastRow() const
     return sqlite3_last_insert_rowid(handle());
 }
 
-/// Indices whose collation or fold function is of another version are made anew. A file that cannot be written keeps
-/// them: no statement uses them then, since it names the present collation.
+/// Indices whose collation or fold function is of another version are made anew. A file that cannot be
+/// written keeps them: no statement uses them then, since it names the present collation.
 void Connection::rebuildIndices()
 {
     if (!isWritable()) return;
@@ -139,7 +142,8 @@ void Connection::rebuildIndices()
     static const QRegularExpression fold(u"jet_fold_\\d+\\("_s);
     std::vector<std::pair<QByteArray, QByteArray>> outdated; // name, statement for today
     {
-        Statement statement(*this, "SELECT name,sql FROM sqlite_master WHERE type='index' AND sql IS NOT NULL");
+        Statement statement(*this,
+                            "SELECT name,sql FROM sqlite_master WHERE type='index' AND sql IS NOT NULL");
         Statement::Run run(statement);
         while (run.step()) {
             const QString sql = QString::fromUtf8(run.text(1));

@@ -9,14 +9,14 @@ namespace jet::sqlite {
 
 namespace {
 
-/// The key as an index, which can name the collation of a text: a constraint of the table could not be made anew when
-/// the collation changes.
+/// The key as an index, which can name the collation of a text: a constraint of the table could not be made
+/// anew when the collation changes.
 QByteArray primaryKey(const sql::CreateTable& create, const QByteArray& schema)
 {
     for (const auto& column : create.columns) {
         if (!column.primaryKey || column.type == Type::Counter) continue;
-        return ";CREATE UNIQUE INDEX " + schema + '.' + quoted(indexName(create.table, u"PrimaryKey"_s)) + " ON " +
-               quoted(create.table) + '(' + quoted(column.name) +
+        return ";CREATE UNIQUE INDEX " + schema + '.' + quoted(indexName(create.table, u"PrimaryKey"_s)) +
+               " ON " + quoted(create.table) + '(' + quoted(column.name) +
                (isText(column.type) ? " COLLATE " + collationName() : QByteArray()) + ')';
     }
     return {};

@@ -13,8 +13,8 @@ namespace {
 using sql::Expression;
 using sql::Op;
 
-/// How an operator is written. "%N0" is its first operand as a number, T as a text, C as a condition, V as it is, M as a
-/// number where a date meets what is none; "%K" the collation where a text is among the operands.
+/// How an operator is written. "%N0" is its first operand as a number, T as a text, C as a condition, V as it
+/// is, M as a number where a date meets what is none; "%K" the collation where a text is among the operands.
 struct Form {
     Op op;
     const char* text;
@@ -41,7 +41,7 @@ constexpr Form ConditionForms[] = {
     {Op::LessEqual,    "(%M0%K<=%M1)"},
     {Op::GreaterEqual, "(%M0%K>=%M1)"},
     {Op::Like,         "jet_like(%T0,%T1)"},
-    {Op::Between,      "(%M0%K BETWEEN min(%M1%K,%M2) AND max(%M1%K,%M2))"}, // the order of the bounds does not count
+    {Op::Between,      "(%M0%K BETWEEN min(%M1%K,%M2) AND max(%M1%K,%M2))"}, // in either order
     {Op::IsNull,       "(%V0 IS NULL)"},
 };
 // clang-format on
@@ -90,7 +90,8 @@ bool mixesDates(const Expression& expression)
 /// Trim(LCase(x)) or LCase(Trim(x)): what the index for look-ups while typing holds.
 const Expression* folded(const Expression& call)
 {
-    if (call.op != Op::Call || call.arguments.size() != 1 || call.arguments[0]->op != Op::Call) return nullptr;
+    if (call.op != Op::Call || call.arguments.size() != 1 || call.arguments[0]->op != Op::Call)
+        return nullptr;
     const auto outer = functionAt(call.function).name;
     const auto inner = functionAt(call.arguments[0]->function).name;
     const bool folds = (outer == u"TRIM" && inner == u"LCASE") || (outer == u"LCASE" && inner == u"TRIM");
@@ -103,7 +104,8 @@ const Expression* askedForText(const Expression& greater)
     const Expression& length = *greater.arguments[0];
     const Expression& limit = *greater.arguments[1];
     const bool counts = length.op == Op::Call && functionAt(length.function).name == u"LEN";
-    return counts && limit.op == Op::Constant && limit.constant == Value(0) ? length.arguments[0].get() : nullptr;
+    return counts && limit.op == Op::Constant && limit.constant == Value(0) ? length.arguments[0].get()
+                                                                            : nullptr;
 }
 
 bool needsConversion(Type from, Type to)
@@ -178,7 +180,8 @@ void ExpressionWriter::key(const Expression& expression)
     const Expression* magnitude = &expression;
     while (magnitude->op == Op::Negate)
         magnitude = magnitude->arguments[0].get();
-    const bool constantKey = magnitude->op == Op::Constant; // bare, SQLite would take it for the number of a column
+    // bare, SQLite would take it for the number of a column
+    const bool constantKey = magnitude->op == Op::Constant;
     if (constantKey) m_out += "ifnull(";
     value(expression);
     if (constantKey) m_out += ",NULL)";
@@ -194,9 +197,11 @@ void ExpressionWriter::assigned(const Expression& expression, Type to, const QSt
         m_out += ",0)";
         return;
     }
-    // What is computed may be too large for a number of its type; what a column holds was perhaps not written by us.
+    // What is computed may be too large for a number of its type; what a column holds was perhaps not written
+    // by us.
     const bool computed = expression.op != Op::Column || !field.isEmpty();
-    const bool checked = isNumber(to) && computed && expression.op != Op::Parameter && expression.op != Op::Constant;
+    const bool checked =
+        isNumber(to) && computed && expression.op != Op::Parameter && expression.op != Op::Constant;
     if (!checked && !needsConversion(expression.type, to)) return value(expression);
     m_out += "jet_convert(";
     value(expression);
@@ -204,8 +209,8 @@ void ExpressionWriter::assigned(const Expression& expression, Type to, const QSt
              QByteArray::number(static_cast<int>(to)) + ",'" + field.toUtf8().replace("'", "''") + "')";
 }
 
-/// Counting characters in every row would cost more than reading it. Byte by byte, since to the engine's collation blanks
-/// alone equal no text.
+/// Counting characters in every row would cost more than reading it. Byte by byte, since to the engine's
+/// collation blanks alone equal no text.
 void ExpressionWriter::hasText(const Expression& expression)
 {
     m_out += '(';
@@ -340,7 +345,8 @@ void ExpressionWriter::aggregate(const Expression& call)
     m_out += '(';
     argument(operand, function.arguments[0]);
     if (keyed) m_out += ",t0._rowid_";
-    if (function.kind == FunctionKind::Aggregate && isText(operand.type)) m_out += " COLLATE " + collationName();
+    if (function.kind == FunctionKind::Aggregate && isText(operand.type))
+        m_out += " COLLATE " + collationName();
     m_out += ')';
 }
 

@@ -16,15 +16,19 @@ namespace jet::sqlite {
 enum class FirstRow : quint8 {
     /// By an aggregate of ours, which looks at every row.
     ByAggregate,
-    /// A column written bare takes its value from the row of the query's only min(): rows that are not the first are
+    /// A column written bare takes its value from the row of the query's only min(): rows that are not the
+    /// first are
     /// not even read. Possible where First is the only one of First, Last, Min and Max.
     ByBareColumn,
 };
 
-/// Writes bound expressions in SQLite's SQL. Parameter n of the statement is written ?n+1; tables are called t0, t1, ...
+/// Writes bound expressions in SQLite's SQL. Parameter n of the statement is written ?n+1; tables are called
+/// t0, t1, ...
 class ExpressionWriter {
 public:
-    ExpressionWriter(QByteArray& out, const std::vector<bind::TablePtr>& tables) : m_out(out), m_tables(tables) {}
+    ExpressionWriter(QByteArray& out, const std::vector<bind::TablePtr>& tables)
+        : m_out(out), m_tables(tables)
+    {}
 
     FirstRow firstRow = FirstRow::ByAggregate;
     /// Columns of a recordset stand for parameters from this number on; -1 where columns are those of tables.
@@ -34,8 +38,8 @@ public:
     void condition(const sql::Expression& expression); ///< What SQLite takes for true or false.
     /// A key of GROUP BY, ORDER BY or DISTINCT: a text with the engine's collation.
     void key(const sql::Expression& expression);
-    /// The value as a column of that type takes it. `field` is the column of a table that there is already: what it does
-    /// not take is refused naming it. A new table takes the columns of others as they are.
+    /// The value as a column of that type takes it. `field` is the column of a table that there is already:
+    /// what it does not take is refused naming it. A new table takes the columns of others as they are.
     void assigned(const sql::Expression& expression, Type to, const QString& field = {});
 
 private:

@@ -28,18 +28,20 @@ QByteArray columnName(const bind::Table& table, const store::Cell& cell)
 
 } // namespace
 
-File::File(const QString& path, sqlite::Connection::Mode mode, int lockTimeout) : m_connection(path, mode, lockTimeout)
+File::File(const QString& path, sqlite::Connection::Mode mode, int lockTimeout)
+    : m_connection(path, mode, lockTimeout)
 {}
 
 QStringList File::tables(int file)
 {
     QStringList names;
-    Statement statement(m_connection,
-                        "SELECT name FROM " + schemaName(file) + ".sqlite_master WHERE type='table' ORDER BY name");
+    Statement statement(m_connection, "SELECT name FROM " + schemaName(file) +
+                                          ".sqlite_master WHERE type='table' ORDER BY name");
     Statement::Run run(statement);
     while (run.step()) {
         const QString name = QString::fromUtf8(run.text(0));
-        if (!name.startsWith(u"sqlite_") && !name.startsWith(u"MSys", Qt::CaseInsensitive)) names.append(name);
+        if (!name.startsWith(u"sqlite_") && !name.startsWith(u"MSys", Qt::CaseInsensitive))
+            names.append(name);
     }
     return names;
 }
@@ -53,7 +55,8 @@ bind::TablePtr File::table(const QString& name, int file)
     Statement::Run run(statement);
     while (run.step()) {
         const bool key = run.whole(5) == 1;
-        table->columns.push_back(readColumnType(QString::fromUtf8(run.text(1)), QString::fromUtf8(run.text(2)), key));
+        table->columns.push_back(
+            readColumnType(QString::fromUtf8(run.text(1)), QString::fromUtf8(run.text(2)), key));
     }
     return table;
 }
@@ -81,7 +84,8 @@ std::vector<store::Note> File::notes(const QString& kind)
         run.bindText(0, NoteTable);
         if (!run.step()) return notes;
     }
-    Statement statement(m_connection, QByteArray("SELECT name,first,second FROM ") + NoteTable + " WHERE kind=?");
+    Statement statement(m_connection,
+                        QByteArray("SELECT name,first,second FROM ") + NoteTable + " WHERE kind=?");
     Statement::Run run(statement);
     run.bind(0, Value(kind));
     const auto text = [&](int column) { return QString::fromUtf8(run.text(column)); };

@@ -34,8 +34,9 @@ void Files::settle(const QString& path, int lockTimeout)
         QFile::remove(journal); // its file was deleted; the next one of that name must not be mistaken for it
         return;
     }
-    // Left by a program that was killed while it wrote. It belongs to the file as it is now: opening rolls it back, so
-    // that neither a copy of the file is half a booking nor the journal is rolled back into the next file of that name.
+    // Left by a program that was killed while it wrote. It belongs to the file as it is now: opening rolls it
+    // back, so that neither a copy of the file is half a booking nor the journal is rolled back into the next
+    // file of that name.
     try {
         open(path, lockTimeout);
     } catch (const Error& error) {

@@ -92,7 +92,8 @@ void finishKeyed(sqlite3_context* context)
     sqlite3_value_free(kept->value);
 }
 
-void registerKeyed(sqlite3* connection, const char* name, void (*keep)(sqlite3_context*, int, sqlite3_value**))
+void registerKeyed(sqlite3* connection, const char* name,
+                   void (*keep)(sqlite3_context*, int, sqlite3_value**))
 {
     sqlite3_create_function_v2(connection, name, 2, Flags, nullptr, nullptr, keep, finishKeyed, nullptr);
 }

@@ -7,8 +7,8 @@
 
 namespace jet::sqlite {
 
-/// Collation and fold function of this version. Both stand in the indices of files; whoever changes what they do counts
-/// the version up, and files rebuild their indices when they are next opened.
+/// Collation and fold function of this version. Both stand in the indices of files; whoever changes what they
+/// do counts the version up, and files rebuild their indices when they are next opened.
 const QByteArray& collationName();
 inline constexpr char FoldFunction[] = "jet_fold_1";
 

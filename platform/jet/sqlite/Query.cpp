@@ -28,7 +28,10 @@ public:
         : m_all(connection, std::move(all), false), m_among(connection, std::move(among), false)
     {}
 
-    std::unique_ptr<store::Cursor> keys(const store::Parameters& parameters) override { return m_all.run(parameters); }
+    std::unique_ptr<store::Cursor> keys(const store::Parameters& parameters) override
+    {
+        return m_all.run(parameters);
+    }
 
     std::unique_ptr<store::Cursor> keysAmong(const store::Parameters& parameters,
                                              const std::vector<store::Key>& keys) override
@@ -74,7 +77,8 @@ std::unique_ptr<store::Cursor> Text::run(const store::Parameters& parameters, co
     return cursor;
 }
 
-std::unique_ptr<store::Cursor> Text::run(const store::Parameters& parameters, const std::vector<Value>& last) const
+std::unique_ptr<store::Cursor> Text::run(const store::Parameters& parameters,
+                                         const std::vector<Value>& last) const
 {
     auto cursor = bound(parameters);
     bindList(cursor->run(), static_cast<int>(parameters.size()), last);
@@ -82,7 +86,8 @@ std::unique_ptr<store::Cursor> Text::run(const store::Parameters& parameters, co
 }
 
 Query::Query(Connection& connection, const bind::BoundSelect& select, int parameters)
-    : m_connection(connection), m_select(select), m_rows(connection, writeRows(select), overOthers(select.tables)),
+    : m_connection(connection), m_select(select),
+      m_rows(connection, writeRows(select), overOthers(select.tables)),
       m_keys(connection, select.isKeyed() ? writeKeys(select) : QByteArray(), false),
       m_row(connection, select.isKeyed() ? writeRow(select, parameters) : QByteArray(), false)
 {}

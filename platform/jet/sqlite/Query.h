@@ -16,7 +16,8 @@ public:
     std::unique_ptr<store::Cursor> run(const store::Parameters& parameters) const;
     /// With one parameter more behind them: one value, or a list.
     std::unique_ptr<store::Cursor> run(const store::Parameters& parameters, const Value& last) const;
-    std::unique_ptr<store::Cursor> run(const store::Parameters& parameters, const std::vector<Value>& last) const;
+    std::unique_ptr<store::Cursor> run(const store::Parameters& parameters,
+                                       const std::vector<Value>& last) const;
 
 private:
     std::unique_ptr<class Cursor> bound(const store::Parameters& parameters) const;

@@ -52,7 +52,8 @@ public:
 
     QByteArray rows(const std::vector<Field>& assignTo)
     {
-        // The column with the lowest key would be one too many for a table, and make all rows of DISTINCT different.
+        // The column with the lowest key would be one too many for a table, and make all rows of DISTINCT
+        // different.
         const bool mayAddColumn = assignTo.empty() && !m_select.tree.distinct;
         if (mayAddColumn && usesFirstOnly()) m_expressions.firstRow = FirstRow::ByBareColumn;
         if (m_select.tree.top && !m_select.tree.orderBy.empty() && !m_oneGroup) return ranked(assignTo);
@@ -90,7 +91,8 @@ public:
     }
 
 private:
-    /// A group whose keys WHERE fixes is the only one; asking for it without GROUP BY spares sorting and comparing.
+    /// A group whose keys WHERE fixes is the only one; asking for it without GROUP BY spares sorting and
+    /// comparing.
     bool hasOneGroup() const
     {
         const auto& tree = m_select.tree;
@@ -115,8 +117,9 @@ private:
         bool first = false;
         bool other = false;
         eachExpression([&](const Expression& expression) {
-            first = first ||
-                    contains(expression, [](FunctionKind kind, QStringView) { return kind == FunctionKind::First; });
+            first = first || contains(expression, [](FunctionKind kind, QStringView) {
+                        return kind == FunctionKind::First;
+                    });
             other = other || contains(expression, [](FunctionKind kind, QStringView name) {
                         return kind == FunctionKind::Last || name == u"MIN" || name == u"MAX";
                     });
@@ -173,8 +176,9 @@ private:
         having();
     }
 
-    /// A range of days or names usually takes in most of a year. With groups the planner is told so: else it reads the
-    /// range in the range's order and sorts it into groups, instead of reading the groups along their index.
+    /// A range of days or names usually takes in most of a year. With groups the planner is told so: else it
+    /// reads the range in the range's order and sorts it into groups, instead of reading the groups along
+    /// their index.
     void where(const Expression& condition)
     {
         const auto isRange = [](const Expression& part) {
@@ -222,7 +226,8 @@ private:
             if (i > 0) m_out += ',';
             if (!assignTo.empty()) {
                 m_expressions.assigned(expression, assignTo[i].type, assignTo[i].name);
-                if (m_select.tree.distinct && isText(assignTo[i].type)) m_out += " COLLATE " + collationName();
+                if (m_select.tree.distinct && isText(assignTo[i].type))
+                    m_out += " COLLATE " + collationName();
             } else if (m_select.tree.distinct)
                 m_expressions.key(expression);
             else
@@ -252,8 +257,8 @@ private:
     template <typename Columns>
     QByteArray rankedBy(const QByteArray& outer, Columns writeColumns)
     {
-        m_out += "SELECT " + outer + " FROM (SELECT *,rank() OVER (" + orderOfRanks(m_select.tree.orderBy.size()) +
-                 ") AS r FROM (";
+        m_out += "SELECT " + outer + " FROM (SELECT *,rank() OVER (" +
+                 orderOfRanks(m_select.tree.orderBy.size()) + ") AS r FROM (";
         core([&] {
             writeColumns();
             for (std::size_t i = 0; i < m_order.size(); ++i) {
@@ -285,7 +290,8 @@ private:
         for (std::size_t i = 0; i < keys; ++i) {
             if (i > 0) text += ',';
             text += 'k' + QByteArray::number(i);
-            if (m_order[i].expression && isText(m_order[i].expression->type)) text += " COLLATE " + collationName();
+            if (m_order[i].expression && isText(m_order[i].expression->type))
+                text += " COLLATE " + collationName();
             if (m_order[i].descending) text += " DESC";
         }
         return text;

@@ -23,7 +23,8 @@ constexpr char OwnError[] = "jet:"; // before number and text of an Error that o
     static const QRegularExpression truth(u"-\"(.+)\" IN \\(0,1\\)$"_s);
     if (const auto found = length.match(message); found.hasMatch()) {
         const QString text = errorText(ErrorNumber::FieldTooLong) + u" Feld: '"_s + found.captured(1);
-        throw Error(ErrorNumber::FieldTooLong, text + u"', höchstens "_s + found.captured(2) + u" Zeichen."_s);
+        throw Error(ErrorNumber::FieldTooLong,
+                    text + u"', höchstens "_s + found.captured(2) + u" Zeichen."_s);
     }
     if (const auto found = truth.match(message); found.hasMatch()) throw noTruthValue(found.captured(1));
     raise(ErrorNumber::ValueNotAllowed, {message.section(u": "_s, 1)});
@@ -58,8 +59,8 @@ constexpr char OwnError[] = "jet:"; // before number and text of an Error that o
     raise(ErrorNumber::ReservedError, {QString::number(code)});
 }
 
-/// The connection's file, and those that are attached to it while a statement needs them: SQLite does not tell which of
-/// them it could not use.
+/// The connection's file, and those that are attached to it while a statement needs them: SQLite does not
+/// tell which of them it could not use.
 QString filesOf(sqlite3* connection, QString path)
 {
     for (int i = 1; const char* const name = sqlite3_db_name(connection, i); ++i) {

@@ -33,8 +33,9 @@ QByteArray listText(const std::vector<Value>& values)
 
 Statement::Statement(Connection& connection, const QByteArray& sql) : m_connection(connection)
 {
-    const int code = sqlite3_prepare_v3(connection.handle(), sql.constData(), static_cast<int>(sql.size()) + 1,
-                                        SQLITE_PREPARE_PERSISTENT, &m_statement, nullptr);
+    const int code =
+        sqlite3_prepare_v3(connection.handle(), sql.constData(), static_cast<int>(sql.size()) + 1,
+                           SQLITE_PREPARE_PERSISTENT, &m_statement, nullptr);
     if (code != SQLITE_OK) raiseFailure(connection.handle(), connection.path());
     m_parameters = sqlite3_bind_parameter_count(m_statement);
 }

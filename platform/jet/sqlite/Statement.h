@@ -26,8 +26,9 @@ public:
         ~Run();
         Q_DISABLE_COPY_MOVE(Run)
 
-        void bind(int parameter,
-                  const Value& value); ///< Parameters count from 0; one that does not stand in the text is ignored.
+        void bind(
+            int parameter,
+            const Value& value); ///< Parameters count from 0; one that does not stand in the text is ignored.
         void bindText(int parameter, const QByteArray& text);
         bool step(); ///< Whether there is a row. \throws Error
         Value value(int column, Type type) const;

@@ -66,10 +66,11 @@ void Catalogue::removeLink(const Link& link)
 
 bind::Present Catalogue::present() const
 {
-    return {[this](const QString& name) { return table(name); },
-            [this](const QString& name) { return link(name).has_value(); },
-            [this](const QString& table, const QString& index) { return m_connection.hasIndex(table, index); },
-            [this](const QString& name) { return m_connection.isReserved(name); }};
+    return {
+        [this](const QString& name) { return table(name); },
+        [this](const QString& name) { return link(name).has_value(); },
+        [this](const QString& table, const QString& index) { return m_connection.hasIndex(table, index); },
+        [this](const QString& name) { return m_connection.isReserved(name); }};
 }
 
 bool Catalogue::hasPassword() const

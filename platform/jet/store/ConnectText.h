@@ -4,7 +4,8 @@
 
 namespace jet {
 
-/// "[type];key=value;..." taken apart. Keys and type count in any case, their order and blanks around them do not.
+/// "[type];key=value;..." taken apart. Keys and type count in any case, their order and blanks around them do
+/// not.
 struct ConnectText {
     QString password; ///< pwd
     QString database; ///< database: the file of a link

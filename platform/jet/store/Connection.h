@@ -26,9 +26,9 @@ struct Cell {
     Value value;
 };
 
-/// An open file: what keeps its tables and runs bound statements on them. All that the dialect means is decided above;
-/// what a refusal says is the dialect's, too. Every call may throw Error Locked, DiskFull, DiskError, ReadOnly,
-/// UnknownFormat, and what it throws has changed nothing.
+/// An open file: what keeps its tables and runs bound statements on them. All that the dialect means is
+/// decided above; what a refusal says is the dialect's, too. Every call may throw Error Locked, DiskFull,
+/// DiskError, ReadOnly, UnknownFormat, and what it throws has changed nothing.
 class Connection {
 public:
     virtual ~Connection() = default;
@@ -69,20 +69,24 @@ public:
     virtual void begin(Lock lock) = 0;
     virtual void commit() = 0; ///< \throws Error also when the disk is full; the transaction then stays open.
     virtual void rollback() = 0;
-    virtual void beginPart() = 0; ///< Within a transaction what can be taken back by itself, the last begun first.
+    virtual void
+    beginPart() = 0; ///< Within a transaction what can be taken back by itself, the last begun first.
     virtual void keepPart() = 0;
     virtual void takeBackPart() = 0;
     virtual bool inTransaction() const = 0; ///< A fault of the disk ends one by itself.
     virtual bool isWriting() const = 0;     ///< A transaction keeps others from writing.
 
-    /// Lets statements use the tables of another file by that number, from 1. False: this store cannot, or not that one.
+    /// Lets statements use the tables of another file by that number, from 1. False: this store cannot, or
+    /// not that one.
     virtual bool attach(Connection& other, int file) = 0;
     virtual void detach(int file) = 0;
-    /// Makes a table that is seen by this connection alone and gone with detach(), and returns what statements call it.
+    /// Makes a table that is seen by this connection alone and gone with detach(), and returns what
+    /// statements call it.
     virtual bind::TablePtr lend(const bind::Table& like, int file) = 0;
 
     virtual qint64 writes() const = 0; ///< Rows written since the connection was opened.
-    /// Whether another program has changed the tables since the last call, or since the connection was opened.
+    /// Whether another program has changed the tables since the last call, or since the connection was
+    /// opened.
     virtual bool tablesChanged() = 0;
     /// Whether a statement has met changed tables since the last call: nearly free, and never sure.
     virtual bool tablesMayHaveChanged() = 0;

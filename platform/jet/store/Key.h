@@ -6,8 +6,9 @@
 
 namespace jet::store {
 
-/// What a store finds a row of a table again by, as long as there is that row. What its bits mean is the store's affair;
-/// keys of one table stand in some order, a later row's key not always behind an earlier one's.
+/// What a store finds a row of a table again by, as long as there is that row. What its bits mean is the
+/// store's affair; keys of one table stand in some order, a later row's key not always behind an earlier
+/// one's.
 class Key {
 public:
     Key() = default;

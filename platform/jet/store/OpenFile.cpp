@@ -9,7 +9,8 @@ constexpr qsizetype MostPlans = 100;
 } // namespace
 
 OpenFile::OpenFile(std::unique_ptr<store::Connection> connection)
-    : m_connection(std::move(connection)), m_path(m_connection->path()), m_catalogue(*m_connection), m_plans(MostPlans)
+    : m_connection(std::move(connection)), m_path(m_connection->path()), m_catalogue(*m_connection),
+      m_plans(MostPlans)
 {}
 
 OpenFile::~OpenFile() = default;

@@ -12,7 +12,8 @@ namespace jet {
 
 struct Plan;
 
-/// A file that the engine has open: its store's connection, what it holds, and the plans of the statements used last.
+/// A file that the engine has open: its store's connection, what it holds, and the plans of the statements
+/// used last.
 class OpenFile {
 public:
     explicit OpenFile(std::unique_ptr<store::Connection> connection);
@@ -41,7 +42,8 @@ private:
     QCache<QString, std::shared_ptr<Plan>> m_plans;
 };
 
-/// Opens another file by the engine's rules, so that a missing file or a wrong password is told as everywhere.
+/// Opens another file by the engine's rules, so that a missing file or a wrong password is told as
+/// everywhere.
 using OpenOther = std::function<std::shared_ptr<OpenFile>(const QString& path, const QString& connect)>;
 
 } // namespace jet

@@ -66,7 +66,8 @@ std::shared_ptr<OpenFile> Engine::Pool::open(const QString& path, const QString&
     return file;
 }
 
-std::shared_ptr<OpenFile> Engine::Pool::known(const QString& path, const QString& connect, const sys::FileIdentity& now)
+std::shared_ptr<OpenFile> Engine::Pool::known(const QString& path, const QString& connect,
+                                              const sys::FileIdentity& now)
 {
     const auto entry = std::find_if(m_entries.begin(), m_entries.end(), [&](const Entry& candidate) {
         return candidate.file->path() == path && candidate.connect == connect;
@@ -88,7 +89,8 @@ void Engine::Pool::requireDatabase(const QString& path) const
 
 std::shared_ptr<OpenFile> Engine::Pool::connected(const QString& path) const
 {
-    if (sys::identify(path).value_or(sys::FileIdentity()).size == 0) raise(ErrorNumber::UnknownFormat, {path});
+    if (sys::identify(path).value_or(sys::FileIdentity()).size == 0)
+        raise(ErrorNumber::UnknownFormat, {path});
     try {
         return std::make_shared<OpenFile>(m_store->open(path, m_lockTimeout));
     } catch (const Error& error) {
@@ -121,8 +123,9 @@ void Engine::Pool::giveBack(std::shared_ptr<OpenFile> file)
     const auto entry = std::find_if(m_entries.begin(), m_entries.end(),
                                     [&](const Entry& candidate) { return candidate.file == file; });
     if (entry == m_entries.end()) return;
-    // Who has only read leaves the file as he found it: most users are stock questions, to which a system call counts.
-    // What changed the file without writing a row makes the next opening a new connection, no more.
+    // Who has only read leaves the file as he found it: most users are stock questions, to which a system
+    // call counts. What changed the file without writing a row makes the next opening a new connection, no
+    // more.
     const qint64 before = std::exchange(entry->writes, file->connection().writes());
     if (before == entry->writes) return;
     const auto now = sys::identify(file->path());
@@ -133,8 +136,9 @@ void Engine::Pool::giveBack(std::shared_ptr<OpenFile> file)
 void Engine::Pool::release(const QString& path)
 {
     const QString local = sys::localPath(path);
-    m_entries.remove_if(
-        [&](const Entry& entry) { return !entry.isUsed() && (path.isEmpty() || entry.file->path() == local); });
+    m_entries.remove_if([&](const Entry& entry) {
+        return !entry.isUsed() && (path.isEmpty() || entry.file->path() == local);
+    });
 }
 
 void Engine::Pool::prepareForChange(const QString& path)
@@ -152,8 +156,8 @@ void Engine::Pool::dropOldest()
     const auto unused =
         std::count_if(m_entries.begin(), m_entries.end(), [](const Entry& entry) { return !entry.isUsed(); });
     if (static_cast<std::size_t>(unused) < MostUnused) return;
-    const auto oldest =
-        std::find_if(m_entries.rbegin(), m_entries.rend(), [](const Entry& entry) { return !entry.isUsed(); });
+    const auto oldest = std::find_if(m_entries.rbegin(), m_entries.rend(),
+                                     [](const Entry& entry) { return !entry.isUsed(); });
     m_entries.erase(std::next(oldest).base());
 }
 

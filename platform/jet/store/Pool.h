@@ -38,7 +38,8 @@ private:
         bool isUsed() const { return file.use_count() > 1; }
     };
 
-    std::shared_ptr<OpenFile> known(const QString& path, const QString& connect, const sys::FileIdentity& now);
+    std::shared_ptr<OpenFile> known(const QString& path, const QString& connect,
+                                    const sys::FileIdentity& now);
     std::shared_ptr<OpenFile> connected(const QString& path) const;
     void dropOldest();
 

@@ -4,8 +4,8 @@
 
 namespace jet::store {
 
-/// A write of several statements that is done as a whole: undone when it ends without commit(), also as a part of a
-/// transaction that is open already.
+/// A write of several statements that is done as a whole: undone when it ends without commit(), also as a
+/// part of a transaction that is open already.
 class WriteScope {
 public:
     explicit WriteScope(Connection& connection, Connection::Lock lock = Connection::Lock::AtOnce);
@@ -19,7 +19,8 @@ private:
     bool m_done = false;
 };
 
-/// Several reads under one lock, which sees to it that others write before or after all of them. Not for long: they wait.
+/// Several reads under one lock, which sees to it that others write before or after all of them. Not for
+/// long: they wait.
 class ReadScope {
 public:
     explicit ReadScope(Connection& connection);

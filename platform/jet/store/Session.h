@@ -12,7 +12,8 @@
 
 namespace jet {
 
-/// What an open Database and its recordsets have in common; the recordsets notice by it that the database was closed.
+/// What an open Database and its recordsets have in common; the recordsets notice by it that the database was
+/// closed.
 struct Database::Session {
     // Shared with the engine, which keeps the file open for the next opening.
     std::shared_ptr<OpenFile> file; ///< Null once closed.
@@ -30,8 +31,8 @@ struct Database::Session {
     void undo();  ///< Drops what BeginTrans gathered.
     void letGo(); ///< Gives the connection back; the database is closed then.
 
-    /// Does the work, and does it once more when it failed because another program has changed the file's tables. Work
-    /// that has failed has changed nothing.
+    /// Does the work, and does it once more when it failed because another program has changed the file's
+    /// tables. Work that has failed has changed nothing.
     template <typename Work>
     auto withPresentSchema(Work work)
     {
@@ -41,7 +42,8 @@ struct Database::Session {
         } catch (const Error& error) {
             // Asking a locked file for its tables would wait for the same lock once more.
             if (error.number() == ErrorNumber::Locked || !use().forgetIfChanged()) throw;
-            // A fault of the disk has taken back the tables that the transaction had made, and the transaction.
+            // A fault of the disk has taken back the tables that the transaction had made, and the
+            // transaction.
             if (inTransaction != use().connection().inTransaction()) throw;
         }
         return work();

@@ -18,7 +18,8 @@ namespace jet::store {
 /// What a statement asks for this time: a list for IN, a single value for everything else.
 using Parameters = std::vector<std::vector<Value>>;
 
-/// The rows that a statement gives, one after another. While it lives the statement is open and others cannot write.
+/// The rows that a statement gives, one after another. While it lives the statement is open and others cannot
+/// write.
 class Cursor {
 public:
     virtual ~Cursor() = default;
@@ -47,8 +48,8 @@ public:
 class Query {
 public:
     virtual ~Query() = default;
-    /// In the order that the dialect promises also where none is asked for: groups and DISTINCT rows sorted by their
-    /// columns, other rows and equal sort keys by the key of the row.
+    /// In the order that the dialect promises also where none is asked for: groups and DISTINCT rows sorted
+    /// by their columns, other rows and equal sort keys by the key of the row.
     virtual std::unique_ptr<Cursor> rows(const Parameters& parameters) = 0;
     // Only of a query whose rows are rows of one table of the connection's own file:
     virtual std::unique_ptr<Cursor> keys(const Parameters& parameters) = 0; ///< In the same order.

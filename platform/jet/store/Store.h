@@ -17,7 +17,8 @@ public:
     virtual std::unique_ptr<Connection> open(const QString& path, int lockTimeout) = 0;
     /// A file that was not there. What is half made is removed. \throws Error CannotOpenFile, DiskFull.
     virtual std::unique_ptr<Connection> create(const QString& path, int lockTimeout) = 0;
-    /// Makes a file ready to be copied, replaced or deleted: what a program that was killed has left beside it is done.
+    /// Makes a file ready to be copied, replaced or deleted: what a program that was killed has left beside
+    /// it is done.
     virtual void settle(const QString& path, int lockTimeout) = 0;
 };
 

@@ -7,7 +7,8 @@
 
 namespace jet {
 
-/// The arguments of one call of a function or operator, as whatever runs the statement has them. Counted from 0.
+/// The arguments of one call of a function or operator, as whatever runs the statement has them. Counted from
+/// 0.
 class Arguments {
 public:
     virtual ~Arguments() = default;

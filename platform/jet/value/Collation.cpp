@@ -31,8 +31,8 @@ class Collator {
 public:
     Collator()
     {
-        // The common order of all languages, which is the German one. Rules for what differs would be ten times slower
-        // to open; lettersOf() does it instead.
+        // The common order of all languages, which is the German one. Rules for what differs would be ten
+        // times slower to open; lettersOf() does it instead.
         UErrorCode status = U_ZERO_ERROR;
         m_collator = ucol_open("root", &status);
         if (U_FAILURE(status)) throw std::runtime_error(u_errorName(status));

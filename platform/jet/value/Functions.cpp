@@ -116,8 +116,9 @@ bool showsBeginning(const Arguments& a)
     return shownText(value, format).startsWith(a.text(2), Qt::CaseInsensitive);
 }
 
-/// value, format, word: whether what a list shows of the value begins with the word, in any case. In the order of an
-/// index the texts of the next row are mostly the same, so the last answer is kept with what was asked.
+/// value, format, word: whether what a list shows of the value begins with the word, in any case. In the
+/// order of an index the texts of the next row are mostly the same, so the last answer is kept with what was
+/// asked.
 Value begins(const Arguments& a)
 {
     struct Asked {

@@ -13,8 +13,8 @@ enum class FunctionKind : quint8 { Scalar, IsNull, IIf, Aggregate, Count, First,
 /// A function of the dialect with one number of arguments; one that takes more or fewer has several rows.
 struct Function {
     QStringView name;
-    /// One letter an argument: T text, N number, X number or text, D date, C condition, A anything. Text is made of
-    /// anything, a number of anything but text; all else is a type mismatch.
+    /// One letter an argument: T text, N number, X number or text, D date, C condition, A anything. Text is
+    /// made of anything, a number of anything but text; all else is a type mismatch.
     const char* arguments;
     Type result; ///< Null: that of the first argument; for IIF the common one of both branches.
     FunctionKind kind;

@@ -67,8 +67,8 @@ Value converted(const Arguments& a)
     return convert(a.value(0, from), to);
 }
 
-/// value, type it has, type it gets, name of the field that gets it or '': NULL too has an answer, since a truth value is
-/// never NULL.
+/// value, type it has, type it gets, name of the field that gets it or '': NULL too has an answer, since a
+/// truth value is never NULL.
 Value convertedFor(const Arguments& a)
 {
     try {

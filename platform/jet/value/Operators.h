@@ -6,7 +6,8 @@
 
 namespace jet {
 
-/// What statements do with values beside calling functions: operators and conversions that a store may not have.
+/// What statements do with values beside calling functions: operators and conversions that a store may not
+/// have.
 struct Operator {
     const char* name;
     int arguments;

@@ -50,8 +50,8 @@ void add(Places& places, qsizetype place)
     places[static_cast<std::size_t>(place / Bits)] |= quint64{1} << (place % Bits);
 }
 
-/// Follows all ways through the pattern at once, 64 places of it in a step: going back to the last * for each letter of
-/// a long text would take a step for each pair of letters.
+/// Follows all ways through the pattern at once, 64 places of it in a step: going back to the last * for each
+/// letter of a long text would take a step for each pair of letters.
 bool matchesLong(QStringView text, QStringView pattern)
 {
     std::vector<QStringView> elements; // without the stars

@@ -12,16 +12,20 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A year's file as it was before there were versions: a column, an index and a table are missing, an index is another.
+/// A year's file as it was before there were versions: a column, an index and a table are missing, an index
+/// is another.
 class AlteDatei : public testing::Test {
 protected:
     AlteDatei()
     {
         const auto alt = jet::engine().CreateDatabase(m_datei, {});
         for (const QString& anweisung :
-             {u"CREATE TABLE LAGERJOURNAL (ID Counter PRIMARY KEY, Datum Date, Artikel Text(50), Artikelart Text(25),"
-              u" LagerortKurzKu Text(15), Menge Double, Buchungsmenge Double, Preis Double, Preisfaktor Text(3),"
-              u" Einheit Text(15), Buchungsart Text(20), BuchungsID Long, BEErfassungsnummer Long, Kommentar Text(255),"
+             {u"CREATE TABLE LAGERJOURNAL (ID Counter PRIMARY KEY, Datum Date, Artikel Text(50), Artikelart "
+              u"Text(25),"
+              u" LagerortKurzKu Text(15), Menge Double, Buchungsmenge Double, Preis Double, Preisfaktor "
+              u"Text(3),"
+              u" Einheit Text(15), Buchungsart Text(20), BuchungsID Long, BEErfassungsnummer Long, Kommentar "
+              u"Text(255),"
               u" Uberstallt_alt Text(15), Verfuttert_an Text(15), Lieferscheinnummer Long)"_s,
               u"CREATE INDEX Lieferscheine ON LAGERJOURNAL (Lieferscheinnummer)"_s,
               u"INSERT INTO LAGERJOURNAL (Datum, Artikel, Menge) VALUES (#5/5/2024#, 'Weizen', 12.5)"_s})
@@ -59,7 +63,8 @@ TEST_F(AlteDatei, WirdGanzOderGarNichtAufStandGebrachtUndBehaeltIhreZeilen)
     stoereUeberall([&] { sys::FileCopy(kopie, m_datei); }, bringe,
                    [&](bool fertig) {
                        const QString gefunden = gezeigtes();
-                       EXPECT_TRUE(gefunden == Nachher || (!fertig && gefunden == Vorher)) << gefunden.toStdString();
+                       EXPECT_TRUE(gefunden == Nachher || (!fertig && gefunden == Vorher))
+                           << gefunden.toStdString();
                        EXPECT_EQ(befund(m_datei), u"ok"_s);
                        bringe();
                        EXPECT_EQ(gezeigtes(), Nachher);

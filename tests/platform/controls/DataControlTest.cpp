@@ -16,8 +16,9 @@ class DataControlTest : public FieldScreen {
 protected:
     DataControlTest()
     {
-        m_file->Execute(u"CREATE TABLE Ware (ID Counter PRIMARY KEY, Artikel Text(10), Art Text(10), Notiz Memo, "
-                        u"Bio YesNo)"_s);
+        m_file->Execute(
+            u"CREATE TABLE Ware (ID Counter PRIMARY KEY, Artikel Text(10), Art Text(10), Notiz Memo, "
+            u"Bio YesNo)"_s);
         for (const auto& article : {u"Weizen"_s, u"Gerste"_s, u"Hafer"_s})
             m_file->Execute(u"INSERT INTO Ware (Artikel, Art) VALUES ('%1', 'lose')"_s.arg(article));
         m_data.setDatabaseName(m_path);
@@ -116,7 +117,8 @@ TEST_F(DataControlTest, WritesWhatTheUserChangedWhenTheRowIsLeft)
         {[&] { m_data.UpdateControls(), m_data.MoveNext(); }, before},
     };
     for (const auto& [leave, after] : ways) {
-        m_file->Execute(u"UPDATE Ware SET Artikel = 'Weizen', Art = 'lose', Notiz = NULL, Bio = False WHERE ID = 1"_s);
+        m_file->Execute(
+            u"UPDATE Ware SET Artikel = 'Weizen', Art = 'lose', Notiz = NULL, Bio = False WHERE ID = 1"_s);
         m_data.Refresh();
         m_article.setText(u"vom Programm"_s);
         m_data.MoveNext();
@@ -134,11 +136,12 @@ TEST_F(DataControlTest, KeepsWhatWasTypedWhenItIsNotWritten)
 {
     bool forbids = true;
     bool drops = true;
-    QObject::connect(&m_data, &DataControl::Validate, [&](DataControl::Action action, Cancel& cancel, bool& save) {
-        tell(QByteArray::number(int(action)) + (save ? " pending" : ""));
-        cancel = forbids;
-        save = save && !drops;
-    });
+    QObject::connect(&m_data, &DataControl::Validate,
+                     [&](DataControl::Action action, Cancel& cancel, bool& save) {
+                         tell(QByteArray::number(int(action)) + (save ? " pending" : ""));
+                         cancel = forbids;
+                         save = save && !drops;
+                     });
     retype(u"Dinkel"_s);
     m_data.MoveLast();
     m_data.Close();

@@ -143,7 +143,8 @@ TEST_F(GridScreen, FollowsTheDataControlAndKeepsASelection)
     EXPECT_EQ(act({}), u"Raps:"_s);
     act(u"1"_s);
     m_data.FindFirst(u"Artikel = 'Mais'"_s);
-    EXPECT_EQ(act({}), u"Mais: Mais"_s); // a single row goes along, or Del would delete another than the current one
+    EXPECT_EQ(act({}),
+              u"Mais: Mais"_s); // a single row goes along, or Del would delete another than the current one
     SelectedRows& marks = m_grid->SelBookmarks();
     marks.Add(m_data.Recordset().BookmarkAt(0));
     EXPECT_EQ(act({}), u"Mais: Weizen Mais"_s);
@@ -217,8 +218,9 @@ TEST_F(GridScreen, GivesColumnsTheWidthTheyNeedOrTheUserWants)
 {
     m_grid->Columns(1).setWidth(77);
     m_grid->Columns(2).setCaption(u"Zugang im ganzen Jahr"_s);
-    QObject::connect(m_grid, &DataGrid::HeadClick,
-                     [this](int column) { m_grid->showSort(column, Qt::AscendingOrder); }); // its mark wants room
+    QObject::connect(m_grid, &DataGrid::HeadClick, [this](int column) {
+        m_grid->showSort(column, Qt::AscendingOrder);
+    }); // its mark wants room
     change(u"UPDATE LAGERJOURNAL SET Artikel = 'Ein sehr langer Name eines Artikels' WHERE ID = 1"_s);
     show();
     const int date = m_grid->columnWidth(0);
@@ -250,9 +252,13 @@ TEST_F(GridScreen, DeletesTheSelectedRowsOrElseTheCurrentOne)
         {u"{Down}"_s, u"Gerste", u"Weizen Hafer Mais Roggen Raps", u"Hafer: Hafer"},
         {u"5"_s, u"Raps", u"Weizen Gerste Hafer Mais Roggen", u"Roggen: Roggen"},
         {u"0 +3 +4"_s, u"Weizen Mais Roggen", u"Gerste Hafer Raps", u"Raps: Raps"},
-        {u"0 +2 +2"_s, u"Hafer", u"Weizen Gerste Mais Roggen Raps", u"Mais: Mais"}, // the current one, once taken out
+        {u"0 +2 +2"_s, u"Hafer", u"Weizen Gerste Mais Roggen Raps",
+         u"Mais: Mais"}, // the current one, once taken out
         {u"{Ctrl+A}"_s, u"Weizen Gerste Hafer Mais Roggen Raps", u"", u"-:"},
-        {{}, u"Weizen", u"Gerste Hafer Mais Roggen Raps", u"Gerste: Gerste"}, // not the one that alone is selected
+        {{},
+         u"Weizen",
+         u"Gerste Hafer Mais Roggen Raps",
+         u"Gerste: Gerste"}, // not the one that alone is selected
     };
     QStringList asked;
     QObject::connect(m_grid, &DataGrid::BeforeDelete, [&](Cancel&, bool& prompt) {
@@ -265,7 +271,8 @@ TEST_F(GridScreen, DeletesTheSelectedRowsOrElseTheCurrentOne)
     change(u"SELECT * INTO Vorher IN '"_s + m_data.DatabaseName() + u"' FROM LAGERJOURNAL"_s);
     for (const auto& c : cases) {
         change(u"DELETE FROM LAGERJOURNAL"_s);
-        change(u"INSERT INTO LAGERJOURNAL (Datum, Artikel, Menge) SELECT Datum, Artikel, Menge FROM Vorher"_s);
+        change(
+            u"INSERT INTO LAGERJOURNAL (Datum, Artikel, Menge) SELECT Datum, Artikel, Menge FROM Vorher"_s);
         show();
         if (c.steps.isEmpty()) m_grid->SelBookmarks().Add(m_data.Recordset().BookmarkAt(2));
         asked.clear();

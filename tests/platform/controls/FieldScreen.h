@@ -12,7 +12,8 @@
 #include <QTest>
 #include <QVBoxLayout>
 
-/// A dialog of fields one below the other, and what it tells one after the other: signals by the words given to note(), and
+/// A dialog of fields one below the other, and what it tells one after the other: signals by the words given
+/// to note(), and
 /// "!" for a message, which is answered by its default button.
 class FieldScreen : public testing::Test, public sys::Messages {
 protected:
@@ -41,8 +42,8 @@ protected:
     struct Typed {
         QStringView before, keys, shown, told;
     };
-    /// Types over what a host wrote into a field: what stands there then, "Wei[zen]" where a part is selected, and what was
-    /// told meanwhile.
+    /// Types over what a host wrote into a field: what stands there then, "Wei[zen]" where a part is
+    /// selected, and what was told meanwhile.
     void expectTyped(QWidget& field, std::initializer_list<Typed> rows)
     {
         for (const Typed& row : rows) {

@@ -15,7 +15,8 @@ GridScreen::GridScreen() : m_field(new QLineEdit(&m_window)), m_grid(new DataGri
                        "07.06. | H1 | Roggen | 0 | Korrektur\n"
                        "08.06. | H1 | Raps | 7 | Zukauf");
     m_data.setDatabaseName(m_farm.journaldatei(2024));
-    m_data.setRecordSource(u"Select IIF(Menge > 0, Menge,0) as Zugang, *  FROM LAGERJOURNAL ORDER BY DATUM, ID"_s);
+    m_data.setRecordSource(
+        u"Select IIF(Menge > 0, Menge,0) as Zugang, *  FROM LAGERJOURNAL ORDER BY DATUM, ID"_s);
     m_grid->addColumn(u"Datum"_s, u"Datum"_s);
     m_grid->addColumn(u"Artikel"_s, u"ARTIKEL"_s);
     m_grid->addColumn(u"Zugang"_s, u"Zugang"_s, u"##,#0.00"_s);

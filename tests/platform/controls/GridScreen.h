@@ -8,15 +8,15 @@
 
 #include <QLineEdit>
 
-/// A window with a field and the journal of a farm in a grid, as a screen has them. Six rows, in this order: Weizen,
-/// Gerste, Hafer, Mais, Roggen, Raps. What was added shows nothing where it is 0.
+/// A window with a field and the journal of a farm in a grid, as a screen has them. Six rows, in this order:
+/// Weizen, Gerste, Hafer, Mais, Roggen, Raps. What was added shows nothing where it is 0.
 class GridScreen : public testing::Test {
 protected:
     GridScreen();
 
     void show();
-    /// What the user does: numbers are clicks on rows, with '+' before them Ctrl is held, with '-' Shift; the rest are keys.
-    /// \returns "Mais: Gerste Mais", the current article and the selected ones.
+    /// What the user does: numbers are clicks on rows, with '+' before them Ctrl is held, with '-' Shift; the
+    /// rest are keys. \returns "Mais: Gerste Mais", the current article and the selected ones.
     QString act(const QString& steps);
     void click(int row, Qt::KeyboardModifiers modifiers);
     void clickHeader(int x);     ///< In pixels, as headers are.

@@ -117,8 +117,8 @@ TEST_F(FieldScreen, AssistiveToolsFindNamesAndValues)
     EXPECT_EQ(told(), u"place label label"_s);
 }
 
-// Two shortcuts of one key make neither work, a field keeps its editing keys before any shortcut sees them, and Ctrl+Alt
-// is AltGr to many keyboards.
+// Two shortcuts of one key make neither work, a field keeps its editing keys before any shortcut sees them,
+// and Ctrl+Alt is AltGr to many keyboards.
 TEST(KeyTable, GivesEachKeyOnceAndNoneThatTypesOrEdits)
 {
     QSet<QKeySequence> taken;

@@ -42,7 +42,8 @@ TEST_F(FieldScreen, AListFieldCompletesAndTakesWhatIsTyped)
                         {u"frei", u"wg", u"G[erste]", u"Change Change"},
                         {u"frei", u"x{Tab}", u"frei", u""}});
     combo.setText(u"Weizen"_s);
-    QWheelEvent turn({5, 5}, combo.mapToGlobal(QPointF(5, 5)), {}, {0, -120}, {}, {}, Qt::NoScrollPhase, false);
+    QWheelEvent turn({5, 5}, combo.mapToGlobal(QPointF(5, 5)), {}, {0, -120}, {}, {}, Qt::NoScrollPhase,
+                     false);
     next.setFocus();
     QCoreApplication::sendEvent(&combo, &turn);
     EXPECT_EQ(combo.Text() + told(), u"Weizen"_s) << "turned in passing";

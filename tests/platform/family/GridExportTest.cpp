@@ -24,15 +24,22 @@ bool goOn(qsizetype, qsizetype)
 class GridExportTest : public GridScreen {
 protected:
     GridExportTest() { m_grid->setTitle(u"Journal 2024"_s); }
-    QString write(const QString& name = {}) { return m_export.Write(*m_grid, name, m_directory.path(), goOn); }
-    QStringList files() const { return QDir(m_directory.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot); }
+    QString write(const QString& name = {})
+    {
+        return m_export.Write(*m_grid, name, m_directory.path(), goOn);
+    }
+    QStringList files() const
+    {
+        return QDir(m_directory.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
+    }
 
     /// Six rows doubled so often, each with a remark of its own.
     void fillUp(int doublings)
     {
         for (int i = 0; i < doublings; ++i)
-            m_farm.fuehreAus(2024, u"INSERT INTO LAGERJOURNAL (Datum, Artikel, Menge) SELECT Datum, Artikel, Menge"
-                                   u" FROM LAGERJOURNAL"_s);
+            m_farm.fuehreAus(2024,
+                             u"INSERT INTO LAGERJOURNAL (Datum, Artikel, Menge) SELECT Datum, Artikel, Menge"
+                             u" FROM LAGERJOURNAL"_s);
         m_farm.fuehreAus(2024, u"UPDATE LAGERJOURNAL SET Kommentar = 'Lieferung ' & ID"_s);
         m_data.Refresh();
     }
@@ -46,11 +53,13 @@ protected:
 TEST_F(GridExportTest, HandsOverWhatTheGridShows)
 {
     NEEDS_OPENPYXL;
-    for (const auto& change : {u"Kommentar = '=1+1'"_s, u"Kommentar = 'zwei\r\nZeilen', Menge = 2.8E-17"_s,
-                               u"Kommentar = '<b>&amp;\x01', Datum = #06/05/2024 13:45:30#"_s,
-                               u"Kommentar = '0815', Datum = #12/30/1899#"_s, u"Artikel = NULL, Datum = NULL"_s}) {
+    for (const auto& change :
+         {u"Kommentar = '=1+1'"_s, u"Kommentar = 'zwei\r\nZeilen', Menge = 2.8E-17"_s,
+          u"Kommentar = '<b>&amp;\x01', Datum = #06/05/2024 13:45:30#"_s,
+          u"Kommentar = '0815', Datum = #12/30/1899#"_s, u"Artikel = NULL, Datum = NULL"_s}) {
         static int id = 0;
-        m_farm.fuehreAus(2024, u"UPDATE LAGERJOURNAL SET "_s + change + u" WHERE ID = "_s + QString::number(++id));
+        m_farm.fuehreAus(2024,
+                         u"UPDATE LAGERJOURNAL SET "_s + change + u" WHERE ID = "_s + QString::number(++id));
     }
     m_grid->addColumn(u"Menge"_s, u"Menge"_s, u"#,0.0##"_s);
     m_grid->addColumn(u"Nummer"_s, u"ID"_s);
@@ -59,17 +68,19 @@ TEST_F(GridExportTest, HandsOverWhatTheGridShows)
                            u" FROM LAGERJOURNAL WHERE ID < 7 ORDER BY ID DESC"_s);
     m_data.Refresh();
     m_farm.fuehreAus(2024, u"DELETE FROM LAGERJOURNAL WHERE ID = 6"_s); // another program does
-    EXPECT_EQ(tabellenblatt(write()),
-              (QStringList{
-                  u"Journal 2024 A2 A1:F6 landscape $1:$1"_s,
-                  u"*Datum*^ | *Artikel* | *Zugang*> | *Kommentar* | *Menge*> | *Nummer*>"_s,
-                  u" |  |  |  | 0 [#,##0.0##] | 5 [General]"_s,
-                  u"30.12.1899 | Mais | 0.005 [#,##0.00] | 0815 | 0.005 [#,##0.0##] | 4 [General]"_s,
-                  u"2024-06-05 13:45:30 [dd.mm.yyyy hh:mm:ss] | Hafer |  | <b>&amp;_x0001_ | "
-                  u"-20 [#,##0.0##] | 3 [General]"_s,
-                  u"2024-04-03 [dd.mm.yyyy] | Gerste | 0 [#,##0.00] | zwei Zeilen | 0 [#,##0.0##] | 2 [General]"_s,
-                  u"2024-02-01 [dd.mm.yyyy] | Weizen | 1234.5 [#,##0.00] | =1+1 | 1234.5 [#,##0.0##] | 1 [General]"_s,
-              }));
+    EXPECT_EQ(
+        tabellenblatt(write()),
+        (QStringList{
+            u"Journal 2024 A2 A1:F6 landscape $1:$1"_s,
+            u"*Datum*^ | *Artikel* | *Zugang*> | *Kommentar* | *Menge*> | *Nummer*>"_s,
+            u" |  |  |  | 0 [#,##0.0##] | 5 [General]"_s,
+            u"30.12.1899 | Mais | 0.005 [#,##0.00] | 0815 | 0.005 [#,##0.0##] | 4 [General]"_s,
+            u"2024-06-05 13:45:30 [dd.mm.yyyy hh:mm:ss] | Hafer |  | <b>&amp;_x0001_ | "
+            u"-20 [#,##0.0##] | 3 [General]"_s,
+            u"2024-04-03 [dd.mm.yyyy] | Gerste | 0 [#,##0.00] | zwei Zeilen | 0 [#,##0.0##] | 2 [General]"_s,
+            u"2024-02-01 [dd.mm.yyyy] | Weizen | 1234.5 [#,##0.00] | =1+1 | 1234.5 [#,##0.0##] | 1"
+            u" [General]"_s,
+        }));
 }
 
 TEST_F(GridExportTest, LeavesFormerFilesAloneAndFindsNamesThatAreAllowed)

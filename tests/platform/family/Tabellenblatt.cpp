@@ -8,12 +8,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString Python = u"/usr/bin/python3"_s; // Debian's, which has the package; and the PATH may be a test's own
+/// Debian's, which has the package; and the PATH may be a test's own.
+const QString Python = u"/usr/bin/python3"_s;
 
 constexpr char Leser[] = R"(
 import openpyxl, sys
 sheet = openpyxl.load_workbook(sys.argv[1]).active
-print(sheet.title, sheet.freeze_panes, sheet.auto_filter.ref, sheet.page_setup.orientation, sheet.print_title_rows)
+print(sheet.title, sheet.freeze_panes, sheet.auto_filter.ref, sheet.page_setup.orientation,
+      sheet.print_title_rows)
 def shown(cell):
     if cell.value is None: return ''
     text = str(cell.value).replace(' 00:00:00', '')

@@ -23,10 +23,11 @@ protected:
 
     Scratch m_scratch;
     std::unique_ptr<jet::Database> m_database = m_scratch.create(
-        u"Lager.2024"_s, {u"CREATE TABLE J (ID Counter PRIMARY KEY, Artikel Text(10), Menge Double, Fertig Boolean,"
-                          " Tag Date, Notiz Memo)"_s,
-                          u"INSERT INTO J (Artikel, Menge) VALUES ('Weizen', 1)"_s,
-                          u"INSERT INTO J (Artikel) VALUES ('Hafer')"_s, u"INSERT INTO J (Artikel) VALUES ('Mais')"_s});
+        u"Lager.2024"_s,
+        {u"CREATE TABLE J (ID Counter PRIMARY KEY, Artikel Text(10), Menge Double, Fertig Boolean,"
+         " Tag Date, Notiz Memo)"_s,
+         u"INSERT INTO J (Artikel, Menge) VALUES ('Weizen', 1)"_s,
+         u"INSERT INTO J (Artikel) VALUES ('Hafer')"_s, u"INSERT INTO J (Artikel) VALUES ('Mais')"_s});
 };
 
 } // namespace
@@ -64,10 +65,12 @@ TEST_F(Calls, TakeValuesThatNoStatementCanWrite)
     EXPECT_EQ(refused([] { (void)jet::Value(2147483647.5).toLong(); }), 6);
 }
 
-// Written past the engine, or before it refused them. The row can be read and mended, and tells what is wrong with it.
+// Written past the engine, or before it refused them. The row can be read and mended, and tells what is wrong
+// with it.
 TEST_F(Calls, ReadAndMendWhatNoColumnTakes)
 {
-    const std::string noTruth = "3317 Der Wert verletzt die Gültigkeitsregel: 0 (Nein) oder -1 (Ja). Feld: 'Fertig'.";
+    const std::string noTruth =
+        "3317 Der Wert verletzt die Gültigkeitsregel: 0 (Nein) oder -1 (Ja). Feld: 'Fertig'.";
     const std::string inFile = ". Datei: '" + m_scratch.path(u"Lager.2024"_s).toStdString() + "'.";
     jet::sqlite::Connection past(m_scratch.path(u"Lager.2024"_s), jet::sqlite::Connection::Mode::Existing, 0);
     EXPECT_EQ(refusal([&] { past.execute("UPDATE J SET Fertig=1 WHERE ID=1"); }), noTruth);
@@ -75,10 +78,12 @@ TEST_F(Calls, ReadAndMendWhatNoColumnTakes)
     past.execute("UPDATE J SET Fertig=1,Menge=-9e999 WHERE ID=1");
     const auto rows = open(u"SELECT -Menge AS Abgang, * FROM J"_s);
     EXPECT_EQ((*rows)[u"Menge"].toText() + (*rows)[u"Abgang"].toText(), u"-1,#INF1,#INF"_s);
-    EXPECT_EQ(refusal([&] { rowsOf(*m_database, u"SELECT Sum(Menge) AS S FROM J"_s); }), "6 Überlauf" + inFile);
+    EXPECT_EQ(refusal([&] { rowsOf(*m_database, u"SELECT Sum(Menge) AS S FROM J"_s); }),
+              "6 Überlauf" + inFile);
     EXPECT_EQ(refusal([&] { m_database->Execute(u"INSERT INTO J (Menge) SELECT Menge FROM J"_s); }),
               "6 Überlauf. Feld: 'Menge'" + inFile);
-    EXPECT_EQ(refusal([&] { m_database->Execute(u"INSERT INTO J (Fertig) SELECT Fertig FROM J"_s); }), noTruth);
+    EXPECT_EQ(refusal([&] { m_database->Execute(u"INSERT INTO J (Fertig) SELECT Fertig FROM J"_s); }),
+              noTruth);
     rows->Edit();
     rows->Set(u"Menge", 4);
     rows->Set(u"Fertig", false);
@@ -112,7 +117,8 @@ TEST_F(Calls, KeepBookmarksToTheirRecordset)
     EXPECT_EQ(later->PositionOf(later->SameRow(mais)), 0);
     EXPECT_EQ(later->SameRow(hafer), jet::Bookmark());
     EXPECT_EQ(later->SameRow({}), jet::Bookmark());
-    EXPECT_EQ(open(source, Kind::Snapshot)->SameRow(rows->BookmarkAt(1)), jet::Bookmark()); // its rows have no key
+    EXPECT_EQ(open(source, Kind::Snapshot)->SameRow(rows->BookmarkAt(1)),
+              jet::Bookmark()); // its rows have no key
 }
 
 TEST_F(Calls, ShowNumbersTheGermanWay)
@@ -169,7 +175,8 @@ TEST_F(Calls, OrderTextsOneWay)
 TEST_F(Calls, MakeIndicesOfAnotherOrderAnew)
 {
     m_scratch
-        .create(u"Lager.2023"_s, {u"CREATE TABLE T (T Text(20) PRIMARY KEY)"_s, u"INSERT INTO T VALUES ('Straße')"_s})
+        .create(u"Lager.2023"_s,
+                {u"CREATE TABLE T (T Text(20) PRIMARY KEY)"_s, u"INSERT INTO T VALUES ('Straße')"_s})
         ->Close();
     jet::engine().release();
     QByteArray bytes = m_scratch.bytesOf(u"Lager.2023"_s);
@@ -193,7 +200,8 @@ TEST_F(Calls, HaveTheirStatementEachAndKeepIt)
         EXPECT_EQ(refused([&] { open(u"SELECT ID FROM J WHERE "_s + condition); }), 3075);
     const auto rows = open(u"SELECT ID FROM J"_s);
     for (int i = 0; i < 130; ++i) { // more than are kept, each twice
-        const QString sql = u"SELECT ID + "_s + QString::number(i % 10) + u" AS N%1 FROM J WHERE ID = 1"_s.arg(i);
+        const QString sql =
+            u"SELECT ID + "_s + QString::number(i % 10) + u" AS N%1 FROM J WHERE ID = 1"_s.arg(i);
         for (int twice = 0; twice < 2; ++twice)
             EXPECT_EQ(rowsOf(*m_database, sql), std::to_string(1 + i % 10));
         rows->FindFirst(u"ID = ID + %1 - %1"_s.arg(i % 10) + u" - 0"_s.repeated(i % 60));

@@ -33,7 +33,8 @@ Fremdprogramm::Fremdprogramm(const QString& datei, Sperre sperre) : m_geduld(jet
     jet::engine().setLockTimeout(50); // ms
 }
 
-Fremdprogramm::Fremdprogramm(const QString& datei, const char* anweisung) : m_geduld(jet::engine().LockTimeout())
+Fremdprogramm::Fremdprogramm(const QString& datei, const char* anweisung)
+    : m_geduld(jet::engine().LockTimeout())
 {
     starte([&](int bescheid) {
         const auto verbindung = jet::engine().OpenDatabase(datei, u";pwd=quenlor"_s);

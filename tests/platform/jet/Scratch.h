@@ -35,7 +35,8 @@ private:
 //   12  -0.25  5.5e-17        a number, with a decimal point and at most 15 digits; a truth value is -1 or 0
 //   05.03.2024                a date; 05.03.2024 13:45:00 when it has a time of day
 //   Weizen                    a text
-//   'Weizen  '  ''  '100'     a text that is empty, has blanks at an end or a line break in it, or would read as one
+//   'Weizen  '  ''  '100'     a text that is empty, has blanks at an end or a line break in it, or would read
+//   as one
 //                             of the above; a quote in it is not doubled, a line break is written \n
 //
 // A text never has " | " or "; " in it, which stand between the cells of a row and between rows.
@@ -49,7 +50,8 @@ QString writtenRow(const jet::Recordset& rows);
 /// All rows of a statement, joined by "; "; "-" without.
 std::string rowsOf(jet::Database& database, const QString& sql);
 
-/// Number and text of the refusal that a call ends with, "3021 Kein aktueller Datensatz."; empty when it went through.
+/// Number and text of the refusal that a call ends with, "3021 Kein aktueller Datensatz."; empty when it went
+/// through.
 std::string refusal(const std::function<void()>& call);
 /// The number alone; 0 when it went through.
 int refused(const std::function<void()>& call);

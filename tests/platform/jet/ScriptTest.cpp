@@ -12,23 +12,25 @@
 #include <map>
 #include <stdexcept>
 
-// A test file of the engine is a row of blocks with blank lines between them; a line that begins with # before a block is
-// a remark, a line that begins with a blank continues the one before. The first line of a block says what it is, the
-// others are:
+// A test file of the engine is a row of blocks with blank lines between them; a line that begins with #
+// before a block is a remark, a line that begins with a blank continues the one before. The first line of a
+// block says what it is, the others are:
 //
 //   setup                    statements that must succeed
 //   rows TABLE  A | B        rows that are added to a table, with the values of these columns
-//   ask STATEMENT  title     "what stands for ... in the statement => answer"; without ... it is the statement's end.
-//                            Rows answer "1 | Weizen; 2 | Hafer" or "-" for none, an action the number of its rows
+//   ask STATEMENT  title     "what stands for ... in the statement => answer"; without ... it is the
+//   statement's end.
+//                            Rows answer "1 | Weizen; 2 | Hafer" or "-" for none, an action the number of its
+//                            rows
 //   types                    "statement => name and type of each column, ..."
-//   walk KINDS SOURCE title  "call; call => where the recordset then stands", see Walk; kinds have a / between them
-//   use FILE  LOCALE         none: what follows goes to this database file, which is opened anew or created
-//   open FILE                "connect text => refusal, if any"
-//   link CONNECT             "name = table of the other file => refusal, if any"
-//   include FILE             none: the blocks of another file
+//   walk KINDS SOURCE title  "call; call => where the recordset then stands", see Walk; kinds have a /
+//   between them use FILE  LOCALE         none: what follows goes to this database file, which is opened anew
+//   or created open FILE                "connect text => refusal, if any" link CONNECT             "name =
+//   table of the other file => refusal, if any" include FILE             none: the blocks of another file
 //
-// Values are written as Scratch.h says; "{3*N%,}" is a text that repeats, "N0,N1,N2,", and %% there % + 1; %DIR% is the folder of the database files. "!3061 'Preis'" answers a refusal of
-// that number whose text holds the rest.
+// Values are written as Scratch.h says; "{3*N%,}" is a text that repeats, "N0,N1,N2,", and %% there % + 1;
+// %DIR% is the folder of the database files. "!3061 'Preis'" answers a refusal of that number whose text
+// holds the rest.
 
 using namespace Qt::StringLiterals;
 
@@ -48,11 +50,12 @@ class Walk {
 public:
     Walk(jet::Database& database, const QString& kind, const QString& source) : m_database(database)
     {
-        m_rows = database.OpenRecordset(source, kind == u"Snapshot" ? jet::Kind::Snapshot : jet::Kind::Dynaset);
+        m_rows =
+            database.OpenRecordset(source, kind == u"Snapshot" ? jet::Kind::Snapshot : jet::Kind::Dynaset);
     }
 
-    /// Does calls that stand with "; " between them. \returns the answer of the last one or, where it has none, the row
-    /// that is current then, "Bof", "Eof" or both.
+    /// Does calls that stand with "; " between them. \returns the answer of the last one or, where it has
+    /// none, the row that is current then, "Bof", "Eof" or both.
     QString run(const QString& calls)
     {
         QString answer;
@@ -124,7 +127,8 @@ QString repeated(QString text)
     for (auto match = form.match(text); match.hasMatch(); match = form.match(text)) {
         QString all;
         for (int i = 0; i < match.captured(1).toInt(); ++i)
-            all += match.captured(2).replace(u"%%"_s, QString::number(i + 1)).replace(u'%', QString::number(i));
+            all +=
+                match.captured(2).replace(u"%%"_s, QString::number(i + 1)).replace(u'%', QString::number(i));
         text.replace(match.capturedStart(), match.capturedLength(), all);
     }
     return text;
@@ -148,7 +152,8 @@ public:
             if (lines.isEmpty()) continue;
             const QString head = lines.takeFirst();
             const QString left = head.section(u"  "_s, 0, 0);
-            perform(left.section(u' ', 0, 0), left.section(u' ', 1), head.section(u"  "_s, 1).trimmed(), lines);
+            perform(left.section(u' ', 0, 0), left.section(u' ', 1), head.section(u"  "_s, 1).trimmed(),
+                    lines);
         }
     }
 
@@ -169,7 +174,9 @@ private:
             m_engine.release();
         } else if (word == u"setup" || word == u"rows") {
             database().BeginTrans(); // one commit: a disk is slow
-            ask([&](const QString& line) { return word == u"setup" ? execute(line) : addRow(argument, title, line); });
+            ask([&](const QString& line) {
+                return word == u"setup" ? execute(line) : addRow(argument, title, line);
+            });
             database().CommitTrans();
         } else if (word == u"ask") {
             const QString sql = argument.contains(u"...") ? argument : argument + u" ..."_s;
@@ -177,7 +184,9 @@ private:
         } else if (word == u"types") {
             ask([&](const QString& line) { return types(line); });
         } else if (word == u"open") {
-            ask([&](const QString& line) { return m_engine.OpenDatabase(m_scratch.path(argument), line), QString(); });
+            ask([&](const QString& line) {
+                return m_engine.OpenDatabase(m_scratch.path(argument), line), QString();
+            });
         } else if (word == u"link") {
             ask([&](const QString& line) {
                 database().CreateTableDef(line.section(u" = "_s, 0, 0), argument, line.section(u" = "_s, 1));
@@ -204,7 +213,8 @@ private:
 
     QString execute(const QString& sql)
     {
-        if (sql.startsWith(u"SELECT"_s, Qt::CaseInsensitive) && !sql.contains(u" INTO "_s, Qt::CaseInsensitive))
+        if (sql.startsWith(u"SELECT"_s, Qt::CaseInsensitive) &&
+            !sql.contains(u" INTO "_s, Qt::CaseInsensitive))
             return QString::fromStdString(rowsOf(database(), sql));
         return QString::number(database().Execute(sql));
     }
@@ -221,7 +231,8 @@ private:
 
     QString types(const QString& sql)
     {
-        static const char* const names[] = {"Null", "Boolean", "Long", "Counter", "Double", "Date", "Text", "Memo"};
+        static const char* const names[] = {"Null",   "Boolean", "Long", "Counter",
+                                            "Double", "Date",    "Text", "Memo"};
         QStringList columns;
         for (const jet::Field& field : database().OpenRecordset(sql)->Fields()) {
             columns += field.name + u' ' + QString::fromLatin1(names[static_cast<int>(field.type)]);
@@ -230,7 +241,8 @@ private:
         return columns.join(u", "_s);
     }
 
-    /// Compares the answer to a line with the one that stands behind its last " => "; without one it must not be refused.
+    /// Compares the answer to a line with the one that stands behind its last " => "; without one it must not
+    /// be refused.
     static void compare(const QString& line, const std::function<QString(const QString&)>& answer)
     {
         const qsizetype arrow = line.lastIndexOf(u" => "_s);
@@ -276,4 +288,5 @@ TEST_P(Script, ComesBackTheSameFromAnotherStore)
     ScriptRun(other).run(QString::fromStdString(GetParam()) + u".test"_s);
 }
 
-INSTANTIATE_TEST_SUITE_P(Jet, Script, testing::ValuesIn(scripts()), [](const auto& script) { return script.param; });
+INSTANTIATE_TEST_SUITE_P(Jet, Script, testing::ValuesIn(scripts()),
+                         [](const auto& script) { return script.param; });

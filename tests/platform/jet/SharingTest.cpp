@@ -20,9 +20,10 @@ class Sharing : public testing::Test {
 protected:
     Sharing()
     {
-        m_scratch.create(u"Lager.2024"_s, {u"CREATE TABLE J (ID Counter PRIMARY KEY, Artikel Text(10), Menge Double)"_s,
-                                           u"INSERT INTO J (Artikel, Menge) VALUES ('Weizen', 1)"_s,
-                                           u"INSERT INTO J (Artikel, Menge) VALUES ('Hafer', 2)"_s});
+        m_scratch.create(u"Lager.2024"_s,
+                         {u"CREATE TABLE J (ID Counter PRIMARY KEY, Artikel Text(10), Menge Double)"_s,
+                          u"INSERT INTO J (Artikel, Menge) VALUES ('Weizen', 1)"_s,
+                          u"INSERT INTO J (Artikel, Menge) VALUES ('Hafer', 2)"_s});
         jet::engine().release();
         jet::engine().setLockTimeout(50);
     }
@@ -137,9 +138,10 @@ TEST_F(Sharing, WhatAKilledProgramLeavesGoesWithItsFile)
                   database->Execute(u"ALTER TABLE J ADD COLUMN Notiz Memo"_s);
                   database->Execute(u"UPDATE J SET Notiz = '"_s + QString(700'000, u'x') + u"'"_s);
                   database->BeginTrans();
-                  for (int i = 0; i < 40; ++i) // more than is kept in memory, so that the file itself has changed
-                      database->Execute(u"INSERT INTO J (Artikel, Notiz) VALUES ('halb', '"_s + QString(700'000, u'y') +
-                                        u"')"_s);
+                  for (int i = 0; i < 40;
+                       ++i) // more than is kept in memory, so that the file itself has changed
+                      database->Execute(u"INSERT INTO J (Artikel, Notiz) VALUES ('halb', '"_s +
+                                        QString(700'000, u'y') + u"')"_s);
                   database->Execute(u"UPDATE J SET Menge = 99"_s);
                   _exit(7);
                   return 0;

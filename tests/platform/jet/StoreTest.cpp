@@ -15,7 +15,7 @@ const char* const Before = "J(1 | a; 2 | b) Version 0 K()";
 struct Work {
     const char* name;
     std::function<void(jet::Database&)> work;
-    const char* after;         ///< What the file then holds, see held(); a refused call leaves what there was.
+    const char* after; ///< What the file then holds, see held(); a refused call leaves what there was.
     const char* half = Before; ///< What an error that leaves a transaction keeps of it.
 };
 
@@ -45,9 +45,12 @@ const Work Works[] = {
      "J(1 | a) Version 0 K()"},
     {"definition", [](auto& file) { execute(file, u"ALTER TABLE J ADD COLUMN N Long"_s); },
      "J(1 | a | NULL; 2 | b | NULL) Version 0 K()"},
-    {"into", [](auto& file) { execute(file, u"SELECT T INTO K FROM J"_s); }, "J(1 | a; 2 | b) Version 0 K(a; b)"},
+    {"into", [](auto& file) { execute(file, u"SELECT T INTO K FROM J"_s); },
+     "J(1 | a; 2 | b) Version 0 K(a; b)"},
     {"elsewhere",
-     [](auto& file) { execute(file, u"SELECT T & 'x' AS U INTO Da IN '%1' FROM J"_s.arg(file.Name() + u'2')); },
+     [](auto& file) {
+         execute(file, u"SELECT T & 'x' AS U INTO Da IN '%1' FROM J"_s.arg(file.Name() + u'2'));
+     },
      "J(1 | a; 2 | b) Version 0 K(ax; bx)"},
     {"version", [](auto& file) { file.setSchemaVersion(7); }, "J(1 | a; 2 | b) Version 7 K()"},
     {"transaction",
@@ -70,8 +73,8 @@ std::string held(const QString& path)
     for (jet::Database* const database : {file.get(), second.get()})
         for (const jet::TableDef& table : database->TableDefs())
             if (table.name != u"J") made += rowsOf(*database, u"SELECT * FROM "_s + table.name);
-    return "J(" + rowsOf(*file, u"SELECT * FROM J"_s) + ") Version " + std::to_string(file->SchemaVersion()) + " K(" +
-           made + ')';
+    return "J(" + rowsOf(*file, u"SELECT * FROM J"_s) + ") Version " + std::to_string(file->SchemaVersion()) +
+           " K(" + made + ')';
 }
 
 /// Does the work with the n-th call of the store failing. \returns whether there was such a call.
@@ -91,7 +94,8 @@ bool failsAt(int call, const Work& work)
     const bool failed = WrappedStore::hasFailed();
     WrappedStore::failAt(0);
     const std::string left = held(path);
-    // What fails when all is done, such as looking whether others have changed the tables, takes nothing back.
+    // What fails when all is done, such as looking whether others have changed the tables, takes nothing
+    // back.
     EXPECT_TRUE(left == work.after || (isRefused && (left == Before || left == work.half))) << left;
     if (left != work.after) work.work(*file); // and can be tried again at once
     EXPECT_EQ(held(path), work.after);

@@ -57,7 +57,8 @@ protected:
     /// The page, its size, and where the green field begins and how wide it is in tenths of the view.
     QString onView() const
     {
-        const QImage view = window->findChild<QAbstractScrollArea*>(u"Seiten"_s)->viewport()->grab().toImage();
+        const QImage view =
+            window->findChild<QAbstractScrollArea*>(u"Seiten"_s)->viewport()->grab().toImage();
         const QRect green = painted(view, qRgb(0, 255, 0));
         return u"%1 %2 %3+%4"_s.arg(shown(u"Seite"_s, "value"), shown(u"Groesse"_s, "currentText"))
             .arg(10 * green.x() / view.width())
@@ -86,8 +87,8 @@ TEST_F(Output, IsAPdfThatAnotherProgramReads)
     EXPECT_TRUE(report::print(report::setPages(form, goOn).value(), printer, goOn));
     EXPECT_EQ(readPdf(printer.outputFileName()),
               (std::vector<QStringList>{QStringList(u"Seite 2"_s), QStringList(u"Seite 3"_s)}));
-    QProcess::execute(u"pdftoppm"_s, {u"-r"_s, u"254"_s, u"-singlefile"_s, u"-png"_s, printer.outputFileName(),
-                                      path(u"seite"_s)}); // ten pixels a millimetre
+    QProcess::execute(u"pdftoppm"_s, {u"-r"_s, u"254"_s, u"-singlefile"_s, u"-png"_s,
+                                      printer.outputFileName(), path(u"seite"_s)}); // ten pixels a millimetre
     const QImage image(path(u"seite.png"_s));
     EXPECT_EQ(painted(image, qRgb(0xC0, 0xC0, 0xC0)), QRect(100, 100, 600, 300));
     EXPECT_TRUE(QRect(200, 210, 20, 20).contains(painted(image, qRgb(0xFF, 0, 0)).topLeft()));
@@ -99,9 +100,12 @@ TEST_F(Output, LeavesNothingHalfWritten)
     const report::Document document = report::setPages(form, goOn).value();
     write(u"alt.pdf"_s, "former");
     const QString before = names();
-    const auto to = [&](const QString& name) { return [&, name] { report::writePdf(document, path(name), goOn); }; };
+    const auto to = [&](const QString& name) {
+        return [&, name] { report::writePdf(document, path(name), goOn); };
+    };
     for (const auto& name : {u"alt.pdf"_s, u"neu.pdf"_s})
-        EXPECT_FALSE(report::writePdf(document, path(name), [](qsizetype done, qsizetype) { return done < 2; }));
+        EXPECT_FALSE(
+            report::writePdf(document, path(name), [](qsizetype done, qsizetype) { return done < 2; }));
     EXPECT_EQ(refusal(to(u"weg/neu.pdf"_s)), u"76 Pfad nicht gefunden: %/weg/neu.pdf"_s);
     EXPECT_EQ(refusal(to({})), u"75 Fehler beim Zugriff auf Pfad/Datei: %"_s);
     EXPECT_TRUE(refusesFullDisk(6000, u"61 Datenträger voll: %/alt.pdf"_s, to(u"alt.pdf"_s)));
@@ -127,8 +131,8 @@ TEST_F(Output, OfTheControlFollowsItsProperties)
     control.setFormulas(100, u"A = 'a'"_s);
     control.setSortFields(0, u"+{J.Nr}"_s);
     report::ReportZurucksetzen(control);
-    EXPECT_EQ(control.ReportFileName() + control.SelectionFormula() + control.PrinterName() + control.Formulas(100) +
-                  control.DataFiles(0) + control.SortFields(0),
+    EXPECT_EQ(control.ReportFileName() + control.SelectionFormula() + control.PrinterName() +
+                  control.Formulas(100) + control.DataFiles(0) + control.SortFields(0),
               QString());
     if (!QPrinterInfo::availablePrinterNames().isEmpty()) return;
     control.setReportFileName(form.reportFile);

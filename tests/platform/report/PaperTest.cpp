@@ -1,15 +1,17 @@
-// What forms make of rows. A file in papers/ holds blocks with a blank line between; form and rows stay for those below.
-// A line that is indented by four belongs to the one above.
+// What forms make of rows. A file in papers/ holds blocks with a blank line between; form and rows stay for
+// those below. A line that is indented by four belongs to the one above.
 //
 //     + 14 'Weizen', 'H1', 4.5    fourteen rows of the table J, in place of those before; Nr counts from 1
 //     ! UPDATE J SET T = 'a\nb'    a statement on the data file; \r and \n are line breaks
 //     form Lagerbestand.rpt       a form that comes with the program; it must keep to the schema
 //     formula Kopf = 'a'          also "sort", "select" and "file 1": what the program sets, for this block
-//     <data table="J"/> ...       the form; of one that begins with <detail>, or what stands in one, J is the table
-//     = Kopf a | 14 x Weizen      the paper's lines: what stands on one base line, page after page with "---" between, or
+//     <data table="J"/> ...       the form; of one that begins with <detail>, or what stands in one, J is the
+//     table = Kopf a | 14 x Weizen      the paper's lines: what stands on one base line, page after page with
+//     "---" between, or
 //                                 a refusal, of which "..." leaves out the end
-//     @ 10,10 60x9 | 10,14 A 10b  what is drawn, with its place in millimetres; of texts size, b and i; colours but black
-//     select 1 => Die Auswahl     a block of its own: a line, and the refusal that it leads to
+//     @ 10,10 60x9 | 10,14 A 10b  what is drawn, with its place in millimetres; of texts size, b and i;
+//     colours but black select 1 => Die Auswahl     a block of its own: a line, and the refusal that it leads
+//     to
 
 #include "platform/jet/Errors.h"
 #include "platform/system/Clock.h"
@@ -41,8 +43,12 @@ QStringList textsOf(const report::Document& document, const report::Page& page)
 QStringList placesOf(const report::Document& document, const report::Page& page)
 {
     QStringList places;
-    const auto mm = [](double dots) { return QString::number(std::round(dots / report::DotsPerMm * 10) / 10); };
-    const auto colour = [](QRgb color) { return color == 0xFF000000 ? QString() : u' ' + QColor(color).name(); };
+    const auto mm = [](double dots) {
+        return QString::number(std::round(dots / report::DotsPerMm * 10) / 10);
+    };
+    const auto colour = [](QRgb color) {
+        return color == 0xFF000000 ? QString() : u' ' + QColor(color).name();
+    };
     for (const auto& [rect, color] : page.fills)
         places.append(u"%1,%2 %3x%4"_s.arg(mm(rect.x()), mm(rect.y()), mm(rect.width()), mm(rect.height())) +
                       colour(color));
@@ -116,7 +122,8 @@ protected:
             else if (word != u"#")
                 form += line + u'\n';
         }
-        if (form.startsWith(u"<text") || form.startsWith(u"<line")) form = u"<detail>"_s + form + u"</detail>"_s;
+        if (form.startsWith(u"<text") || form.startsWith(u"<line"))
+            form = u"<detail>"_s + form + u"</detail>"_s;
         if (form.startsWith(u"<detail")) form = uR"(<data table="J"/>)"_s + form;
         if (!form.isEmpty()) last = Desk::job(form.toUtf8());
         job.reportFile = last.reportFile;
@@ -134,8 +141,8 @@ protected:
     {
         if (rows == 0) execute(u"DELETE FROM J"_s);
         for (int left = values.section(u' ', 0, 0).toInt(); left > 0; --left)
-            execute(
-                u"INSERT INTO J (Nr, Artikel, Ort, Menge) VALUES (%1, %2)"_s.arg(++rows).arg(values.section(u' ', 1)));
+            execute(u"INSERT INTO J (Nr, Artikel, Ort, Menge) VALUES (%1, %2)"_s.arg(++rows).arg(
+                values.section(u' ', 1)));
     }
 
     void ship(const QString& file) ///< The first form in the file.
@@ -145,9 +152,9 @@ protected:
         const qsizetype begin = text.indexOf(u"<?xml");
         last = Desk::job(text.mid(begin, text.indexOf(end) + end.size() - begin).toUtf8());
         if (QStandardPaths::findExecutable(u"xmllint"_s).isEmpty()) return; // package libxml2-utils
-        EXPECT_EQ(
-            QProcess::execute(u"xmllint"_s, {u"--noout"_s, u"--schema"_s, forms + u"report.xsd"_s, last.reportFile}),
-            0);
+        EXPECT_EQ(QProcess::execute(u"xmllint"_s,
+                                    {u"--noout"_s, u"--schema"_s, forms + u"report.xsd"_s, last.reportFile}),
+                  0);
     }
 
     report::Job last;
@@ -166,5 +173,6 @@ TEST_P(Papers, SayWhatTheyShould)
 }
 
 INSTANTIATE_TEST_SUITE_P(Report, Papers,
-                         testing::Values("texts", "rows", "formulas", "pages", "places", "shipped", "refusals"),
+                         testing::Values("texts", "rows", "formulas", "pages", "places", "shipped",
+                                         "refusals"),
                          [](const auto& file) { return file.param; });

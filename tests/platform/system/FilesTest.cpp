@@ -10,16 +10,16 @@ namespace {
 
 class Files : public testing::Test, protected Folder {};
 
-const QString Access = u"75 Fehler beim Zugriff auf Pfad/Datei: %/"_s, NoPath = u"76 Pfad nicht gefunden: %/"_s,
-              NoFile = u"53 Datei nicht gefunden: %/"_s, Denied = u"70 Zugriff verweigert: %/"_s,
-              Full = u"61 Datenträger voll: %/"_s;
+const QString Access = u"75 Fehler beim Zugriff auf Pfad/Datei: %/"_s,
+              NoPath = u"76 Pfad nicht gefunden: %/"_s, NoFile = u"53 Datei nicht gefunden: %/"_s,
+              Denied = u"70 Zugriff verweigert: %/"_s, Full = u"61 Datenträger voll: %/"_s;
 
 } // namespace
 
 TEST_F(Files, AreFoundWhateverTheirCase)
 {
-    for (const auto& name : {u"Lager.vorlage"_s, u"Daten/B4711/lager.2024"_s, u"Größe/Äcker/.versteckt"_s, u"BEIDE/x"_s,
-                             u"beide/y"_s, u"ab"_s, u"aB"_s})
+    for (const auto& name : {u"Lager.vorlage"_s, u"Daten/B4711/lager.2024"_s, u"Größe/Äcker/.versteckt"_s,
+                             u"BEIDE/x"_s, u"beide/y"_s, u"ab"_s, u"aB"_s})
         write(name, {});
     const std::tuple<const char*, const char*, bool> cases[] = {
         {"\\DATEN\\b4711\\LAGER.2024", "/Daten/B4711/lager.2024", true},
@@ -46,9 +46,11 @@ TEST_F(Files, AreFoundWhateverTheirCase)
     EXPECT_EQ(sys::Dir(u"LAGER.???????"_s), QStringList(u"Lager.vorlage"_s));
     QDir::setCurrent(before);
 
-    for (const auto& [set, found] : {std::pair("C:\\Windows"_ba, "C:\\Windows"_ba), {QByteArray(145, 'w'), ""_ba}}) {
+    for (const auto& [set, found] :
+         {std::pair("C:\\Windows"_ba, "C:\\Windows"_ba), {QByteArray(145, 'w'), ""_ba}}) {
         qputenv("windir", set);
-        EXPECT_EQ(sys::WindowsVerzeichnis(), QString::fromLatin1(found)); // programs of the family keep 144 letters
+        EXPECT_EQ(sys::WindowsVerzeichnis(),
+                  QString::fromLatin1(found)); // programs of the family keep 144 letters
     }
 }
 
@@ -63,13 +65,15 @@ TEST_F(Files, DirFollowsTheClassicWildcardRule)
         {"???????.2024", "Lager.2024"},
         {"Lager?2024", ""}, // a question mark stands for no dot
         {"lager.*b", "Lager.a.b Lager.ldb"},
-        {"*.*", "a[1] Lager Lager.1 lager.2023 Lager.2024 Lager.20245 Lager.a.b Lager.ldb Lager2024 ÄCKER.txt"},
+        {"*.*",
+         "a[1] Lager Lager.1 lager.2023 Lager.2024 Lager.20245 Lager.a.b Lager.ldb Lager2024 ÄCKER.txt"},
         {"äcker.*", "ÄCKER.txt"},
         {"a[?]", "a[1]"},
         {"", ""},
     };
     for (const auto& [pattern, found] : cases)
-        EXPECT_EQ(sys::Dir(path() + u"\\HOF\\"_s + QString::fromUtf8(pattern)).join(u' '), QString::fromUtf8(found));
+        EXPECT_EQ(sys::Dir(path() + u"\\HOF\\"_s + QString::fromUtf8(pattern)).join(u' '),
+                  QString::fromUtf8(found));
     EXPECT_EQ(sys::Dir(path() + u"\\B1\\Lager.????"_s), QStringList());
 }
 
@@ -99,7 +103,8 @@ TEST_F(Files, ACopyIsWholeOrNotThere)
     for (const int size : {5'000, 5'000'000}) {
         write(u"voll"_s, QByteArray(size, 'g'));
         const QString full = path(u"voll"_s), old = path(u"Lager.2026"_s), fresh = path(u"neu"_s);
-        EXPECT_TRUE(refusesFullDisk(4096, Full + u"Lager.2026"_s, [&] { sys::FileCopy(full, old); })); // not its draft
+        EXPECT_TRUE(refusesFullDisk(4096, Full + u"Lager.2026"_s,
+                                    [&] { sys::FileCopy(full, old); })); // not its draft
         EXPECT_TRUE(refusesFullDisk(4096, Full + u"neu"_s, [&] { sys::CopyWhereMissing(full, fresh); }));
     }
     EXPECT_EQ(read(u"Lager.2026"_s), "gebucht");

@@ -24,7 +24,8 @@ public:
     void write(const QString& name, const QByteArray& bytes) const
     {
         QFile file(path(name));
-        EXPECT_TRUE(QDir().mkpath(QFileInfo(file).path()) && file.open(QIODevice::WriteOnly)) << name.toStdString();
+        EXPECT_TRUE(QDir().mkpath(QFileInfo(file).path()) && file.open(QIODevice::WriteOnly))
+            << name.toStdString();
         file.write(bytes);
     }
 
@@ -36,7 +37,8 @@ public:
 
     QString names() const ///< All in the directory, hidden ones too.
     {
-        const QStringList all = QDir(path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+        const QStringList all =
+            QDir(path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
         return all.join(u' ');
     }
 

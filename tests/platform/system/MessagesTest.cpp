@@ -33,7 +33,8 @@ TEST(Messages, OfAnErrorRepeatLeaveOrGoOnAsTheUserSays)
     struct User final : Messages {
         Answer show(const QString& text, int flags) override
         {
-            const auto error = answers.size() > 1 ? u"53%1Sie fehlt."_s : u"51%1Interner Fehler: std::bad_alloc"_s;
+            const auto error =
+                answers.size() > 1 ? u"53%1Sie fehlt."_s : u"51%1Interner Fehler: std::bad_alloc"_s;
             EXPECT_EQ(text, u"Es ist ein kritischer Zustand aufgetreten.\r\rFehler: "_s +
                                 error.arg(u" wurde ausgelöst durch ZABLAGER\r"_s));
             EXPECT_EQ(flags, AbortRetryIgnore | Critical | DefaultButton3);

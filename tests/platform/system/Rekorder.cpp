@@ -12,7 +12,8 @@ Rekorder::Rekorder(const QString& programm) : m_pfad(qgetenv("PATH"))
     QFile datei(m_ordner.filePath(programm));
     EXPECT_TRUE(datei.open(QIODevice::WriteOnly));
     // The record takes its name when it is complete.
-    datei.write("#!/bin/bash\nprintf '%s\\n' \"$@\" > \"${0%/*}/halb\"\n/bin/mv \"${0%/*}/halb\" \"${0%/*}/aufruf\"\n");
+    datei.write("#!/bin/bash\nprintf '%s\\n' \"$@\" > \"${0%/*}/halb\"\n/bin/mv \"${0%/*}/halb\" "
+                "\"${0%/*}/aufruf\"\n");
     datei.setPermissions(datei.permissions() | QFile::ExeOwner);
     qputenv("PATH", QFile::encodeName(m_ordner.path()));
 }

@@ -31,10 +31,11 @@ protected:
 
 TEST_F(Settings, ReadWhatAPersonWroteAtEveryCall)
 {
-    const QByteArray text = "\xEF\xBB\xBF[Gemeinsame]\r\n; Pfade=1\r\n#2=auch ein Kommentar\r\n\r\n"
-                            "Verzeichnisname=D:\\Höfe\\B;1,\"2\"=x \r\n  Abstand = zwei Leerzeichen\r\nleer=\r\n"
-                            "kein Wert\r\nleer=zweiter\r\n[DATENVERZEICHNIS]\r\nverzeichnisname=/srv\\daten\r\n"
-                            "[ gemeinsame ]\r\nspät=ohne Zeilenende";
+    const QByteArray text =
+        "\xEF\xBB\xBF[Gemeinsame]\r\n; Pfade=1\r\n#2=auch ein Kommentar\r\n\r\n"
+        "Verzeichnisname=D:\\Höfe\\B;1,\"2\"=x \r\n  Abstand = zwei Leerzeichen\r\nleer=\r\n"
+        "kein Wert\r\nleer=zweiter\r\n[DATENVERZEICHNIS]\r\nverzeichnisname=/srv\\daten\r\n"
+        "[ gemeinsame ]\r\nspät=ohne Zeilenende";
     write(Ini, text);
     const char* const cases[][3] = {
         {"gemeinsame", "VERZEICHNISNAME", "D:\\Höfe\\B;1,\"2\"=x "},
@@ -49,7 +50,8 @@ TEST_F(Settings, ReadWhatAPersonWroteAtEveryCall)
     for (const auto& [section, key, value] : cases)
         EXPECT_EQ(get(section, key), QString::fromUtf8(value)) << key;
 
-    write(Ini, QByteArray(text).replace("zwei", "drei")); // by another program, in place, within the same second
+    write(Ini,
+          QByteArray(text).replace("zwei", "drei")); // by another program, in place, within the same second
     EXPECT_EQ(get("Gemeinsame", "Abstand"), u" drei Leerzeichen"_s);
     write(u"anderes/"_s + Ini, "[A]\nb=1\n");
     EXPECT_TRUE(QFile::rename(path(u"anderes/"_s + Ini), path(u"neu.ini"_s)) && QFile::remove(path(Ini)) &&
@@ -61,7 +63,8 @@ TEST_F(Settings, ReadWhatAPersonWroteAtEveryCall)
 
 TEST_F(Settings, SavedOnesComeBackLiterallyAndLeaveTheRestAlone)
 {
-    for (const auto& value : {u""_s, u" Blank, Komma; Strich\\ \"Anführung\" %1 [x] #ä=ö "_s, u"\ttab\t"_s, u"𝄞"_s}) {
+    for (const auto& value :
+         {u""_s, u" Blank, Komma; Strich\\ \"Anführung\" %1 [x] #ä=ö "_s, u"\ttab\t"_s, u"𝄞"_s}) {
         sys::SaveSetting(u"Lager Ä"_s, u"Schlüssel"_s, value);
         EXPECT_EQ(sys::GetSetting(u"lager ä"_s, u"SCHLÜSSEL"_s, u"x"_s), value);
     }
@@ -70,9 +73,10 @@ TEST_F(Settings, SavedOnesComeBackLiterallyAndLeaveTheRestAlone)
     sys::SaveSetting(u"A"_s, u"zweiter"_s, u"2"_s);
     sys::SaveSetting(u"c"_s, u"e"_s, u"5"_s);
     sys::SaveSetting(u"F"_s, u"g"_s, u"6"_s);
-    EXPECT_EQ(read(Ini),
-              "; Kopf\r\n[A]\r\nB=eins zwei drei vier\r\nroh=\xFF\r\nzweiter=2\r\n\r\n; zu C\r\n[C]\r\nd=4\r\n"
-              "e=5\r\n\r\n[F]\r\ng=6\r\n");
+    EXPECT_EQ(
+        read(Ini),
+        "; Kopf\r\n[A]\r\nB=eins zwei drei vier\r\nroh=\xFF\r\nzweiter=2\r\n\r\n; zu C\r\n[C]\r\nd=4\r\n"
+        "e=5\r\n\r\n[F]\r\ng=6\r\n");
 
     const auto lock = [&] { return (new QLockFile(path(Ini + u".lock"_s)))->tryLock(0) ? 0 : 1; };
     EXPECT_EQ(exitCode(startChild(lock)), 0); // one that dies while saving, with the lock in hand
@@ -93,7 +97,8 @@ TEST_F(Settings, ThatCannotBeReadOrWrittenAreRefusedAndStandAsTheyWere)
     write(u"voll/"_s + Ini, "[A]\nb=1\n");
     goTo(u"voll"_s);
     EXPECT_TRUE(refusesFullDisk(0, u"61 Datenträger voll: %/voll/"_s + Ini, &save));
-    EXPECT_EQ(QDir(path(u"voll"_s)).entryList(QDir::Files | QDir::Hidden), QStringList(Ini)) << "neither lock nor half";
+    EXPECT_EQ(QDir(path(u"voll"_s)).entryList(QDir::Files | QDir::Hidden), QStringList(Ini))
+        << "neither lock nor half";
 
     QDir().mkpath(path(u"ordner/"_s + Ini));
     QDir().mkpath(path(u"rohre"_s));

@@ -29,9 +29,12 @@ TEST(AmpelLED, ZeigtGenauDieLampeDesZustands)
         int geschrieben, gelesen;
         QStringView lampe, bedeutung;
     } faelle[] = {
-        {1, 1, u"Ampelgruen", u"grün: Bestand ausreichend"},   {0, 0, u"Ampelgrau", u"grau: Bestand nicht bekannt"},
-        {2, 2, u"Ampelgelb", u"gelb: Bestand knapp"},          {3, 3, u"Ampelrot", u"rot: Bestand negativ"},
-        {-2, 0, u"Ampelgrau", u"grau: Bestand nicht bekannt"}, {65536, 3, u"Ampelrot", u"rot: Bestand negativ"},
+        {1, 1, u"Ampelgruen", u"grün: Bestand ausreichend"},
+        {0, 0, u"Ampelgrau", u"grau: Bestand nicht bekannt"},
+        {2, 2, u"Ampelgelb", u"gelb: Bestand knapp"},
+        {3, 3, u"Ampelrot", u"rot: Bestand negativ"},
+        {-2, 0, u"Ampelgrau", u"grau: Bestand nicht bekannt"},
+        {65536, 3, u"Ampelrot", u"rot: Bestand negativ"},
     };
     AmpelLED ampel;
     const QAccessibleInterface* const vorgelesen = QAccessible::queryAccessibleInterface(&ampel);
@@ -60,14 +63,16 @@ TEST(AmpelLED, StapeltBeimLesenUndBeimSchreibenAberNichtBeimLaden)
                      [&] { // told before the lamp changes; a host may set another state
                          PropertyBag ablage;
                          ampel.WriteProperties(ablage);
-                         gemeldet.append(zuSehen(ampel) + u" stored %1"_s.arg(ablage.ReadProperty(u"Ampel"_s, 0)));
+                         gemeldet.append(zuSehen(ampel) +
+                                         u" stored %1"_s.arg(ablage.ReadProperty(u"Ampel"_s, 0)));
                          if (gemeldet.size() == 1) ampel.setAmpel(1);
                      });
     ampel.setAmpel(7);
     EXPECT_EQ(zuSehen(ampel), u"Ampelgruen"_s);
     ampel.setAmpel(3);
     EXPECT_EQ(zuSehen(ampel), u"Ampelrot"_s);
-    EXPECT_EQ(gemeldet, QStringList({u"Ampelgrau stored 7"_s, u"Ampelgrau stored 1"_s, u"Ampelgruen stored 3"_s}));
+    EXPECT_EQ(gemeldet,
+              QStringList({u"Ampelgrau stored 7"_s, u"Ampelgrau stored 1"_s, u"Ampelgruen stored 3"_s}));
 }
 
 TEST(AmpelLED, BehaltWasVomUblichenAbweicht)
@@ -81,9 +86,18 @@ TEST(AmpelLED, BehaltWasVomUblichenAbweicht)
         QColor grund;
     } faelle[] = {
         {{}, u"Ampelgrau"_s, {}, QColor(4, 5, 6)},
-        {{{zustand, 99}, {farbe, -2147483633}}, u"Ampelrot"_s, {{zustand, 3}, {farbe, 0x8000000F}}, QColor(1, 2, 3)},
-        {{{zustand, 1}, {farbe, 0x123456}}, u"Ampelgruen"_s, {{zustand, 1}, {farbe, 0x123456}}, QColor(86, 52, 18)},
-        {{{farbe, 0x800000FF}}, u"Ampelgrau"_s, {{farbe, 0x800000FF}}, QColor(1, 2, 3)}, // no colour of the system
+        {{{zustand, 99}, {farbe, -2147483633}},
+         u"Ampelrot"_s,
+         {{zustand, 3}, {farbe, 0x8000000F}},
+         QColor(1, 2, 3)},
+        {{{zustand, 1}, {farbe, 0x123456}},
+         u"Ampelgruen"_s,
+         {{zustand, 1}, {farbe, 0x123456}},
+         QColor(86, 52, 18)},
+        {{{farbe, 0x800000FF}},
+         u"Ampelgrau"_s,
+         {{farbe, 0x800000FF}},
+         QColor(1, 2, 3)}, // no colour of the system
     };
     QPalette palette;
     palette.setColor(QPalette::Window, QColor(1, 2, 3));
@@ -108,7 +122,8 @@ TEST(AmpelLED, ZeichnetAusDemSymbolDerAuflosung)
 {
     AmpelLED ampel;
     ampel.resize(ampel.sizeHint());
-    const QImage symbol(ampel.devicePixelRatio() < 2 ? u":/ampel/Ampelgrau.ico"_s : u":/ampel/Ampelgrau32.ico"_s);
+    const QImage symbol(ampel.devicePixelRatio() < 2 ? u":/ampel/Ampelgrau.ico"_s
+                                                     : u":/ampel/Ampelgrau32.ico"_s);
     QImage erwartet(symbol.size(), QImage::Format_RGB32);
     erwartet.fill(ampel.palette().color(QPalette::Window));
     QPainter(&erwartet).drawImage(0, 0, symbol);

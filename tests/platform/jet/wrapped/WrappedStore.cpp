@@ -92,21 +92,42 @@ struct WrappedConnection : Connection {
     void setLockTimeout(int milliseconds) override { inner->setLockTimeout(milliseconds); }
 
     QStringList tables(int file) override { return tried(inner).tables(file); }
-    jet::bind::TablePtr table(const QString& name, int file) override { return tried(inner).table(name, file); }
-    bool hasIndex(const QString& table, const QString& index) override { return tried(inner).hasIndex(table, index); }
+    jet::bind::TablePtr table(const QString& name, int file) override
+    {
+        return tried(inner).table(name, file);
+    }
+    bool hasIndex(const QString& table, const QString& index) override
+    {
+        return tried(inner).hasIndex(table, index);
+    }
     bool isReserved(const QString& name) const override { return inner->isReserved(name); }
     std::vector<Note> notes(const QString& kind) override { return tried(inner).notes(kind); }
     void addNote(const Note& note) override { tried(inner).addNote(note); }
-    void removeNote(const QString& kind, const QString& name) override { tried(inner).removeNote(kind, name); }
-    void define(const jet::bind::BoundDefinition& what, int file) override { tried(inner).define(what, file); }
+    void removeNote(const QString& kind, const QString& name) override
+    {
+        tried(inner).removeNote(kind, name);
+    }
+    void define(const jet::bind::BoundDefinition& what, int file) override
+    {
+        tried(inner).define(what, file);
+    }
 
     std::unique_ptr<Query> query(const jet::bind::BoundSelect& select, int parameters) override
     {
         return std::make_unique<WrappedQuery>(inner->query(select, parameters));
     }
-    std::unique_ptr<Action> action(const jet::bind::BoundInsert& bound) override { return wrappedAction(bound); }
-    std::unique_ptr<Action> action(const jet::bind::BoundUpdate& bound) override { return wrappedAction(bound); }
-    std::unique_ptr<Action> action(const jet::bind::BoundDelete& bound) override { return wrappedAction(bound); }
+    std::unique_ptr<Action> action(const jet::bind::BoundInsert& bound) override
+    {
+        return wrappedAction(bound);
+    }
+    std::unique_ptr<Action> action(const jet::bind::BoundUpdate& bound) override
+    {
+        return wrappedAction(bound);
+    }
+    std::unique_ptr<Action> action(const jet::bind::BoundDelete& bound) override
+    {
+        return wrappedAction(bound);
+    }
     std::unique_ptr<Test> test(const jet::sql::Expression& criterion, int parameters) override
     {
         return inner->test(criterion, parameters);
@@ -120,7 +141,10 @@ struct WrappedConnection : Connection {
     {
         tried(inner).change(table, straight(key), cells);
     }
-    bool remove(const jet::bind::Table& table, Key key) override { return tried(inner).remove(table, straight(key)); }
+    bool remove(const jet::bind::Table& table, Key key) override
+    {
+        return tried(inner).remove(table, straight(key));
+    }
 
     void begin(Lock lock) override { tried(inner).begin(lock); }
     void commit() override { tried(inner).commit(); }
@@ -133,7 +157,10 @@ struct WrappedConnection : Connection {
 
     bool attach(Connection&, int) override { return false; }
     void detach(int file) override { inner->detach(file); }
-    jet::bind::TablePtr lend(const jet::bind::Table& like, int file) override { return tried(inner).lend(like, file); }
+    jet::bind::TablePtr lend(const jet::bind::Table& like, int file) override
+    {
+        return tried(inner).lend(like, file);
+    }
 
     qint64 writes() const override { return inner->writes(); }
     bool tablesChanged() override { return tried(inner).tablesChanged(); }

@@ -2,8 +2,9 @@
 
 #include "platform/jet/store/Store.h"
 
-/// A store unlike the engine's own, which does the work behind it: its keys are of another shape and stand in another
-/// order, it can take part in no other file, and any of its calls can be made to fail as a bad disk does.
+/// A store unlike the engine's own, which does the work behind it: its keys are of another shape and stand in
+/// another order, it can take part in no other file, and any of its calls can be made to fail as a bad disk
+/// does.
 class WrappedStore : public jet::store::Store {
 public:
     WrappedStore();
