@@ -22,11 +22,11 @@ bool fehlenNummern(jet::Database& journal)
 
 qint64 naechsteNummer(jet::Database& journal)
 {
-    const auto verkaeufe = journal.OpenRecordset(
-        u"SELECT * FROM LAGERJOURNAL WHERE BUCHUNGSART = 'Verkauf'"
-        u" AND LEN(TRIM(IIF(ISNULL(UBERSTALLT_ALT),'',UBERSTALLT_ALT))) > 0 ORDER BY LIEFERSCHEINNUMMER"
-        u" DESC"_s,
-        jet::Kind::Dynaset);
+    const auto verkaeufe =
+        journal.OpenRecordset(u"SELECT * FROM LAGERJOURNAL WHERE BUCHUNGSART = 'Verkauf'"
+                              u" AND LEN(TRIM(IIF(ISNULL(UBERSTALLT_ALT),'',UBERSTALLT_ALT))) > 0"
+                              u" ORDER BY LIEFERSCHEINNUMMER DESC"_s,
+                              jet::Kind::Dynaset);
     return verkaeufe->Eof() ? 1 : (*verkaeufe)[u"LIEFERSCHEINNUMMER"].toLong() + 1;
 }
 

@@ -17,11 +17,11 @@ FAULTS = [
      "        gehe(*m_ui.KurzEingabe);\n        m_ui.KurzEingabe->selectAll();\n",
      "        gehe(*m_ui.KurzEingabe);\n"),
     ('D05 functions: only a first argument of NULL gives NULL', 'jet', 'platform/jet/sqlite/Functions.cpp',
-     "if (arguments.anyNull()) return sqlite3_result_null(context);",
-     "if (sqlite3_value_type(values[0]) == SQLITE_NULL) return sqlite3_result_null(context);"),
-    ('D06 links: the path is kept in Latin-1 but read as UTF-8', 'jet', 'platform/jet/sqlite/Catalogue.cpp',
-     "link.connect.toUtf8()",
-     "link.connect.toLatin1()"),
+     "if (!computation.answersNull && arguments.anyNull()) return sqlite3_result_null(context);",
+     "if (!computation.answersNull && arguments.isNull(0)) return sqlite3_result_null(context);"),
+    ('D06 links: the path is kept in Latin-1 but read as UTF-8', 'jet', 'platform/jet/sqlite/File.cpp',
+     "run.bindText(place++, text.toUtf8());",
+     "run.bindText(place++, text.toLatin1());"),
     ('D07 literals: only doubled apostrophes are halved, doubled quotation marks are not', 'jet',
      'platform/jet/sql/Lexer.cpp',
      "text.replace(QString(2, delimiter), QString(delimiter));",
@@ -74,10 +74,10 @@ FAULTS = [
      'masks/ErfassungsmaskenModul.cpp',
      "artikel + u\"' AND ARTIKELART > ''\"_s,",
      "artikel + u\"'\"_s,"),
-    ('D23 password: kept in small letters but tried as it is written', 'jet', 'platform/jet/sqlite/Catalogue.cpp',
+    ('D23 password: kept in small letters but tried as it is written', 'jet', 'platform/jet/store/Catalogue.cpp',
      "salt, saltedHash(salt, password)});",
      "salt, saltedHash(salt, password.toLower())});"),
-    ("D24 change: the journal of another program's database is removed", 'jet', 'platform/jet/Pool.cpp',
+    ("D24 change: the journal of another program's database is removed", 'jet', 'platform/jet/sqlite/Files.cpp',
      "if (!sys::readStart(path, 15).startsWith(\"SQLite format 3\")) QFile::remove(journal);",
      "QFile::remove(journal);"),
     ('D25 settings: a folder that may not be written in passes for a file in use', 'system',
@@ -88,7 +88,7 @@ FAULTS = [
      'overview/Auswahllisten.cpp',
      "u\" WHERE LEN(TRIM(IIF(Isnull(ARTIKELART),'',ARTIKELART))) > 0\"_s",
      "u\" WHERE LEN(TRIM(IIF(Isnull(LAGERORTKURZKU),'',LAGERORTKURZKU))) > 0\"_s"),
-    ('D27 find: the row that the search begins at is left out', 'jet', 'platform/jet/KeysetRows.cpp',
+    ('D27 find: the row that the search begins at is left out', 'jet', 'platform/jet/rows/KeysetRows.cpp',
      "qsizetype asked = position;",
      "qsizetype asked = position + 1;"),
     ("D28 formulas: the case of the table's name counts", 'report', 'platform/report/Rows.cpp',
@@ -115,7 +115,7 @@ FAULTS = [
      "m_ampel = begrenzt(New_Ampel);"),
     ("D35 mask: a box that is hidden and set by the mask replaces the user's choice", 'masks',
      'masks/Einzelbuchung.cpp',
-     "    if (haken.isVisible()) sys::SaveSetting(",
+     "    if (haken.isVisible())\n        sys::SaveSetting(",
      "    sys::SaveSetting("),
     ('D36 form: a file that breaks off between two elements passes for a whole one', 'report',
      'platform/report/Element.cpp',
@@ -152,9 +152,9 @@ FAULTS = [
     ('D41 numbering: a later sale of the day gives those numbered before a new number, too', 'delivery',
      'delivery/Lieferscheinnummern.cpp',
      'u" WHERE IIF(ISNULL(LIEFERSCHEINNUMMER),0,LIEFERSCHEINNUMMER) = 0 AND BUCHUNGSART = \'Verkauf\'"\n'
-     '                         u" AND IIF(ISNULL(UBERSTALLT_ALT)',
+     '            u" AND IIF(ISNULL(UBERSTALLT_ALT)',
      'u" WHERE BUCHUNGSART = \'Verkauf\'"\n'
-     '                         u" AND IIF(ISNULL(UBERSTALLT_ALT)'),
+     '            u" AND IIF(ISNULL(UBERSTALLT_ALT)'),
     ('D42 writer: dates in an IN list stay texts where the left side became a day number', 'jet',
      'platform/jet/sqlite/ExpressionWriter.cpp',
      'operand(*arguments[i], mixed);',
@@ -176,9 +176,9 @@ FAULTS = [
      '    days.setSelectedDate(date.isValid() ? date : sys::heute());\n'
      '    days.setDateRange(m_minDate.isValid() ? m_minDate : QDate(100, 1, 1),\n'
      '                      m_maxDate.isValid() ? m_maxDate : QDate(9999, 12, 31));\n'),
-    ('D46 functions: BEGINS keeps the new texts with the old answer', 'jet', 'platform/jet/sqlite/Functions.cpp',
-     '        *asked = std::move(now);\n',
-     '        asked->texts = std::move(now.texts);\n'),
+    ('D46 functions: BEGINS keeps the new texts with the old answer', 'jet', 'platform/jet/value/Functions.cpp',
+     "std::string(texts[2])}, answer};",
+     "std::string(texts[2])}, asked.answer};"),
     ('D47 preview: choosing the same size again after another zoom does nothing (activated -> currentIndexChanged)',
      'report', 'platform/report/PreviewWindow.cpp',
      'connect(m_zoom, &QComboBox::activated, this,',
@@ -187,16 +187,16 @@ FAULTS = [
      'overview/Hilfemenue.cpp',
      'verdrahte(info, &QAction::triggered, menue,',
      'verdrahte(&hilfe, &QAction::triggered, menue,'),
-    ('D49 create: a missing folder is not told as such (check left out)', 'jet', 'platform/jet/Pool.cpp',
+    ('D49 create: a missing folder is not told as such (check left out)', 'jet', 'platform/jet/store/Pool.cpp',
      '    requireDirectory(local);\n    prepareForChange(local);\n',
      '    prepareForChange(local);\n'),
     ('D50 settings: a value is cut at its own last equals sign', 'system', 'platform/system/SettingsFile.cpp',
      "text.indexOf(u'=')",
      "text.lastIndexOf(u'=')"),
     ('D51 rows: a row that is gone reads as one of NULLs (outcome of the step ignored)', 'jet',
-     'platform/jet/KeyedRows.cpp',
-     '    if (!run.step()) return {};\n    std::vector<Value> values;\n',
-     '    run.step();\n    std::vector<Value> values;\n'),
+     'platform/jet/rows/KeyedRows.cpp',
+     "    if (!row->next()) return {};\n",
+     "    row->next();\n"),
     ('D52 list: a text that is cut by the width of its margin shows no tip', 'controls',
      'platform/controls/DataGrid.cpp',
      'fontMetrics().horizontalAdvance(text) + m_widths->margin() > visualRect(index).width()',
@@ -205,7 +205,7 @@ FAULTS = [
      'overview/Jahreswahl.cpp',
      '    modulzustand().Stichdatum = Stichdatum;\n',
      '    if (ausgang == sys::Outcome::Left) modulzustand().Stichdatum = Stichdatum;\n'),
-    ('D54 pattern: only one * at the end may stand for nothing (while -> if)', 'jet', 'platform/jet/sqlite/Pattern.cpp',
+    ('D54 pattern: only one * at the end may stand for nothing (while -> if)', 'jet', 'platform/jet/value/Pattern.cpp',
      "    while (at < p.size() && p[at] == u'*')\n        ++at;\n",
      "    if (at < p.size() && p[at] == u'*') ++at;\n"),
     ('D55 mask: from the middle of a group the begin is looked for ahead, so one group is skipped', 'controls',
@@ -220,16 +220,16 @@ FAULTS = [
      '            requireComparable(*arguments[0], *arguments[i]);\n',
      '        requireComparable(*arguments[0], *arguments[1]);\n'),
     ('D57 open: the file is kept before its password is checked, so a wrong one passes at the second try', 'jet',
-     'platform/jet/Pool.cpp',
+     'platform/jet/store/Pool.cpp',
      '    // Which text hosts hand over for files without a password is their affair: such a file opens with any.\n'
-     '    if (connection->catalogue().hasPassword() && !connection->catalogue().accepts(readConnect(connect).password))\n'
+     '    if (file->catalogue().hasPassword() && !file->catalogue().accepts(readConnect(connect).password))\n'
      '        raiseOfFile(ErrorNumber::WrongPassword, local);\n'
      '    dropOldest();\n'
-     '    m_entries.push_front({connect, connection, *now, connection->writes()});\n',
+     '    m_entries.push_front({connect, file, *now, file->connection().writes()});\n',
      '    dropOldest();\n'
-     '    m_entries.push_front({connect, connection, *now, connection->writes()});\n'
+     '    m_entries.push_front({connect, file, *now, file->connection().writes()});\n'
      '    // Which text hosts hand over for files without a password is their affair: such a file opens with any.\n'
-     '    if (connection->catalogue().hasPassword() && !connection->catalogue().accepts(readConnect(connect).password))\n'
+     '    if (file->catalogue().hasPassword() && !file->catalogue().accepts(readConnect(connect).password))\n'
      '        raiseOfFile(ErrorNumber::WrongPassword, local);\n'),
     ('D58 number format: zeros before the point count as decimals that are always shown', 'jet',
      'platform/jet/NumberFormat.cpp',
@@ -273,9 +273,9 @@ FAULTS = [
      '        set(*text, standing, block, grown);\n'
      '    }\n'
      '    setRulesAbove(std::numeric_limits<double>::infinity());\n'),
-    ('D65 snapshot: other files are not let go once they are read', 'jet', 'platform/jet/SnapshotRows.cpp',
-     '    own.reset();\n    m_plan->attachments.reset();\n',
-     '    own.reset();\n'),
+    ('D65 snapshot: other files are not let go once they are read', 'jet', 'platform/jet/rows/SnapshotRows.cpp',
+     "    m_plan->others.reset();\n",
+     ""),
     ('D66 group of articles: the article chosen before stays and narrows the views', 'overview',
      'overview/Filterleiste.cpp',
      '        [this] { AuswahllistenFullen(); },\n'
