@@ -109,15 +109,8 @@ private:
 std::optional<QString> registerpruefung(const jet::Recordset& bestand, jet::Database& stamm, int Jahr)
 {
     Pruefung pruefung(stamm, Jahr);
-    const auto& felder = bestand.Fields();
-    const auto spalte = [&](QStringView name) {
-        const auto feld = std::ranges::find_if(felder, [&](const jet::Field& eines) {
-            return eines.name.compare(name, Qt::CaseInsensitive) == 0;
-        });
-        return static_cast<std::size_t>(feld - felder.begin());
-    };
-    const std::size_t Artikel = spalte(u"Artikel");
-    const std::size_t Artikelart = spalte(u"Artikelart");
+    const std::size_t Artikel = bestand.PlaceOf(u"Artikel").value();
+    const std::size_t Artikelart = bestand.PlaceOf(u"Artikelart").value();
     QString text;
     for (qsizetype i = 0; i < bestand.RecordCount(); ++i) {
         const auto zeile = bestand.RowAt(i);

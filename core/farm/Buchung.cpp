@@ -1,6 +1,5 @@
 #include "core/farm/Buchung.h"
 
-#include <algorithm>
 
 namespace {
 
@@ -29,13 +28,11 @@ void lies(const jet::Value& feld, std::optional<qint64>& wert)
 Buchung gelesen(const jet::Recordset& journal)
 {
     Buchung buchung;
-    const auto& felder = journal.Fields();
     const auto liesSpalte = [&](const auto& spalte) {
-        const bool istDa = std::ranges::any_of(felder, [&](const jet::Field& feld) {
-            return feld.name.compare(spalte.name, Qt::CaseInsensitive) == 0;
-        });
-        if (!istDa) return;
-        if (const jet::Value feld = journal[spalte.name]; !feld.isNull()) lies(feld, buchung.*spalte.wert);
+        const auto platz = journal.PlaceOf(spalte.name);
+        if (!platz) return;
+        if (const jet::Value feld = journal[qsizetype(*platz)]; !feld.isNull())
+            lies(feld, buchung.*spalte.wert);
     };
     std::apply([&](const auto&... spalte) { (liesSpalte(spalte), ...); }, buchung::Spalten);
     return buchung;

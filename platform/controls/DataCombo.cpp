@@ -108,12 +108,11 @@ DataCombo::Entry DataCombo::read(int row) const
     const jet::Recordset& rows = m_source->Recordset();
     const auto values = rows.RowAt(row);
     Entry entry;
-    for (std::size_t column = 0; values && column < values->size(); ++column) {
-        const QString& name = rows.Fields()[column].name;
-        for (const auto& [field, part] :
-             {std::pair{&m_shownField, &Entry::shown}, std::pair{&m_valueField, &Entry::value},
-              std::pair{&m_foundField, &Entry::found}})
-            if (name.compare(*field, Qt::CaseInsensitive) == 0) entry.*part = (*values)[column].toText();
+    for (const auto& [field, part] :
+         {std::pair{&m_shownField, &Entry::shown}, std::pair{&m_valueField, &Entry::value},
+          std::pair{&m_foundField, &Entry::found}}) {
+        const auto place = rows.PlaceOf(*field);
+        if (values && place) entry.*part = (*values)[*place].toText();
     }
     if (m_findFillsIn && entry.shown.trimmed().isEmpty()) entry.shown = entry.found;
     return entry;

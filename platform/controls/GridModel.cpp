@@ -55,14 +55,12 @@ void GridModel::findFields()
     m_fields.assign(m_columns.size(), -1);
     m_types.assign(m_columns.size(), jet::Type::Null);
     if (!m_source || !m_source->isOpen()) return;
-    const auto& fields = m_source->Recordset().Fields();
+    const auto& rows = m_source->Recordset();
     for (std::size_t i = 0; i < m_columns.size(); ++i) {
-        const auto found = std::find_if(fields.begin(), fields.end(), [&](const jet::Field& field) {
-            return field.name.compare(m_columns[i]->DataField(), Qt::CaseInsensitive) == 0;
-        });
-        if (found == fields.end()) continue;
-        m_fields[i] = static_cast<int>(found - fields.begin());
-        m_types[i] = found->type;
+        const auto place = rows.PlaceOf(m_columns[i]->DataField());
+        if (!place) continue;
+        m_fields[i] = static_cast<int>(*place);
+        m_types[i] = rows.Fields()[*place].type;
     }
 }
 

@@ -8,12 +8,9 @@ std::optional<qint64> idAt(const DataControl& data, qsizetype position)
 {
     if (position < 0 || position >= data.RecordCount()) return {};
     const auto row = data.Recordset().RowAt(position);
-    if (!row) return {};
-    const auto& fields = data.Recordset().Fields();
-    for (std::size_t i = 0; i < fields.size(); ++i) {
-        if (fields[i].name.compare(u"ID", Qt::CaseInsensitive) == 0) return (*row)[i].toLong();
-    }
-    return {};
+    const auto place = data.Recordset().PlaceOf(u"ID");
+    if (!row || !place) return {};
+    return (*row)[*place].toLong();
 }
 
 std::optional<qint64> currentId(const DataControl& data)

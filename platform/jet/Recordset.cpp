@@ -145,6 +145,11 @@ const std::vector<Field>& Recordset::Fields() const
     return m_rows->fields();
 }
 
+std::optional<std::size_t> Recordset::PlaceOf(QStringView field) const
+{
+    return m_rows->find(field);
+}
+
 Value Recordset::operator[](QStringView field) const
 {
     return m_rows->told([&] { return m_rows->value(m_rows->column(field)); });

@@ -81,6 +81,8 @@ public:
     Bookmark SameRow(const Bookmark& former) const;
 
     const std::vector<Field>& Fields() const; ///< The columns, in written order.
+    /// The place of a field in Fields(), by name in any case; none without it.
+    std::optional<std::size_t> PlaceOf(QStringView field) const;
     /// Field of the current row by name, in any case; between AddNew or Edit and Update that of the pending
     /// row. \throws Error NoSuchField, NoCurrentRecord, RecordDeleted.
     Value operator[](QStringView field) const;

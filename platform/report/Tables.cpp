@@ -70,16 +70,11 @@ void Tables::readLookup(const Lookup& lookup, jet::Database& file)
         where = u" WHERE ["_s + lookup.column + u"] = "_s + literal(value);
     }
     const auto all = first(file, lookup.table);
-    const auto& fields = all->Fields();
-    const bool known =
-        lookup.column.isEmpty() || std::any_of(fields.begin(), fields.end(), [&](const auto& field) {
-            return field.name.compare(lookup.column, Qt::CaseInsensitive) == 0;
-        });
-    if (!known) refuseColumn(lookup.table, lookup.column);
+    if (!lookup.column.isEmpty() && !all->PlaceOf(lookup.column)) refuseColumn(lookup.table, lookup.column);
 
     const auto rows = first(file, lookup.table, where);
     auto& row = m_lookups[lookup.table.toLower()];
-    for (const jet::Field& field : fields)
+    for (const jet::Field& field : all->Fields())
         row.insert(field.name.toLower(), rows->Eof() ? jet::Value() : (*rows)[field.name]);
 }
 

@@ -26,12 +26,18 @@ Recordset::Rows::Rows(std::shared_ptr<Database::Session> session, std::shared_pt
     : number(nextNumber()), m_session(std::move(session)), m_plan(std::move(plan)), m_shape(std::move(shape))
 {}
 
+std::optional<std::size_t> Recordset::Rows::find(QStringView name) const
+{
+    for (std::size_t i = 0; i < fields().size(); ++i)
+        if (bind::sameName(fields()[i].name, name)) return i;
+    return {};
+}
+
 int Recordset::Rows::column(QStringView name) const
 {
-    const auto found = std::find_if(fields().begin(), fields().end(),
-                                    [name](const Field& field) { return bind::sameName(field.name, name); });
-    if (found == fields().end()) raise(ErrorNumber::NoSuchField);
-    return static_cast<int>(found - fields().begin());
+    const auto found = find(name);
+    if (!found) raise(ErrorNumber::NoSuchField);
+    return static_cast<int>(*found);
 }
 
 Value Recordset::Rows::cell(const store::Cursor& row, int column) const

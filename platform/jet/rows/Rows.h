@@ -44,6 +44,7 @@ public:
     virtual std::optional<qint64> lastModified() const { return {}; }
 
     const std::vector<Field>& fields() const { return m_plan->fields; }
+    std::optional<std::size_t> find(QStringView name) const;
     /// \throws Error NoSuchField.
     int column(QStringView name) const;
     std::vector<int> allColumns() const;
