@@ -27,7 +27,7 @@ public:
 
     bool contains(Key key) const
     {
-        return key >= m_keys.front() && key <= m_keys.back() && m_bits[bit(key)] &&
+        return !(key < m_keys.front()) && !(m_keys.back() < key) && m_bits[bit(key)] &&
                std::binary_search(m_keys.begin(), m_keys.end(), key);
     }
 

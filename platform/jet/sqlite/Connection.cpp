@@ -78,10 +78,8 @@ void Connection::setLockTimeout(int milliseconds)
 Statement& Connection::prepared(const QByteArray& sql)
 {
     if (auto* known = m_statements.object(sql)) return *known;
-    auto statement = std::make_unique<Statement>(*this, sql);
-    auto& prepared = *statement;
-    m_statements.insert(sql, statement.release());
-    return prepared;
+    m_statements.insert(sql, new Statement(*this, sql));
+    return *m_statements.object(sql);
 }
 
 void Connection::execute(const QByteArray& sql)

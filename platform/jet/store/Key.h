@@ -2,8 +2,6 @@
 
 #include <QtGlobal>
 
-#include <compare>
-
 namespace jet::store {
 
 /// What a store finds a row of a table again by, as long as there is that row. What its bits mean is the
@@ -14,7 +12,8 @@ public:
     Key() = default;
     explicit Key(qint64 bits) : m_bits(bits) {}
     qint64 bits() const { return m_bits; }
-    auto operator<=>(const Key&) const = default;
+    bool operator==(const Key& other) const { return m_bits == other.m_bits; }
+    bool operator<(const Key& other) const { return m_bits < other.m_bits; }
 
 private:
     qint64 m_bits = 0; // a dynaset of a million rows keeps a million keys: eight bytes each
