@@ -1,6 +1,5 @@
 #include "core/farm/Buchung.h"
 
-
 namespace {
 
 void lies(const jet::Value& feld, std::optional<QDate>& wert)
