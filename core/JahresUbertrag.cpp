@@ -5,6 +5,7 @@
 #include "core/Modulzustand.h"
 #include "core/Verzeichnisse.h"
 #include "core/farm/Buchung.h"
+#include "core/farm/Buchungsarten.h"
 #include "core/farm/Jahresdateien.h"
 #include "core/farm/Schema.h"
 #include "platform/jet/Errors.h"
@@ -66,7 +67,7 @@ void schreibeAnfangsbestand(jet::Recordset& ziel, const jet::Recordset& paar, do
     Buchung neu;
     neu.Datum = QDate(jahr, 1, 1);
     neu.Menge = bestand;
-    neu.Buchungsart = u"Anfangsbestand"_s;
+    neu.Buchungsart = buchungsart::Anfangsbestand.toString();
     neu.BuchungsID = 0;
     neu.Artikel = text(u"Artikel");
     neu.Artikelart = text(u"FirstArtikelart");

@@ -4,8 +4,6 @@
 #include "core/Verzeichnisse.h"
 #include "core/farm/Dateien.h"
 #include "core/farm/Jahresdateien.h"
-#include "platform/jet/Engine.h"
-#include "platform/jet/TemplateCopy.h"
 
 #include <zablager/FileError.h>
 
@@ -37,7 +35,7 @@ std::unique_ptr<jet::Database> oeffneJournal(int jahr)
 
 std::unique_ptr<jet::Database> oeffneJournaldatei()
 {
-    return jet::engine().OpenDatabase(modulzustand().Lagerdatei, modulzustand().Lagerpasswort);
+    return oeffne(Dateiart::Lager, modulzustand().Lagerdatei, modulzustand().Lagerpasswort);
 }
 
 void stelleJournalBereit(const QString& datei)
@@ -45,5 +43,5 @@ void stelleJournalBereit(const QString& datei)
     if (datei.isEmpty())
         throw sys::FileError(sys::FileErrorNumber::FileNotFound,
                              u"Es ist keine Lagerdatei angegeben: Datenverzeichnis ist leer."_s);
-    jet::copyWhereMissing(vorlagedatei(ProgrammVerzeichnis()), modulzustand().Lagerpasswort, datei);
+    kopiereVorlage(vorlagedatei(ProgrammVerzeichnis()), modulzustand().Lagerpasswort, datei);
 }

@@ -6,7 +6,7 @@
 #include "core/Journaldatei.h"
 #include "core/SQLTexte.h"
 #include "core/Verzeichnisse.h"
-#include "platform/jet/Engine.h"
+#include "core/farm/Dateien.h"
 #include "platform/system/Pointer.h"
 
 #include <zablager/DatabaseError.h>
@@ -48,7 +48,7 @@ double Lagerverwaltung::Get_Bestand(const QString& Artikel, const QString& Lager
 double Lagerverwaltung::LagerbestandRechnen()
 {
     const Meldungsweg weg(*this);
-    const auto journal = jet::engine().OpenDatabase(m_datenverzeichnis, modulzustand().Lagerpasswort);
+    const auto journal = oeffne(Dateiart::Lager, m_datenverzeichnis, modulzustand().Lagerpasswort);
     // The doubled AND is kept: hosts know this call as one that fails, and its day is not counted ("<"), so a
     // mended statement would answer with another stock than Get_Bestand.
     const auto summe = journal->OpenRecordset(

@@ -1,6 +1,6 @@
 #include "delivery/LieferscheindruckForm.h"
 
-#include "core/farm/Dateien.h"
+#include "core/farm/Schema.h"
 #include "ui_LieferscheindruckForm.h"
 
 #include "core/Journaldatei.h"
@@ -150,8 +150,7 @@ void LieferscheindruckForm::schreibeEinstellungen()
 
 void LieferscheindruckForm::oeffne(DataControl& daten) const
 {
-    daten.setDatabaseName(Journaldatei(m_jahr));
-    daten.setConnect(verbindung(Dateiart::Lager));
+    binde(daten, Dateiart::Lager, Journaldatei(m_jahr), verbindung(Dateiart::Lager));
     daten.Refresh();
 }
 

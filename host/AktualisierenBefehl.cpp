@@ -24,8 +24,8 @@ std::vector<Datei> dateien(const Installation& ort)
     std::vector<Datei> alle{{Dateiart::Lager, vorlagedatei(ort.programm())},
                             {Dateiart::Grundstamm, grundstammdatei(ort.daten())},
                             {Dateiart::Anlagen, anlagendatei(ort.anlagen())}};
-    for (const QString& name : sys::Dir(stammdatei(ort.programm(), u"????"_s)))
-        alle.push_back({Dateiart::ZABStammdaten, ort.programm() + u'/' + name});
+    for (const int jahr : registerjahre(ort.programm()))
+        alle.push_back({Dateiart::ZABStammdaten, stammdatei(ort.programm(), QString::number(jahr))});
     for (const QString& betrieb : ort.betriebe())
         for (const int jahr : jahresdateien(ort.betriebsordner(betrieb)))
             alle.push_back({Dateiart::Lager, ort.journaldatei(betrieb, jahr)});

@@ -1,7 +1,7 @@
+#include "core/farm/Dateien.h"
 #include "host/Ausgabe.h"
 #include "host/Befehl.h"
 #include "host/Komponente.h"
-#include "platform/jet/Engine.h"
 #include "platform/jet/Errors.h"
 #include "platform/system/Files.h"
 
@@ -35,7 +35,7 @@ bool nenntEineBuchung(jet::Database& journal, const QString& spalte, const QStri
 /// A misspelt name has the stock 0 like one that is used up; the user is told the difference.
 void meldeUnbekannte(const QString& datei, const QString& Artikel, const QString& Lagerort)
 {
-    const auto journal = jet::engine().OpenDatabase(datei);
+    const auto journal = oeffneFuerBestand(datei);
     const QString keineBuchung = u"In '"_s + datei + u"' nennt keine Buchung den "_s;
     if (!nenntEineBuchung(*journal, u"Artikel"_s, Artikel))
         schreibe(stderr, keineBuchung + u"Artikel '"_s + Artikel + u"'."_s);
@@ -47,7 +47,7 @@ void meldeUnbekannte(const QString& datei, const QString& Artikel, const QString
 /// the figure.
 void pruefeMengen(const QString& datei, const QString& Artikel, const QString& Lagerort, QDate Stichtag)
 {
-    const auto journal = jet::engine().OpenDatabase(datei);
+    const auto journal = oeffneFuerBestand(datei);
     const auto texte = journal->OpenRecordset(
         u"SELECT ID FROM LAGERJOURNAL WHERE Artikel = '"_s + Artikel + u"' AND LagerortKurzKu = '"_s +
             Lagerort + u"' AND Datum <= "_s + Stichtag.toString(u"#MM/dd/yyyy#") +

@@ -1,3 +1,4 @@
+#include "core/farm/Betriebe.h"
 #include "host/Aufruffehler.h"
 #include "host/Ausgabe.h"
 #include "host/Befehl.h"

@@ -1,5 +1,6 @@
 #include "host/Installation.h"
 
+#include "core/farm/Betriebe.h"
 #include "core/farm/Dateien.h"
 #include "platform/system/Path.h"
 #include "platform/system/Settings.h"
@@ -8,8 +9,6 @@
 
 #include <QDir>
 #include <QFile>
-
-#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -52,15 +51,7 @@ QString Installation::journaldatei(const QString& nummer, int jahr) const
 
 QStringList Installation::betriebe() const
 {
-    QStringList nummern;
-    for (const QString& ordner : QDir(daten()).entryList({u"B*"_s}, QDir::Dirs)) {
-        if (istBetriebsnummer(ordner.mid(1))) nummern.append(ordner.mid(1));
-    }
-    std::sort(nummern.begin(), nummern.end(), [](const QString& a, const QString& b) {
-        return a.size() != b.size() ? a.size() < b.size() : a < b;
-    });
-    nummern.removeDuplicates(); // "b1" beside "B1"
-    return nummern;
+    return ::betriebe(daten());
 }
 
 void Installation::verwende() const
@@ -68,10 +59,4 @@ void Installation::verwende() const
     qputenv("XDG_CONFIG_HOME", QFile::encodeName(einstellungen()));
     setze(u"Datenverzeichnis"_s, daten());
     setze(u"Gemeinsame"_s, programm());
-}
-
-bool istBetriebsnummer(const QString& text)
-{
-    return !text.isEmpty() && text[0] != u'0' &&
-           std::all_of(text.begin(), text.end(), [](QChar c) { return c >= u'0' && c <= u'9'; });
 }

@@ -43,6 +43,3 @@ private:
 
     QString m_verzeichnis;
 };
-
-/// A farm number names a folder: digits without leading zeros.
-bool istBetriebsnummer(const QString& text);

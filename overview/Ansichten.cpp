@@ -1,6 +1,7 @@
 #include "overview/Ansichten.h"
 
 #include "core/Bestand.h"
+#include "core/Journaldatei.h"
 #include "core/SQLTexte.h"
 #include "platform/controls/DataControl.h"
 #include "platform/controls/DataGrid.h"
@@ -229,8 +230,7 @@ void filtereBestandsliste(const Hauptansicht& haupt, const QString& eingrenzung,
                bestandsquelle(eingrenzung, ansicht, SQLAbOrder(daten.RecordSource())));
     } catch (const jet::Error& fehler) {
         if (fehler.number() != jet::ErrorNumber::Overflow) throw;
-        const auto datei = jet::engine().OpenDatabase(daten.DatabaseName(), daten.Connect());
-        throw mitArtikel(fehler, *datei, u"Menge"_s, eingrenzung);
+        throw mitArtikel(fehler, *oeffneJournaldatei(), u"Menge"_s, eingrenzung);
     }
     if (!aktueller.isEmpty()) daten.FindFirst(aktueller);
 }

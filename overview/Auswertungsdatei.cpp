@@ -5,7 +5,6 @@
 #include "core/Verzeichnisse.h"
 #include "core/farm/Dateien.h"
 #include "platform/jet/Engine.h"
-#include "platform/system/ErrorReport.h"
 #include "platform/system/Files.h"
 
 #include <QSet>
@@ -34,14 +33,14 @@ bool Auswertungsdatei::baue(const QString& eingrenzung, const QString& Jahr) con
 {
     if (sys::underErrorReport({[&] { legeAn(); }}) != sys::Outcome::Done)
         return false; // the rows of an earlier print would stand under a new heading
-    bool angereichert = true;
+    auto angereichert = sys::Outcome::Done;
     const auto ausgang = sys::underErrorReport({
         [&] { kopiere(eingrenzung); },
         [&] { ergaenzeSpalte(u"Gruppe Text(100)"_s); },
         [&] { ergaenzeSpalte(u"Giftigkeit Text(255)"_s); },
         [&] { angereichert = reichereAn(Jahr); },
     });
-    if (ausgang != sys::Outcome::Left && angereichert) return true;
+    if (ausgang != sys::Outcome::Left && angereichert != sys::Outcome::Left) return true;
     sys::underErrorReport({[&] { loesche(); }});
     return false;
 }
@@ -72,7 +71,7 @@ void Auswertungsdatei::ergaenzeSpalte(const QString& spalte) const
 
 /// All rows in one commit: nobody else has this file, and a commit for each would be felt. An article that
 /// cannot be looked up is reported once and does not cost the others theirs.
-bool Auswertungsdatei::reichereAn(const QString& Jahr) const
+sys::Outcome Auswertungsdatei::reichereAn(const QString& Jahr) const
 {
     const auto stamm = oeffne(Dateiart::ZABStammdaten, stammdatei(ProgrammVerzeichnis(), Jahr));
     const auto mittel = stamm->OpenRecordset(u"SELECT * FROM PFLANZENSCHUTZMITTEL"_s, jet::Kind::Dynaset);
@@ -89,8 +88,8 @@ bool Auswertungsdatei::reichereAn(const QString& Jahr) const
             reichereZeileAn(*zeilen, *mittel);
             gescheitert.remove(artikel);
         }});
-        if (ausgang == sys::Outcome::Left) return false;
+        if (ausgang == sys::Outcome::Left) return ausgang;
     }
     auswertung->CommitTrans();
-    return true;
+    return sys::Outcome::Done;
 }

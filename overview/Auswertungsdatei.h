@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/system/ErrorReport.h"
+
 #include <QString>
 
 /// The database that a print is made from: the rows of the journal view, enriched with the group and the
@@ -20,7 +22,7 @@ private:
     void legeAn() const;
     void kopiere(const QString& eingrenzung) const;
     void ergaenzeSpalte(const QString& spalte) const;
-    [[nodiscard]] bool reichereAn(const QString& Jahr) const;
+    [[nodiscard]] sys::Outcome reichereAn(const QString& Jahr) const;
 
     QString m_datei;
 };

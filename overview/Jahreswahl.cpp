@@ -41,19 +41,20 @@ void Jahreswahl::binde()
     const QString datei = Journaldatei(gewaehltesJahr());
     const QString vorlage = vorlagedatei(ProgrammVerzeichnis());
     if (sys::Exist(vorlage)) {
+        if (!sys::Exist(datei)) verweigereNeuere(Dateiart::Lager, vorlage, zustand.Lagerpasswort);
         DatabaseFile jahresdatei;
         jahresdatei.setPassword(zustand.Lagerpasswort);
         jahresdatei.setFileName(datei);
         jahresdatei.setTemplate(vorlage);
         jahresdatei.Provide();
     }
+    if (sys::Exist(datei)) bringeAufStandWennMoeglich(Dateiart::Lager, datei, zustand.Lagerpasswort);
     zustand.Lagerdatei = datei;
     zustand.Jahr = m_felder.drpJahr.Text(); // the year that masks book into, whatever the key date becomes
     for (DataControl* daten : {&m_felder.Journaldaten, &m_felder.Bestanddaten}) {
         daten->setDatabaseName(datei);
         daten->setConnect(zustand.Lagerpasswort);
     }
-    if (sys::Exist(datei)) bringeAufStandWennMoeglich(Dateiart::Lager, datei, zustand.Lagerpasswort);
 }
 
 void Jahreswahl::LagerDateiEinstellen()

@@ -1,5 +1,6 @@
 #include "overview/Loeschung.h"
 
+#include "core/farm/Buchungsarten.h"
 #include "overview/FremdeBuchung.h"
 #include "platform/controls/DataControl.h"
 #include "platform/controls/DataGrid.h"
@@ -52,7 +53,7 @@ void Loeschung::Journalliste_BeforeDelete(Cancel& cancel, bool& prompt)
     m_gesucht = aktuelle();
     if (!darfGehen()) return;
     m_geloescht = true;
-    if (m_journal.Recordset()[u"Buchungsart"].toText() == u"Umbuchung") {
+    if (m_journal.Recordset()[u"Buchungsart"].toText() == buchungsart::Umbuchung) {
         // Only now, as nobody is asked any more while other programs wait for the file.
         sys::underErrorReport(
             {[this] { m_paar = std::make_unique<jet::Transaction>(m_journal.Database()); }});

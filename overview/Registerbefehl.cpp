@@ -2,6 +2,7 @@
 
 #include "core/TextImEditorZeigen.h"
 #include "core/Verzeichnisse.h"
+#include "core/farm/Artikelarten.h"
 #include "core/farm/Dateien.h"
 #include "overview/Filter.h"
 #include "overview/Hilfetaste.h"
@@ -50,7 +51,7 @@ void Registerbefehl::M_PflanzschPrufen_Click()
 bool Registerbefehl::grenzeEin(int Jahr)
 {
     m_felder.drpLagerOrte.setText(AlleLagerorte);
-    m_felder.drpArtikelGruppe.setText(u"Pflanzenschutzmittel"_s);
+    m_felder.drpArtikelGruppe.setText(Pflanzenschutzmittel.toString());
     m_felder.drpArtikel.setText(AlleArtikel);
     m_felder.VonDatum.setDate(QDate(Jahr, 1, 1));
     m_felder.Buchdatum.setDate(QDate(Jahr, 12, 31));

@@ -1,5 +1,6 @@
 #include "overview/Registerpruefung.h"
 
+#include "core/farm/Artikelarten.h"
 #include "platform/system/Blanks.h"
 #include "platform/system/ErrorReport.h"
 
@@ -114,8 +115,7 @@ std::optional<QString> registerpruefung(const jet::Recordset& bestand, jet::Data
     QString text;
     for (qsizetype i = 0; i < bestand.RecordCount(); ++i) {
         const auto zeile = bestand.RowAt(i);
-        if (!zeile ||
-            (*zeile)[Artikelart].toText().compare(u"Pflanzenschutzmittel", Qt::CaseInsensitive) != 0)
+        if (!zeile || (*zeile)[Artikelart].toText().compare(Pflanzenschutzmittel, Qt::CaseInsensitive) != 0)
             continue;
         const QString artikel = (*zeile)[Artikel].toText();
         // What could not be looked up must not pass for harmless.

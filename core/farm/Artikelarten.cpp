@@ -12,7 +12,7 @@ constexpr Artikelart Artikel[] = {
     {u"Saatgut/Sorten",          u"Saatgut",              u" ORDER by NAME ASC"},
     {u"Handelsdünger",           u"Dungermittel",         u" ORDER by NAME ASC"},
     {u"Wirtschaftsdünger",       u"WIRTDUNG",             u" ORDER by NAME ASC"},
-    {u"Pflanzenschutzmittel",    u"Pflanzenschutzmittel", u" ORDER by NAME ASC"},
+    {Pflanzenschutzmittel,       u"Pflanzenschutzmittel", u" ORDER by NAME ASC"},
     {u"Futtermittel",            u"Futtermittel",         u" ORDER by NAME ASC"},
     {u"Treib- und Brennstoffe",  u"Treibstoffe",          u" ORDER by NAME ASC"},
     {u"Sonstige Artikel",        u"SonstigeArtikel",      u" ORDER by NAME ASC"},

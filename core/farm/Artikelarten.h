@@ -23,3 +23,5 @@ const Artikelart* artikelartZu(QStringView name);
 
 /// The one whose articles are always offered from the journal: they are grown, not bought.
 inline constexpr QStringView PflanzlicheErzeugnisse = u"Pflanzliche Erzeugnisse";
+/// The one that a register tells more about.
+inline constexpr QStringView Pflanzenschutzmittel = u"Pflanzenschutzmittel";

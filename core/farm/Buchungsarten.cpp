@@ -6,12 +6,12 @@ namespace {
 
 // clang-format off
 constexpr Buchungsart Buchungen[] = {
-    {u"L", u"Lagerstand korrigieren", u"Korrektur", false, Maske::Korrektur, {}},
-    {u"A", u"Anfangsbestand", u"Anfangsbestand", false, Maske::Buchung,
+    {u"L", u"Lagerstand korrigieren", buchungsart::Korrektur, false, Maske::Korrektur, {}},
+    {u"A", u"Anfangsbestand", buchungsart::Anfangsbestand, false, Maske::Buchung,
      {u"Vorhanden Menge", u"Wert d. Zukaufs:", false, false, // sic
       u"Die Erfassung eines Anfangsbestandes ist nur im Startjahr sinnvoll, weil die Bestände"
       u" von Jahr zu Jahr weitergeschrieben werden."}},
-    {u"Z", u"Zukauf", u"Zukauf", false, Maske::Buchung,
+    {u"Z", u"Zukauf", buchungsart::Zukauf, false, Maske::Buchung,
      {u"Zukaufsmenge", u"Wert d. Zukaufs:", true, true, u""}},
     {u"P", u"Produktion", u"Produktion", false, Maske::Buchung,
      {u"Produzierte Menge", u"Wert d. Zukaufs:", false, true,
@@ -26,7 +26,7 @@ constexpr Buchungsart Buchungen[] = {
      {u"Entsorgte Menge", u"Wert d. Zukaufs:", false, true, u"Tragen Sie die entsorgte Menge ein."}},
     {u"V", u"Verkauf", u"Verkauf", true, Maske::Buchung,
      {u"Verkaufte Menge", u"Wert des Verkaufes", true, true, u""}},
-    {u"U", u"Umbuchung", u"Umbuchung", true, Maske::Umbuchung, {}},
+    {u"U", u"Umbuchung", buchungsart::Umbuchung, true, Maske::Umbuchung, {}},
 };
 // clang-format on
 

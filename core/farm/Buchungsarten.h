@@ -26,6 +26,14 @@ struct Buchungsart {
     Buchungsbild bild; ///< Of the booking mask; the other masks have none.
 };
 
+/// The kinds that the program itself writes or treats in a way of their own, as rows have them.
+namespace buchungsart {
+inline constexpr QStringView Anfangsbestand = u"Anfangsbestand";
+inline constexpr QStringView Korrektur = u"Korrektur";
+inline constexpr QStringView Umbuchung = u"Umbuchung";
+inline constexpr QStringView Zukauf = u"Zukauf";
+} // namespace buchungsart
+
 /// All of them, in the order of the short entry's list.
 std::span<const Buchungsart> buchungsarten();
 

@@ -2,6 +2,11 @@
 
 #include "core/farm/Schema.h"
 #include "platform/jet/Engine.h"
+#include "platform/jet/TemplateCopy.h"
+#include "platform/system/Files.h"
+
+#include <QFile>
+#include <QScopeGuard>
 
 using namespace Qt::StringLiterals;
 
@@ -58,14 +63,40 @@ QString verknuepfung(Dateiart art, const QString& datei)
 
 std::unique_ptr<jet::Database> oeffne(Dateiart art, const QString& datei)
 {
-    auto geoeffnet = jet::engine().OpenDatabase(datei, verbindung(art));
+    return oeffne(art, datei, verbindung(art));
+}
+
+std::unique_ptr<jet::Database> oeffne(Dateiart art, const QString& datei, const QString& verbindung)
+{
+    auto geoeffnet = jet::engine().OpenDatabase(datei, verbindung);
     verweigereNeuere(*geoeffnet, art);
     return geoeffnet;
 }
 
 std::unique_ptr<jet::Database> oeffneFuerBestand(const QString& datei)
 {
-    auto geoeffnet = jet::engine().OpenDatabase(datei);
-    verweigereNeuere(*geoeffnet, Dateiart::Lager);
-    return geoeffnet;
+    return oeffne(Dateiart::Lager, datei, {});
+}
+
+void legeAn(Dateiart art, const QString& datei)
+{
+    if (sys::Exist(datei)) return;
+    const QString entwurf = sys::draftName(datei);
+    const auto raeumeAuf = qScopeGuard([&] { QFile::remove(entwurf); });
+    try {
+        const auto datenbank =
+            jet::engine().CreateDatabase(entwurf, u";LANGID=0x0409;CP=1252;COUNTRY=0;pwd="_s + kennwort(art));
+        legeTabellenAn(*datenbank, art);
+        datenbank->Close();
+    } catch (const jet::Error& fehler) { // the user knows the file, not its draft
+        throw jet::Error(fehler.number(), QString(fehler.text()).replace(entwurf, datei));
+    }
+    sys::CopyWhereMissing(entwurf, datei);
+}
+
+void kopiereVorlage(const QString& vorlage, const QString& verbindung, const QString& journal)
+{
+    if (sys::Exist(journal)) return;
+    verweigereNeuere(Dateiart::Lager, vorlage, verbindung);
+    jet::copyWhereMissing(vorlage, verbindung, journal);
 }

@@ -14,5 +14,8 @@
 /// sys::FileError when the folder is there and cannot be listed.
 std::vector<int> jahresdateien(const QString& betriebsordner);
 
+/// Years of which there is a register of plant-protection products, ascending.
+std::vector<int> registerjahre(const QString& programmverzeichnis);
+
 /// Whether a year file wants the stocks of the year before; files from before this setting do.
 bool uebernimmtVorjahr(jet::Database& journal);

@@ -2,6 +2,7 @@
 
 #include "platform/jet/Engine.h"
 #include "platform/jet/Errors.h"
+#include "platform/system/Files.h"
 
 #include <QFile>
 #include <QMap>
@@ -68,29 +69,25 @@ bool fuehreAus(jet::Database& datei, const QString& anweisung)
     }
 }
 
-/// A table that was there before this program made any lacks columns, perhaps.
+/// A table that was there before this program made any lacks columns, perhaps. Rows that are there already
+/// can be given no key.
 void ergaenzeSpalten(jet::Database& datei, const QString& anweisung)
 {
     const QString tabelle = anweisung.section(u'(', 0, 0).mid(int(std::size("CREATE TABLE")));
     const QString spalten = anweisung.section(u'(', 1).chopped(1);
     for (const QString& spalte : spalten.split(u','))
-        fuehreAus(datei, u"ALTER TABLE "_s + tabelle + u" ADD COLUMN "_s + spalte);
+        if (!spalte.contains(u"PRIMARY KEY"))
+            fuehreAus(datei, u"ALTER TABLE "_s + tabelle + u" ADD COLUMN "_s + spalte);
 }
 
-void macheSchritte(jet::Database& datei, const std::vector<Schritt>& alle)
+void macheSchritte(jet::Database& datei, const std::vector<Schritt>& alle, int vorher)
 {
-    datei.BeginTrans();
-    auto verworfen = qScopeGuard([&] { datei.Rollback(); });
-    const int vorher = datei.SchemaVersion(); // another program may have been quicker
     for (const Schritt& schritt : alle) {
         if (schritt.version <= vorher) continue;
         for (const QString& anweisung : schritt.anweisungen)
             if (!fuehreAus(datei, anweisung) && anweisung.startsWith(u"CREATE TABLE"))
                 ergaenzeSpalten(datei, anweisung);
     }
-    datei.setSchemaVersion(std::max(vorher, neuesteVersion(alle)));
-    datei.CommitTrans();
-    verworfen.dismiss();
 }
 
 /// The statements of the indices that a file has at last, by "INDEX name ON table".
@@ -105,6 +102,16 @@ QMap<QString, QString> indices(const std::vector<Schritt>& alle)
                 bleibende.remove(anweisung.section(u' ', 1, 4));
         }
     return bleibende;
+}
+
+/// Those of them that somebody has dropped.
+QStringList fehlendeIndices(const jet::Database& datei, const std::vector<Schritt>& alle)
+{
+    QStringList fehlende;
+    for (const QString& anweisung : indices(alle))
+        if (!datei.HasIndex(anweisung.section(u' ', 4, 4), anweisung.section(u' ', 2, 2)))
+            fehlende.append(anweisung);
+    return fehlende;
 }
 
 } // namespace
@@ -125,10 +132,18 @@ Aktualisierung bringeAufStand(jet::Database& datei, Dateiart art)
     verweigereNeuere(datei, art);
     const auto& alle = schritte(art);
     const int vorher = datei.SchemaVersion();
-    if (vorher < neuesteVersion(alle)) macheSchritte(datei, alle);
-    for (const QString& anweisung : indices(alle))
+    if (vorher == neuesteVersion(alle) && fehlendeIndices(datei, alle).isEmpty()) return {vorher, vorher};
+
+    datei.BeginTrans();
+    auto verworfen = qScopeGuard([&] { datei.Rollback(); });
+    verweigereNeuere(datei, art); // another program, and perhaps a newer one, may have been quicker
+    macheSchritte(datei, alle, datei.SchemaVersion());
+    for (const QString& anweisung : fehlendeIndices(datei, alle))
         fuehreAus(datei, anweisung);
-    return {vorher, datei.SchemaVersion()};
+    datei.setSchemaVersion(neuesteVersion(alle));
+    datei.CommitTrans();
+    verworfen.dismiss();
+    return {vorher, neuesteVersion(alle)};
 }
 
 void bringeAufStandWennMoeglich(Dateiart art, const QString& datei, const QString& verbindung)
@@ -138,7 +153,7 @@ void bringeAufStandWennMoeglich(Dateiart art, const QString& datei, const QStrin
     jet::engine().setLockTimeout(0);
     const auto wieder = qScopeGuard([geduld] { jet::engine().setLockTimeout(geduld); });
     try {
-        bringeAufStand(*jet::engine().OpenDatabase(datei, verbindung), art);
+        bringeAufStand(*oeffne(art, datei, verbindung), art);
     } catch (const jet::Error& fehler) {
         constexpr jet::ErrorNumber Hindernisse[] = {Locked, ReadOnly, CannotOpenFile, DiskFull};
         if (std::ranges::find(Hindernisse, fehler.number()) == std::end(Hindernisse)) throw;
@@ -155,4 +170,9 @@ void verweigereNeuere(const jet::Database& datei, Dateiart art)
             u" Die Datei ist von einer neueren Lagerverwaltung (Stand %1, bekannt ist Stand %2)."_s
                 .arg(datei.SchemaVersion())
                 .arg(bekannt));
+}
+
+void verweigereNeuere(Dateiart art, const QString& datei, const QString& verbindung)
+{
+    if (sys::Exist(datei)) oeffne(art, datei, verbindung);
 }

@@ -27,3 +27,16 @@ void bringeAufStandWennMoeglich(Dateiart art, const QString& datei, const QStrin
 /// \throws jet::Error UnknownFormat when a newer program has brought the file to a version that is not known
 /// here.
 void verweigereNeuere(const jet::Database& datei, Dateiart art);
+/// The same for a file that is not open; one that is not there is left to whoever needs it. \throws
+/// jet::Error as oeffne().
+void verweigereNeuere(Dateiart art, const QString& datei, const QString& verbindung);
+
+/// Makes a data control show a file of the kind from its next refresh on. \throws jet::Error as
+/// verweigereNeuere(); nothing is set then.
+template <class Daten>
+void binde(Daten& daten, Dateiart art, const QString& datei, const QString& verbindung)
+{
+    verweigereNeuere(art, datei, verbindung);
+    daten.setDatabaseName(datei);
+    daten.setConnect(verbindung);
+}

@@ -1,5 +1,6 @@
 #include "host/demo/Demohof.h"
 
+#include "core/farm/Dateien.h"
 #include "host/Einrichtung.h"
 #include "host/Komponente.h"
 #include "host/demo/Hofjournal.h"
@@ -60,7 +61,7 @@ void fuelleJahre(const Installation& baustelle, const Sortiment& sortiment, QDat
             lagerverwaltungsdaten(baustelle, Demobetrieb, QDate(jahr - 1, 12, 31))
                 ->Kontrolle_LagerbestandLaden();
 
-        const auto journal = jet::engine().OpenDatabase(baustelle.journaldatei(Demobetrieb, jahr));
+        const auto journal = oeffne(Dateiart::Lager, baustelle.journaldatei(Demobetrieb, jahr));
         if (jahr == erstes) buche(*journal, kalender.anfangsbestand(jahr));
         ergaenzeUntergruppen(*journal, sortiment);
         std::vector<Vorgang> buchungen = kalender.jahr(jahr);

@@ -1,6 +1,7 @@
 #include "host/demo/Hofjournal.h"
 
 #include "core/farm/Buchung.h"
+#include "core/farm/Buchungsarten.h"
 
 using namespace Qt::StringLiterals;
 
@@ -59,7 +60,7 @@ void bucheUm(jet::Recordset& journal, const Vorgang& vorgang)
 void bucheEinzeln(jet::Recordset& journal, const Vorgang& vorgang, int nummer)
 {
     Buchung neu = zeile(vorgang, *vorgang.ware, vorgang.ort, vorgang.menge);
-    if (vorgang.buchungsart != u"Korrektur"_s) { // its mask has neither price nor partner
+    if (vorgang.buchungsart != buchungsart::Korrektur) { // its mask has neither price nor partner
         neu.Preis = zahl(jahrespreis(*vorgang.ware, vorgang.tag.year()));
         neu.Preisfaktor = vorgang.ware->preisfaktor;
         neu.Uberstallt_alt = vorgang.partner;

@@ -55,7 +55,7 @@ std::vector<Vorgang> Hofkalender::anfangsbestand(int jahr)
     for (const auto& zeile : tabelle(u"anfangsbestand"_s)) {
         Vorgang& neu = buchungen.emplace_back();
         neu.tag = QDate(jahr, 1, 1);
-        neu.buchungsart = u"Anfangsbestand"_s;
+        neu.buchungsart = buchungsart::Anfangsbestand.toString();
         neu.ware = &m_sortiment->ware(zeile[u"Artikel"_s]);
         neu.ort = zeile[u"Ort"_s];
         neu.menge = hundertstel(zeile[u"Menge"_s]);

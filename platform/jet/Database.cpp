@@ -80,6 +80,15 @@ std::vector<TableDef> Database::TableDefs() const
     });
 }
 
+bool Database::HasIndex(const QString& table, const QString& index) const
+{
+    return m_session->told([&] {
+        auto& file = m_session->use();
+        const auto found = file.catalogue().table(table);
+        return found && file.connection().hasIndex(found->name, index);
+    });
+}
+
 void Database::CreateTableDef(const QString& name, const QString& connect, const QString& sourceTable)
 {
     auto& file = m_session->use();

@@ -26,6 +26,8 @@ public:
 
     /// Tables and links of the file, in no promised order. System tables are not among them.
     std::vector<TableDef> TableDefs() const;
+    bool HasIndex(const QString& table,
+                  const QString& index) const; ///< False, too, where there is no such table.
     /// Creates a link named `name` to a table of another file, which is opened once to see that it is there.
     /// \throws Error FileNotFound, WrongPassword, ObjectNotFound, TableExists.
     void CreateTableDef(const QString& name, const QString& connect, const QString& sourceTable);

@@ -27,6 +27,7 @@ protected:
               u" Einheit Text(15), Buchungsart Text(20), BuchungsID Long, BEErfassungsnummer Long, Kommentar "
               u"Text(255),"
               u" Uberstallt_alt Text(15), Verfuttert_an Text(15), Lieferscheinnummer Long)"_s,
+              u"CREATE TABLE Einstellungen (Farbe Text(5))"_s, // without the key, which rows cannot be given
               u"CREATE INDEX Lieferscheine ON LAGERJOURNAL (Lieferscheinnummer)"_s,
               u"INSERT INTO LAGERJOURNAL (Datum, Artikel, Menge) VALUES (#5/5/2024#, 'Weizen', 12.5)"_s})
             alt->Execute(anweisung);
@@ -47,7 +48,7 @@ protected:
     QString m_datei = m_hof.ort().verzeichnis() + u"/Lager.alt"_s;
 };
 
-const QString Vorher = u"1 | 05.05.2024 | Weizen | 12,5 LAGERJOURNAL 17 Stand 0"_s;
+const QString Vorher = u"1 | 05.05.2024 | Weizen | 12,5 Einstellungen 1 LAGERJOURNAL 17 Stand 0"_s;
 // Not the column OhneVorjahr: that it is missing means something.
 const QString Nachher =
     u"1 | 05.05.2024 | Weizen | 12,5 Einstellungen 1 LAGERJOURNAL 18 Liefereinstellungen 6 Stand 4"_s;
