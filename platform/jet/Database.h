@@ -52,6 +52,7 @@ public:
     struct Session; ///< Known to this room only.
 
 private:
+    friend class Appender;
     friend class Engine;
     friend class Transaction;
     friend void copyWhereMissing(const QString& templateFile, const QString& connect, const QString& target);

@@ -46,17 +46,26 @@ public:
         return table;
     }
 
+    /// Rows keep what they hold: a text may only get more room.
+    TablePtr operator()(sql::AlterColumn& alter) const
+    {
+        auto table = tableOf(alter.table);
+        const auto& before = table->columns[columnOf(*table, alter.column.name)];
+        const bool longer = alter.column.type == Type::Memo ||
+                            (alter.column.type == Type::Text && alter.column.size >= before.size);
+        if (before.type != Type::Text || !longer || alter.column.required || alter.column.primaryKey)
+            raise(ErrorNumber::AlterTableSyntax);
+        return table;
+    }
+
     TablePtr operator()(sql::CreateIndex& create) const
     {
         auto table = tableOf(create.table);
         requireName(create.name, m_present);
         if (m_present.hasIndex(table->name, create.name))
             raise(ErrorNumber::IndexExists, {table->name, create.name});
-        for (auto& column : create.columns) {
-            const int found = table->find(column.name);
-            if (found < 0) raise(ErrorNumber::ObjectNotFound, {column.name});
-            column.name = table->columns[static_cast<std::size_t>(found)].name;
-        }
+        for (auto& column : create.columns)
+            columnOf(*table, column.name);
         return table;
     }
 
@@ -76,6 +85,16 @@ private:
         if (!table) raise(ErrorNumber::NoSuchTable);
         name = table->name;
         return table;
+    }
+
+    /// Its place, by a name that becomes the one which the table has.
+    static std::size_t columnOf(const Table& table, QString& name)
+    {
+        const int found = table.find(name);
+        if (found < 0) raise(ErrorNumber::ObjectNotFound, {name});
+        const auto column = static_cast<std::size_t>(found);
+        name = table.columns[column].name;
+        return column;
     }
 
     const Present& m_present;

@@ -76,16 +76,17 @@ CreateTable parseCreateTable(TokenCursor& cursor)
     return create;
 }
 
-AddColumn parseAlterTable(TokenCursor& cursor)
+Definition parseAlterTable(TokenCursor& cursor)
 {
     constexpr auto Fault = ErrorNumber::AlterTableSyntax;
     cursor.expect(u"TABLE", Fault);
-    AddColumn add;
-    add.table = cursor.takeName(Fault);
-    cursor.expect(u"ADD", Fault);
+    const QString table = cursor.takeName(Fault);
+    const bool alter = cursor.accept(u"ALTER");
+    if (!alter) cursor.expect(u"ADD", Fault);
     cursor.accept(u"COLUMN");
-    add.column = parseColumn(cursor, Fault);
-    return add;
+    auto column = parseColumn(cursor, Fault);
+    if (alter) return AlterColumn{table, std::move(column)};
+    return AddColumn{table, std::move(column)};
 }
 
 /// "LCASE(TRIM(" or "TRIM(LCASE(" before a column: the index serves look-ups of names as they are typed.

@@ -148,6 +148,12 @@ struct AddColumn {
     ColumnDefinition column;
 };
 
+/// A column takes longer texts from now on.
+struct AlterColumn {
+    QString table;
+    ColumnDefinition column;
+};
+
 struct IndexColumn {
     QString name;
     bool folded = false; ///< LCASE(TRIM(name)) instead of the column itself.
@@ -170,7 +176,7 @@ struct DropIndex {
     QString table;
 };
 
-using Definition = std::variant<CreateTable, AddColumn, CreateIndex, DropTable, DropIndex>;
+using Definition = std::variant<CreateTable, AddColumn, AlterColumn, CreateIndex, DropTable, DropIndex>;
 using Statement = std::variant<Select, Insert, Update, Delete, Definition>;
 
 } // namespace jet::sql

@@ -88,6 +88,24 @@ void Connection::execute(const QByteArray& sql)
         raiseFailure(handle(), m_path);
 }
 
+void Connection::rewriteSchema(const QByteArray& sql)
+{
+    const auto guarded = [this](int on) {
+        sqlite3_db_config(handle(), SQLITE_DBCONFIG_DEFENSIVE, on, nullptr);
+    };
+    guarded(0);
+    const auto guard = qScopeGuard([&] {
+        sqlite3_exec(handle(), "PRAGMA writable_schema=OFF", nullptr, nullptr, nullptr);
+        guarded(1);
+    });
+    execute("PRAGMA writable_schema=ON");
+    execute(sql);
+    if (changes() == 0) raise(ErrorNumber::NotSupported); // a table that another program made
+    // Others, and this connection too, read the tables anew when the number has changed.
+    execute("PRAGMA schema_version=" + QByteArray::number(schemaVersion() + 1));
+    execute("PRAGMA writable_schema=RESET");
+}
+
 bool Connection::schemaChanged()
 {
     const qint64 before = std::exchange(m_schemaVersion, schemaVersion());

@@ -50,6 +50,19 @@ struct Writer {
         return "ALTER TABLE " + schema + '.' + quoted(add.table) + " ADD COLUMN " + writeColumn(add.column);
     }
 
+    /// What the file keeps of a table is its CREATE statement, in which the column stands as it was written.
+    QByteArray operator()(const sql::AlterColumn& alter) const
+    {
+        const Field& before = table->columns[static_cast<std::size_t>(table->find(alter.column.name))];
+        const auto literal = [](QByteArray text) { return '\'' + text.replace('\'', "\'\'") + '\''; };
+        const QByteArray written =
+            literal(writeColumn({before.name, before.type, before.size, false, false}));
+        return "UPDATE " + schema + ".sqlite_master SET sql=replace(sql," + written + ',' +
+               literal(writeColumn(alter.column)) +
+               ") WHERE type='table' AND name=" + literal(alter.table.toUtf8()) + " AND instr(sql," +
+               written + ")>0";
+    }
+
     QByteArray operator()(const sql::CreateIndex& create) const
     {
         QByteArray text = create.unique ? "CREATE UNIQUE INDEX " : "CREATE INDEX ";

@@ -122,7 +122,11 @@ void File::removeNote(const QString& kind, const QString& name)
 
 void File::define(const bind::BoundDefinition& definition, int file)
 {
-    m_connection.execute(writeDefinition(definition, file));
+    const QByteArray text = writeDefinition(definition, file);
+    if (!std::holds_alternative<sql::AlterColumn>(definition.definition)) return m_connection.execute(text);
+    store::WriteScope scope(*this);
+    m_connection.rewriteSchema(text);
+    scope.commit();
 }
 
 std::unique_ptr<store::Query> File::query(const bind::BoundSelect& select, int parameters)
