@@ -15,13 +15,17 @@ namespace report {
 ///     {JOURNAL.Artikel}         a column of the current row, or of a lookup's row
 ///     {@Betriebsname}           a formula
 ///     {sum(JOURNAL.Menge)}      of the band's group, in page and report bands of the report, up to the
-///     current row {count}                   rows, likewise {total(JOURNAL.Menge)}    the sum over all rows
-///     of the report, known from its first band on {same(JOURNAL.Einheit)}   1 while the column has had one
-///     value only, else 0; likewise {page}, {pages}           number of the page, and of the last one
+///                               current row
+///     {count}                   rows, likewise
+///     {total(JOURNAL.Menge)}    the sum over all rows of the report, known from its first band on
+///     {same(JOURNAL.Einheit)}   1 while the column has had one value only, else 0; likewise
+///     {page}, {pages}           number of the page, and of the last one
 ///     {continued}               1 where a group's head is repeated on a further page, else 0
 ///     {ending}                  1 on a page without a row, where only what is left of the report's footer
-///     stands, else 0 {today}                   the day of printing {lower(@Stichdatum)}      the text of a
-///     formula or column in small letters, for the middle of a sentence
+///                               stands, else 0
+///     {today}                   the day of printing
+///     {lower(@Stichdatum)}      the text of a formula or column in small letters, for the middle of a
+///                               sentence
 struct Reference {
     enum class Kind { Column, Formula, Sum, Count, Same, Total, Page, Pages, Continued, Ending, Today };
 

@@ -36,7 +36,7 @@ private:
 //   05.03.2024                a date; 05.03.2024 13:45:00 when it has a time of day
 //   Weizen                    a text
 //   'Weizen  '  ''  '100'     a text that is empty, has blanks at an end or a line break in it, or would read
-//   as one
+//            as one
 //                             of the above; a quote in it is not doubled, a line break is written \n
 //
 // A text never has " | " or "; " in it, which stand between the cells of a row and between rows.

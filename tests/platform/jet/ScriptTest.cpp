@@ -19,14 +19,16 @@
 //   setup                    statements that must succeed
 //   rows TABLE  A | B        rows that are added to a table, with the values of these columns
 //   ask STATEMENT  title     "what stands for ... in the statement => answer"; without ... it is the
-//   statement's end.
+//                  statement's end.
 //                            Rows answer "1 | Weizen; 2 | Hafer" or "-" for none, an action the number of its
 //                            rows
 //   types                    "statement => name and type of each column, ..."
 //   walk KINDS SOURCE title  "call; call => where the recordset then stands", see Walk; kinds have a /
-//   between them use FILE  LOCALE         none: what follows goes to this database file, which is opened anew
-//   or created open FILE                "connect text => refusal, if any" link CONNECT             "name =
-//   table of the other file => refusal, if any" include FILE             none: the blocks of another file
+//                            between them
+//   use FILE  LOCALE         none: what follows goes to this database file, which is opened anew or created
+//   open FILE                "connect text => refusal, if any"
+//   link CONNECT             "name = table of the other file => refusal, if any"
+//   include FILE             none: the blocks of another file
 //
 // Values are written as Scratch.h says; "{3*N%,}" is a text that repeats, "N0,N1,N2,", and %% there % + 1;
 // %DIR% is the folder of the database files. "!3061 'Preis'" answers a refusal of that number whose text

@@ -6,12 +6,13 @@
 //     form Lagerbestand.rpt       a form that comes with the program; it must keep to the schema
 //     formula Kopf = 'a'          also "sort", "select" and "file 1": what the program sets, for this block
 //     <data table="J"/> ...       the form; of one that begins with <detail>, or what stands in one, J is the
-//     table = Kopf a | 14 x Weizen      the paper's lines: what stands on one base line, page after page with
-//     "---" between, or
+//                                 table
+//     = Kopf a | 14 x Weizen      the paper's lines: what stands on one base line, page after page with "---"
+//                                 between, or
 //                                 a refusal, of which "..." leaves out the end
 //     @ 10,10 60x9 | 10,14 A 10b  what is drawn, with its place in millimetres; of texts size, b and i;
-//     colours but black select 1 => Die Auswahl     a block of its own: a line, and the refusal that it leads
-//     to
+//                                 colours but black
+//     select 1 => Die Auswahl     a block of its own: a line, and the refusal that it leads to
 
 #include "platform/jet/Errors.h"
 #include "platform/system/Clock.h"
