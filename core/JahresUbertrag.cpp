@@ -108,6 +108,7 @@ void uebertrage(jet::Recordset& quelle, int vonJahr, int nachJahr)
     // Ten thousand rows cost one sync. It begins before the rows are listed, so that two programs that carry
     // forward at once find each other's opening rows.
     journal->BeginTrans();
+    modulzustand().Ruecknahmen.clear(); // other rows rest on what was booked now
     const auto ziel = journal->OpenRecordset(u"Lagerjournal"_s, jet::Kind::Dynaset);
     for (; !quelle.Eof(); quelle.MoveNext()) {
         try {

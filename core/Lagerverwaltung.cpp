@@ -85,6 +85,7 @@ void Lagerverwaltung::LagerbestandLaden()
     // Not the farm password: no screen opens the farm's own database, so it stays what a carry-forward handed
     // on.
 
+    zustand.Ruecknahmen.clear();
     zustand.Jahr = QString::number(zustand.Stichdatum.year());
     stelleJournalBereit(m_datenverzeichnis); // a missing template ends the call, what is copied by now stays
     zustand.Herkunft = m_herkunft;

@@ -1,7 +1,11 @@
 #pragma once
 
+#include "core/Ruecknahme.h"
+
 #include <QDate>
 #include <QString>
+
+#include <vector>
 
 /// The day that stands for "never set": day 0 of the date numbers in year files.
 inline QDate nulldatum()
@@ -33,6 +37,9 @@ struct Modulzustand {
     QString AktBuchungsart;       ///< Booking kind of the mask that is open or opened next.
     bool BildschirmOffen = false; ///< The main screen is shown; there is only one in a process.
     bool Aenderungsmodus = false; ///< The mask changes the current journal row instead of booking a new one.
+
+    /// Of the open year, the last one at the end.
+    std::vector<Ruecknahme> Ruecknahmen;
 };
 
 /// The state of this process; it lives as long as the component is loaded.

@@ -122,6 +122,12 @@ bool Filterleiste::stelleFilterSicher()
     return zeigtGewaehltes();
 }
 
+bool Filterleiste::liesNeu()
+{
+    sys::underErrorReport({[this] { AuswahllistenFullen(); }, [this] { FilterEinstellen(); }});
+    return zeigtGewaehltes();
+}
+
 void Filterleiste::zeigeBestandsliste()
 {
     filtereBestandsliste(

@@ -10,5 +10,6 @@ class Journalmenue : public QMenu {
     Q_OBJECT
 
 public:
-    Journalmenue(DataGrid& Journalliste, QPushButton& aendern, QPushButton& loeschen, QWidget* parent);
+    Journalmenue(DataGrid& Journalliste, QPushButton& aendern, QPushButton& loeschen, QAction& zuruecknehmen,
+                 QWidget* parent);
 };

@@ -17,6 +17,7 @@
 #include "overview/Loeschung.h"
 #include "overview/Menueleiste.h"
 #include "overview/Registerbefehl.h"
+#include "overview/Ruecknahmebefehl.h"
 #include "overview/Spaltenbreiten.h"
 #include "overview/Tabellenuebergabe.h"
 #include "overview/Tastenbefehle.h"
@@ -82,14 +83,18 @@ void LagerbestandNeu::errichteFilter()
 
 void LagerbestandNeu::errichteBefehle()
 {
-    richteMenueleisteEin(*ui, *this, [this]() -> DataGrid& {
-        return journalGezeigt() ? *ui->Journalliste : *ui->BestandListe;
-    });
-    const auto danach = [this](const Wiederfinden& gesucht) {
+    const auto danach = [this](const Wiederfinden& gesucht, const QString& hinweis = {}) {
         aktualisiere();
         if (sucheEine(*Journaldaten, gesucht))
             m_jahr->zeigeStatus(u" · Die neue Buchung liegt außerhalb der Auswahl."_s);
+        else if (!hinweis.isEmpty())
+            m_jahr->zeigeStatus(u" · "_s + hinweis);
     };
+    auto* const zuruecknehmen = new Ruecknahmebefehl(*Journaldaten, *ui->Journalliste, danach, this);
+    richteMenueleisteEin(
+        *ui, *this,
+        [this]() -> DataGrid& { return journalGezeigt() ? *ui->Journalliste : *ui->BestandListe; },
+        {zuruecknehmen});
     new Buchungsbefehle({*ui->KurzEingabe, *ui->DrpBuchart, *ui->Command7_0_, *ui->Command7_1_}, *m_haupt,
                         danach, this);
     m_auswertung = new Auswertung(
@@ -100,14 +105,9 @@ void LagerbestandNeu::errichteBefehle()
     new Registerbefehl(
         {*ui->M_PflanzschPrufen, *ui->drpLagerOrte, *ui->drpArtikelGruppe, *ui->drpArtikel, *ui->drpJahr,
          *ui->VonDatum, *ui->Buchdatum, *Bestanddaten},
-        [this] {
-            sys::underErrorReport(
-                {[this] { m_filter->AuswahllistenFullen(); }, [this] { m_filter->FilterEinstellen(); }});
-            return m_filter->zeigtGewaehltes();
-        },
-        this);
+        [this] { return m_filter->liesNeu(); }, this);
     new Loeschung(*ui->Command4, *Journaldaten, *ui->Journalliste, danach, this);
-    new Journalmenue(*ui->Journalliste, *ui->Command7_1_, *ui->Command4, this);
+    new Journalmenue(*ui->Journalliste, *ui->Command7_1_, *ui->Command4, *zuruecknehmen, this);
     new Tabellenuebergabe(*ui->ExcelButton, *ui->Journalliste, *ui->Command3, *ui->BestandListe, this);
     new Tastenbefehle(*ui, {[this] { aktualisiere(); }, [this] { zeigeAlles(); }}, *this);
     new Hilfetaste(*ui->M_Hilfe, *this);

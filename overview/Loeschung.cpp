@@ -53,6 +53,7 @@ void Loeschung::Journalliste_BeforeDelete(Cancel& cancel, bool& prompt)
     m_gesucht = aktuelle();
     if (!darfGehen()) return;
     m_geloescht = true;
+    m_aufzeichnung.emplace(m_journal.Database()).vorher(m_gesucht.vorher.value());
     if (m_journal.Recordset()[u"Buchungsart"].toText() == buchungsart::Umbuchung) {
         // Only now, as nobody is asked any more while other programs wait for the file.
         sys::underErrorReport(
@@ -94,7 +95,10 @@ void Loeschung::Journalliste_AfterDelete()
     if (tag == OhneFrage) return;
     m_liste.setTag({});
     m_gesucht = aktuelle();
-    if (!tag.isEmpty()) sys::underErrorReport({[&] { loeschePaar(tag.toLongLong()); }});
+    sys::underErrorReport({[&] {
+        if (!tag.isEmpty()) loeschePaar(tag.toLongLong());
+        m_aufzeichnung->fertig();
+    }});
 }
 
 void Loeschung::Journalliste_DeletesEnded()
@@ -117,6 +121,7 @@ void Loeschung::loeschePartner(qint64 ID)
 {
     const auto partner = umbuchungspartner(m_journal, ID);
     if (!partner) return;
+    m_aufzeichnung->vorher(*partner);
     if (!bewegeZu(m_journal, *partner)) {
         m_journal.Database().Execute(u"DELETE * FROM LAGERJOURNAL WHERE ID = "_s + QString::number(*partner));
         return;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/Ruecknahme.h"
 #include "overview/Ansichten.h"
 #include "platform/jet/Transaction.h"
 #include "platform/system/Messages.h"
@@ -8,6 +9,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 class Cancel;
 class QPushButton;
@@ -38,7 +40,8 @@ private:
     DataControl& m_journal;
     DataGrid& m_liste;
     const std::function<void(const Wiederfinden&)> m_danach;
-    std::unique_ptr<jet::Transaction> m_paar; // from the last question about a transfer to its second row
+    std::unique_ptr<jet::Transaction> m_paar;   // from the last question about a transfer to its second row
+    std::optional<Aufzeichnung> m_aufzeichnung; // of the row that was asked about, and its partner
     Wiederfinden m_gesucht;
     bool m_geloescht = false; // since the views were read
 };

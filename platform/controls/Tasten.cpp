@@ -30,8 +30,8 @@ void springe(const QWidget& fenster, std::vector<QWidget*> anfaenge, int richtun
 } // namespace
 
 // None is a key that text fields keep for themselves on any desktop (Ctrl with A, C, D, E, K, U, V, X, Y or Z
-// among them, but for copying, which lists do as fields do), and none is Ctrl+Alt, which types letters as
-// AltGr does.
+// among them, but for copying and taking back, which lists do as fields do), and none is Ctrl+Alt, which
+// types letters as AltGr does.
 const std::vector<Tastenzeile>& tastentabelle()
 {
     using enum Geltung;
@@ -58,12 +58,13 @@ const std::vector<Tastenzeile>& tastentabelle()
          u"übergibt die gezeigte Liste an die Tabellenkalkulation"_s},
         {Taste::Lieferscheine, Hauptbildschirm, {Qt::CTRL | Qt::Key_L}, u"öffnet die Lieferscheine"_s},
         {Taste::Pruefen, Hauptbildschirm, {Qt::CTRL | Qt::Key_M}, u"prüft die Pflanzenschutzmittel"_s},
-        {Taste::Zuruecknehmen, Reserviert, {Qt::CTRL | Qt::Key_Z}, u"nimmt die letzte Eintragung zurück"_s},
         {Taste::Bestandsbild, Reserviert, {Qt::CTRL | Qt::Key_H}, u"zeigt den Verlauf des Bestandes"_s},
         {Taste::Aendern, Journal, {Qt::Key_Return, Qt::Key_Enter},
          u"ändert die Eintragung, auf der Sie stehen"_s},
         {Taste::Loeschen, Journal, {Qt::Key_Delete}, u"löscht die Eintragung, auf der Sie stehen"_s},
         {Taste::Kopieren, Journal, {Qt::CTRL | Qt::Key_C}, u"kopiert die markierten Zeilen"_s},
+        {Taste::Zuruecknehmen, Journal, {Qt::CTRL | Qt::Key_Z},
+         u"nimmt die letzte Buchung, Änderung oder Löschung zurück"_s},
         {Taste::Naechster, Maske, {Qt::CTRL | Qt::Key_Return, Qt::CTRL | Qt::Key_Enter},
          u"speichert und beginnt die nächste Eintragung"_s},
         {Taste::Beenden, Maske, {Qt::CTRL | Qt::SHIFT | Qt::Key_Return, Qt::CTRL | Qt::SHIFT | Qt::Key_Enter},

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "platform/jet/Database.h"
+
+#include <QString>
+
+#include <optional>
+#include <vector>
+
+// Taking back what the masks and the deletes of this session have written, last first. It is held in memory
+// alone: the journal stays the only truth.
+
+/// What one booking, its change or its deletion did to its rows in the open year's file.
+struct Ruecknahme {
+    /// A row with the values of all its columns, in table order; empty: it was not there.
+    struct Zeile {
+        qint64 ID;
+        std::vector<jet::Value> vorher, nachher;
+    };
+    QString was; ///< As the user is told: "die neue Eintragung Zukauf 25 dt Weizen vom 03.04.2026".
+    std::vector<Zeile> zeilen; ///< Two of a transfer, its issue or the row that was chosen first.
+};
+
+/// Watches a booking while it is written. What ends without fertig() cannot be taken back.
+class Aufzeichnung {
+public:
+    explicit Aufzeichnung(jet::Database& journal) : m_journal(journal) {}
+
+    void vorher(qint64 ID); ///< The row is about to be changed or deleted.
+    void neu(qint64 ID);    ///< The row has come.
+    void fertig();          ///< All is written. What has changed nothing is forgotten.
+
+private:
+    jet::Database& m_journal;
+    Ruecknahme m_ruecknahme;
+};
+
+/// What became of it, for the user.
+struct Zurueckgenommen {
+    bool gelungen;
+    QString satz;
+    std::optional<qint64> ID; ///< Of a row that stands there now.
+};
+
+/// Takes the last one back, all its rows in one commit, if they still stand as they were written; one that does not
+/// is told and forgotten, so that those before it can be taken back. A deleted row comes back with its ID.
+/// \throws jet::Error Locked, DiskFull and what else the file refuses: it can be tried again.
+Zurueckgenommen nimmZurueck(jet::Database& journal);
