@@ -42,7 +42,7 @@ struct Zurueckgenommen {
     std::optional<qint64> ID; ///< Of a row that stands there now.
 };
 
-/// Takes the last one back, all its rows in one commit, if they still stand as they were written; one that does not
-/// is told and forgotten, so that those before it can be taken back. A deleted row comes back with its ID.
-/// \throws jet::Error Locked, DiskFull and what else the file refuses: it can be tried again.
+/// Takes the last one back, all its rows in one commit, if they still stand as they were written; one that
+/// does not is told and forgotten, so that those before it can be taken back. A deleted row comes back with
+/// its ID. \throws jet::Error Locked, DiskFull and what else the file refuses: it can be tried again.
 Zurueckgenommen nimmZurueck(jet::Database& journal);

@@ -32,8 +32,8 @@ public:
     void zeigeJahr(int jahr); ///< From its first day to its last.
 
     void FilterEinstellen(); ///< Shows the rows that the fields choose.
-    /// Whether the rows are those of the fields; filters where they are not, after a filter, a sort or a change of
-    /// year that failed or was left.
+    /// Whether the rows are those of the fields; filters where they are not, after a filter, a sort or a
+    /// change of year that failed or was left.
     bool stelleFilterSicher();
     bool liesNeu();         ///< Fills the lists and filters, under the error report. \returns the same.
     void nachErstemMalen(); ///< Fills what is not seen at once.

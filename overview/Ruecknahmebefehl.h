@@ -11,8 +11,8 @@ class Ruecknahmebefehl : public QAction {
     Q_OBJECT
 
 public:
-    /// `danach` is called when a booking was taken back, with what is to be current then and the sentence that tells
-    /// of it.
+    /// `danach` is called when a booking was taken back, with what is to be current then and the
+    /// sentence that tells of it.
     Ruecknahmebefehl(DataControl& Journaldaten, DataGrid& Journalliste,
                      std::function<void(const Wiederfinden&, const QString& satz)> danach,
                      QWidget* bildschirm);

@@ -4,16 +4,13 @@
 // stands for anything, \r and \n for line breaks.
 //
 //   bucht 2024  05.03. | H1 | Weizen | 100 | Zukauf      rows, more of them below
-//   fuellt 2024 LAGERJOURNAL     rows of any table: its columns stand below, then the rows, "Artikel |
-//                                Menge"; NULL: left out
+//   fuellt 2024 LAGERJOURNAL     rows of any table: its columns stand below, then the rows; NULL: left out
 //   sql 2024 UPDATE ...          in a year file, Grundstamm, Stammdaten or Anlagen, by another program
 //   heute 5.3.2024               the day
 //   stichtag 1.6.2024            what a host has set; lagername and betriebsname too
 //   einstellung Name = 1         a setting of the user; "einstellung Name zeigt 1"
-//   datei weg Grundstamm         a file cannot be found, or "kaputt", until "datei da Grundstamm"; also the
-//                                Lieferschein
-//   sperre 2024                  another program is writing in a file, until "frei"; "sperre 2024 ganz": none
-//                                can read it
+//   datei weg Grundstamm         a file cannot be found, or "kaputt", until "da"; also the Lieferschein
+//   sperre 2024                  another program writes in a file, until "frei"; with "ganz" none can read it
 //
 // The first of other steps opens the main screen. Fields are those of the window in front, by their object
 // names.
@@ -26,23 +23,18 @@
 //   drpArtikel = Weizen          types over it and leaves by Tab; a tick becomes "an" or not
 //   klick Journalliste 3         the mouse, on a field or a row of a list; doppelklick
 //   kopf Journalliste Artikel    the mouse on the head of a column
-//   papier {Strg+P}              what the key prints, whose lines stand below; a line "..." is any number of
-//                                them
-//   oeffnet {F12} ... 2024.xlsx  the file that the user's own program is to open, or what is said instead; of
-//                                a table the
-//                                rows stand below, see tests/platform/family/Tabellenblatt.h
+//   papier {Strg+P}              what the key prints, whose lines stand below; "..." is any number of them
+//   oeffnet {F12} ... 2024.xlsx  the file that the user's own program is to open, or what is said instead;
+//                                the rows of a table stand below, see tests/platform/family/Tabellenblatt.h
 //
 //   antwort Ja  text             before a question: it is asked once and answered so: Ja, Nein, Abbruch,
-//               Ignorieren, or
-//                                Abbrechen, which is milder; steps below it are done meanwhile
+//                                Ignorieren or Abbrechen, which is milder; steps below it are done meanwhile
 //   stets Ignorieren  text       the same for a question that may come often
-//   meldung text                 what was said, or its lines below; a message that nobody expects is a
-//                                failure
+//   meldung text                 what was said, or its lines below; one that nobody expects is a failure
 //
 //   fenster Zukauf erfassen      the title of the window in front
 //   fokus txtMenge               where the focus is; "markiert 7": what is selected there
-//   txtMenge zeigt 12,50         the text of a field, label, tab, heading of a list; "Ampel zeigt rot" or
-//                                "grün"
+//   txtMenge zeigt 12,50         the text of a field, label, tab, heading of a list; of a lamp "rot"
 //   Journalliste zeigt           the rows of a list, which stand below
 //   Journalliste hat Artikel: Weizen | Hafer      a column of it, from above
 //   Journalliste steht auf ...   its current row, or "keine"
@@ -51,9 +43,8 @@
 //   txtPreis ist sichtbar        or an, offen, frei; "ist nicht frei"
 //
 //   neu 06.03.2024 | H2 | ...    the rows of 2024 since the farm was set up: day, place, article, kind,
-//                                Menge, Buchungsmenge,
-//                                unit, price, factor, Buchungsart, BuchungsID, Uberstallt_alt, Verfuttert_an,
-//                                comment
+//                                Menge, Buchungsmenge, unit, price, factor, Buchungsart, BuchungsID,
+//                                Uberstallt_alt, Verfuttert_an, comment
 //   zeigt 2024 SELECT ...        the rows of a query
 
 #include "overview/LagerbestandNeu.h"

@@ -32,8 +32,8 @@ public:
     /// Runs statements that give no rows.
     void execute(const QByteArray& sql);
 
-    /// Runs a statement that changes what the file keeps of its tables, within a transaction: no row is moved.
-    /// \throws Error NotSupported when it changes nothing.
+    /// Runs a statement that changes what the file keeps of its tables, within a transaction: no row is
+    /// moved. \throws Error NotSupported when it changes nothing.
     void rewriteSchema(const QByteArray& sql);
 
     void forget() { m_statements.clear(); } ///< What was prepared.
