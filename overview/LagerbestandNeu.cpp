@@ -22,6 +22,7 @@
 #include "overview/Tabellenuebergabe.h"
 #include "overview/Tastenbefehle.h"
 #include "overview/Vorjahr.h"
+#include "overview/stammdaten/Stammdatenbefehl.h"
 #include "platform/controls/RowIds.h"
 #include "platform/controls/TasteUmsetzen.h"
 #include "platform/controls/WindowMemory.h"
@@ -91,10 +92,7 @@ void LagerbestandNeu::errichteBefehle()
             m_jahr->zeigeStatus(u" · "_s + hinweis);
     };
     auto* const zuruecknehmen = new Ruecknahmebefehl(*Journaldaten, *ui->Journalliste, danach, this);
-    richteMenueleisteEin(
-        *ui, *this,
-        [this]() -> DataGrid& { return journalGezeigt() ? *ui->Journalliste : *ui->BestandListe; },
-        {zuruecknehmen});
+    richteMenueleisteEin(*ui, *this, {new Stammdatenbefehl([this] { aktualisiere(); }, this), zuruecknehmen});
     new Buchungsbefehle({*ui->KurzEingabe, *ui->DrpBuchart, *ui->Command7_0_, *ui->Command7_1_}, *m_haupt,
                         danach, this);
     m_auswertung = new Auswertung(

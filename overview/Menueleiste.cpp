@@ -9,9 +9,11 @@
 
 using namespace Qt::StringLiterals;
 
-void richteMenueleisteEin(Ui::LagerbestandNeu& ui, QDialog& bildschirm, std::function<DataGrid&()> liste,
-                          const QList<QAction*>& weitere)
+void richteMenueleisteEin(Ui::LagerbestandNeu& ui, QDialog& bildschirm, const QList<QAction*>& weitere)
 {
+    const auto gezeigteListe = [&ui]() -> DataGrid& {
+        return ui.SSTab1->currentWidget() == ui.TabJournal ? *ui.Journalliste : *ui.BestandListe;
+    };
     auto* const leiste = new QMenuBar(&bildschirm);
     QMenu* const einstellungen = leiste->addMenu(u"E&instellungen"_s);
     einstellungen->setObjectName(u"M_Einstellungen"_s);
@@ -19,7 +21,7 @@ void richteMenueleisteEin(Ui::LagerbestandNeu& ui, QDialog& bildschirm, std::fun
     QMenu* const extras = leiste->addMenu(u"E&xtras"_s);
     extras->addAction(ui.M_PflanzschPrufen);
     extras->addActions(weitere);
-    extras->addMenu(new Sortiermenue(std::move(liste), &bildschirm));
+    extras->addMenu(new Sortiermenue(gezeigteListe, &bildschirm));
     ergaenzeHilfemenue(*leiste, *ui.M_Hilfe);
     bildschirm.layout()->setMenuBar(leiste);
 }
