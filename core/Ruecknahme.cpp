@@ -6,6 +6,8 @@
 #include "platform/jet/Conversion.h"
 #include "platform/jet/TextOrder.h"
 
+#include <zablager/DatabaseError.h>
+
 #include <QScopeGuard>
 
 #include <algorithm>
@@ -87,14 +89,14 @@ void Aufzeichnung::neu(qint64 ID)
     m_ruecknahme.zeilen.push_back({ID, {}, {}});
 }
 
-void Aufzeichnung::fertig()
+void Aufzeichnung::fertig() noexcept
 {
-    auto& zeilen = m_ruecknahme.zeilen;
-    for (auto& zeile : zeilen) {
-        const auto jetzt = zeileMit(m_journal, zeile.ID);
-        zeile.nachher = werte(*jetzt);
-        if (m_ruecknahme.was.isEmpty() && !jetzt->Eof()) m_ruecknahme.was = beschreibung(gelesen(*jetzt));
+    try {
+        liesGeschriebenes();
+    } catch (const jet::Error&) {
+        return; // an error now would be taken for one of the write, and the booking be written twice
     }
+    auto& zeilen = m_ruecknahme.zeilen;
     std::erase_if(zeilen, [](const auto& zeile) { return zeile.vorher == zeile.nachher; });
     if (zeilen.empty()) return;
     const auto& erste = zeilen.front();
@@ -102,6 +104,15 @@ void Aufzeichnung::fertig()
                              : erste.nachher.empty() ? u"die Löschung von "_s
                                                      : u"die Änderung von "_s);
     modulzustand().Ruecknahmen.push_back(std::move(m_ruecknahme));
+}
+
+void Aufzeichnung::liesGeschriebenes()
+{
+    for (auto& zeile : m_ruecknahme.zeilen) {
+        const auto jetzt = zeileMit(m_journal, zeile.ID);
+        zeile.nachher = werte(*jetzt);
+        if (m_ruecknahme.was.isEmpty() && !jetzt->Eof()) m_ruecknahme.was = beschreibung(gelesen(*jetzt));
+    }
 }
 
 Zurueckgenommen nimmZurueck(jet::Database& journal)

@@ -28,9 +28,12 @@ public:
 
     void vorher(qint64 ID); ///< The row is about to be changed or deleted.
     void neu(qint64 ID);    ///< The row has come.
-    void fertig();          ///< All is written. What has changed nothing is forgotten.
+    /// All is written. What has changed nothing, or cannot be read now, is forgotten.
+    void fertig() noexcept;
 
 private:
+    void liesGeschriebenes();
+
     jet::Database& m_journal;
     Ruecknahme m_ruecknahme;
 };

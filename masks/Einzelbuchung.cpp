@@ -1,11 +1,13 @@
 #include "masks/Einzelbuchung.h"
 
 #include "core/Modulzustand.h"
+#include "core/Ruecknahme.h"
 #include "masks/ErfassungsmaskenModul.h"
 #include "masks/Maskenfenster.h"
 #include "masks/Maskenteile.h"
 #include "masks/Textlaenge.h"
 #include "platform/controls/FocusWhole.h"
+#include "platform/controls/RowIds.h"
 #include "platform/controls/TextBox.h"
 #include "platform/controls/Wiring.h"
 #include "platform/system/Settings.h"
@@ -119,11 +121,17 @@ void Einzelbuchung::schreibe(Buchung zeile) const
 {
     DataControl& journal = m_maske.journaldaten();
     auto verwirf = qScopeGuard([&] { journal.UpdateControls(); }); // drops the pending row
-    if (!m_maske.aendert()) zeile.BuchungsID = 0;                  // of no sibling program
+    Aufzeichnung aufzeichnung(journal.Database());
+    if (m_maske.aendert())
+        aufzeichnung.vorher(m_maske.ID());
+    else
+        zeile.BuchungsID = 0; // of no sibling program
     m_maske.aendert() ? journal.Edit() : journal.AddNew();
     setze(journal, zeile);
     journal.Update();
     verwirf.dismiss();
+    if (!m_maske.aendert()) aufzeichnung.neu(idAt(journal, journal.RecordCount() - 1).value_or(0));
+    aufzeichnung.fertig();
 }
 
 bool Einzelbuchung::pruefe()

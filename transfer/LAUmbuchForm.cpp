@@ -3,6 +3,7 @@
 #include "ui_LAUmbuchForm.h"
 
 #include "core/Modulzustand.h"
+#include "core/Ruecknahme.h"
 #include "core/ZeilenumbruchEntfernen.h"
 #include "masks/Artikelwahl.h"
 #include "masks/Buchungstag.h"
@@ -225,11 +226,15 @@ void LAUmbuchForm::aendere()
     const auto zugang = static_cast<qint64>(ui->txtZugangsID->Value());
     if (abgang == 0 || zugang == 0 || abgang == zugang) jet::raise(jet::ErrorNumber::NoCurrentRecord);
     jet::Transaction paar(journaldaten().Database());
-    zeileMit(journaldaten(), abgang);
-    zeileMit(journaldaten(), zugang);
+    Aufzeichnung aufzeichnung(journaldaten().Database());
+    for (const qint64 ID : {abgang, zugang}) {
+        zeileMit(journaldaten(), ID);
+        aufzeichnung.vorher(ID);
+    }
     bearbeite(abgang, *m_abgang);
     bearbeite(zugang, *m_zugang);
     paar.commit();
+    aufzeichnung.fertig();
 }
 
 /// What an earlier try has stored already is written over, not doubled; what was taken back is gone, and its
@@ -247,6 +252,10 @@ void LAUmbuchForm::bucheNeu()
                                       QString::number(zugang) + u"' WHERE ID = "_s + QString::number(abgang));
     paar.commit();
     vergiss();
+    Aufzeichnung aufzeichnung(journaldaten().Database());
+    aufzeichnung.neu(abgang);
+    aufzeichnung.neu(zugang);
+    aufzeichnung.fertig();
 }
 
 /// Adds a row, or writes that of an earlier try once more. No row becomes current: what shows the journal
