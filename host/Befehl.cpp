@@ -1,5 +1,6 @@
 #include "host/Befehl.h"
 
+#include "core/farm/Betriebe.h"
 #include "host/Aufruffehler.h"
 
 #include <zablager/FileError.h>
@@ -15,6 +16,14 @@ constexpr int ErstesJahr = 1900;
 QCommandLineOption betriebOption()
 {
     return {u"betrieb"_s, u"Nummer des Betriebes; ohne die Angabe der einzige, den es gibt."_s, u"NR"_s};
+}
+
+QString betriebsnummer(const QCommandLineParser& aufruf)
+{
+    const QString nummer = aufruf.value(u"betrieb"_s);
+    if (istBetriebsnummer(nummer)) return nummer;
+    throw Aufruffehler(u"'"_s + nummer +
+                       u"' ist keine Betriebsnummer (--betrieb): nur Ziffern, keine führende Null."_s);
 }
 
 QString gewaehlterBetrieb(const Installation& ort, const QCommandLineParser& aufruf)

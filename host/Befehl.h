@@ -26,8 +26,11 @@ Befehl bestandBefehl();
 Befehl oeffnenBefehl();
 Befehl uebertragBefehl();
 Befehl aktualisierenBefehl();
+Befehl uebernehmenBefehl();
 Befehl sqlBefehl();
 
+/// The farm number of the option, of a farm that need not be there. \throws Aufruffehler when it is none.
+QString betriebsnummer(const QCommandLineParser& aufruf);
 /// The option that names a farm.
 QCommandLineOption betriebOption();
 /// The farm that is meant: the one of the option, without it the only one. \throws Aufruffehler that lists

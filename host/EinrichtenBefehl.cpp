@@ -1,5 +1,3 @@
-#include "core/farm/Betriebe.h"
-#include "host/Aufruffehler.h"
 #include "host/Ausgabe.h"
 #include "host/Befehl.h"
 #include "host/Einrichtung.h"
@@ -12,10 +10,7 @@ namespace {
 
 void einrichten(const QCommandLineParser& aufruf)
 {
-    const QString nummer = aufruf.value(u"betrieb"_s);
-    if (!istBetriebsnummer(nummer))
-        throw Aufruffehler(u"'"_s + nummer +
-                           u"' ist keine Betriebsnummer (--betrieb): nur Ziffern, keine führende Null."_s);
+    const QString nummer = betriebsnummer(aufruf);
     const int angelegt = aufruf.isSet(u"jahr"_s) ? jahr(aufruf.value(u"jahr"_s)) : sys::heute().year();
     const Installation ort(aufruf.positionalArguments().constFirst());
     const bool gabEs = sys::Exist(ort.journaldatei(nummer, angelegt)) != 0;

@@ -44,19 +44,25 @@ void bringeVorlageAufStand(const Installation& ort)
         bringeAufStandWennMoeglich(Dateiart::Lager, vorlage, verbindung(Dateiart::Lager));
 }
 
-void richteEin(const Installation& ort, const QString& Betriebsnummer, int jahr)
+void legeOrdnerUndVorlageAn(const Installation& ort, const QString& Betriebsnummer)
 {
     for (const QString& pfad :
          {ort.programm(), ort.anlagen(), ort.einstellungen(), ort.betriebsordner(Betriebsnummer)})
         legeVerzeichnisAn(pfad);
-    const QString vorlage = sys::localPath(vorlagedatei(ort.programm()));
-    legeAn(Dateiart::Lager, vorlage);
+    legeAn(Dateiart::Lager, sys::localPath(vorlagedatei(ort.programm())));
+}
+
+void richteEin(const Installation& ort, const QString& Betriebsnummer, std::optional<int> jahr)
+{
+    legeOrdnerUndVorlageAn(ort, Betriebsnummer);
     legeAn(Dateiart::Grundstamm, sys::localPath(grundstammdatei(ort.daten())));
     legeAn(Dateiart::Anlagen, sys::localPath(anlagendatei(ort.anlagen())));
-    legeAn(Dateiart::ZABStammdaten, sys::localPath(stammdatei(ort.programm(), QString::number(jahr))));
     legeBerichtsformulareAn(ort);
-
     bringeVorlageAufStand(ort);
-    kopiereVorlage(vorlage, verbindung(Dateiart::Lager), ort.journaldatei(Betriebsnummer, jahr));
+    if (jahr) {
+        legeAn(Dateiart::ZABStammdaten, sys::localPath(stammdatei(ort.programm(), QString::number(*jahr))));
+        kopiereVorlage(sys::localPath(vorlagedatei(ort.programm())), verbindung(Dateiart::Lager),
+                       ort.journaldatei(Betriebsnummer, *jahr));
+    }
     ort.verwende();
 }

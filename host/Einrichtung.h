@@ -2,10 +2,15 @@
 
 #include "host/Installation.h"
 
+#include <optional>
+
 /// Creates what an installation still lacks: directories, template, master data, storage places, report
 /// forms, settings, and of one farm the journal file of one year. What exists is left as it is, and each file
-/// appears complete or not at all. \throws jet::Error, sys::FileError when something cannot be written.
-void richteEin(const Installation& ort, const QString& Betriebsnummer, int jahr);
+/// appears complete or not at all. Without a year none comes into being. \throws jet::Error, sys::FileError
+/// when something cannot be written.
+void richteEin(const Installation& ort, const QString& Betriebsnummer, std::optional<int> jahr);
+/// Of that the directories and the template alone.
+void legeOrdnerUndVorlageAn(const Installation& ort, const QString& Betriebsnummer);
 
 /// Brings the template, of which new years are copies, up to date where it can be written. \throws jet::Error
 void bringeVorlageAufStand(const Installation& ort);

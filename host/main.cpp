@@ -5,6 +5,7 @@
 #include "host/Ausgabe.h"
 #include "host/Befehl.h"
 #include "host/Deutsch.h"
+#include "host/Teilerfolg.h"
 #include "platform/system/Application.h"
 #include "platform/system/CaughtError.h"
 #include "platform/system/Display.h"
@@ -73,8 +74,8 @@ void fuehreAus(const Befehl& befehl, const QStringList& worte)
 
 std::vector<Befehl> alleBefehle()
 {
-    return {einrichtenBefehl(), demoBefehl(),          oeffnenBefehl(), bestandBefehl(),
-            uebertragBefehl(),  aktualisierenBefehl(), sqlBefehl()};
+    return {einrichtenBefehl(), demoBefehl(),          oeffnenBefehl(),     bestandBefehl(),
+            uebertragBefehl(),  aktualisierenBefehl(), uebernehmenBefehl(), sqlBefehl()};
 }
 
 void fuehreAus(QStringList worte)
@@ -132,6 +133,8 @@ int main(int argc, char* argv[])
     } catch (const Aufruffehler& fehler) {
         melde(QString::fromUtf8(fehler.what()), u"\nHilfe: zablager --hilfe"_s);
         return 2;
+    } catch (const Teilerfolg&) {
+        return 1;
     } catch (...) {
         const sys::CaughtError fehler = sys::caughtError();
         melde(fehler.text, u" (Fehler "_s + QString::number(fehler.number) + u')');

@@ -78,14 +78,18 @@ std::unique_ptr<jet::Database> oeffneFuerBestand(const QString& datei)
     return oeffne(Dateiart::Lager, datei, {});
 }
 
+std::unique_ptr<jet::Database> erzeuge(Dateiart art, const QString& datei)
+{
+    return jet::engine().CreateDatabase(datei, u";LANGID=0x0409;CP=1252;COUNTRY=0;pwd="_s + kennwort(art));
+}
+
 void legeAn(Dateiart art, const QString& datei)
 {
     if (sys::Exist(datei)) return;
     const QString entwurf = sys::draftName(datei);
     const auto raeumeAuf = qScopeGuard([&] { QFile::remove(entwurf); });
     try {
-        const auto datenbank =
-            jet::engine().CreateDatabase(entwurf, u";LANGID=0x0409;CP=1252;COUNTRY=0;pwd="_s + kennwort(art));
+        const auto datenbank = erzeuge(art, entwurf);
         legeTabellenAn(*datenbank, art);
         datenbank->Close();
     } catch (const jet::Error& fehler) { // the user knows the file, not its draft

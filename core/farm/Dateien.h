@@ -40,6 +40,8 @@ std::unique_ptr<jet::Database> oeffne(Dateiart art, const QString& datei, const 
 /// the call.
 std::unique_ptr<jet::Database> oeffneFuerBestand(const QString& datei);
 
+/// Makes a file of the kind that has no tables yet. `datei` is a local path. \throws jet::Error.
+std::unique_ptr<jet::Database> erzeuge(Dateiart art, const QString& datei);
 /// Makes a file of the kind with its tables, where there is none. It is built under a name of its own: an
 /// interrupted run leaves no half database that the next one would take for whole, and two runs at once do
 /// not disturb each other. `datei` is a local path. \throws jet::Error, sys::FileError.

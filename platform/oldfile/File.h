@@ -39,8 +39,8 @@ public:
     void read(const Table& table, const std::function<void(std::vector<Cell>)>& row) const;
 
 private:
-    const QString m_path;
-    const Header m_header;
+    QString m_path;
+    Header m_header;
 };
 
 } // namespace oldfile

@@ -18,7 +18,10 @@ QString ownFile()
 {
     Dl_info found{};
     if (::dladdr(&Here, &found) == 0) return {}; // cannot be: an address of our own lies in a loaded file
-    return QFileInfo(QFile::decodeName(found.dli_fname)).absoluteFilePath();
+    const QString name = QFile::decodeName(found.dli_fname);
+    // A program that was found by the search path has no directory in its name.
+    if (!name.contains(u'/')) return QFileInfo(QStringLiteral("/proc/self/exe")).canonicalFilePath();
+    return QFileInfo(name).absoluteFilePath();
 }
 
 } // namespace sys
