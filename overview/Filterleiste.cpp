@@ -80,10 +80,11 @@ void Filterleiste::FilterEinstellen()
     m_gezeigteEingrenzung.clear();
     markiereZeitraum(m_felder.VonDatum, m_felder.Buchdatum);
     const auto ausgang = sys::underErrorReport({
-        [this] { // litres were once called so
-            oeffneJournaldatei()->Execute(
-                u"UPDATE LAGERJOURNAL SET EINHEIT = 'l' WHERE IIF(Isnull(EINHEIT),'',EINHEIT) = 'Lt'"
-                u" AND ARTIKELART = 'Pflanzenschutzmittel'"_s);
+        [this] { // litres were once called so; a file that is only looked at keeps them
+            if (const auto journal = oeffneJournaldatei(); journal->Updatable())
+                journal->Execute(
+                    u"UPDATE LAGERJOURNAL SET EINHEIT = 'l' WHERE IIF(Isnull(EINHEIT),'',EINHEIT) = 'Lt'"
+                    u" AND ARTIKELART = 'Pflanzenschutzmittel'"_s);
             m_dateiAntwortet = true;
         },
         [this] { filtereJournal(m_haupt, gewaehlteEingrenzung()); },

@@ -14,7 +14,12 @@
 using namespace Qt::StringLiterals;
 
 Jahreswahl::Jahreswahl(const Felder& felder, std::function<void(int)> zeigt, QObject* bildschirm)
-    : QObject(bildschirm), m_felder(felder), m_zeigt(std::move(zeigt))
+    : QObject(bildschirm), m_felder(felder), m_zeigt(std::move(zeigt)),
+      m_meldungen([this](const QString& text) {
+          m_stoerung = text.isEmpty() ? text : u" · "_s + text;
+          zeigeStatus();
+          m_felder.Statuszeile.repaint(); // nobody may be back in the event loop for seconds
+      })
 {
     felder.drpJahr.setListOnly(true);
     felder.drpJahr.setColumns({u"Jahr"_s}, 0);
@@ -75,7 +80,7 @@ void Jahreswahl::zeigeJahr()
 void Jahreswahl::zeigeStatus(const QString& hinweis)
 {
     m_felder.Statuszeile.setText(u"Betrieb "_s + modulzustand().Betriebsnummer + u" · Lager."_s +
-                                 m_gebundenesJahr + hinweis);
+                                 m_gebundenesJahr + hinweis + m_stoerung);
 }
 
 bool Jahreswahl::wechsle()

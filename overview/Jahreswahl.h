@@ -2,6 +2,7 @@
 
 #include "platform/controls/ComboBox.h"
 #include "platform/controls/DataControl.h"
+#include "platform/system/Status.h"
 
 #include <QLabel>
 #include <QString>
@@ -43,5 +44,7 @@ private:
 
     const Felder m_felder;
     const std::function<void(int)> m_zeigt;
+    QString m_stoerung; ///< Of a backup, or how far it is; stands behind whatever the status line says.
+    const sys::StatusScope m_meldungen;
     QString m_gebundenesJahr; ///< The year that both views show.
 };

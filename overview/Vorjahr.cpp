@@ -18,6 +18,7 @@ bool ohneVorjahr(jet::Database& journal)
 {
     const auto zeile = einstellungen(journal);
     if (zeile->Eof()) {
+        if (!journal.Updatable()) return false;
         zeile->AddNew();
         zeile->Update();
         return false;

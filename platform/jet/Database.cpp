@@ -131,6 +131,16 @@ void Database::Close()
     m_session->letGo();
 }
 
+QStringList Database::Faults() const
+{
+    return m_session->use().connection().faults();
+}
+
+bool Database::Updatable() const
+{
+    return m_session->use().connection().isWritable();
+}
+
 QString Database::Name() const
 {
     return m_session->path;

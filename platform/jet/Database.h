@@ -4,6 +4,7 @@
 #include "platform/jet/TableDef.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <memory>
 #include <vector>
@@ -42,6 +43,10 @@ public:
     /// \throws Error as CommitTrans; the database then stays open, so that it can be tried again.
     void Close();
 
+    /// What is damaged in the file, in its store's own words; empty: nothing. Reads the whole file.
+    QStringList Faults() const;
+
+    bool Updatable() const; ///< False: the file, or its directory, may not be written.
     QString Name() const; ///< The local path of the file.
 
     /// How far whoever made the tables has brought them, as he counts; 0 when he never said. Read once a

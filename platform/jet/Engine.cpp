@@ -37,6 +37,27 @@ std::unique_ptr<Database> Engine::database(std::shared_ptr<OpenFile> file)
     return std::unique_ptr<Database>(new Database(std::move(session)));
 }
 
+void Engine::CopyDatabase(const QString& source, const QString& target,
+                          const std::function<void(double)>& progress)
+{
+    m_pool->copy(source, target, progress);
+}
+
+void Engine::CopyUnopened(const QString& source, const QString& target)
+{
+    m_pool->copyUnopened(source, target);
+}
+
+void Engine::DeleteDatabase(const QString& path)
+{
+    m_pool->remove(path);
+}
+
+void Engine::setBeforeChange(std::function<void(const QString& path)> told)
+{
+    m_pool->setBeforeChange(std::move(told));
+}
+
 int Engine::LockTimeout() const
 {
     return m_pool->lockTimeout();

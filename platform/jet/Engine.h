@@ -6,6 +6,7 @@
 
 #include <QString>
 
+#include <functional>
 #include <memory>
 
 namespace jet {
@@ -36,6 +37,26 @@ public:
     /// `pwd`, the password to be set, is looked at. \throws Error DatabaseExists, PathNotFound,
     /// CannotOpenFile.
     std::unique_ptr<Database> CreateDatabase(const QString& path, const QString& locale);
+
+    /// Copies what a file holds, as it was last committed and while others use it. A target that is there
+    /// holds that in the place of its own rows then, in one commit, and whoever has it open sees it; one
+    /// that is not is made, whole or not at all. \param progress is told the part that is done, 0 to 1.
+    /// \throws Error Locked, DiskFull, FileNotFound, UnknownFormat, CannotOpenFile.
+    void CopyDatabase(const QString& source, const QString& target,
+                      const std::function<void(double part)>& progress = {});
+    /// Copies a file as it lies there, whole or not, to a place of the caller's own, where it can be
+    /// looked at: opening a file may finish in it what a killed program has left, this changes no byte.
+    /// \throws Error Locked while others keep writing, CannotOpenFile; sys::FileError while this process
+    /// writes into it.
+    void CopyUnopened(const QString& source, const QString& target);
+    /// Deletes a file that no Database uses, with what lies beside it. \throws Error CannotOpenFile;
+    /// sys::FileError while it is written into.
+    void DeleteDatabase(const QString& path);
+
+    /// Hands a function the local path of each file of which rows are about to change, each time: before a
+    /// write begins, and where nobody knew before at its first row. It may read and copy the file as it
+    /// was, and must not throw.
+    void setBeforeChange(std::function<void(const QString& path)> told);
 
     /// Milliseconds to wait for a lock of another program before Locked is thrown; 5000 at start.
     int LockTimeout() const;

@@ -10,6 +10,7 @@ namespace jet {
 Transaction::Transaction(Database& database, std::function<void()> takenBack)
     : m_database(database), m_takenBack(std::move(takenBack))
 {
+    m_database.m_session->use().announceChange();
     m_database.BeginTrans();
 }
 

@@ -21,7 +21,8 @@ struct Surroundings {
         letGo; ///< Asked before a file is copied, replaced or deleted.
     KeptFile settingsBytes;
     SettingsFile settings;
-    QString title;       ///< Of message boxes; empty: the program's name.
+    std::function<void(const QString& text)> status; ///< None: no screen is open.
+    QString title;                                   ///< Of message boxes; empty: the program's name.
     int hourglasses = 0; ///< Override cursors of ours; a host may have set others.
 };
 

@@ -102,6 +102,7 @@ void KeyedRows::update()
 
 void KeyedRows::insert()
 {
+    m_session->use().announceChange();
     const store::Key key = connection().insert(table(), changes());
     m_lastModified = key.bits();
     added(key);
@@ -115,6 +116,7 @@ void KeyedRows::change()
         m_lastModified = key.bits();
         return;
     }
+    m_session->use().announceChange();
     std::optional<store::WriteScope> scope; // reading and writing again; a transaction holds the file already
     if (!connection().inTransaction()) scope.emplace(connection());
     const auto now = read(key, allColumns());
@@ -136,6 +138,7 @@ void KeyedRows::cancelUpdate()
 void KeyedRows::remove()
 {
     requireWritable();
+    m_session->use().announceChange();
     if (!connection().remove(table(), currentKey())) raise(ErrorNumber::RecordDeleted);
     leaveRow();
     removed();

@@ -11,6 +11,7 @@
 
 #include <sqlite3.h>
 
+#include <string_view>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -54,7 +55,7 @@ void Connection::configure(Mode mode)
     // EXTRA also syncs the directory after the rollback journal is gone: only then does a booking survive a
     // power cut right after its commit.
     execute("PRAGMA synchronous=EXTRA");
-    execute("PRAGMA cache_size=-16384");
+    useLittleMemory();
     execute("PRAGMA temp_store=MEMORY");
     // An index that SQLite makes for one join comes with a filter that takes texts of unequal bytes for
     // unequal.
@@ -63,6 +64,11 @@ void Connection::configure(Mode mode)
     if (numberOf("PRAGMA application_id") != OwnMark) raiseOfFile(ErrorNumber::UnknownFormat, m_path);
     m_schemaVersion = schemaVersion();
     rebuildIndices();
+}
+
+void Connection::useLittleMemory()
+{
+    execute("PRAGMA cache_size=-16384");
 }
 
 bool Connection::isWritable() const
@@ -122,6 +128,35 @@ qint64 Connection::numberOf(const QByteArray& sql)
     Statement statement(*this, sql);
     Statement::Run run(statement);
     return run.step() ? run.whole(0) : 0;
+}
+
+void Connection::onFirstRow(std::function<void()> told)
+{
+    m_onFirstRow = std::move(told);
+    const auto changed = [](void* self, int, const char* file, const char*, sqlite3_int64) {
+        auto& connection = *static_cast<Connection*>(self);
+        const bool own = std::string_view(file) == "main"; // and not an attached one
+        if (own && !std::exchange(connection.m_changesRows, true)) connection.m_onFirstRow();
+    };
+    sqlite3_update_hook(handle(), changed, this);
+    sqlite3_commit_hook(
+        handle(), [](void* self) { return static_cast<Connection*>(self)->m_changesRows = false, 0; }, this);
+    sqlite3_rollback_hook(
+        handle(), [](void* self) { static_cast<Connection*>(self)->m_changesRows = false; }, this);
+}
+
+void Connection::takeFrom(Connection& other, const std::function<void(double)>& progress)
+{
+    constexpr int PagesAtOnce = 2048;
+    other.execute("BEGIN"); // nobody commits into it in between
+    const auto end =
+        qScopeGuard([&] { sqlite3_exec(other.handle(), "ROLLBACK", nullptr, nullptr, nullptr); });
+    other.schemaVersion(); // the lock comes with the first question
+    sqlite3_backup* const pages = sqlite3_backup_init(handle(), "main", other.handle(), "main");
+    if (!pages) raiseFailure(handle(), m_path);
+    while (sqlite3_backup_step(pages, PagesAtOnce) == SQLITE_OK)
+        if (progress) progress(1 - double(sqlite3_backup_remaining(pages)) / sqlite3_backup_pagecount(pages));
+    if (sqlite3_backup_finish(pages) != SQLITE_OK) raiseFailure(handle(), m_path);
 }
 
 bool Connection::inTransaction() const

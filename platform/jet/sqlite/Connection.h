@@ -6,6 +6,7 @@
 #include <QCache>
 #include <QString>
 
+#include <functional>
 #include <memory>
 #include <utility>
 
@@ -36,6 +37,13 @@ public:
     /// moved. \throws Error NotSupported when it changes nothing.
     void rewriteSchema(const QByteArray& sql);
 
+    /// Calls a function at the first row that a commit changes.
+    void onFirstRow(std::function<void()> told);
+    /// Keeps as many pages of the file as a connection may that stays open, 16 MiB.
+    void useLittleMemory();
+    /// Puts all pages of another file in the place of this one's, in one commit.
+    void takeFrom(Connection& other, const std::function<void(double part)>& progress);
+
     void forget() { m_statements.clear(); } ///< What was prepared.
     /// Whether the tables have changed since the last call, or since the connection was opened.
     bool schemaChanged();
@@ -64,6 +72,8 @@ private:
     QCache<QByteArray, Statement> m_statements;
     qint64 m_schemaVersion = 0;
     bool m_reprepared = false;
+    std::function<void()> m_onFirstRow;
+    bool m_changesRows = false; // in the transaction that is open
 };
 
 } // namespace jet::sqlite

@@ -7,6 +7,8 @@
 #include "platform/jet/sqlite/Query.h"
 #include "platform/jet/store/Scopes.h"
 
+#include <QScopeGuard>
+
 using namespace Qt::StringLiterals;
 
 namespace jet::sqlite {
@@ -189,6 +191,20 @@ bool File::remove(const bind::Table& table, store::Key key)
         run.step();
     }
     return m_connection.changes() > 0;
+}
+
+QStringList File::faults()
+{
+    QStringList faults;
+    // Each entry of an index is looked up by itself: from the disk, where the file has no room in memory.
+    m_connection.execute("PRAGMA cache_size=-524288");
+    const auto small = qScopeGuard([&] { m_connection.useLittleMemory(); });
+    Statement statement(m_connection, "PRAGMA integrity_check");
+    Statement::Run run(statement);
+    while (run.step())
+        faults.append(QString::fromUtf8(run.text(0)));
+    faults.removeAll(u"ok"_s);
+    return faults;
 }
 
 void File::begin(Lock lock)

@@ -46,6 +46,8 @@ public:
     void detach(int file) override;
     bind::TablePtr lend(const bind::Table& like, int file) override;
 
+    void onFirstRow(std::function<void()> told) override { m_connection.onFirstRow(std::move(told)); }
+    QStringList faults() override;
     qint64 writes() const override { return m_connection.writes(); }
     bool tablesChanged() override { return m_connection.schemaChanged(); }
     bool tablesMayHaveChanged() override { return m_connection.takeReprepared(); }

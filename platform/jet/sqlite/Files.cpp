@@ -1,5 +1,6 @@
 #include "platform/jet/sqlite/Files.h"
 
+#include "platform/jet/Errors.h"
 #include "platform/jet/sqlite/File.h"
 #include "platform/system/FileIdentity.h"
 
@@ -43,6 +44,42 @@ void Files::settle(const QString& path, int lockTimeout)
         if (error.number() != ErrorNumber::UnknownFormat) throw;
         // Beside what is no database it means nothing. Another program's database may need it.
         if (!sys::readStart(path, 15).startsWith("SQLite format 3")) QFile::remove(journal);
+    }
+}
+
+/// A commit changes the file or deletes the journal beside it: what lay there unchanged before and after
+/// is whole.
+void Files::copyUnopened(const QString& from, const QString& into)
+{
+    constexpr int Attempts = 100;
+    const QString journal = u"-journal"_s;
+    const auto state = [&] { return std::pair(sys::identify(from), sys::identify(from + journal)); };
+    for (int attempt = 0; attempt < Attempts; ++attempt) {
+        const auto before = state();
+        remove(into);
+        if (!QFile::copy(from, into)) raiseOfFile(ErrorNumber::CannotOpenFile, from);
+        if (before.second) QFile::copy(from + journal, into + journal);
+        if (before == state()) return;
+    }
+    raiseOfFile(ErrorNumber::Locked, from);
+}
+
+void Files::remove(const QString& path)
+{
+    if (!QFile::remove(path) && QFile::exists(path)) raiseOfFile(ErrorNumber::CannotOpenFile, path);
+    QFile::remove(path + u"-journal"_s);
+}
+
+void Files::copy(const QString& from, const QString& into, int lockTimeout, const store::Progress& progress)
+{
+    const bool isNew = !QFile::exists(into);
+    try {
+        Connection source(from, Connection::Mode::Existing, lockTimeout);
+        Connection target(into, isNew ? Connection::Mode::New : Connection::Mode::Existing, lockTimeout);
+        target.takeFrom(source, progress);
+    } catch (const Error&) {
+        if (isNew) remove(into);
+        throw;
     }
 }
 

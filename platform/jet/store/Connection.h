@@ -7,6 +7,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -84,6 +85,11 @@ public:
     /// statements call it.
     virtual bind::TablePtr lend(const bind::Table& like, int file) = 0;
 
+    /// Calls a function at the first row of this file that a commit changes; what was committed before can
+    /// still be read then by another connection. It must not throw and not use this one.
+    virtual void onFirstRow(std::function<void()> told) = 0;
+    /// What is not whole in the file, in the store's own words; empty: nothing. Reads all of it.
+    virtual QStringList faults() = 0;
     virtual qint64 writes() const = 0; ///< Rows written since the connection was opened.
     /// Whether another program has changed the tables since the last call, or since the connection was
     /// opened.

@@ -26,6 +26,12 @@ void OpenFile::keepPlan(const QString& key, const std::shared_ptr<Plan>& plan)
     m_plans.insert(key, new std::shared_ptr<Plan>(plan));
 }
 
+void OpenFile::tellChanges(std::function<void()> told)
+{
+    m_connection->onFirstRow(told);
+    m_told = std::move(told);
+}
+
 void OpenFile::forget()
 {
     m_plans.clear();

@@ -28,6 +28,15 @@ public:
     std::shared_ptr<Plan> plan(const QString& key) const;
     void keepPlan(const QString& key, const std::shared_ptr<Plan>& plan);
 
+    /// Calls a function before rows of the file change: at announceChange(), and at the first row of a
+    /// commit.
+    void tellChanges(std::function<void()> told);
+    /// Rows are about to change; within a transaction its first row tells that.
+    void announceChange() const
+    {
+        if (m_told && !m_connection->inTransaction()) m_told();
+    }
+
     /// Forgets all that was read and prepared, after a change of the tables.
     void forget();
     /// Forgets it when another program has changed the tables since. \returns whether that is so.
@@ -40,6 +49,7 @@ private:
     QString m_path; // every question asks for it
     store::Catalogue m_catalogue;
     QCache<QString, std::shared_ptr<Plan>> m_plans;
+    std::function<void()> m_told;
 };
 
 /// Opens another file by the engine's rules, so that a missing file or a wrong password is told as

@@ -61,6 +61,7 @@ std::shared_ptr<OpenFile> Engine::Pool::open(const QString& path, const QString&
     // Which text hosts hand over for files without a password is their affair: such a file opens with any.
     if (file->catalogue().hasPassword() && !file->catalogue().accepts(readConnect(connect).password))
         raiseOfFile(ErrorNumber::WrongPassword, local);
+    if (m_beforeChange) tellChanges(*file);
     dropOldest();
     m_entries.push_front({connect, file, *now, file->connection().writes()});
     return file;
@@ -141,14 +142,54 @@ void Engine::Pool::release(const QString& path)
     });
 }
 
-void Engine::Pool::prepareForChange(const QString& path)
+/// Reading the file past its store would drop the locks of the transaction.
+void Engine::Pool::requireNoWriting(const QString& path) const
 {
-    for (const Entry& entry : m_entries) // copying would drop the locks of the transaction
+    for (const Entry& entry : m_entries)
         if (entry.file->path() == path && entry.file->connection().isWriting())
             throw sys::FileError(sys::FileErrorNumber::AccessDenied,
                                  u"Zugriff verweigert: In '"_s + path + u"' wird gerade geschrieben."_s);
+}
+
+void Engine::Pool::prepareForChange(const QString& path)
+{
+    requireNoWriting(path);
     release(path);
     m_store->settle(path, m_lockTimeout);
+}
+
+void Engine::Pool::copy(const QString& source, const QString& target,
+                        const std::function<void(double)>& progress) const
+{
+    const QString from = sys::localPath(source);
+    if (!sys::identify(from)) raise(ErrorNumber::FileNotFound, {from});
+    m_store->copy(from, sys::localPath(target), m_lockTimeout, progress);
+}
+
+void Engine::Pool::copyUnopened(const QString& source, const QString& target) const
+{
+    const QString from = sys::localPath(source);
+    requireNoWriting(from);
+    m_store->copyUnopened(from, sys::localPath(target));
+}
+
+void Engine::Pool::remove(const QString& path)
+{
+    const QString local = sys::localPath(path);
+    prepareForChange(local);
+    m_store->remove(local);
+}
+
+void Engine::Pool::tellChanges(OpenFile& file) const
+{
+    file.tellChanges([this, path = file.path()] { m_beforeChange(path); });
+}
+
+void Engine::Pool::setBeforeChange(std::function<void(const QString& path)> told)
+{
+    m_beforeChange = std::move(told);
+    for (const Entry& entry : m_entries)
+        tellChanges(*entry.file);
 }
 
 void Engine::Pool::dropOldest()

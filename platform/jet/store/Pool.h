@@ -26,6 +26,13 @@ public:
     /// Makes a file ready to be copied, replaced or deleted. `path` in the local form.
     void prepareForChange(const QString& path);
 
+    void copy(const QString& source, const QString& target,
+              const std::function<void(double)>& progress) const;
+    void copyUnopened(const QString& source, const QString& target) const;
+    void remove(const QString& path);
+
+    void setBeforeChange(std::function<void(const QString& path)> told);
+
     int lockTimeout() const { return m_lockTimeout; }
     void setLockTimeout(int milliseconds);
 
@@ -41,11 +48,14 @@ private:
     std::shared_ptr<OpenFile> known(const QString& path, const QString& connect,
                                     const sys::FileIdentity& now);
     std::shared_ptr<OpenFile> connected(const QString& path) const;
+    void tellChanges(OpenFile& file) const;
+    void requireNoWriting(const QString& path) const;
     void dropOldest();
 
     std::unique_ptr<store::Store> m_store;
     std::list<Entry> m_entries; // the last used first
     int m_lockTimeout = 5000;
+    std::function<void(const QString& path)> m_beforeChange;
 };
 
 } // namespace jet

@@ -162,6 +162,8 @@ struct WrappedConnection : Connection {
         return tried(inner).lend(like, file);
     }
 
+    void onFirstRow(std::function<void()> told) override { inner->onFirstRow(std::move(told)); }
+    QStringList faults() override { return tried(inner).faults(); }
     qint64 writes() const override { return inner->writes(); }
     bool tablesChanged() override { return tried(inner).tablesChanged(); }
     bool tablesMayHaveChanged() override { return inner->tablesMayHaveChanged(); }
@@ -193,6 +195,21 @@ Inner WrappedStore::create(const QString& path, int lockTimeout)
 void WrappedStore::settle(const QString& path, int lockTimeout)
 {
     m_inner->settle(path, lockTimeout);
+}
+
+void WrappedStore::copyUnopened(const QString& from, const QString& into)
+{
+    tried(m_inner).copyUnopened(from, into);
+}
+
+void WrappedStore::remove(const QString& path)
+{
+    m_inner->remove(path);
+}
+
+void WrappedStore::copy(const QString& from, const QString& into, int lockTimeout, const Progress& progress)
+{
+    tried(m_inner).copy(from, into, lockTimeout, progress);
 }
 
 void WrappedStore::failAt(int call)

@@ -12,6 +12,10 @@ public:
     std::unique_ptr<jet::store::Connection> open(const QString& path, int lockTimeout) override;
     std::unique_ptr<jet::store::Connection> create(const QString& path, int lockTimeout) override;
     void settle(const QString& path, int lockTimeout) override;
+    void copyUnopened(const QString& from, const QString& into) override;
+    void remove(const QString& path) override;
+    void copy(const QString& from, const QString& into, int lockTimeout,
+              const jet::store::Progress& progress) override;
 
     /// The call that fails, counted from 1 from now on; 0: none.
     static void failAt(int call);
