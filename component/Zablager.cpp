@@ -1,5 +1,6 @@
 #include "component/Zablager.h"
 
+#include "core/farm/Sicherung.h"
 #include "overview/LagerbestandNeu.h"
 #include "platform/system/Application.h"
 
@@ -32,6 +33,12 @@ std::unique_ptr<Lagerverwaltungsdaten> Zablager::neu(const std::shared_ptr<Meldu
     const auto ziel = [meldungen] { return hatBildschirm() ? &meldungen->boxen : meldungen->desWirts; };
     return std::make_unique<Lagerverwaltungsdaten>(
         Lagerverwaltungsdaten::Anschluesse{.meldungen = ziel, .hauptbildschirm = &zeigeHauptbildschirm});
+}
+
+/// Whatever a host or a screen then books, the state before it can be had again.
+Zablager::Zablager()
+{
+    sichereVorAenderungen();
 }
 
 QObject* Zablager::CreateObject(const QString& klasse)

@@ -20,7 +20,7 @@ class Zablager final : public QObject, public IZablager {
     Q_PROPERTY(QString Version READ Version CONSTANT)
 
 public:
-    Zablager() = default;
+    Zablager();
     ~Zablager() override { m_meldungen->desWirts = nullptr; } // nobody could replace it any more
     Q_DISABLE_COPY_MOVE(Zablager)
 

@@ -11,7 +11,8 @@
 /// One command of the program: zablager NAME [options] ARGUMENTS.
 struct Befehl {
     QString name;
-    QString argumente; ///< Their names in help, all of them needed, separated by blanks.
+    /// Their names in help, separated by blanks; those in brackets, at the end, can be left out.
+    QString argumente;
     QString beschreibung;
     QList<QCommandLineOption> optionen;
     QStringList noetig; ///< Names of the options that must be given.
@@ -27,6 +28,9 @@ Befehl oeffnenBefehl();
 Befehl uebertragBefehl();
 Befehl aktualisierenBefehl();
 Befehl uebernehmenBefehl();
+Befehl pruefenBefehl();
+Befehl sichernBefehl();
+Befehl zurueckholenBefehl();
 Befehl sqlBefehl();
 
 /// The farm number of the option, of a farm that need not be there. \throws Aufruffehler when it is none.

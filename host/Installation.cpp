@@ -1,7 +1,8 @@
 #include "host/Installation.h"
 
 #include "core/farm/Betriebe.h"
-#include "core/farm/Dateien.h"
+#include "core/farm/Jahresdateien.h"
+#include "platform/system/Files.h"
 #include "platform/system/Path.h"
 #include "platform/system/Settings.h"
 
@@ -47,6 +48,27 @@ QString Installation::betriebsordner(const QString& nummer) const
 QString Installation::journaldatei(const QString& nummer, int jahr) const
 {
     return sys::localPath(::journaldatei(betriebsordner(nummer), jahr));
+}
+
+std::vector<Betriebsdatei> Installation::dateien() const
+{
+    std::vector<Betriebsdatei> alle{{Dateiart::Lager, vorlagedatei(programm())},
+                                    {Dateiart::Grundstamm, grundstammdatei(daten())},
+                                    {Dateiart::Anlagen, anlagendatei(anlagen())}};
+    for (const int jahr : registerjahre(programm()))
+        alle.push_back({Dateiart::ZABStammdaten, stammdatei(programm(), QString::number(jahr))});
+    for (const QString& betrieb : betriebe())
+        for (const int jahr : jahresdateien(betriebsordner(betrieb)))
+            alle.push_back({Dateiart::Lager, journaldatei(betrieb, jahr)});
+    for (Betriebsdatei& datei : alle)
+        datei.pfad = sys::localPath(datei.pfad);
+    std::erase_if(alle, [](const Betriebsdatei& datei) { return !sys::Exist(datei.pfad); });
+    return alle;
+}
+
+QString Installation::kurz(const QString& pfad) const
+{
+    return QDir(m_verzeichnis).relativeFilePath(pfad);
 }
 
 QStringList Installation::betriebe() const

@@ -1,7 +1,16 @@
 #pragma once
 
+#include "core/farm/Dateien.h"
+
 #include <QString>
 #include <QStringList>
+
+#include <vector>
+
+struct Betriebsdatei {
+    Dateiart art;
+    QString pfad;
+};
 
 /// Everything of the program family below one directory:
 ///
@@ -32,6 +41,11 @@ public:
     QString einstellungen() const { return unter(QStringLiteral("/einstellungen")); }
     QString betriebsordner(const QString& nummer) const;
     QString journaldatei(const QString& nummer, int jahr) const;
+
+    /// All database files that there are below the directory, those of the whole family first.
+    std::vector<Betriebsdatei> dateien() const;
+    /// A path as a user of the directory reads it: from there on.
+    QString kurz(const QString& pfad) const;
 
     QStringList betriebe() const; ///< Farm numbers that have a folder, ascending.
     /// Makes the settings below the directory those of this process, and lets them name its directories where

@@ -1,6 +1,7 @@
 #include "host/Befehl.h"
 #include "host/Einrichtung.h"
 #include "host/Komponente.h"
+#include "host/Rueckblick.h"
 #include "platform/system/Clock.h"
 
 #include <zablager/DatabaseError.h>
@@ -12,6 +13,8 @@
 #include <QMessageBox>
 #include <QRegularExpression>
 #include <QTemporaryDir>
+
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -77,20 +80,42 @@ private:
     throw sys::FileError(sys::FileErrorNumber::PathAccess, text);
 }
 
+void zeige(_Lagerverwaltungsdaten& lager, const QCommandLineParser& aufruf)
+{
+    if (!aufruf.isSet(u"bild"_s)) return lager.LagerbestandLaden();
+    Bildschirmfoto foto(aufruf.value(u"bild"_s));
+    lager.LagerbestandLaden();
+    if (!foto.stoerung().isEmpty()) wirfStoerung(foto.stoerung());
+}
+
+/// The year of the key date, of the copy's own day or the last one of which there is a copy.
+void blickeZurueck(const Installation& ort, const QString& betrieb, const QCommandLineParser& aufruf)
+{
+    const auto gewaehlte = staende(ort, betrieb, aufruf.value(u"stand"_s), {});
+    const auto letzte = std::prev(gewaehlte.end());
+    QDate Stichdatum = letzte->second.stand.date();
+    if (aufruf.isSet(u"stichdatum"_s)) Stichdatum = datum(aufruf.value(u"stichdatum"_s));
+    if (!gewaehlte.contains(Stichdatum.year())) Stichdatum = QDate(letzte->first, 12, 31);
+    const Rueckblick rueckblick(ort, betrieb, gewaehlte);
+    const auto lager = lagerverwaltungsdaten(rueckblick.ort(), betrieb, Stichdatum);
+    lager->setBetriebsname(u"Stand vom "_s + standtext(gewaehlte.at(Stichdatum.year())) +
+                           u", nur zum Ansehen"_s);
+    zeige(*lager, aufruf);
+}
+
 void oeffne(const QCommandLineParser& aufruf)
 {
     const Installation ort(aufruf.positionalArguments().constFirst());
     const QDate Stichdatum =
         aufruf.isSet(u"stichdatum"_s) ? datum(aufruf.value(u"stichdatum"_s)) : sys::heute();
     const QString betrieb = gewaehlterBetrieb(ort, aufruf);
+    if (aufruf.isSet(u"stand"_s)) return blickeZurueck(ort, betrieb, aufruf);
     ort.verwende();
     bringeVorlageAufStand(ort);
     const auto lager = lagerverwaltungsdaten(ort, betrieb, Stichdatum);
-    if (!aufruf.isSet(u"bild"_s)) return lager->LagerbestandLaden();
-    const Einstellungskopie einstellungen;
-    Bildschirmfoto foto(aufruf.value(u"bild"_s));
-    lager->LagerbestandLaden();
-    if (!foto.stoerung().isEmpty()) wirfStoerung(foto.stoerung());
+    std::optional<Einstellungskopie> einstellungen;
+    if (aufruf.isSet(u"bild"_s)) einstellungen.emplace();
+    zeige(*lager, aufruf);
 }
 
 } // namespace
@@ -102,6 +127,7 @@ Befehl oeffnenBefehl()
             u"Öffnet den Bildschirm der Lagerverwaltung; ein fehlendes Jahr wird dabei angelegt."_s,
             {betriebOption(),
              {u"stichdatum"_s, u"Tag, dessen Jahr geöffnet wird; sonst der heutige."_s, u"T.M.JJJJ"_s},
+             {u"stand"_s, u"Zeigt eine Sicherung, nur zum Ansehen; wie bei zurueckholen."_s, u"T.M.JJJJ"_s},
              {u"bild"_s, u"Speichert ein Bild des Bildschirms (PNG) und schließt ihn."_s, u"DATEI"_s}},
             {},
             oeffne,

@@ -1,3 +1,4 @@
+#include "core/farm/Sicherung.h"
 #include "host/Ausgabe.h"
 #include "host/Befehl.h"
 #include "platform/jet/Engine.h"
@@ -71,6 +72,7 @@ void fuehreAlleAus(std::istream& eingabe, jet::Database& datenbank, QTextStream&
 
 void fuehreSqlAus(const QCommandLineParser& aufruf)
 {
+    sichereVorAenderungen();
     const QString kennwort = aufruf.value(u"kennwort"_s);
     const auto datenbank = jet::engine().OpenDatabase(aufruf.positionalArguments().constFirst(),
                                                       kennwort.isEmpty() ? QString() : u";pwd="_s + kennwort);

@@ -67,7 +67,10 @@ void fuehreAus(const Befehl& befehl, const QStringList& worte)
     if (aufruf.isSet(u"hilfe"_s)) return zeigeHilfe(befehl, aufruf);
     const bool vollstaendig = std::all_of(befehl.noetig.begin(), befehl.noetig.end(),
                                           [&](const QString& option) { return aufruf.isSet(option); });
-    if (!vollstaendig || aufruf.positionalArguments().size() != befehl.argumente.split(u' ').size())
+    const qsizetype worteHoechstens = befehl.argumente.split(u' ').size();
+    const qsizetype worteMindestens = worteHoechstens - befehl.argumente.count(u'[');
+    const qsizetype anzahl = aufruf.positionalArguments().size();
+    if (!vollstaendig || anzahl < worteMindestens || anzahl > worteHoechstens)
         throw Aufruffehler(u"Aufruf: "_s + aufrufForm(befehl));
     befehl.ausfuehren(aufruf);
 }
@@ -75,7 +78,8 @@ void fuehreAus(const Befehl& befehl, const QStringList& worte)
 std::vector<Befehl> alleBefehle()
 {
     return {einrichtenBefehl(), demoBefehl(),          oeffnenBefehl(),     bestandBefehl(),
-            uebertragBefehl(),  aktualisierenBefehl(), uebernehmenBefehl(), sqlBefehl()};
+            uebertragBefehl(),  aktualisierenBefehl(), uebernehmenBefehl(), pruefenBefehl(),
+            sichernBefehl(),    zurueckholenBefehl(),  sqlBefehl()};
 }
 
 void fuehreAus(QStringList worte)

@@ -22,6 +22,7 @@
 #include "overview/Tabellenuebergabe.h"
 #include "overview/Tastenbefehle.h"
 #include "overview/Vorjahr.h"
+#include "overview/dateien/Pruefbefehl.h"
 #include "overview/stammdaten/Stammdatenbefehl.h"
 #include "platform/controls/RowIds.h"
 #include "platform/controls/TasteUmsetzen.h"
@@ -92,7 +93,11 @@ void LagerbestandNeu::errichteBefehle()
             m_jahr->zeigeStatus(u" · "_s + hinweis);
     };
     auto* const zuruecknehmen = new Ruecknahmebefehl(*Journaldaten, *ui->Journalliste, danach, this);
-    richteMenueleisteEin(*ui, *this, {new Stammdatenbefehl([this] { aktualisiere(); }, this), zuruecknehmen});
+    auto* const pruefen = new Pruefbefehl(
+        {*ui->drpJahr, *ui->SSTab1, *ui->TabJournal, *Journaldaten, *ui->Journalliste},
+        [this] { zeigeAlles(); }, this);
+    auto* const stammdaten = new Stammdatenbefehl([this] { aktualisiere(); }, this);
+    richteMenueleisteEin(*ui, *this, {stammdaten, pruefen, zuruecknehmen});
     new Buchungsbefehle({*ui->KurzEingabe, *ui->DrpBuchart, *ui->Command7_0_, *ui->Command7_1_}, *m_haupt,
                         danach, this);
     m_auswertung = new Auswertung(

@@ -1,5 +1,6 @@
 #include "core/farm/Schema.h"
 
+#include "core/farm/Sicherung.h"
 #include "platform/jet/Engine.h"
 #include "platform/jet/Errors.h"
 #include "platform/system/Files.h"
@@ -127,6 +128,14 @@ void legeTabellenAn(jet::Database& datei, Dateiart art)
     datei.CommitTrans();
 }
 
+QStringList fehlendeIndices(const jet::Database& datei, Dateiart art)
+{
+    QStringList namen;
+    for (const QString& anweisung : fehlendeIndices(datei, schritte(art)))
+        namen.append(anweisung.section(u' ', 2, 2));
+    return namen;
+}
+
 Aktualisierung bringeAufStand(jet::Database& datei, Dateiart art)
 {
     verweigereNeuere(datei, art);
@@ -134,6 +143,7 @@ Aktualisierung bringeAufStand(jet::Database& datei, Dateiart art)
     const int vorher = datei.SchemaVersion();
     if (vorher == neuesteVersion(alle) && fehlendeIndices(datei, alle).isEmpty()) return {vorher, vorher};
 
+    sichereVorAenderung(datei.Name());
     datei.BeginTrans();
     auto verworfen = qScopeGuard([&] { datei.Rollback(); });
     verweigereNeuere(datei, art); // another program, and perhaps a newer one, may have been quicker

@@ -14,6 +14,9 @@ struct Aktualisierung {
 /// Makes the tables and indices of a new, empty file.
 void legeTabellenAn(jet::Database& datei, Dateiart art);
 
+/// The names of indices of this program that a file lacks.
+QStringList fehlendeIndices(const jet::Database& datei, Dateiart art);
+
 /// Brings a file up to date: tables, columns and indices that later versions have brought, in one
 /// transaction, and indices that somebody has dropped. No row is touched, and what is there already is left;
 /// a file without a version is one from before there were any. Two programs may do it at once. \throws

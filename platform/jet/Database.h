@@ -47,7 +47,7 @@ public:
     QStringList Faults() const;
 
     bool Updatable() const; ///< False: the file, or its directory, may not be written.
-    QString Name() const; ///< The local path of the file.
+    QString Name() const;   ///< The local path of the file.
 
     /// How far whoever made the tables has brought them, as he counts; 0 when he never said. Read once a
     /// connection, and anew in a transaction.

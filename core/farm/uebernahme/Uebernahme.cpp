@@ -3,6 +3,7 @@
 #include "core/farm/Jahresdateien.h"
 #include "core/farm/Namenswarnung.h"
 #include "core/farm/Schema.h"
+#include "core/farm/Sicherung.h"
 #include "core/farm/uebernahme/Bestandsaufnahme.h"
 #include "core/farm/uebernahme/Uebertragung.h"
 #include "platform/jet/Errors.h"
@@ -285,6 +286,7 @@ void Uebernahme::verbreitere()
             if (!sys::Exist(paar.second)) return;
             const auto datei = oeffne(paar.first, paar.second);
             if (m_breiten.passt(*datei, paar.first)) return;
+            sichereVorAenderung(datei->Name());
             datei->BeginTrans();
             m_breiten.passeAn(*datei, paar.first);
             datei->CommitTrans();
