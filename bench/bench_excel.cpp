@@ -8,7 +8,7 @@
 #include "overview/Ansichten.h"
 #include "platform/controls/DataControl.h"
 #include "platform/controls/DataGrid.h"
-#include "platform/family/CompletePackage.h"
+#include "platform/sheet/CompletePackage.h"
 #include "platform/family/GridExport.h"
 
 #include <QFile>

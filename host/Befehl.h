@@ -28,6 +28,7 @@ Befehl oeffnenBefehl();
 Befehl uebertragBefehl();
 Befehl aktualisierenBefehl();
 Befehl uebernehmenBefehl();
+Befehl stammdatenBefehl();
 Befehl pruefenBefehl();
 Befehl sichernBefehl();
 Befehl zurueckholenBefehl();

@@ -2,12 +2,14 @@
 
 #include "core/farm/Dateien.h"
 #include "core/farm/Schema.h"
+#include "core/farm/stammdaten/Einlesung.h"
 #include "platform/system/Files.h"
 #include "platform/system/Path.h"
 
 #include <zablager/FileError.h>
 
 #include <QDir>
+#include <QFile>
 
 using namespace Qt::StringLiterals;
 
@@ -21,7 +23,34 @@ void ergaenzeDateien(const QString& von, const QString& nach)
         sys::CopyWhereMissing(von + u'/' + datei, nach + u'/' + datei);
 }
 
+bool istLeer(const Stammtabelle& tabelle, jet::Database& datei)
+{
+    return stammwerte(tabelle, datei).empty();
+}
+
+void liesBeispiel(const Stammtabelle& tabelle, jet::Database& datei)
+{
+    QFile quelle(u":/beispiel/"_s + tabelle.name + u".csv"_s);
+    const bool geoeffnet = quelle.open(QIODevice::ReadOnly);
+    Q_ASSERT(geoeffnet);
+    datei.BeginTrans();
+    liesEin(liesCsv(quelle.readAll()), tabelle, datei);
+    datei.CommitTrans();
+}
+
 } // namespace
+
+bool fuelleMitBeispiel(const Installation& ort)
+{
+    const Stammtabelle& orte = stammtabelleNamens(u"Lagerorte"_s);
+    const Stammtabelle& artikel = stammtabelleNamens(u"Artikel"_s);
+    const auto anlagen = oeffne(Dateiart::Anlagen, anlagendatei(ort.anlagen()));
+    const auto grundstamm = oeffne(Dateiart::Grundstamm, grundstammdatei(ort.daten()));
+    if (!istLeer(orte, *anlagen) || !istLeer(artikel, *grundstamm)) return false;
+    liesBeispiel(orte, *anlagen);
+    liesBeispiel(artikel, *grundstamm);
+    return true;
+}
 
 void legeVerzeichnisAn(const QString& pfad)
 {

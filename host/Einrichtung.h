@@ -12,6 +12,9 @@ void richteEin(const Installation& ort, const QString& Betriebsnummer, std::opti
 /// Of that the directories and the template alone.
 void legeOrdnerUndVorlageAn(const Installation& ort, const QString& Betriebsnummer);
 
+/// Two storage places and common articles, where there are neither of them. \returns whether it was so.
+bool fuelleMitBeispiel(const Installation& ort);
+
 /// Brings the template, of which new years are copies, up to date where it can be written. \throws jet::Error
 void bringeVorlageAufStand(const Installation& ort);
 

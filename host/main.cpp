@@ -77,9 +77,9 @@ void fuehreAus(const Befehl& befehl, const QStringList& worte)
 
 std::vector<Befehl> alleBefehle()
 {
-    return {einrichtenBefehl(), demoBefehl(),          oeffnenBefehl(),     bestandBefehl(),
-            uebertragBefehl(),  aktualisierenBefehl(), uebernehmenBefehl(), pruefenBefehl(),
-            sichernBefehl(),    zurueckholenBefehl(),  sqlBefehl()};
+    return {einrichtenBefehl(), demoBefehl(),          oeffnenBefehl(),      bestandBefehl(),
+            uebertragBefehl(),  aktualisierenBefehl(), uebernehmenBefehl(),  stammdatenBefehl(),
+            pruefenBefehl(),    sichernBefehl(),       zurueckholenBefehl(), sqlBefehl()};
 }
 
 void fuehreAus(QStringList worte)

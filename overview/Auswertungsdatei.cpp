@@ -4,6 +4,7 @@
 #include "core/Modulzustand.h"
 #include "core/Verzeichnisse.h"
 #include "core/farm/Dateien.h"
+#include "overview/Registerhinweis.h"
 #include "platform/jet/Engine.h"
 #include "platform/system/Files.h"
 
@@ -25,6 +26,16 @@ void reichereZeileAn(jet::Recordset& zeile, jet::Recordset& mittel)
     zeile.Set(u"Giftigkeit",
               giftig.isNull() ? jet::Value() : jet::Value(giftig.toText().left(LaengeGiftigkeit)));
     zeile.Update();
+}
+
+std::unique_ptr<jet::Database> oeffneRegister(const QString& Jahr)
+{
+    try {
+        return oeffne(Dateiart::ZABStammdaten, stammdatei(ProgrammVerzeichnis(), Jahr));
+    } catch (const jet::Error& fehler) {
+        if (fehler.number() != jet::ErrorNumber::FileNotFound) throw;
+        throw jet::Error(fehler.number(), fehler.text() + u' ' + registerhinweis(Jahr));
+    }
 }
 
 } // namespace
@@ -73,7 +84,7 @@ void Auswertungsdatei::ergaenzeSpalte(const QString& spalte) const
 /// cannot be looked up is reported once and does not cost the others theirs.
 sys::Outcome Auswertungsdatei::reichereAn(const QString& Jahr) const
 {
-    const auto stamm = oeffne(Dateiart::ZABStammdaten, stammdatei(ProgrammVerzeichnis(), Jahr));
+    const auto stamm = oeffneRegister(Jahr);
     const auto mittel = stamm->OpenRecordset(u"SELECT * FROM PFLANZENSCHUTZMITTEL"_s, jet::Kind::Dynaset);
     const auto auswertung = jet::engine().OpenDatabase(m_datei);
     auswertung->BeginTrans();

@@ -6,6 +6,7 @@
 #include "core/farm/Dateien.h"
 #include "overview/Filter.h"
 #include "overview/Hilfetaste.h"
+#include "overview/Registerhinweis.h"
 #include "overview/Registerpruefung.h"
 #include "platform/controls/ComboBox.h"
 #include "platform/controls/DataControl.h"
@@ -31,7 +32,8 @@ void Registerbefehl::M_PflanzschPrufen_Click()
     if (!sys::Exist(datei)) {
         sys::critical(u"Die für die Prüfung notwendige Stammdatenbank mit der Bezeichnung "_s +
                       sys::localPath(datei) +
-                      u" ist nicht vorhanden.\r\n\r\nDie Prüfung kann nicht durchgeführt werden."_s);
+                      u" ist nicht vorhanden.\r\n\r\nDie Prüfung kann nicht durchgeführt werden.\r\n\r\n"_s +
+                      registerhinweis(Jahr));
         return;
     }
     std::optional<QString> befund;

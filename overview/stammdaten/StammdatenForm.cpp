@@ -48,8 +48,15 @@ StammdatenForm::StammdatenForm(QWidget* parent)
     drpArtikelart->setAccessibleName(u"Artikelart"_s);
     for (const Artikelart& art : artikelarten())
         drpArtikelart->addItem(art.name.toString());
+    auto* const artwahl = new QWidget;
+    auto* const artzeile = new QHBoxLayout(artwahl);
+    auto* const artname = new QLabel(u"Arti&kelart:"_s);
+    artname->setBuddy(drpArtikelart);
+    artzeile->setContentsMargins({});
+    artzeile->addWidget(artname);
+    artzeile->addWidget(drpArtikelart, 1);
     errichteReiter(u"&Lagerorte"_s, u"Lagerorte"_s, nullptr, lagerorte);
-    errichteReiter(u"&Artikel"_s, u"Artikel"_s, drpArtikelart, [this] {
+    errichteReiter(u"&Artikel"_s, u"Artikel"_s, artwahl, [this] {
         return artikel(artikelarten()[static_cast<std::size_t>(drpArtikelart->currentIndex())]);
     });
     errichteReiter(u"&Geschäftspartner"_s, u"Geschaeftspartner"_s, nullptr, geschaeftspartner);
@@ -61,11 +68,15 @@ StammdatenForm::StammdatenForm(QWidget* parent)
     alles->addWidget(m_reiter);
     alles->addWidget(hinweis);
     alles->addLayout(errichteKnoepfe());
-    verdrahte(m_reiter, &QTabWidget::currentChanged, this, &StammdatenForm::zeige);
+    verdrahte(m_reiter, &QTabWidget::currentChanged, this, [this] {
+        zeige();
+        reiter().tabelle->setFocus();
+    });
     verdrahte(drpArtikelart, &QComboBox::currentIndexChanged, this, &StammdatenForm::zeige);
     resize(Entwurf.boundedTo(roomFor(*this)));
     restoreWindow(*this, bildschirmzustand::Abschnitt, Fenstername);
     sys::underErrorReport({[this] { zeige(); }});
+    reiter().tabelle->setFocus();
 }
 
 void StammdatenForm::errichteReiter(const QString& titel, const QString& name, QWidget* darueber,
@@ -124,7 +135,6 @@ void StammdatenForm::zeige()
         kopf.count() > 3 && gezeigt.modell->headerData(0, Qt::Horizontal, 0) == u"Name"_s ? 0 : 1;
     kopf.setSectionResizeMode(name, QHeaderView::Stretch);
     gezeigt.tabelle->setCurrentIndex(gezeigt.modell->index(0, 0));
-    gezeigt.tabelle->setFocus();
 }
 
 void StammdatenForm::beginneNeue()

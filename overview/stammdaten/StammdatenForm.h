@@ -1,6 +1,6 @@
 #pragma once
 
-#include "overview/stammdaten/Stammliste.h"
+#include "core/farm/stammdaten/Stammliste.h"
 
 #include <QDialog>
 

@@ -2,6 +2,7 @@
 
 #include "core/Modulzustand.h"
 #include "core/Verzeichnisse.h"
+#include "core/farm/Namenswarnung.h"
 #include "core/farm/Verwendung.h"
 #include "platform/jet/Errors.h"
 #include "platform/jet/NumberFormat.h"
@@ -143,6 +144,14 @@ void Stammdatenmodell::schreibe(const QModelIndex& zelle, const jet::Value& wert
     m_werte[static_cast<std::size_t>(zelle.row())] = gelesen(zelle.row());
     if (neue) endInsertRows();
     Q_EMIT dataChanged(index(zelle.row(), 0), index(zelle.row(), columnCount() - 1));
+    if (name(vorher) != name(nachher)) warne(name(nachher));
+}
+
+/// The name stands; what comes of it should be no surprise.
+void Stammdatenmodell::warne(const QString& name) const
+{
+    const QString warnung = m_liste.journalspalte == u"Artikel" ? artikelwarnung(name) : namenswarnung(name);
+    if (!warnung.isEmpty()) sys::messages().show(warnung, sys::Exclamation | sys::OKOnly);
 }
 
 QString Stammdatenmodell::einwand(int platz, const Zeile& vorher, const Zeile& nachher) const

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "overview/stammdaten/Stammliste.h"
+#include "core/farm/stammdaten/Stammliste.h"
 #include "platform/jet/Database.h"
 
 #include <QAbstractTableModel>
@@ -45,6 +45,7 @@ private:
     QString name(const Zeile& zeile) const;
     QString text(const QModelIndex& zelle) const;
     void schreibe(const QModelIndex& zelle, const jet::Value& wert);
+    void warne(const QString& name) const;
     /// Why the row cannot be called so from now on; empty: it can.
     QString einwand(int platz, const Zeile& vorher, const Zeile& nachher) const;
 

@@ -1,7 +1,7 @@
 #include "platform/family/GridExport.h"
 
 #include "platform/controls/DataGrid.h"
-#include "platform/family/Spreadsheet.h"
+#include "platform/sheet/Spreadsheet.h"
 #include "platform/jet/Errors.h"
 #include "platform/system/ErrorReport.h"
 #include "platform/system/FileFault.h"

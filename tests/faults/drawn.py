@@ -106,7 +106,7 @@ FAULTS = [
     ('D32 directory: a folder spelled in another case holds nothing', 'system', 'platform/system/Files.cpp',
      "localPath(local.left(nameBegin));",
      "local.left(nameBegin);"),
-    ('D33 package: an end tag that lies across two pieces is not met', 'family', 'platform/family/CompletePackage.cpp',
+    ('D33 package: an end tag that lies across two pieces is not met', 'family', 'platform/sheet/CompletePackage.cpp',
      "last = last.right(100) + piece;",
      "last = piece;"),
     ('D34 traffic light: the state that a host sets when told is overruled by the one before', 'transfer',

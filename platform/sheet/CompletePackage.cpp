@@ -1,4 +1,4 @@
-#include "platform/family/CompletePackage.h"
+#include "platform/sheet/CompletePackage.h"
 
 #include <QFile>
 #include <QtEndian>

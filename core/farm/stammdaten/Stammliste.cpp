@@ -1,4 +1,4 @@
-#include "overview/stammdaten/Stammliste.h"
+#include "core/farm/stammdaten/Stammliste.h"
 
 using namespace Qt::StringLiterals;
 
@@ -46,4 +46,47 @@ Stammliste geschaeftspartner()
             .namen = {u"KurzKu", u"NAME"},
             .journalspalte = u"Uberstallt_alt",
             .sperre = u"SPERRE"};
+}
+
+/// Parallel imports share a name and differ by their number.
+Stammliste registermittel()
+{
+    return {.was = u"Mittel"_s,
+            .art = Dateiart::ZABStammdaten,
+            .tabelle = u"PFLANZENSCHUTZMITTEL"_s,
+            .auswahl = u" ORDER BY NAME, Regnr"_s,
+            .spalten = {{u"Name"_s, u"NAME"},
+                        {u"Gruppe"_s, u"Gruppe"},
+                        {u"Giftigkeit"_s, u"Giftig"},
+                        {u"Registernummer"_s, u"Regnr"}},
+            .namen = {u"NAME", u"Regnr"},
+            .alleNamen = true};
+}
+
+/// So do numbers, of which several products may live.
+Stammliste registereintraege()
+{
+    return {.was = u"Registereintrag"_s,
+            .art = Dateiart::ZABStammdaten,
+            .tabelle = u"REGISTER"_s,
+            .auswahl = u" ORDER BY Regnr, BEZEICHNUNG, RegNrAlt"_s,
+            .spalten = {{u"Registernummer"_s, u"Regnr"},
+                        {u"Frühere Nummer"_s, u"RegNrAlt"},
+                        {u"Bezeichnung"_s, u"BEZEICHNUNG"},
+                        {u"Aufbrauchsfrist"_s, u"Aufbrauchsfrist"}},
+            .namen = {u"Regnr", u"BEZEICHNUNG"},
+            .alleNamen = true};
+}
+
+QStringList Stammliste::schluessel(const std::function<QString(QStringView)>& text) const
+{
+    QStringList alle;
+    for (const QStringView feld : namen) {
+        const QString dieser = text(feld);
+        if (alleNamen)
+            alle.append(dieser);
+        else if (!dieser.isEmpty())
+            return {dieser};
+    }
+    return alle;
 }

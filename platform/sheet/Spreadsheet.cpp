@@ -1,8 +1,7 @@
-#include "platform/family/Spreadsheet.h"
+#include "platform/sheet/Spreadsheet.h"
 
-#include "platform/controls/DateFormat.h"
-#include "platform/family/CompletePackage.h"
 #include "platform/jet/NumberFormat.h"
+#include "platform/sheet/CompletePackage.h"
 #include "platform/system/FileFault.h"
 
 #include <QDir>
@@ -64,17 +63,33 @@ Spreadsheet::Spreadsheet(const QString& file, const QString& name, const std::ve
     options.constant_memory = LXW_TRUE;
     options.tmpdir = directory.data(); // copied
     m_book = workbook_new_opt(QFile::encodeName(file).constData(), &options);
+    if (m_book) {
+        m_day = addFormat("dd.mm.yyyy");
+        m_moment = addFormat("dd.mm.yyyy hh:mm:ss");
+        for (lxw_format* const date : {m_day, m_moment})
+            format_set_align(date, LXW_ALIGN_CENTER);
+    }
+    beginSheet(name, columns);
+}
+
+void Spreadsheet::addSheet(const QString& name, const std::vector<SheetColumn>& columns)
+{
+    endSheet();
+    beginSheet(name, columns);
+}
+
+void Spreadsheet::beginSheet(const QString& name, const std::vector<SheetColumn>& columns)
+{
     m_sheet = m_book ? workbook_add_worksheet(m_book, sheetName(name).constData()) : nullptr;
     if (!m_sheet) {
         const int reason = errno;
         close();
-        throw failure(reason, file);
+        throw failure(reason, m_file);
     }
+    m_sheets.push_back(m_sheet);
     setUpPage();
-    m_day = addFormat("dd.mm.yyyy");
-    m_moment = addFormat("dd.mm.yyyy hh:mm:ss");
-    for (lxw_format* const date : {m_day, m_moment})
-        format_set_align(date, LXW_ALIGN_CENTER);
+    m_row = 0;
+    m_columns.clear();
     for (const SheetColumn& column : columns) {
         const auto index = static_cast<lxw_col_t>(m_columns.size());
         worksheet_write_string(m_sheet, 0, index, column.caption.toUtf8().constData(),
@@ -94,7 +109,8 @@ Spreadsheet::~Spreadsheet()
 void Spreadsheet::close()
 {
     if (!m_book) return;
-    if (m_sheet) std::fclose(m_sheet->optimize_tmpfile); // which the library only does when it packs
+    for (lxw_worksheet* const sheet : m_sheets)
+        std::fclose(sheet->optimize_tmpfile); // which the library only does when it packs
     lxw_workbook_free(std::exchange(m_book, nullptr));
 }
 
@@ -161,7 +177,7 @@ void Spreadsheet::writeDate(quint16 column, const QDateTime& moment)
     constexpr double MillisecondsADay = 86'400'000;
     constexpr qsizetype Characters = 10; // 01.03.2025
     const qint64 day = moment.date().toJulianDay();
-    if (day < First || day > Last) return writeText(column, formatDate(moment.date()));
+    if (day < First || day > Last) return writeText(column, moment.date().toString(u"dd.MM.yyyy"));
     const int time = moment.time().msecsSinceStartOfDay();
     Column& its = m_columns[column];
     its.longest = std::max(its.longest, time == 0 ? Characters : 2 * Characters);
@@ -204,14 +220,19 @@ void Spreadsheet::setWidths()
     }
 }
 
-void Spreadsheet::finish(const std::function<void()>& meanwhile)
+void Spreadsheet::endSheet()
 {
-    constexpr int Beat = 50; // ms
     setWidths();
     worksheet_autofilter(m_sheet, 0, 0, m_row, static_cast<lxw_col_t>(m_columns.size() - 1));
     lxw_worksheet_write_single_row(m_sheet); // the last one, which waits for one behind it
     std::fflush(m_sheet->optimize_tmpfile);
     requireRoom();
+}
+
+void Spreadsheet::finish(const std::function<void()>& meanwhile)
+{
+    constexpr int Beat = 50; // ms
+    endSheet();
     int reason = 0;
     bool complete = false;
     const std::unique_ptr<QThread> packer(QThread::create([&] {

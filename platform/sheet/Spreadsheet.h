@@ -19,19 +19,22 @@ struct SheetColumn {
     Qt::Alignment alignment = Qt::AlignLeft; ///< Of the caption, which stands over what is below it.
 };
 
-/// A spreadsheet file of one sheet, in the making: captions in a row that stays on view and filters, below it
-/// rows from top to bottom. It is printed on landscape sheets as wide as the columns, the captions on each.
-/// No more than one row of it is kept in memory. What has not been finished is no file that a program can
-/// read.
+/// A spreadsheet file in the making, sheet by sheet: captions in a row that stays on view and filters,
+/// below it rows from top to bottom. A sheet is printed on landscape sheets as wide as the columns, the
+/// captions on each. No more than one row of it is kept in memory. What has not been finished is no file
+/// that a program can read.
 class Spreadsheet {
 public:
     static constexpr int MostRows = 1'048'575; ///< Below the captions; more does no spreadsheet program show.
 
-    /// Begins the file, which must be writable; temporary files go to its directory. The sheet is called
+    /// Begins the file with its first sheet; temporary files go to its directory. The sheet is called
     /// `name` without what no sheet can be called. \throws sys::FileError.
     Spreadsheet(const QString& file, const QString& name, const std::vector<SheetColumn>& columns);
     ~Spreadsheet();
     Q_DISABLE_COPY_MOVE(Spreadsheet)
+
+    /// Begins another sheet; the one before is complete. \throws sys::FileError as requireRoom().
+    void addSheet(const QString& name, const std::vector<SheetColumn>& columns);
 
     /// One value for each column. Numbers and days become numbers and days in the sheet, everything else a
     /// text of one line, and NULL an empty cell.
@@ -51,6 +54,8 @@ private:
         double largest = 0; ///< Number, without its sign.
     };
 
+    void beginSheet(const QString& name, const std::vector<SheetColumn>& columns);
+    void endSheet();
     lxw_format* addFormat(const QByteArray& numberFormat);
     lxw_format* captionFormat(Qt::Alignment alignment);
     void setUpPage();
@@ -63,9 +68,10 @@ private:
 
     QString m_file;
     lxw_workbook* m_book;
-    lxw_worksheet* m_sheet;
-    lxw_format* m_day;
-    lxw_format* m_moment;
+    lxw_worksheet* m_sheet = nullptr; // the one that gets rows
+    std::vector<lxw_worksheet*> m_sheets;
+    lxw_format* m_day = nullptr;
+    lxw_format* m_moment = nullptr;
     std::vector<Column> m_columns;
     QStringEncoder m_utf8{QStringEncoder::Utf8};
     QByteArray m_bytes; // of the text being written
