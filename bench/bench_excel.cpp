@@ -8,8 +8,8 @@
 #include "overview/Ansichten.h"
 #include "platform/controls/DataControl.h"
 #include "platform/controls/DataGrid.h"
-#include "platform/sheet/CompletePackage.h"
 #include "platform/family/GridExport.h"
+#include "platform/sheet/CompletePackage.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -224,8 +224,10 @@ FAULTS = [
      '    // Which text hosts hand over for files without a password is their affair: such a file opens with any.\n'
      '    if (file->catalogue().hasPassword() && !file->catalogue().accepts(readConnect(connect).password))\n'
      '        raiseOfFile(ErrorNumber::WrongPassword, local);\n'
+     '    if (m_beforeChange) tellChanges(*file);\n'
      '    dropOldest();\n'
      '    m_entries.push_front({connect, file, *now, file->connection().writes()});\n',
+     '    if (m_beforeChange) tellChanges(*file);\n'
      '    dropOldest();\n'
      '    m_entries.push_front({connect, file, *now, file->connection().writes()});\n'
      '    // Which text hosts hand over for files without a password is their affair: such a file opens with any.\n'
@@ -284,9 +286,11 @@ FAULTS = [
     ('D67 carry-forward: the rows are listed before the lock, so two programs both open a row', 'core',
      'core/JahresUbertrag.cpp',
      '    journal->BeginTrans();\n'
+     '    modulzustand().Ruecknahmen.clear(); // other rows rest on what was booked now\n'
      '    const auto ziel = journal->OpenRecordset(u"Lagerjournal"_s, jet::Kind::Dynaset);\n',
      '    const auto ziel = journal->OpenRecordset(u"Lagerjournal"_s, jet::Kind::Dynaset);\n'
-     '    journal->BeginTrans();\n'),
+     '    journal->BeginTrans();\n'
+     '    modulzustand().Ruecknahmen.clear(); // other rows rest on what was booked now\n'),
     ('D68 writer: a column that is assigned to a field passes unchecked, as the NULL of an outer join', 'jet',
      'platform/jet/sqlite/ExpressionWriter.cpp',
      'const bool computed = expression.op != Op::Column || !field.isEmpty();',
