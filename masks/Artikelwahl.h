@@ -31,7 +31,9 @@ public:
     QString Artikel() const { return m_felder.drpArtikel.Text(); }
     QString Artikelart() const { return m_felder.drpGruppe.Text(); }
     bool nurVorhandene() const { return m_felder.chkVorhanden.Value() == 1; }
-    DataControl& Artikelauswahl() const { return m_felder.Artikelauswahl; }
+    /// The row of an article among those offered, trimmed and without regard to case, which becomes
+    /// current there; null: it is not there, or nothing is offered.
+    const jet::Recordset* gesucht(const QString& Artikel);
     void setArtikel(const QString& name) { m_felder.drpArtikel.setText(name); }
     void setArtikelart(const QString& name) { m_felder.drpGruppe.setText(name); }
 
@@ -55,6 +57,11 @@ public:
 
 private:
     void verdrahteArtikel(const Folgen& folgen);
+    /// With the message if not. The article of the row that is changed may stay also when it is no longer
+    /// offered. If it may be left, `fuelle` computes the figures for the article. A listed name with an
+    /// apostrophe breaks the statements that look it up; it may be left all the same when the user has
+    /// read the error: the row itself can be written.
+    bool darfVerlassen(const std::function<void()>& fuelle);
 
     const Felder m_felder;
     bool m_fuehrtHaken = false;

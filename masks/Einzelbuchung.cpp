@@ -134,9 +134,9 @@ void Einzelbuchung::schreibe(Buchung zeile) const
     aufzeichnung.fertig();
 }
 
-bool Einzelbuchung::pruefe()
+Speicherweg::Eingaben Einzelbuchung::eingaben() const
 {
-    return pruefeEingabe(maskenfelder()) && m_tag->pruefe();
+    return {maskenfelder(), *m_tag};
 }
 
 void Einzelbuchung::merke() const
@@ -149,6 +149,5 @@ void Einzelbuchung::merke() const
 void Einzelbuchung::positioniere() const
 {
     if (!m_maske.aendert()) m_maske.journaldaten().MoveLast();
-    if (zeigeBestand(m_maske.haupt().Bestanddaten, m_artikel->Artikel(), m_ort->Ort()))
-        waehleNurAktuelleZeile(m_maske.haupt().BestandListe);
+    m_maske.zeigeBestand(m_artikel->Artikel(), m_ort->Ort());
 }

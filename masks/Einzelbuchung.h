@@ -4,6 +4,7 @@
 #include "masks/Buchungstag.h"
 #include "masks/Lagerortwahl.h"
 #include "masks/Maskenfelder.h"
+#include "masks/Speicherweg.h"
 
 #include <vector>
 
@@ -39,9 +40,9 @@ public:
     void zeige(const Buchung& zeile); ///< The row that is changed.
     Buchung buchung() const;          ///< The row that is to be written.
     void schreibe(Buchung zeile) const;
-    bool pruefe();             ///< Before a save.
-    void merke() const;        ///< What is remembered from one booking to the next.
-    void positioniere() const; ///< Shows the booking on the main screen.
+    Speicherweg::Eingaben eingaben() const; ///< What is checked before a save.
+    void merke() const;                     ///< What is remembered from one booking to the next.
+    void positioniere() const;              ///< Shows the booking on the main screen.
 
 private:
     Maskenfelder maskenfelder() const;

@@ -4,7 +4,8 @@
 #include "core/Modulzustand.h"
 #include "core/Verzeichnisse.h"
 #include "core/farm/Artikelarten.h"
-#include "core/farm/Dateien.h"
+#include "core/farm/Buchungsarten.h"
+#include "core/farm/Schema.h"
 #include "masks/Lagerstand.h"
 #include "platform/controls/DataGrid.h"
 #include "platform/controls/FocusWhole.h"
@@ -18,14 +19,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Of the traffic light.
-constexpr int Gruen = 1;
-constexpr int Rot = 3;
-
 void stelleAufStammdaten(DataControl& daten)
 {
-    daten.setDatabaseName(grundstammdatei(datenverzeichnis()));
-    daten.setConnect(verbindung(Dateiart::Grundstamm));
+    binde(daten, Dateiart::Grundstamm, grundstammdatei(datenverzeichnis()), verbindung(Dateiart::Grundstamm));
 }
 
 /// "'Hafer','Weizen'": the articles that the journal has booked under a kind. Names are not escaped.
@@ -53,8 +49,8 @@ void leereFremdenText(DataControl& daten, DataCombo& combo, const QString& feld)
 
 void stelleAufLagerorte(DataControl& daten)
 {
-    daten.setDatabaseName(anlagendatei(modulzustand().Anlagenverzeichnis));
-    daten.setConnect(verbindung(Dateiart::Anlagen));
+    binde(daten, Dateiart::Anlagen, anlagendatei(modulzustand().Anlagenverzeichnis),
+          verbindung(Dateiart::Anlagen));
     daten.setRecordSource(
         u"Select * From Objekte where (Objektart = 'Lager' Or Objektart = 'Düngersammelstelle')"
         u"  AND Anzeigen=True order by Name"_s);
@@ -62,8 +58,7 @@ void stelleAufLagerorte(DataControl& daten)
 
 void stelleAufJournal(DataControl& daten)
 {
-    daten.setDatabaseName(modulzustand().Lagerdatei);
-    daten.setConnect(modulzustand().Lagerpasswort);
+    binde(daten, Dateiart::Lager, modulzustand().Lagerdatei, modulzustand().Lagerpasswort);
 }
 
 /// Shows the articles that a source was set for; none was while no kind is chosen.
@@ -95,23 +90,6 @@ void fuelleArtikelarten(ComboBox& drpGruppe)
         drpGruppe.AddItem(art.name.toString());
 }
 
-void verbindeLagerorte(DataCombo& combo, DataControl& Lagerauswahl)
-{
-    combo.setDataFieldToDisplay(u"KurzKu"_s);
-    combo.setDataFieldToFind(u"Name"_s);
-    combo.addColumn(u"Name"_s, u"Name"_s);
-    combo.addColumn(u"Kürzel"_s, u"KurzKu"_s);
-    combo.setDataSource(Lagerauswahl);
-}
-
-void verbindeArtikel(DataCombo& combo, DataControl& Artikelauswahl)
-{
-    combo.setDataFieldToDisplay(u"NAME"_s);
-    combo.addColumn(u"Artikel"_s, u"NAME"_s);
-    combo.addColumn(u"Einheit"_s, u"Einheit"_s);
-    combo.setDataSource(Artikelauswahl);
-}
-
 void ladeArtikel(DataControl& Artikelauswahl, DataCombo& drpArtikel, const QString& Artikelart,
                  bool& nurVorhandene)
 {
@@ -133,22 +111,6 @@ void ladeArtikelstamm(DataControl& Artikelauswahl, DataCombo& drpArtikel, const 
         Artikelauswahl.setRecordSource(art->abfrage() + art->ordnung.toString());
     }
     zeigeArtikel(Artikelauswahl, drpArtikel);
-}
-
-bool uebernimmArtikelart(ComboBox& drpGruppe, const DataCombo& drpArtikel)
-{
-    const QString artikel = vergleichsform(drpArtikel.Text());
-    if (!drpGruppe.Text().isEmpty() || artikel.isEmpty()) return false;
-    const auto journal = oeffneJournaldatei();
-    const auto arten = journal->OpenRecordset(
-        u"SELECT Min(ARTIKELART) AS Erste, Max(ARTIKELART) AS Letzte FROM LAGERJOURNAL WHERE"
-        u" LCASE(TRIM(ARTIKEL)) = '"_s +
-            artikel + u"' AND ARTIKELART > ''"_s,
-        jet::Kind::Snapshot);
-    const QString erste = (*arten)[u"Erste"].toText();
-    if (erste.isEmpty() || erste != (*arten)[u"Letzte"].toText()) return false;
-    drpGruppe.setText(erste);
-    return true;
 }
 
 void ladeGeschaeftspartner(DataControl& HandlerDaten)
@@ -176,25 +138,6 @@ bool pruefeEintrag(DataCombo& combo, DataControl& daten, const QString& feld)
     daten.FindFirst(u"LCASE(TRIM("_s + feld + u")) = '"_s + text.toLower() + u"'"_s);
     if (!daten.NoMatch()) combo.setText(daten.Recordset()[feld].toText());
     return true;
-}
-
-bool darfArtikelVerlassen(DataCombo& drpArtikel, DataControl& Artikelauswahl,
-                          const std::function<void()>& fuelle)
-{
-    bool gelistet = true;
-    const bool unveraendert = !drpArtikel.Tag().isEmpty() && drpArtikel.Text() == drpArtikel.Tag();
-    sys::underErrorReport({
-        [&] {
-            if (!unveraendert) gelistet = pruefeEintrag(drpArtikel, Artikelauswahl, u"Name"_s);
-        },
-        [&] {
-            if (gelistet) fuelle();
-        },
-    });
-    if (!gelistet)
-        sys::critical(
-            u"Bitte tragen Sie eine gültigen Artikel ein oder wählen Sie eineb Artikel aus !"_s); // sic
-    return gelistet;
 }
 
 QDate vorgabedatum(const QString& Buchungsart)
@@ -225,38 +168,9 @@ void bereiteMaskeVor(const Maskenfelder& maske)
     maske.beenden.setFont(fett);
 }
 
-/// The second bound was never given a day and counts as day zero, so no day lies before it: the date stays as
-/// it is. Kept, as users know the button so.
-void stelleAufHeute(DateCombo& Buchdatum)
-{
-    const QDate letzterTag = nulldatum();
-    if (Buchdatum.MinDate() <= sys::heute() && letzterTag >= sys::heute()) Buchdatum.enterDate(sys::heute());
-}
-
-bool pruefeDatum(DateCombo& Buchdatum)
-{
-    const QDate tag = Buchdatum.Date();
-    if (!tag.isValid()) return fehlt(Buchdatum, u"Bitte tragen Sie ein Datum ein !"_s);
-    if (QString::number(tag.year()) == modulzustand().Jahr) return true;
-    return fehlt(Buchdatum, u"Das Datum liegt nicht im Jahr "_s + modulzustand().Jahr + u" !"_s);
-}
-
-void stelleAmpel(AmpelLED& Ampel, bool negativ)
-{
-    Ampel.setAmpel(negativ ? Rot : Gruen);
-}
-
-bool sucheArtikel(DataControl& Artikelauswahl, const QString& Artikel)
-{
-    const QString artikel = vergleichsform(Artikel);
-    if (artikel.isEmpty() || !Artikelauswahl.isOpen()) return false;
-    Artikelauswahl.FindFirst(u"TRIM(LCASE(NAME)) = '"_s + artikel + u"'"_s);
-    return !Artikelauswahl.NoMatch();
-}
-
 bool darfNegativWerden(AmpelLED& Ampel, const QString& umbruch)
 {
-    if (Ampel.Ampel() != Rot) return true;
+    if (Ampel.Ampel() != Lagerstand::Rot) return true;
     return sys::messages().show(u"Der Lagerstand wird negativ."_s + umbruch +
                                     u"Wollen Sie die Buchung trotzdem abspeichern ?"_s,
                                 sys::YesNo | sys::Question | sys::DefaultButton2) == sys::Answer::Yes;
@@ -283,19 +197,9 @@ bool pruefeEingabe(const Maskenfelder& maske)
 {
     if (!darfNegativWerden(maske.Ampel, u"\r\n\r\n"_s)) return false;
     if (!pruefeOrtUndArtikel(maske.drpLagerort, maske.drpGruppe, maske.drpArtikel)) return false;
-    if (modulzustand().AktBuchungsart == u"Korrektur") return true; // a count may confirm a stock
+    if (modulzustand().AktBuchungsart == buchungsart::Korrektur) return true; // a count may confirm a stock
     if (maske.txtMenge.Value() == 0) return fehlt(maske.txtMenge, u"Bitte tragen Sie eine Menge ein !"_s);
     return true;
-}
-
-bool zeigeBestand(DataControl& Bestanddaten, const QString& Artikel, const QString& Lagerort)
-{
-    const qsizetype platz = Bestanddaten.AbsolutePosition();
-    Bestanddaten.Refresh();
-    Bestanddaten.FindFirst(u"Artikel = '"_s + Artikel + u"' AND LagerortKurzKu = '"_s + Lagerort + u"'"_s);
-    if (!Bestanddaten.NoMatch()) return true;
-    if (platz >= 0 && platz < Bestanddaten.RecordCount()) Bestanddaten.MoveTo(platz);
-    return false;
 }
 
 void waehleNurAktuelleZeile(DataGrid& liste)

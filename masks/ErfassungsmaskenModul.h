@@ -5,20 +5,12 @@
 #include <QDate>
 #include <QString>
 
-#include <functional>
-
 /// The rules that all entry masks share. They read the shared state (data directory, open journal, booking
 /// kind, year, mode of change) and keep none of their own. What the database refuses is thrown to the mask's
 /// handler.
 
 /// Fills the list of article kinds.
 void fuelleArtikelarten(ComboBox& drpGruppe);
-
-/// Binds a combo to the storage places: its text is the short code, its list shows name and code, a typed
-/// name picks it.
-void verbindeLagerorte(DataCombo& combo, DataControl& Lagerauswahl);
-/// Binds a combo to articles, with their units: a name booked in two units is listed twice.
-void verbindeArtikel(DataCombo& combo, DataControl& Artikelauswahl);
 
 /// Offers the articles of a kind. With `nurVorhandene` those that the journal has ever booked under it, each
 /// name with each of its units; where it has none, and otherwise, those of the master data. Harvested produce
@@ -30,10 +22,6 @@ void ladeArtikel(DataControl& Artikelauswahl, DataCombo& drpArtikel, const QStri
 /// The same from the master data alone.
 void ladeArtikelstamm(DataControl& Artikelauswahl, DataCombo& drpArtikel, const QString& Artikelart);
 
-/// Chooses the kind of an article that was entered while none was chosen: that of the journal, if it has
-/// booked the article under one kind only. False: it stays as it is.
-bool uebernimmArtikelart(ComboBox& drpGruppe, const DataCombo& drpArtikel);
-
 /// Reads the business partners again.
 void ladeGeschaeftspartner(DataControl& HandlerDaten);
 /// Reads the storage places again; a code that is not among them is emptied.
@@ -43,13 +31,6 @@ void ladeLagerorte(DataControl& Lagerauswahl, DataCombo& drpLagerort);
 /// that is not listed opens the list.
 bool pruefeEintrag(DataCombo& combo, DataControl& daten, const QString& feld);
 
-/// Whether an article combo may be left, with the message if not. What stands in its tag, the article of the
-/// row that is changed, may stay also when it is no longer offered. If it may be left, `fuelle` computes the
-/// figures for the article. A listed name with an apostrophe breaks the statements that look it up; it may be
-/// left all the same when the user has read the error: the row itself can be written.
-bool darfArtikelVerlassen(DataCombo& drpArtikel, DataControl& Artikelauswahl,
-                          const std::function<void()>& fuelle);
-
 /// The day that a new booking begins with: that of the last booking of the kind in the open year, since no
 /// other day can be saved and other programs date as they like; without one today, where that lies in the
 /// year, else the year's last day.
@@ -58,16 +39,6 @@ QDate vorgabedatum(const QString& Buchungsart);
 /// Makes a mask ready: where its lists come from, which the mask then refreshes, the open year as bounds of
 /// the date, the buttons of the mode, for a new booking the date.
 void bereiteMaskeVor(const Maskenfelder& maske);
-
-/// "Heute", which leaves the date as it is.
-void stelleAufHeute(DateCombo& Buchdatum);
-
-/// Sets the traffic light: red where a stock would be negative, else green.
-void stelleAmpel(AmpelLED& Ampel, bool negativ);
-
-/// Finds an article among those offered, trimmed and without regard to case, and makes it current. False: it
-/// is not there, or nothing is offered.
-bool sucheArtikel(DataControl& Artikelauswahl, const QString& Artikel);
 
 /// Says what is missing, and leads to its field.
 bool fehlt(QWidget& feld, const QString& meldung);
@@ -79,13 +50,6 @@ bool pruefeOrtUndArtikel(DataCombo& drpLagerort, ComboBox& drpGruppe, DataCombo&
 
 /// The checks before a save, with their messages and the focus where something is missing.
 bool pruefeEingabe(const Maskenfelder& maske);
-
-/// That the booking has a day, without which it would count in no stock, and one of the open year.
-bool pruefeDatum(DateCombo& Buchdatum);
-
-/// Reads the stock list anew and makes the line of an article at a place current. False: there is none, as
-/// with the places in sum; then the list stays where it was.
-bool zeigeBestand(DataControl& Bestanddaten, const QString& Artikel, const QString& Lagerort);
 
 /// Makes the current row the only selected one.
 void waehleNurAktuelleZeile(DataGrid& liste);

@@ -21,10 +21,13 @@ LAKorrekturForm::LAKorrekturForm(const Hauptansicht& haupt, QWidget* parent)
     m_stand.emplace(*ui->txtBisher, ui->txtBisherGesamt, *ui->Ampel);
     m_buchung = new Einzelbuchung({*ui->Kopf, *ui->Fuss, *ui->txtMenge, *ui->txtEinheit, *ui->Ampel},
                                   {[] {}, [this] { FelderFullen(); }}, *this);
-    new Speicherweg(*this, *ui->Fuss,
-                    {[this] { return darfSpeichern(); }, [this] { m_buchung->merke(); },
-                     [this] { schreibe(); }, [this] { m_buchung->positioniere(); },
-                     [this] { leereFuerNaechste(); }});
+    new Speicherweg(*this, *ui->Fuss, m_buchung->eingaben(),
+                    {.vorher = [this] { ermittleStand(); },
+                     .frage = [this] { return istGezaehlt(); },
+                     .merke = [this] { m_buchung->merke(); },
+                     .schreibe = [this] { schreibe(); },
+                     .positioniere = [this] { m_buchung->positioniere(); },
+                     .leere = [this] { leereFuerNaechste(); }});
     verdrahte(ui->txtMenge, &NumberEdit::Change, this, &LAKorrekturForm::txtMenge_Change);
     // A 0 over the 0, too. A field that was emptied shows a 0 that nobody has counted.
     verdrahte(ui->txtMenge, &QLineEdit::textEdited, this,
@@ -106,8 +109,7 @@ void LAKorrekturForm::ermittleEinheit()
             u"' AND Buchungsart IN ('Zukauf','Anfangsbestand') ORDER BY DATUM DESC"_s,
         jet::Kind::Dynaset);
     if (!letzte->Eof()) return uebernimm(*letzte);
-    DataControl& offene = m_buchung->artikel().Artikelauswahl();
-    if (sucheArtikel(offene, artikel)) uebernimm(offene.Recordset());
+    if (const auto* const zeile = m_buchung->artikel().gesucht(artikel)) uebernimm(*zeile);
 }
 
 /// After "Speichern und &nächster" the article stays and its stock shows 0: a new count needs the real one.
@@ -119,15 +121,18 @@ void LAKorrekturForm::txtMenge_Change()
 }
 
 /// A count has no difference to a stock that could not be looked up, or that was not looked up since the last
-/// save: that is done now, and reported when it fails. The 0 of a new count that nobody has typed would book
-/// the whole stock away.
-bool LAKorrekturForm::darfSpeichern()
+/// save: that is done now, and reported when it fails.
+void LAKorrekturForm::ermittleStand()
 {
     if (m_bisher == Bisher::Unbekannt && aendert() && !m_gezaehlt)
         zeigeZaehlung();
     else if (m_bisher != Bisher::Bekannt)
         FelderFullen();
-    if (!m_buchung->pruefe()) return false;
+}
+
+/// The 0 of a new count that nobody has typed would book the whole stock away.
+bool LAKorrekturForm::istGezaehlt() const
+{
     if (aendert() || m_gezaehlt || ui->txtBisher->Value() == 0) return true;
     return fehlt(*ui->txtMenge, u"Bitte tragen Sie eine Menge ein !"_s);
 }

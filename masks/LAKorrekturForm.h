@@ -35,7 +35,8 @@ private:
     void berechneDifferenz();
     void txtMenge_Change();
 
-    bool darfSpeichern();
+    void ermittleStand();
+    bool istGezaehlt() const;
     void schreibe();
     void leereFuerNaechste();
 

@@ -37,7 +37,7 @@ double zahl(const QString& text)
 const Buchungsart& gewaehlteArt()
 {
     const auto* const art = buchungsartZu(modulzustand().AktBuchungsart);
-    return art ? *art : *buchungsartZu(u"Zukauf");
+    return art ? *art : *buchungsartZu(buchungsart::Zukauf);
 }
 
 } // namespace
@@ -53,10 +53,12 @@ LAZukaufForm::LAZukaufForm(const Hauptansicht& haupt, QWidget* parent)
     m_buchung = new Einzelbuchung({*ui->Kopf, *ui->Fuss, *ui->txtMenge, *ui->txtEinheit, *ui->Ampel},
                                   {[this] { Ansichteinstellen(); }, [this] { FelderFullen(); }}, *this,
                                   {ui->txtPreis, ui->stHandler});
-    new Speicherweg(*this, *ui->Fuss,
-                    {[this] { return darfSpeichern(); }, [this] { merkeEinstellungen(); },
-                     [this] { schreibe(); }, [this] { m_buchung->positioniere(); },
-                     [this] { leereFuerNaechste(); }});
+    new Speicherweg(*this, *ui->Fuss, m_buchung->eingaben(),
+                    {.frage = [this] { return darfOhnePartner(); },
+                     .merke = [this] { merkeEinstellungen(); },
+                     .schreibe = [this] { schreibe(); },
+                     .positioniere = [this] { m_buchung->positioniere(); },
+                     .leere = [this] { leereFuerNaechste(); }});
     verdrahteFelder();
     Form_Load();
 }
@@ -170,8 +172,8 @@ void LAZukaufForm::Ansichteinstellen()
 {
     const QString art = m_buchung->artikel().Artikelart();
     const bool ohneBeizung =
-        art == u"Wirtschaftsdünger" || art == PflanzlicheErzeugnisse || art == u"Futtermittel";
-    const bool saatgut = art == u"Saatgut/Sorten" || art == u"Zwischenfruchtsaatgut";
+        art == Wirtschaftsduenger || art == PflanzlicheErzeugnisse || art == Futtermittel;
+    const bool saatgut = art == Saatgut || art == Zwischenfruchtsaatgut;
     ui->chkBiologisch->setVisible(ohneBeizung || saatgut);
     // Of other kinds the dressing shows all the same while the hidden tick is clear: users know the mask so.
     ui->frmBeizung->setVisible(!ohneBeizung && ui->chkBiologisch->Value() == 0);
@@ -208,9 +210,9 @@ void LAZukaufForm::ermittlePreis(const QString& artikel)
             u"' AND Buchungsart IN ('Zukauf','Anfangsbestand','Ernte') ORDER BY DATUM DESC"_s,
         jet::Kind::Dynaset);
     if (!letzte->Eof()) return uebernimm(*letzte);
-    const Artikelwahl& wahl = m_buchung->artikel();
+    Artikelwahl& wahl = m_buchung->artikel();
     if (wahl.nurVorhandene() || wahl.Artikelart().isEmpty()) return; // these lists have no prices
-    if (sucheArtikel(wahl.Artikelauswahl(), artikel)) uebernimm(wahl.Artikelauswahl().Recordset());
+    if (const auto* const zeile = wahl.gesucht(artikel)) uebernimm(*zeile);
 }
 
 double LAZukaufForm::gebuchteMenge() const
@@ -267,9 +269,8 @@ void LAZukaufForm::zeigePreiseinheit()
                                    ui->txtEinheit->Text());
 }
 
-bool LAZukaufForm::darfSpeichern()
+bool LAZukaufForm::darfOhnePartner() const
 {
-    if (!m_buchung->pruefe()) return false;
     if (!ui->stHandler->isVisible() || !sys::trimBlanks(ui->stHandler->Text()).isEmpty()) return true;
     return sys::messages().show(u"Sie haben keine Geschäftspartner eingetragen."_s + u"\r\n\r\n"_s +
                                     u"Wollen Sie den Zukauf trotzdem abspeichern ?"_s,

@@ -45,7 +45,7 @@ private:
     double preisfaktor() const;
     double gebuchteMenge() const;
 
-    bool darfSpeichern();
+    bool darfOhnePartner() const;
     void merkeEinstellungen();
     void schreibe();
     void leereFuerNaechste();

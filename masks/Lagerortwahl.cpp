@@ -8,6 +8,20 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/// Its text is the short code, its list shows name and code, a typed name picks it.
+void verbindeLagerorte(DataCombo& combo, DataControl& Lagerauswahl)
+{
+    combo.setDataFieldToDisplay(u"KurzKu"_s);
+    combo.setDataFieldToFind(u"Name"_s);
+    combo.addColumn(u"Name"_s, u"Name"_s);
+    combo.addColumn(u"Kürzel"_s, u"KurzKu"_s);
+    combo.setDataSource(Lagerauswahl);
+}
+
+} // namespace
+
 Lagerortwahl::Lagerortwahl(const Felder& felder, std::function<void()> gewaehlt, QObject* maske)
     : QObject(maske), m_felder(felder)
 {

@@ -1,9 +1,10 @@
 #include "masks/Lagerstand.h"
 
 #include "core/Journaldatei.h"
-#include "masks/ErfassungsmaskenModul.h"
+#include "platform/controls/NumberEdit.h"
 #include "platform/jet/Recordset.h"
 #include "platform/system/Blanks.h"
+#include "transfer/ampel/AmpelLED.h"
 
 using namespace Qt::StringLiterals;
 
@@ -55,5 +56,5 @@ void Lagerstand::lies(const QString& Artikel, const QString& Lagerort, qint64 ID
 
 void Lagerstand::zeigeAmpel(bool negativ)
 {
-    stelleAmpel(m_Ampel, negativ);
+    m_Ampel.setAmpel(negativ ? Rot : Gruen);
 }

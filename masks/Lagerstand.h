@@ -23,6 +23,8 @@ double lagerstand(jet::Database& journal, const QString& Artikel, const QString&
 /// The stocks before a booking as a mask shows them, and its lamp.
 class Lagerstand {
 public:
+    static constexpr int Gruen = 1, Rot = 3; ///< Of the lamp.
+
     Lagerstand(NumberEdit& bisher, NumberEdit* bisherGesamt, AmpelLED& Ampel);
 
     void leere(); ///< Where a look-up fails no other article's stock may stay.

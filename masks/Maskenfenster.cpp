@@ -1,6 +1,7 @@
 #include "masks/Maskenfenster.h"
 
 #include "core/Modulzustand.h"
+#include "masks/ErfassungsmaskenModul.h"
 #include "masks/Maskenteile.h"
 #include "masks/Textlaenge.h"
 #include "platform/controls/ListField.h"
@@ -109,6 +110,16 @@ void Maskenfenster::bewache(ListField& feld)
 {
     connect(&feld, &ListField::Change, this, [this] { m_getippt = true; });
     connect(&feld, &ListField::Click, this, [this] { m_getippt = true; });
+}
+
+void Maskenfenster::zeigeBestand(const QString& Artikel, const QString& Lagerort)
+{
+    DataControl& Bestanddaten = m_haupt.Bestanddaten;
+    const qsizetype platz = Bestanddaten.AbsolutePosition();
+    Bestanddaten.Refresh();
+    Bestanddaten.FindFirst(u"Artikel = '"_s + Artikel + u"' AND LagerortKurzKu = '"_s + Lagerort + u"'"_s);
+    if (!Bestanddaten.NoMatch()) return waehleNurAktuelleZeile(m_haupt.BestandListe);
+    if (platz >= 0 && platz < Bestanddaten.RecordCount()) Bestanddaten.MoveTo(platz);
 }
 
 void Maskenfenster::reject()

@@ -31,6 +31,9 @@ public:
     void bewache(ListField& feld);
     const Hauptansicht& haupt() const { return m_haupt; }
     DataControl& journaldaten() const { return m_haupt.Journaldaten; }
+    /// Reads the stock list anew and selects the line of an article at a place. Where there is none, as
+    /// with the places in sum, the list stays where it was.
+    void zeigeBestand(const QString& Artikel, const QString& Lagerort);
     bool aendert() const { return m_id != 0; }
     qint64 ID() const { return m_id; } ///< Of the row that is changed; 0: a new booking.
 

@@ -1,5 +1,7 @@
 #include "masks/Speicherweg.h"
 
+#include "masks/Buchungstag.h"
+#include "masks/ErfassungsmaskenModul.h"
 #include "masks/Maskenfenster.h"
 #include "masks/Maskenteile.h"
 #include "platform/controls/CheckedField.h"
@@ -10,8 +12,11 @@
 #include <QPointer>
 #include <QScopeGuard>
 
-Speicherweg::Speicherweg(Maskenfenster& maske, Maskenfuss& fuss, Schritte schritte)
-    : QObject(&maske), m_maske(maske), m_fuss(fuss), m_schritte(std::move(schritte))
+using namespace Qt::StringLiterals;
+
+Speicherweg::Speicherweg(Maskenfenster& maske, Maskenfuss& fuss, Eingaben eingaben, Schritte schritte)
+    : QObject(&maske), m_maske(maske), m_fuss(fuss), m_eingaben(std::move(eingaben)),
+      m_schritte(std::move(schritte))
 {
     verdrahte(fuss.Command2_0_, &QPushButton::clicked, this, [this] { speichere(false); });
     verdrahte(fuss.Command2_1_, &QPushButton::clicked, this, [this] { speichere(true); });
@@ -20,11 +25,24 @@ Speicherweg::Speicherweg(Maskenfenster& maske, Maskenfuss& fuss, Schritte schrit
 void Speicherweg::speichere(bool beendet)
 {
     if (!owedChecksPass(m_maske)) return; // a mnemonic presses the button without leaving the field
-    if (!m_schritte.darf() || !schreibe()) return;
+    if (!darf() || !schreibe()) return;
     // Guarded by itself: what fails now, as by an apostrophe in a name, must not lead to a second booking.
     sys::underErrorReport({m_schritte.positioniere});
     if (beendet) return m_maske.accept();
     m_schritte.leere();
+}
+
+/// The first check that fails ends them: the question at red, place, article, quantity, the same of the
+/// other side, the day, and what the mask itself asks.
+bool Speicherweg::darf()
+{
+    if (m_schritte.vorher) m_schritte.vorher();
+    if (!pruefeEingabe(m_eingaben.felder)) return false;
+    if (const auto& dort = m_eingaben.gegenseite)
+        if (!darfNegativWerden(dort->Ampel, u"\r\r"_s) ||
+            !pruefeOrtUndArtikel(dort->drpLagerort, dort->drpGruppe, dort->drpArtikel))
+            return false;
+    return m_eingaben.tag.pruefe() && (!m_schritte.frage || m_schritte.frage());
 }
 
 bool Speicherweg::schreibe()

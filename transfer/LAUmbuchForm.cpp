@@ -54,10 +54,6 @@ LAUmbuchForm::LAUmbuchForm(const Hauptansicht& haupt, QWidget* parent)
     ui->Abgang->setzeEinheitNeben(*ui->txtMenge, *ui->MengeMitEinheit);
     constexpr int Mengenzeichen = 12; // of average width
     ui->txtMenge->setMinimumWidth(Mengenzeichen * fontMetrics().averageCharWidth());
-    m_felder.emplace(Maskenfelder{*ui->Buchdatum, *ui->Abgang->drpLagerort, *ui->Abgang->drpGruppe,
-                                  *ui->Abgang->drpArtikel, *ui->txtMenge, *ui->Abgang->Ampel,
-                                  *ui->Fuss->Command2_0_, *ui->Fuss->Command2_1_, *m_lagerauswahl,
-                                  *m_artikelauswahl});
     richteFensterEin(*ui->Fuss, {ui->Abgang->drpLagerort, ui->Abgang->drpArtikel, ui->txtMenge,
                                  ui->Zugang->drpLagerort, ui->Zugang->drpArtikel, ui->Fuss->txtKommentar});
     bewache(*ui->txtMenge);
@@ -73,9 +69,13 @@ LAUmbuchForm::LAUmbuchForm(const Hauptansicht& haupt, QWidget* parent)
         sys::SaveSetting(Abschnitt, u"NurVorhandenAnzeigen2"_s,
                          QString::number(ui->Abgang->chkVorhanden->Value()));
     };
-    new Speicherweg(*this, *ui->Fuss,
-                    {[this] { return darfSpeichern(); }, merke, [this] { schreibe(); },
-                     [this] { positioniere(); }, [this] { leereFuerNaechste(); }});
+    new Speicherweg(
+        *this, *ui->Fuss,
+        {maskenfelder(*ui->Abgang, *m_artikelauswahl), *m_tag, maskenfelder(*ui->Zugang, *m_artikelauswahl2)},
+        {.merke = merke,
+         .schreibe = [this] { schreibe(); },
+         .positioniere = [this] { positioniere(); },
+         .leere = [this] { leereFuerNaechste(); }});
     Form_Load();
 }
 
@@ -94,11 +94,18 @@ LAUmbuchForm::Seite LAUmbuchForm::seite(Umbuchseite& felder, DataControl& Artike
     return {felder, ID, vorzeichen, ort, artikel, Lagerstand(*felder.txtBisher, nullptr, *felder.Ampel)};
 }
 
+Maskenfelder LAUmbuchForm::maskenfelder(Umbuchseite& seite, DataControl& Artikelauswahl) const
+{
+    return {*ui->Buchdatum,  *seite.drpLagerort, *seite.drpGruppe,       *seite.drpArtikel,
+            *ui->txtMenge,   *seite.Ampel,       *ui->Fuss->Command2_0_, *ui->Fuss->Command2_1_,
+            *m_lagerauswahl, Artikelauswahl};
+}
+
 /// Each step is reported by itself: a list that cannot be read must not cost the row that is changed.
 void LAUmbuchForm::Form_Load()
 {
     sys::underErrorReport({
-        [this] { bereiteMaskeVor(*m_felder); },
+        [this] { bereiteMaskeVor(maskenfelder(*ui->Abgang, *m_artikelauswahl)); },
         [this] { m_lagerauswahl->Refresh(); },
         // sic: the tick of the issuing side is remembered under the name with the 2, this one read without it
         [this] {
@@ -166,9 +173,8 @@ void LAUmbuchForm::berechne(Seite& seite)
 
 void LAUmbuchForm::ermittleEinheit(const Seite& seite)
 {
-    DataControl& offene = seite.artikel->Artikelauswahl();
-    if (sucheArtikel(offene, seite.artikel->Artikel()))
-        seite.felder.txtEinheit->setText(offene.Recordset()[u"Einheit"].toText());
+    if (const auto* const zeile = seite.artikel->gesucht(seite.artikel->Artikel()))
+        seite.felder.txtEinheit->setText((*zeile)[u"Einheit"].toText());
 }
 
 /// The tag holds the article of the pair that is changed and is empty for a new one: then every article of
@@ -202,13 +208,6 @@ void LAUmbuchForm::txtMenge_Change()
     for (const Seite* seite : {&*m_abgang, &*m_zugang})
         seite->felder.txtNeu->setValue(seite->felder.txtBisher->Value() + seite->vorzeichen * menge);
     AmpelEinstellen();
-}
-
-bool LAUmbuchForm::darfSpeichern()
-{
-    const Umbuchseite& zugang = *ui->Zugang;
-    return pruefeEingabe(*m_felder) && darfNegativWerden(*zugang.Ampel, u"\r\r"_s) &&
-           pruefeOrtUndArtikel(*zugang.drpLagerort, *zugang.drpGruppe, *zugang.drpArtikel) && m_tag->pruefe();
 }
 
 /// One step of the error report: ignoring an error cannot go on with half a pair.
@@ -312,8 +311,7 @@ void LAUmbuchForm::positioniere()
         journal.MoveLast();
     }
     if (haupt().Bestanddaten.RecordCount() > 0) waehleNurAktuelleZeile(haupt().BestandListe);
-    if (zeigeBestand(haupt().Bestanddaten, ui->Abgang->drpArtikel->Text(), ui->Abgang->drpLagerort->Text()))
-        waehleNurAktuelleZeile(haupt().BestandListe);
+    zeigeBestand(m_abgang->artikel->Artikel(), m_abgang->ort->Ort());
 }
 
 void LAUmbuchForm::leereFuerNaechste()

@@ -46,6 +46,7 @@ private:
 
     Seite seite(Umbuchseite& felder, DataControl& Artikelauswahl, NumberEdit& ID, int vorzeichen,
                 const std::function<void()>& fuelle);
+    Maskenfelder maskenfelder(Umbuchseite& seite, DataControl& Artikelauswahl) const;
     void Form_Load();
     void uebernimmPaar();
     void uebernimmSeite(const Seite& seite, const Buchung& zeile);
@@ -53,7 +54,6 @@ private:
     void berechne(Seite& seite);
     void txtMenge_Change();
 
-    bool darfSpeichern();
     void schreibe();
     void aendere();
     void bucheNeu();
@@ -69,7 +69,6 @@ private:
     DataControl* m_artikelauswahl2;
     Buchungstag* m_tag = nullptr;
     std::optional<Seite> m_abgang, m_zugang;
-    std::optional<Maskenfelder> m_felder;
     QString m_mitgenommen; ///< The article that the receiving side has from the issuing one.
     /// The rows, by their ID, of a new pair that could not be written to its end yet.
     std::optional<qint64> m_neuerAbgang, m_neuerZugang;

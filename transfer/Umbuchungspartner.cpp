@@ -1,5 +1,6 @@
 #include "transfer/Umbuchungspartner.h"
 
+#include "core/farm/Buchungsarten.h"
 #include "platform/controls/DataControl.h"
 
 using namespace Qt::StringLiterals;
@@ -17,7 +18,7 @@ std::optional<qint64> umbuchungspartner(DataControl& Journaldaten, qint64 ID)
         jet::Kind::Snapshot);
     std::optional<qint64> verdeckt;
     for (; !zeilen->Eof(); zeilen->MoveNext()) {
-        if ((*zeilen)[u"BUCHUNGSART"].toText() != u"Umbuchung") continue;
+        if ((*zeilen)[u"BUCHUNGSART"].toText() != buchungsart::Umbuchung) continue;
         const qint64 gefunden = (*zeilen)[u"ID"].toLong();
         if (bewegeZu(Journaldaten, gefunden)) return gefunden;
         if (!verdeckt) verdeckt = gefunden;

@@ -21,6 +21,11 @@ std::span<const Artikelart> artikelarten();
 /// The kind of a name; null for any other text.
 const Artikelart* artikelartZu(QStringView name);
 
+// Those that masks treat in a way of their own.
+inline constexpr QStringView Zwischenfruchtsaatgut = u"Zwischenfruchtsaatgut";
+inline constexpr QStringView Saatgut = u"Saatgut/Sorten";
+inline constexpr QStringView Wirtschaftsduenger = u"Wirtschaftsdünger";
+inline constexpr QStringView Futtermittel = u"Futtermittel";
 /// The one whose articles are always offered from the journal: they are grown, not bought.
 inline constexpr QStringView PflanzlicheErzeugnisse = u"Pflanzliche Erzeugnisse";
 /// The one that a register tells more about.

@@ -31,6 +31,7 @@ namespace buchungsart {
 inline constexpr QStringView Anfangsbestand = u"Anfangsbestand";
 inline constexpr QStringView Korrektur = u"Korrektur";
 inline constexpr QStringView Umbuchung = u"Umbuchung";
+inline constexpr QStringView Verkauf = u"Verkauf";
 inline constexpr QStringView Zukauf = u"Zukauf";
 } // namespace buchungsart
 

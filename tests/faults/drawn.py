@@ -71,7 +71,7 @@ FAULTS = [
      "QPrinter printer(info, QPrinter::HighResolution);",
      "QPrinter printer(QPrinter::HighResolution);"),
     ('D22 mask: one booking without a kind, and an article no longer brings its kind', 'masks',
-     'masks/ErfassungsmaskenModul.cpp',
+     'masks/Artikelwahl.cpp',
      "artikel + u\"' AND ARTIKELART > ''\"_s,",
      "artikel + u\"'\"_s,"),
     ('D23 password: kept in small letters but tried as it is written', 'jet', 'platform/jet/store/Catalogue.cpp',

@@ -60,7 +60,7 @@ void pruefeUmbuchungen(const Journalzeilen& journal, Befunde& befunde)
 
 void pruefeLieferscheine(const Journalzeilen& journal, Befunde& befunde)
 {
-    const auto verkauf = journal.texte.bekannt(u"Verkauf"_s);
+    const auto verkauf = journal.texte.bekannt(buchungsart::Verkauf.toString());
     QHash<qint64, const Journalzeile*> lieferungen;
     for (const Journalzeile& zeile : journal.zeilen) {
         if (zeile.lieferschein == 0 || zeile.buchungsart != verkauf) continue;
