@@ -117,10 +117,15 @@ QString sichere(const QString& datei, const Ablage& ablage)
     const auto weg = qScopeGuard([&] { QFile::remove(entwurf); });
     QElapsedTimer dauer;
     dauer.start();
-    jet::engine().CopyDatabase(datei, entwurf, [&](double teil) {
+    const auto sageWieWeit = [&](double teil) {
         if (dauer.elapsed() > OhneWort)
             sys::showStatus(u"%1 wird gesichert: %2 %"_s.arg(name).arg(int(100 * teil)));
-    });
+    };
+    try {
+        jet::engine().CopyDatabase(datei, entwurf, sageWieWeit);
+    } catch (const jet::Error& fehler) { // the user knows the copy, not its draft
+        throw jet::Error(fehler.number(), QString(fehler.text()).replace(entwurf, ziel));
+    }
     if (dauer.elapsed() > OhneWort) sys::showStatus({});
     if (!QFile::rename(entwurf, ziel))
         throw sys::FileError(sys::FileErrorNumber::PathAccess,

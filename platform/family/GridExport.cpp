@@ -1,8 +1,8 @@
 #include "platform/family/GridExport.h"
 
 #include "platform/controls/DataGrid.h"
-#include "platform/sheet/Spreadsheet.h"
 #include "platform/jet/Errors.h"
+#include "platform/sheet/Spreadsheet.h"
 #include "platform/system/ErrorReport.h"
 #include "platform/system/FileFault.h"
 #include "platform/system/FileName.h"

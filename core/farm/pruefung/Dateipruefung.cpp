@@ -30,7 +30,8 @@ Dateipruefung::Dateipruefung(Dateiart art, const QString& datei, Befunde& befund
         jet::engine().CopyUnopened(datei, kopie);
         m_kopie = jet::engine().OpenDatabase(kopie, verbindung(art));
         nenneSchaeden(art, name, befunde);
-    } catch (...) {
+    } catch (const jet::Error& fehler) {
+        if (fehler.number() == jet::ErrorNumber::DiskFull) throw; // there is no room for the copy
         befunde.nenne(Befundart::DateiBeschaedigt, name + u" lässt sich nicht lesen: "_s + grund(),
                       zurueckholen(art));
         m_kopie.reset();

@@ -12,5 +12,5 @@ struct Pruefziel {
 
 /// Checks the files of farms: whether they are whole, and whether what stands in them fits together. No
 /// byte of them changes. \returns what was found, the worst first, and by farm, year and booking. \throws
-/// sys::FileError when there is no room for the copies that are looked at.
+/// jet::Error DiskFull when there is no room for the copies that are looked at.
 std::vector<Befund> pruefe(const Pruefziel& ziel);

@@ -47,6 +47,19 @@ void Files::settle(const QString& path, int lockTimeout)
     }
 }
 
+namespace {
+
+/// A file that went away meanwhile is seen by whoever looks whether it changed.
+void copyBytes(const QString& from, const QString& into)
+{
+    if (QFile::copy(from, into) || !QFile::exists(from)) return;
+    QFile::remove(into);
+    const bool isReadable = QFile(from).open(QIODevice::ReadOnly);
+    raiseOfFile(isReadable ? ErrorNumber::DiskFull : ErrorNumber::CannotOpenFile, isReadable ? into : from);
+}
+
+} // namespace
+
 /// A commit changes the file or deletes the journal beside it: what lay there unchanged before and after
 /// is whole.
 void Files::copyUnopened(const QString& from, const QString& into)
@@ -57,8 +70,8 @@ void Files::copyUnopened(const QString& from, const QString& into)
     for (int attempt = 0; attempt < Attempts; ++attempt) {
         const auto before = state();
         remove(into);
-        if (!QFile::copy(from, into)) raiseOfFile(ErrorNumber::CannotOpenFile, from);
-        if (before.second) QFile::copy(from + journal, into + journal);
+        copyBytes(from, into);
+        if (before.second) copyBytes(from + journal, into + journal);
         if (before == state()) return;
     }
     raiseOfFile(ErrorNumber::Locked, from);
