@@ -4,6 +4,7 @@
 #include "platform/jet/rows/Criterion.h"
 
 #include <algorithm>
+#include <bit>
 
 namespace jet {
 
@@ -17,29 +18,27 @@ class KeySet {
 public:
     explicit KeySet(const std::vector<Key>& keys) : m_keys(keys)
     {
-        constexpr quint64 BitsPerKey = 64;
-        const quint64 span = quint64(keys.back().bits()) - quint64(keys.front().bits());
-        m_keysPerBit = span / (BitsPerKey * keys.size()) + 1;
-        m_bits.resize(span / m_keysPerBit + 1);
+        constexpr std::size_t BitsPerKey = 64;
+        m_bits.resize(std::bit_ceil(BitsPerKey * keys.size()));
         for (const Key key : keys)
             m_bits[bit(key)] = true;
     }
 
     bool contains(Key key) const
     {
-        return !(key < m_keys.front()) && !(m_keys.back() < key) && m_bits[bit(key)] &&
-               std::binary_search(m_keys.begin(), m_keys.end(), key);
+        return m_bits[bit(key)] && std::binary_search(m_keys.begin(), m_keys.end(), key);
     }
 
 private:
+    /// Spreads keys of whatever shape, near ones as far ones.
     std::size_t bit(Key key) const
     {
-        return (quint64(key.bits()) - quint64(m_keys.front().bits())) / m_keysPerBit;
+        constexpr quint64 GoldenRatio = 0x9E3779B97F4A7C15;
+        return (quint64(key.bits()) * GoldenRatio) >> (64 - std::countr_zero(m_bits.size()));
     }
 
     const std::vector<Key>& m_keys;
     std::vector<bool> m_bits;
-    quint64 m_keysPerBit;
 };
 
 } // namespace
