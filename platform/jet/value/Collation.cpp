@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -141,9 +142,95 @@ std::string_view withoutTrailingBlanks(std::string_view text)
     return text;
 }
 
-bool isPlain(std::string_view text, std::size_t index)
+/// The letters of a German text, one after another: what is no German letter and no ASCII is left to the collator.
+class Letters {
+public:
+    explicit Letters(std::string_view text) : m_text(text) { next(); }
+
+    bool atEnd() const { return m_rank == 0; }
+    bool isGerman() const { return m_isGerman; }       ///< So far, and up to the character behind this one.
+    bool hasLastOnes() const { return m_hasLastOnes; } ///< Before this letter.
+    int rank() const { return m_rank; }                ///< Of the letter, whatever stands on it.
+    bool hasDots() const { return m_hasDots; }
+
+    void next()
+    {
+        if (m_isSecondS) { // of ß
+            m_isSecondS = false;
+            return;
+        }
+        m_rank = 0;
+        m_hasDots = false;
+        while (m_at < m_text.size() && m_rank == 0 && m_isGerman)
+            take(static_cast<unsigned char>(m_text[m_at]));
+        if (m_at < m_text.size()) look(static_cast<unsigned char>(m_text[m_at]));
+    }
+
+private:
+    void take(unsigned char byte)
+    {
+        if (byte < 0x80) {
+            ++m_at;
+            m_rank = collator().rank(static_cast<char>(byte));
+            if (m_rank != 0) return;
+            m_hasLastOnes = true;
+            m_isGerman = countsLast(byte);
+            return;
+        }
+        look(byte);
+        if (!m_isGerman) return;
+        const auto second = static_cast<unsigned char>(m_text[m_at + 1]);
+        m_at += 2;
+        m_isSecondS = second == SharpS;
+        m_hasDots = !m_isSecondS;
+        m_rank = collator().rank(plain(second));
+    }
+
+    /// Of two bytes the second one: "Ä" is C3 84.
+    static constexpr unsigned char SharpS = 0x9F;
+    static char plain(unsigned char second)
+    {
+        switch (second) {
+        case 0x84:
+        case 0xA4: return 'a';
+        case 0x96:
+        case 0xB6: return 'o';
+        case 0x9C:
+        case 0xBC: return 'u';
+        case SharpS: return 's';
+        default: return '\0';
+        }
+    }
+
+    /// A combining character behind a letter belongs to it.
+    void look(unsigned char byte)
+    {
+        if (byte < 0x80) return;
+        const bool isPair = byte == 0xC3 && m_at + 1 < m_text.size();
+        m_isGerman = m_isGerman && isPair && plain(static_cast<unsigned char>(m_text[m_at + 1])) != '\0';
+    }
+
+    std::string_view m_text;
+    std::size_t m_at = 0;
+    int m_rank = 0;
+    bool m_hasDots = false, m_isSecondS = false, m_isGerman = true, m_hasLastOnes = false;
+};
+
+/// Nothing where one of the texts is not German, or what counts last must decide.
+std::optional<int> compareGerman(std::string_view left, std::string_view right)
 {
-    return index >= text.size() || static_cast<unsigned char>(text[index]) < 0x80;
+    Letters leftOnes(left);
+    Letters rightOnes(right);
+    int dots = 0;
+    for (;; leftOnes.next(), rightOnes.next()) {
+        if (!leftOnes.isGerman() || !rightOnes.isGerman()) return {};
+        if (leftOnes.rank() != rightOnes.rank()) return leftOnes.rank() < rightOnes.rank() ? -1 : 1;
+        if (leftOnes.atEnd()) break;
+        if (dots == 0) dots = int(leftOnes.hasDots()) - int(rightOnes.hasDots());
+    }
+    if (dots != 0) return dots;
+    if (leftOnes.hasLastOnes() || rightOnes.hasLastOnes()) return {};
+    return 0;
 }
 
 } // namespace
@@ -154,18 +241,7 @@ int compareTexts(std::string_view left, std::string_view right)
     if (left.size() == right.size() && std::memcmp(left.data(), right.data(), left.size()) == 0) return 0;
     left = withoutTrailingBlanks(left);
     right = withoutTrailingBlanks(right);
-    const std::size_t common = std::min(left.size(), right.size());
-    for (std::size_t i = 0; i < common; ++i) {
-        const unsigned char leftRank = collator().rank(left[i]);
-        const unsigned char rightRank = collator().rank(right[i]);
-        if (leftRank == 0 || rightRank == 0) return compareGenerally(left, right);
-        if (leftRank == rightRank) continue;
-        // A combining character behind the letter may still belong to it.
-        if (!isPlain(left, i + 1) || !isPlain(right, i + 1)) return compareGenerally(left, right);
-        return leftRank < rightRank ? -1 : 1;
-    }
-    if (left.size() == right.size()) return 0;
-    // What is left of the longer one may be a combining character, or characters that count last.
+    if (const auto order = compareGerman(left, right)) return *order;
     return compareGenerally(left, right);
 }
 
