@@ -61,19 +61,24 @@ void pruefeUmbuchungen(const Journalzeilen& journal, Befunde& befunde)
 void pruefeLieferscheine(const Journalzeilen& journal, Befunde& befunde)
 {
     const auto verkauf = journal.texte.bekannt(buchungsart::Verkauf.toString());
-    QHash<qint64, const Journalzeile*> lieferungen;
+    const auto nenne = [&](const Journalzeile& zeile, const Journalzeile& andere) {
+        befunde.nenne(
+            Befundart::NummerZuZweiLieferungen,
+            u"Der Lieferschein %1 gehört auch zu einer anderen Lieferung (Nr. %2)."_s.arg(zeile.lieferschein)
+                .arg(andere.ID),
+            u"Tag und Empfänger im Bewegungsjournal vergleichen"_s, zeile.ID);
+    };
+    QHash<qint64, const Journalzeile*> erste;
+    QSet<qint64> doppelte;
     for (const Journalzeile& zeile : journal.zeilen) {
         if (zeile.lieferschein == 0 || zeile.buchungsart != verkauf) continue;
-        const auto erste = lieferungen.constFind(zeile.lieferschein);
-        if (erste == lieferungen.cend()) {
-            lieferungen.insert(zeile.lieferschein, &zeile);
-        } else if ((*erste)->tag != zeile.tag || (*erste)->empfaenger != zeile.empfaenger) {
-            befunde.nenne(Befundart::NummerZuZweiLieferungen,
-                          u"Der Lieferschein %1 gehört schon zu einer anderen Lieferung (Nr. %2)."_s
-                              .arg(zeile.lieferschein)
-                              .arg((*erste)->ID),
-                          u"Tag und Empfänger im Bewegungsjournal vergleichen"_s, zeile.ID);
-        }
+        const Journalzeile*& gemerkte = erste[zeile.lieferschein];
+        if (!gemerkte) gemerkte = &zeile;
+        const Journalzeile& andere = *gemerkte;
+        if (andere.tag == zeile.tag && andere.empfaenger == zeile.empfaenger) continue;
+        if (!doppelte.contains(zeile.lieferschein)) nenne(andere, zeile);
+        doppelte.insert(zeile.lieferschein);
+        nenne(zeile, andere);
     }
 }
 
