@@ -15,6 +15,7 @@ void Messbetrieb::melde(const Installation& ort)
     ort.verwende();
     modulzustand().Betriebsnummer = Betriebsnummer;
     modulzustand().Lagerpasswort = QStringLiteral(";pwd=quenlor");
+    modulzustand().Anlagenverzeichnis = ort.anlagen();
     modulzustand().Stichdatum = QDate(ErstesJahr, 1, 1);
 }
 

@@ -1,5 +1,7 @@
 #include "bench/Messung.h"
 
+#include "platform/system/Messages.h"
+
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -68,6 +70,18 @@ Umfang umfang(const QCoreApplication& programm, const Umfang& vorgabe, const Umf
     return umfang;
 }
 
+/// What reports an error does something else than what is to be measured.
+class Meldungswaechter : public sys::Messages {
+public:
+    sys::Answer show(const QString& text, int flags) override
+    {
+        if (erste.isEmpty()) erste = text;
+        return sys::defaultAnswer(flags);
+    }
+
+    QString erste;
+};
+
 } // namespace
 
 Messung::Messung(const QString& titel, int teile) : m_titel(titel), m_teile(teile) {}
@@ -128,8 +142,11 @@ int messe(int argc, char** argv, Umfang vorgabe, Umfang voll,
 int messe(const QCoreApplication& programm, Umfang vorgabe, Umfang voll,
           const std::function<void(const Umfang&)>& arbeit)
 {
+    Meldungswaechter meldungen;
+    const sys::MessageScope dorthin(meldungen);
     try {
         arbeit(umfang(programm, vorgabe, voll));
+        fordere(meldungen.erste.isEmpty(), u"reported: "_s + meldungen.erste);
         return 0;
     } catch (const std::exception& fehler) {
         std::fprintf(stderr, "%s\n", fehler.what());
