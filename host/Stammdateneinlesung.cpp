@@ -10,6 +10,7 @@
 #include "platform/system/Path.h"
 #include "platform/system/Settings.h"
 
+#include <zablager/DatabaseError.h>
 #include <zablager/FileError.h>
 
 #include <QDir>
