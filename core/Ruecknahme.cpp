@@ -92,10 +92,15 @@ void Aufzeichnung::neu(qint64 ID)
 void Aufzeichnung::fertig() noexcept
 {
     try {
-        liesGeschriebenes();
-    } catch (const jet::Error&) {
-        return; // an error now would be taken for one of the write, and the booking be written twice
+        merke();
+    } catch (...) { // an error now would be taken for one of the write, and the booking be written twice
+        return;
     }
+}
+
+void Aufzeichnung::merke()
+{
+    liesGeschriebenes();
     auto& zeilen = m_ruecknahme.zeilen;
     std::erase_if(zeilen, [](const auto& zeile) { return zeile.vorher == zeile.nachher; });
     if (zeilen.empty()) return;

@@ -32,6 +32,7 @@ public:
     void fertig() noexcept;
 
 private:
+    void merke();
     void liesGeschriebenes();
 
     jet::Database& m_journal;

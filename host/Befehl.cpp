@@ -20,7 +20,7 @@ QCommandLineOption betriebOption()
 
 QString betriebsnummer(const QCommandLineParser& aufruf)
 {
-    const QString nummer = aufruf.value(u"betrieb"_s);
+    QString nummer = aufruf.value(u"betrieb"_s);
     if (istBetriebsnummer(nummer)) return nummer;
     throw Aufruffehler(u"'"_s + nummer +
                        u"' ist keine Betriebsnummer (--betrieb): nur Ziffern, keine führende Null."_s);

@@ -100,7 +100,7 @@ void raeumeAuf(const Ablage& ablage)
 QString neuerName(const Ablage& ablage)
 {
     for (QDateTime stand(sys::heute(), QTime::currentTime());; stand = stand.addSecs(1)) {
-        const QString name =
+        QString name =
             ablage.ordner + u'/' + ablage.stamm + stand.toString(u"'_'yyyy-MM-dd_HHmmss"_s) + u".mdb"_s;
         if (!QFile::exists(name)) return name;
     }
@@ -111,7 +111,7 @@ QString sichere(const QString& datei, const Ablage& ablage)
     if (!QDir().mkpath(ablage.ordner))
         throw sys::FileError(sys::FileErrorNumber::PathAccess,
                              u"Das Verzeichnis '"_s + ablage.ordner + u"' lässt sich nicht anlegen."_s);
-    const QString ziel = neuerName(ablage);
+    QString ziel = neuerName(ablage);
     const QString name = QFileInfo(datei).fileName();
     const QString entwurf = sys::draftName(ziel);
     const auto weg = qScopeGuard([&] { QFile::remove(entwurf); });

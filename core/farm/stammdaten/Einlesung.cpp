@@ -180,7 +180,7 @@ void Einlesung::nimm(Ziel& ziel, const Csv::Zeile& zeile)
     gelesene.push_back(zeile.nummer);
     schreibe(ziel, *neue, gibtEs);
     if (gibtEs || ziel.liste.journalspalte.isEmpty()) return;
-    const QString name = schluessel.front();
+    const QString& name = schluessel.front();
     const QString warnung = m_tabelle.teilnamen.isEmpty() ? namenswarnung(name) : artikelwarnung(name);
     if (!warnung.isEmpty()) m_ergebnis.warnungen.append(warnung);
 }

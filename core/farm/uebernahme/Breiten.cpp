@@ -18,7 +18,7 @@ bool istArtikeltabelle(const QString& tabelle)
 /// What a column holds, wherever it stands.
 QString begriff(Dateiart art, const QString& tabelle, const QString& spalte)
 {
-    const QString name = spalte.toUpper();
+    QString name = spalte.toUpper();
     if (art == Dateiart::Lager && name == u"LAGERORTKURZKU") return u"Lagerort"_s;
     if (art == Dateiart::Lager && name == u"UBERSTALLT_ALT") return u"Partner"_s;
     if (art == Dateiart::Anlagen && name == u"KURZKU") return u"Lagerort"_s;
