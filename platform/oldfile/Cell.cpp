@@ -1,5 +1,6 @@
 #include "platform/oldfile/Cell.h"
 
+#include <QByteArrayList>
 #include <QtEndian>
 
 #include <unicode/ucnv.h>
