@@ -142,7 +142,8 @@ std::string_view withoutTrailingBlanks(std::string_view text)
     return text;
 }
 
-/// The letters of a German text, one after another: what is no German letter and no ASCII is left to the collator.
+/// The letters of a German text, one after another: what is no German letter and no ASCII is left to the
+/// collator.
 class Letters {
 public:
     explicit Letters(std::string_view text) : m_text(text) { next(); }
