@@ -18,7 +18,7 @@ class KeySet {
 public:
     explicit KeySet(const std::vector<Key>& keys) : m_keys(keys)
     {
-        constexpr std::size_t BitsPerKey = 64;
+        constexpr std::size_t BitsPerKey = 16;
         m_bits.resize(std::bit_ceil(BitsPerKey * keys.size()));
         for (const Key key : keys)
             m_bits[bit(key)] = true;
