@@ -17,7 +17,6 @@ public:
     const QString& text(int nummer) const { return m_texte[static_cast<std::size_t>(nummer)]; }
     /// The number of a text that has been met; none otherwise.
     std::optional<int> bekannt(const QString& text) const;
-    std::size_t anzahl() const { return m_texte.size(); }
 
 private:
     struct Kleiner {

@@ -115,14 +115,3 @@ std::vector<std::vector<jet::Value>> stammwerte(const Stammtabelle& tabelle, jet
     }
     return alle;
 }
-
-std::vector<QStringList> stammzeilen(const Stammtabelle& tabelle, jet::Database& datei)
-{
-    std::vector<QStringList> alle;
-    for (const auto& werte : stammwerte(tabelle, datei)) {
-        QStringList& zellen = alle.emplace_back();
-        for (const jet::Value& wert : werte)
-            zellen.append(zelltext(wert));
-    }
-    return alle;
-}

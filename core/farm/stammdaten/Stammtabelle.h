@@ -28,9 +28,7 @@ const Stammtabelle& stammtabelleNamens(const QString& name);
 
 inline const QString Sperrtitel = QStringLiteral("Gesperrt");
 
-/// The rows of a table as texts, under the titles of the table: German numbers and days, "Ja" and "Nein".
-std::vector<QStringList> stammzeilen(const Stammtabelle& tabelle, jet::Database& datei);
-/// The same values, as a spreadsheet keeps them.
+/// The rows of a table, their values under its titles.
 std::vector<std::vector<jet::Value>> stammwerte(const Stammtabelle& tabelle, jet::Database& datei);
-/// As it stands in a cell; NULL is empty.
+/// A value as it stands in a cell: German numbers and days, "Ja" and "Nein"; NULL is empty.
 QString zelltext(const jet::Value& wert);
