@@ -3,11 +3,11 @@
 #include "platform/controls/CheckBox.h"
 #include "platform/controls/ComboBox.h"
 #include "platform/controls/DataGrid.h"
+#include "platform/controls/DateCombo.h"
 
 #include <QApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
-#include <QShortcut>
 
 #include <stdexcept>
 #include <string>
@@ -69,8 +69,7 @@ const jet::Recordset& Messbildschirm::zeilen(const char* daten) const
 
 void Messbildschirm::filtere()
 {
-    for (QShortcut* const taste : m_fenster.findChildren<QShortcut*>())
-        if (taste->key() == QKeySequence(Qt::Key_F5)) Q_EMIT taste->activated();
+    Q_EMIT teil<DateCombo>("Buchdatum").Change();
 }
 
 void Messbildschirm::inSumme(bool wert)

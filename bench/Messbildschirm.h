@@ -14,7 +14,7 @@ public:
     ~Messbildschirm();
     Q_DISABLE_COPY_MOVE(Messbildschirm)
 
-    void filtere(); ///< The key F5.
+    void filtere(); ///< As when a day is typed; F5 fills the lists of the filter besides.
     void inSumme(bool wert);
     void waehleJahr(int jahr);
     void klickeKopf(const char* liste, int spalte);

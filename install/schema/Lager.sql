@@ -45,3 +45,8 @@ DROP INDEX Buchungen ON LAGERJOURNAL;
 CREATE INDEX Buchungen ON LAGERJOURNAL (Buchungsart, Artikel, LagerortKurzKu);
 DROP INDEX Lieferscheine ON LAGERJOURNAL;
 CREATE INDEX Lieferscheine ON LAGERJOURNAL (Buchungsart, Datum, Uberstallt_alt);
+-- 5: the stock list finds its groups in its index with the places in sum, too; prices stand where pairs are asked for
+DROP INDEX Bestandsliste ON LAGERJOURNAL;
+CREATE INDEX Bestandsliste ON LAGERJOURNAL (Artikel, Artikelart, Einheit, LagerortKurzKu, Datum, ID, Menge);
+DROP INDEX Bestandsfrage ON LAGERJOURNAL;
+CREATE INDEX Bestandsfrage ON LAGERJOURNAL (Artikel, LagerortKurzKu, Datum, ID, Menge, Preis);
