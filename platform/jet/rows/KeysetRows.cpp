@@ -16,7 +16,7 @@ using store::Key;
 /// is none, since a search among a hundred thousand waits for memory at each step.
 class KeySet {
 public:
-    explicit KeySet(const std::vector<Key>& keys) : m_keys(keys)
+    explicit KeySet(const store::Keys& keys) : m_keys(keys)
     {
         constexpr std::size_t BitsPerKey = 16;
         m_bits.resize(std::bit_ceil(BitsPerKey * keys.size()));
@@ -37,7 +37,7 @@ private:
         return (quint64(key.bits()) * GoldenRatio) >> (64 - std::countr_zero(m_bits.size()));
     }
 
-    const std::vector<Key>& m_keys;
+    const store::Keys& m_keys;
     std::vector<bool> m_bits;
 };
 
@@ -47,9 +47,7 @@ KeysetRows::KeysetRows(std::shared_ptr<Database::Session> session, std::shared_p
                        sql::Shape shape)
     : KeyedRows(std::move(session), std::move(plan), std::move(shape))
 {
-    const auto rows = m_plan->query->keys(m_shape.parameters);
-    while (rows->next())
-        m_keys.push_back(rows->key());
+    m_keys = m_plan->query->keys(m_shape.parameters);
     m_ascending = std::is_sorted(m_keys.begin(), m_keys.end());
 }
 
@@ -118,20 +116,17 @@ qsizetype KeysetRows::findFrom(qsizetype position, const QString& criterion) con
     return firstOf(found(shape), position);
 }
 
-KeysetRows::Keys KeysetRows::found(const sql::Shape& criterion, const Keys* among) const
+store::Keys KeysetRows::found(const sql::Shape& criterion, const Keys* among) const
 {
     const auto filter = filterOf(*m_plan, criterion);
     store::Parameters parameters = m_shape.parameters;
     parameters.insert(parameters.end(), criterion.parameters.begin(), criterion.parameters.end());
-    const auto rows = among ? filter->keysAmong(parameters, *among) : filter->keys(parameters);
-    Keys keys;
-    while (rows->next())
-        keys.push_back(rows->key());
+    Keys keys = among ? filter->keysAmong(parameters, *among) : filter->keys(parameters);
     std::sort(keys.begin(), keys.end());
     return keys;
 }
 
-qsizetype KeysetRows::firstOf(const std::vector<Key>& keys, qsizetype from) const
+qsizetype KeysetRows::firstOf(const store::Keys& keys, qsizetype from) const
 {
     if (keys.empty() || m_keys.empty()) return -1;
     const auto start = m_keys.begin() + from;

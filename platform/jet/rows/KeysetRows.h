@@ -2,9 +2,6 @@
 
 #include "platform/jet/rows/KeyedRows.h"
 
-#include <deque>
-#include <vector>
-
 namespace jet {
 
 /// A dynaset: the keys of its rows in the order they were found when it was opened, its own new rows at the
@@ -42,15 +39,14 @@ private:
     void moveTo(qsizetype position);
     void requireRows() const;
     store::Key keyAt(qsizetype position) const;
-    using Keys = std::vector<store::Key>;
+    using Keys = store::Keys;
     /// The keys of the rows that meet a criterion, among these or of all, in ascending order.
     Keys found(const sql::Shape& criterion, const Keys* among = nullptr) const;
     /// Position of the first row whose key is among these, which are in ascending order, counted from one
     /// position on and behind the last row again from the first; -1: none is.
     qsizetype firstOf(const Keys& keys, qsizetype from) const;
 
-    std::deque<store::Key>
-        m_keys;              // grows without copies, whose memory would stay taken beside that of the keys
+    Keys m_keys;
     bool m_ascending = true; // the keys themselves are in order, so that one can be looked up
     bool m_deleted = false;  // the current row was; m_position is that of the row after it
     qsizetype m_position = 0;

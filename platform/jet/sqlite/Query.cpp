@@ -12,7 +12,6 @@ public:
 
     bool next() override { return m_run.step(); }
     Value value(int column, Type type) const override { return m_run.value(column, type); }
-    store::Key key() const override { return store::Key(m_run.whole(0)); }
     Statement::Run& run() { return m_run; }
 
 private:
@@ -28,19 +27,15 @@ public:
         : m_all(connection, std::move(all), false), m_among(connection, std::move(among), false)
     {}
 
-    std::unique_ptr<store::Cursor> keys(const store::Parameters& parameters) override
-    {
-        return m_all.run(parameters);
-    }
+    store::Keys keys(const store::Parameters& parameters) override { return m_all.keys(parameters); }
 
-    std::unique_ptr<store::Cursor> keysAmong(const store::Parameters& parameters,
-                                             const std::vector<store::Key>& keys) override
+    store::Keys keysAmong(const store::Parameters& parameters, const store::Keys& keys) override
     {
         std::vector<Value> list;
         list.reserve(keys.size());
         for (const store::Key key : keys)
             list.emplace_back(key.bits());
-        return m_among.run(parameters, list);
+        return m_among.keys(parameters, &list);
     }
 
 private:
@@ -77,19 +72,39 @@ std::unique_ptr<store::Cursor> Text::run(const store::Parameters& parameters, co
     return cursor;
 }
 
-std::unique_ptr<store::Cursor> Text::run(const store::Parameters& parameters,
-                                         const std::vector<Value>& last) const
+store::Keys Text::keys(const store::Parameters& parameters, const std::vector<Value>* among) const
 {
-    auto cursor = bound(parameters);
-    bindList(cursor->run(), static_cast<int>(parameters.size()), last);
-    return cursor;
+    const auto cursor = bound(parameters);
+    if (among) bindList(cursor->run(), static_cast<int>(parameters.size()), *among);
+    store::Keys keys;
+    while (cursor->next())
+        keys.emplace_back(cursor->run().whole(0));
+    return keys;
+}
+
+std::optional<store::Keys> Text::sortedKeys(const store::Parameters& parameters, KeySorter sorter) const
+{
+    const auto cursor = bound(parameters);
+    while (cursor->next())
+        if (!sorter.take(cursor->run())) return {};
+    return sorter.sorted();
+}
+
+bool Text::sorts() const
+{
+    Statement plan(m_connection, "EXPLAIN QUERY PLAN " + m_text);
+    constexpr int Detail = 3;
+    for (Statement::Run run(plan); run.step();)
+        if (run.view(Detail).ends_with("FOR ORDER BY")) return true;
+    return false;
 }
 
 Query::Query(Connection& connection, const bind::BoundSelect& select, int parameters)
     : m_connection(connection), m_select(select),
       m_rows(connection, writeRows(select), overOthers(select.tables)),
       m_keys(connection, select.isKeyed() ? writeKeys(select) : QByteArray(), false),
-      m_row(connection, select.isKeyed() ? writeRow(select, parameters) : QByteArray(), false)
+      m_row(connection, select.isKeyed() ? writeRow(select, parameters) : QByteArray(), false),
+      m_keysToSort(select.isKeyed() ? writeKeysToSort(select) : KeysToSort())
 {}
 
 std::unique_ptr<store::Cursor> Query::rows(const store::Parameters& parameters)
@@ -97,9 +112,15 @@ std::unique_ptr<store::Cursor> Query::rows(const store::Parameters& parameters)
     return m_rows.run(parameters);
 }
 
-std::unique_ptr<store::Cursor> Query::keys(const store::Parameters& parameters)
+store::Keys Query::keys(const store::Parameters& parameters)
 {
-    return m_keys.run(parameters);
+    if (!m_sortsKeys) m_sortsKeys = !m_keysToSort.statement.isEmpty() && m_keys.sorts();
+    if (*m_sortsKeys) {
+        const Text unsorted(m_connection, m_keysToSort.statement, false);
+        if (auto keys = unsorted.sortedKeys(parameters, {m_keysToSort.columns, m_keysToSort.descending}))
+            return *std::move(keys);
+    }
+    return m_keys.keys(parameters);
 }
 
 std::unique_ptr<store::Cursor> Query::row(const store::Parameters& parameters, store::Key key)

@@ -2,7 +2,10 @@
 
 #include "platform/jet/bind/ActionBinder.h"
 #include "platform/jet/sqlite/Connection.h"
+#include "platform/jet/sqlite/SelectWriter.h"
 #include "platform/jet/store/Statements.h"
+
+#include <optional>
 
 namespace jet::sqlite {
 
@@ -14,10 +17,13 @@ public:
     {}
 
     std::unique_ptr<store::Cursor> run(const store::Parameters& parameters) const;
-    /// With one parameter more behind them: one value, or a list.
+    /// With one parameter more behind them.
     std::unique_ptr<store::Cursor> run(const store::Parameters& parameters, const Value& last) const;
-    std::unique_ptr<store::Cursor> run(const store::Parameters& parameters,
-                                       const std::vector<Value>& last) const;
+    /// The keys that a statement gives. \param among another parameter, a list.
+    store::Keys keys(const store::Parameters& parameters, const std::vector<Value>* among = nullptr) const;
+    /// Those of a statement that gives what to sort by behind each. \returns no value: SQLite has to sort.
+    std::optional<store::Keys> sortedKeys(const store::Parameters& parameters, KeySorter sorter) const;
+    bool sorts() const; ///< Whether SQLite has to sort its rows.
 
 private:
     std::unique_ptr<class Cursor> bound(const store::Parameters& parameters) const;
@@ -32,7 +38,7 @@ public:
     Query(Connection& connection, const bind::BoundSelect& select, int parameters);
 
     std::unique_ptr<store::Cursor> rows(const store::Parameters& parameters) override;
-    std::unique_ptr<store::Cursor> keys(const store::Parameters& parameters) override;
+    store::Keys keys(const store::Parameters& parameters) override;
     std::unique_ptr<store::Cursor> row(const store::Parameters& parameters, store::Key key) override;
     std::unique_ptr<store::Filter> filter(const sql::Expression& criterion, int parameters) override;
 
@@ -42,6 +48,8 @@ private:
     Text m_rows;
     Text m_keys;
     Text m_row;
+    KeysToSort m_keysToSort;
+    std::optional<bool> m_sortsKeys; // here; known when the keys are first asked for
 };
 
 class Action : public store::Action {

@@ -72,6 +72,24 @@ public:
         return m_out;
     }
 
+    KeysToSort keysToSort()
+    {
+        KeysToSort result;
+        if (m_select.tree.top || m_select.tree.orderBy.empty()) return result;
+        core([&] {
+            m_out += "t0._rowid_";
+            for (const Order& key : m_order) {
+                if (!key.expression) continue;
+                m_out += ',';
+                m_expressions.value(*key.expression);
+                result.columns.push_back({isText(key.expression->type), key.descending});
+            }
+        });
+        result.statement = m_out;
+        result.descending = m_order.back().descending;
+        return result;
+    }
+
     QByteArray row(int key)
     {
         m_out += "SELECT ";
@@ -314,6 +332,11 @@ QByteArray writeRows(const BoundSelect& select, const std::vector<Field>& assign
 QByteArray writeKeys(const BoundSelect& select)
 {
     return SelectWriter(select).keys();
+}
+
+KeysToSort writeKeysToSort(const BoundSelect& select)
+{
+    return SelectWriter(select).keysToSort();
 }
 
 QByteArray writeRow(const BoundSelect& select, int key)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/jet/bind/SelectBinder.h"
+#include "platform/jet/sqlite/KeySorter.h"
 
 #include <QByteArray>
 
@@ -16,6 +17,15 @@ QByteArray writeRows(const bind::BoundSelect& select, const std::vector<Field>& 
 
 /// The statement that gives the keys of the rows only, in the same order. For a keyed SELECT.
 QByteArray writeKeys(const bind::BoundSelect& select);
+
+/// The statement that gives the keys of the rows in no order, each with what they are ordered by.
+struct KeysToSort {
+    QByteArray
+        statement; ///< Empty where SQLite must sort: there is no order, or only the first rows are wanted.
+    std::vector<KeySorter::Column> columns;
+    bool descending = false; ///< Rows that are equal in the columns.
+};
+KeysToSort writeKeysToSort(const bind::BoundSelect& select);
 
 /// The statement that gives one row of a keyed SELECT; the key is parameter `key`, counted from 0.
 QByteArray writeRow(const bind::BoundSelect& select, int key);

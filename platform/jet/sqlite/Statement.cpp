@@ -85,8 +85,30 @@ qint64 Statement::Run::whole(int column) const
 
 QByteArray Statement::Run::text(int column) const
 {
+    const std::string_view bytes = view(column);
+    return {bytes.data(), static_cast<qsizetype>(bytes.size())};
+}
+
+Statement::Kind Statement::Run::kind(int column) const
+{
+    switch (sqlite3_column_type(m_statement.m_statement, column)) {
+    case SQLITE_NULL: return Kind::Null;
+    case SQLITE_INTEGER: return Kind::Whole;
+    case SQLITE_FLOAT: return Kind::Real;
+    case SQLITE_TEXT: return Kind::Text;
+    default: return Kind::Bytes;
+    }
+}
+
+double Statement::Run::number(int column) const
+{
+    return sqlite3_column_double(m_statement.m_statement, column);
+}
+
+std::string_view Statement::Run::view(int column) const
+{
     const auto* bytes = reinterpret_cast<const char*>(sqlite3_column_text(m_statement.m_statement, column));
-    return {bytes, sqlite3_column_bytes(m_statement.m_statement, column)};
+    return {bytes, static_cast<std::size_t>(sqlite3_column_bytes(m_statement.m_statement, column))};
 }
 
 void bindParameters(Statement::Run& run, const std::vector<std::vector<Value>>& parameters)

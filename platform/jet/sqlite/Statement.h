@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 
+#include <string_view>
 #include <vector>
 
 struct sqlite3_stmt;
@@ -15,6 +16,8 @@ class Connection;
 /// A prepared statement of SQLite. Between two runs it is not open, so it holds no lock.
 class Statement {
 public:
+    enum class Kind { Null, Whole, Real, Text, Bytes }; ///< As a value lies in the file.
+
     Statement(Connection& connection, const QByteArray& sql); ///< \throws Error
     ~Statement();
     Q_DISABLE_COPY_MOVE(Statement)
@@ -34,6 +37,9 @@ public:
         Value value(int column, Type type) const;
         qint64 whole(int column) const; ///< A column that is known to hold whole numbers.
         QByteArray text(int column) const;
+        Kind kind(int column) const;
+        double number(int column) const;
+        std::string_view view(int column) const; ///< Of a text, until the next step.
 
     private:
         Statement& m_statement;

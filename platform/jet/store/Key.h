@@ -2,6 +2,8 @@
 
 #include <QtGlobal>
 
+#include <deque>
+
 namespace jet::store {
 
 /// What a store finds a row of a table again by, as long as there is that row. What its bits mean is the
@@ -18,5 +20,8 @@ public:
 private:
     qint64 m_bits = 0; // a dynaset of a million rows keeps a million keys: eight bytes each
 };
+
+/// Those of many rows: grows without copies, whose memory would stay taken beside that of the keys.
+using Keys = std::deque<Key>;
 
 } // namespace jet::store

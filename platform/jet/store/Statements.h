@@ -25,16 +25,15 @@ public:
     virtual ~Cursor() = default;
     virtual bool next() = 0; ///< Whether there is a row. \throws Error whatever the statement meets.
     virtual Value value(int column, Type type) const = 0; ///< \throws Error ConversionFailed.
-    virtual Key key() const = 0;                          ///< Of a statement that gives keys.
 };
 
 /// The rows of a query that meet a criterion. Its parameters are the query's and, behind them, its own.
 class Filter {
 public:
     virtual ~Filter() = default;
-    virtual std::unique_ptr<Cursor> keys(const Parameters& parameters) = 0; ///< In no order.
+    virtual Keys keys(const Parameters& parameters) = 0; ///< In no order. \throws Error
     /// Those of these rows.
-    virtual std::unique_ptr<Cursor> keysAmong(const Parameters& parameters, const std::vector<Key>& keys) = 0;
+    virtual Keys keysAmong(const Parameters& parameters, const Keys& keys) = 0;
 };
 
 /// Whether a row of values, which no file need hold, meets a criterion.
@@ -52,7 +51,7 @@ public:
     /// by their columns, other rows and equal sort keys by the key of the row.
     virtual std::unique_ptr<Cursor> rows(const Parameters& parameters) = 0;
     // Only of a query whose rows are rows of one table of the connection's own file:
-    virtual std::unique_ptr<Cursor> keys(const Parameters& parameters) = 0; ///< In the same order.
+    virtual Keys keys(const Parameters& parameters) = 0; ///< In the same order. \throws Error
     virtual std::unique_ptr<Cursor> row(const Parameters& parameters, Key key) = 0;
     /// \param criterion bound to the query's table, its own parameters numbered behind the query's.
     /// \param parameters of both.

@@ -79,10 +79,10 @@ QString writtenRow(const jet::Recordset& rows)
     return writtenRow(row);
 }
 
-std::string rowsOf(jet::Database& database, const QString& sql)
+std::string rowsOf(jet::Database& database, const QString& sql, jet::Kind kind)
 {
     QStringList lines;
-    for (const auto rows = database.OpenRecordset(sql); !rows->Eof(); rows->MoveNext())
+    for (const auto rows = database.OpenRecordset(sql, kind); !rows->Eof(); rows->MoveNext())
         lines += writtenRow(*rows);
     return lines.isEmpty() ? "-" : lines.join(u"; "_s).toStdString();
 }

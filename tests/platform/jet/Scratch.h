@@ -48,7 +48,7 @@ jet::Value read(const QString& cell); ///< The reverse of written().
 QString writtenRow(const std::vector<jet::Value>& row);
 QString writtenRow(const jet::Recordset& rows);
 /// All rows of a statement, joined by "; "; "-" without.
-std::string rowsOf(jet::Database& database, const QString& sql);
+std::string rowsOf(jet::Database& database, const QString& sql, jet::Kind kind = jet::Kind::Dynaset);
 
 /// Number and text of the refusal that a call ends with, "3021 Kein aktueller Datensatz."; empty when it went
 /// through.

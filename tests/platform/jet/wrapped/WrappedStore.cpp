@@ -34,9 +34,15 @@ Key straight(Key key)
     return Key((~key.bits() - 5) / 8);
 }
 
-std::vector<Key> straight(std::vector<Key> keys)
+Keys straight(Keys keys)
 {
     std::ranges::transform(keys, keys.begin(), [](Key key) { return straight(key); });
+    return keys;
+}
+
+Keys twisted(Keys keys)
+{
+    std::ranges::transform(keys, keys.begin(), [](Key key) { return twisted(key); });
     return keys;
 }
 
@@ -44,7 +50,6 @@ struct WrappedCursor : Cursor {
     explicit WrappedCursor(std::unique_ptr<Cursor> rows) : inner(std::move(rows)) {}
     bool next() override { return tried(inner).next(); }
     jet::Value value(int column, jet::Type type) const override { return inner->value(column, type); }
-    Key key() const override { return twisted(inner->key()); }
     std::unique_ptr<Cursor> inner;
 };
 
@@ -55,10 +60,10 @@ std::unique_ptr<Cursor> wrapped(std::unique_ptr<Cursor> rows)
 
 struct WrappedFilter : Filter {
     explicit WrappedFilter(std::unique_ptr<Filter> filter) : inner(std::move(filter)) {}
-    std::unique_ptr<Cursor> keys(const Parameters& p) override { return wrapped(tried(inner).keys(p)); }
-    std::unique_ptr<Cursor> keysAmong(const Parameters& p, const std::vector<Key>& keys) override
+    Keys keys(const Parameters& p) override { return twisted(tried(inner).keys(p)); }
+    Keys keysAmong(const Parameters& p, const Keys& keys) override
     {
-        return wrapped(tried(inner).keysAmong(p, straight(keys)));
+        return twisted(tried(inner).keysAmong(p, straight(keys)));
     }
     std::unique_ptr<Filter> inner;
 };
@@ -66,7 +71,7 @@ struct WrappedFilter : Filter {
 struct WrappedQuery : Query {
     explicit WrappedQuery(std::unique_ptr<Query> query) : inner(std::move(query)) {}
     std::unique_ptr<Cursor> rows(const Parameters& p) override { return wrapped(tried(inner).rows(p)); }
-    std::unique_ptr<Cursor> keys(const Parameters& p) override { return wrapped(tried(inner).keys(p)); }
+    Keys keys(const Parameters& p) override { return twisted(tried(inner).keys(p)); }
     std::unique_ptr<Cursor> row(const Parameters& p, Key key) override
     {
         return wrapped(tried(inner).row(p, straight(key)));
