@@ -11,16 +11,31 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/// A question looks at the file once: whether it is there, opening it tells. \returns no value: it is not.
+std::unique_ptr<jet::Database> oeffneWennVorhanden(const QString& datei)
+{
+    try {
+        return oeffneFuerBestand(datei);
+    } catch (const jet::Error&) {
+        if (!sys::Exist(datei)) return nullptr;
+        throw;
+    }
+}
+
+} // namespace
+
 double BestandErmitteln(const QString& Artikel, const QString& Lagerort, QDate Stichtag)
 {
     if (!Stichtag.isValid())
         throw jet::Error(jet::ErrorNumber::InvalidArgument, u"Der Stichtag ist kein gültiges Datum."_s);
     const QString datei = Journaldatei(Stichtag.year()); // earlier years enter through its opening rows
-    if (!sys::Exist(datei)) {
+    const auto journal = oeffneWennVorhanden(datei);
+    if (!journal) {
         sys::critical(u"Der Dateiname "_s + sys::localPath(datei) + u" existiert nicht!"_s);
         return 0;
     }
-    const auto journal = oeffneFuerBestand(datei);
     // Names go in as they are, an apostrophe breaks the statement: an error is better than another article's
     // stock.
     const auto summe = journal->OpenRecordset(

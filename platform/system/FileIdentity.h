@@ -13,7 +13,7 @@ struct FileIdentity {
     std::uint64_t device = 0;
     std::uint64_t inode = 0;
     std::int64_t size = 0;
-    std::int64_t changed = 0; ///< Nanoseconds since 1970.
+    std::int64_t changed = 0; ///< Nanoseconds since 1970; no program can set it back.
     bool isDirectory = false;
     bool isFile = false; ///< A regular one: no pipe, which might never end, and no device.
 
@@ -23,6 +23,7 @@ struct FileIdentity {
 
 /// No value: there is no such file. `path` in the local form.
 std::optional<FileIdentity> identify(const QString& path);
+std::optional<FileIdentity> identify(int descriptor); ///< Of an open file.
 
 /// The first bytes of a file; fewer when it is shorter or cannot be read. Closing the file drops the locks
 /// that this process holds on it: for files that are no database of ours only.

@@ -2,15 +2,27 @@
 
 #include "platform/system/FileFault.h"
 
+#include <QDateTime>
 #include <QFile>
 
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
 
 namespace sys {
+
+namespace {
+
+/// Whether whoever changes the file from now on gives it another time: times of files go in steps of some
+/// milliseconds.
+bool isSettled(const FileIdentity& file)
+{
+    constexpr qint64 Long = 2'000; // ms; the coarsest times that file systems keep
+    return QDateTime::currentMSecsSinceEpoch() - file.changed / 1'000'000 > Long;
+}
+
+} // namespace
 
 KeptFile::~KeptFile()
 {
@@ -21,15 +33,17 @@ std::optional<QByteArray> KeptFile::bytes(const QString& path)
 {
     const auto named = identify(path);
     if (named && !named->isFile) throw fileFault(FileErrorNumber::PathAccess, path);
-    if (named && m_file >= 0 && named->sameFile(m_identity)) return read(path, named->size);
+    if (named && m_file >= 0 && m_isSettled && *named == m_identity) return m_bytes;
+    if (named && m_file >= 0 && named->sameFile(m_identity)) return read(path, *named);
     close();
     if (!open(path)) return {};
-    return read(path, m_identity.size);
+    return read(path, m_identity);
 }
 
-QByteArray KeptFile::read(const QString& path, std::int64_t size) const
+QByteArray KeptFile::read(const QString& path, const FileIdentity& now)
 {
-    QByteArray bytes(static_cast<qsizetype>(size), Qt::Uninitialized);
+    m_isSettled = false;
+    QByteArray bytes(static_cast<qsizetype>(now.size), Qt::Uninitialized);
     qsizetype filled = 0;
     while (filled < bytes.size()) {
         const auto rest = static_cast<std::size_t>(bytes.size() - filled);
@@ -40,6 +54,9 @@ QByteArray KeptFile::read(const QString& path, std::int64_t size) const
         filled += count;
     }
     bytes.truncate(filled);
+    m_identity = now;
+    m_bytes = bytes;
+    m_isSettled = isSettled(now);
     return bytes;
 }
 
@@ -48,14 +65,12 @@ bool KeptFile::open(const QString& path)
     m_file = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
     if (m_file < 0 && errno == ENOENT) return false;
     if (m_file < 0) throw fileFault(errno, path);
-    struct stat status {};
-    if (::fstat(m_file, &status) != 0) {
+    const auto opened = identify(m_file);
+    if (!opened) {
         close();
         throw fileFault(FileErrorNumber::PathAccess, path);
     }
-    m_identity.device = status.st_dev;
-    m_identity.inode = status.st_ino;
-    m_identity.size = status.st_size;
+    m_identity = *opened;
     return true;
 }
 

@@ -10,7 +10,7 @@
 namespace sys {
 
 /// A small file that is read again and again. It stays open from one reading to the next, since opening costs
-/// more than reading does.
+/// more than reading does, and is not read while it cannot have changed.
 class KeptFile {
 public:
     KeptFile() = default;
@@ -23,12 +23,14 @@ public:
     std::optional<QByteArray> bytes(const QString& path);
 
 private:
-    QByteArray read(const QString& path, std::int64_t size) const;
+    QByteArray read(const QString& path, const FileIdentity& now);
     bool open(const QString& path); ///< False: there is no such file.
     void close();
 
     int m_file = -1;
-    FileIdentity m_identity; // of the open file; while it is open no other file can have its number
+    FileIdentity m_identity;  // of the open file; while it is open no other file can have its number
+    QByteArray m_bytes;       // as it was then
+    bool m_isSettled = false; // then: a later change has a later time
 };
 
 } // namespace sys
