@@ -6,10 +6,12 @@
 #include "core/Verzeichnisse.h"
 #include "core/farm/Buchung.h"
 #include "core/farm/Buchungsarten.h"
+#include "core/farm/Dateien.h"
 #include "core/farm/Jahresdateien.h"
 #include "core/farm/Schema.h"
 #include "platform/jet/Errors.h"
 #include "platform/jet/Rounding.h"
+#include "platform/jet/Transaction.h"
 #include "platform/system/Messages.h"
 
 #include <algorithm>
@@ -110,6 +112,8 @@ void uebertrage(jet::Recordset& quelle, int vonJahr, int nachJahr)
     journal->BeginTrans();
     modulzustand().Ruecknahmen.clear(); // other rows rest on what was booked now
     const auto ziel = journal->OpenRecordset(u"Lagerjournal"_s, jet::Kind::Dynaset);
+    const auto vorjahr = oeffneFuerBestand(Journaldatei(vonJahr)); // as each pair's question opens it
+    const jet::Reading fragen(*vorjahr);
     for (; !quelle.Eof(); quelle.MoveNext()) {
         try {
             uebertragePaar(*ziel, quelle, vonJahr, nachJahr);

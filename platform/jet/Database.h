@@ -59,6 +59,7 @@ public:
 private:
     friend class Appender;
     friend class Engine;
+    friend class Reading;
     friend class Transaction;
     friend void copyWhereMissing(const QString& templateFile, const QString& connect, const QString& target);
     explicit Database(std::shared_ptr<Session> session);

@@ -1,6 +1,7 @@
 #include "platform/jet/Transaction.h"
 
 #include "platform/jet/Errors.h"
+#include "platform/jet/store/Scopes.h"
 #include "platform/jet/store/Session.h"
 
 #include <QScopeGuard>
@@ -36,5 +37,12 @@ void Transaction::commit()
     m_database.CommitTrans();
     nothingKept.dismiss();
 }
+
+Reading::Reading(Database& database)
+    : m_file((database.m_session->use(), database.m_session->file)),
+      m_scope(std::make_unique<store::ReadScope>(m_file->connection()))
+{}
+
+Reading::~Reading() = default;
 
 } // namespace jet

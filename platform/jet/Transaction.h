@@ -3,10 +3,16 @@
 #include <QtGlobal>
 
 #include <functional>
+#include <memory>
 
 namespace jet {
 
 class Database;
+class OpenFile;
+
+namespace store {
+class ReadScope;
+}
 
 /// What belongs together as one commit, from here to commit(): a program that is stopped in between leaves
 /// all of it in the file or nothing. One at a time for a Database, and short: other programs wait.
@@ -28,6 +34,19 @@ private:
     Database& m_database;
     std::function<void()> m_takenBack;
     bool m_ended = false;
+};
+
+/// Many questions under one lock, as of one moment: they spare taking it each time. Short: other programs can
+/// write, but not commit, meanwhile. Ends with the Database's file still open.
+class Reading {
+public:
+    explicit Reading(Database& database);
+    ~Reading();
+    Q_DISABLE_COPY_MOVE(Reading)
+
+private:
+    std::shared_ptr<OpenFile> m_file; // stays open as long as the lock is held
+    std::unique_ptr<store::ReadScope> m_scope;
 };
 
 } // namespace jet

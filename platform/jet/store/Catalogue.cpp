@@ -94,7 +94,7 @@ void Catalogue::setPassword(const QString& password)
 
 int Catalogue::version() const
 {
-    if (!m_version || m_connection.inTransaction()) {
+    if (!m_version || m_connection.isWriting()) {
         const auto notes = m_connection.notes(VersionNote);
         m_version = notes.empty() ? 0 : notes.front().first.toInt();
     }
