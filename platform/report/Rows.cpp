@@ -6,6 +6,8 @@
 #include "platform/system/Clock.h"
 
 #include <algorithm>
+#include <iterator>
+#include <numeric>
 
 using namespace Qt::StringLiterals;
 
@@ -52,13 +54,23 @@ Rows::Rows(Form& form, const Job& job) : m_form(form), m_tables(form, job)
 bool Rows::next()
 {
     while (m_position < m_rows->RecordCount()) {
-        auto row = m_rows->RowAt(m_position++);
+        if (m_position == m_read.from + std::ssize(m_read.rows)) readOn();
+        auto& row = m_read.rows[static_cast<std::size_t>(m_position++ - m_read.from)];
         if (!row) continue;
         m_row = std::move(*row);
         const Standing standing{.row = &m_row};
         if (holds(m_form.data.show, standing) && holds(m_selection, standing)) return true;
     }
     return false;
+}
+
+void Rows::readOn()
+{
+    constexpr qsizetype Most = 200; // other programs cannot write meanwhile
+    std::vector<int> columns(static_cast<std::size_t>(m_rows->Fields().size()));
+    std::iota(columns.begin(), columns.end(), 0);
+    m_read = {m_position,
+              m_rows->RowsAt(m_position, std::min(Most, m_rows->RecordCount() - m_position), columns)};
 }
 
 qsizetype Rows::count() const
@@ -230,6 +242,7 @@ void Rows::sumUp()
     for (Reference* const reference : wanted)
         reference->constant = totals.value(*reference, 0);
     m_position = 0;
+    m_read = {};
 }
 
 } // namespace report

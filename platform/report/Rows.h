@@ -6,6 +6,8 @@
 #include <QStringList>
 
 #include <memory>
+#include <optional>
+#include <vector>
 
 namespace report {
 
@@ -42,6 +44,12 @@ private:
     void sortByField(const QString& field);
     QString statement() const;
     void sumUp();
+    void readOn();
+
+    struct Stretch {
+        qsizetype from = 0;
+        std::vector<std::optional<Row>> rows;
+    };
 
     Form& m_form;
     Tables m_tables;
@@ -52,6 +60,7 @@ private:
     QStringList m_sorted; // expressions that m_order has already
     std::unique_ptr<jet::Recordset> m_rows;
     qsizetype m_position = 0;
+    Stretch m_read; // of the rows; what was taken of it is empty
     Row m_row;
 };
 
