@@ -91,8 +91,14 @@ qint64 BareStatement::whole(int column) const
 
 QByteArray BareStatement::text(int column) const
 {
+    const std::string_view bytes = view(column);
+    return {bytes.data(), static_cast<qsizetype>(bytes.size())};
+}
+
+std::string_view BareStatement::view(int column) const
+{
     const auto* bytes = reinterpret_cast<const char*>(sqlite3_column_text(m_statement, column));
-    return {bytes, sqlite3_column_bytes(m_statement, column)};
+    return {bytes, static_cast<std::size_t>(sqlite3_column_bytes(m_statement, column))};
 }
 
 bool BareStatement::isNull(int column) const

@@ -4,6 +4,8 @@
 
 #include <QByteArray>
 
+#include <string_view>
+
 struct sqlite3_stmt;
 
 /// A file as the engine opens it: the same collation and functions, the same settings of SQLite. What is
@@ -39,6 +41,7 @@ public:
     double number(int column) const; ///< Columns count from 0.
     qint64 whole(int column) const;
     QByteArray text(int column) const;
+    std::string_view view(int column) const; ///< Of a text, until the next step.
     bool isNull(int column) const;
 
 private:

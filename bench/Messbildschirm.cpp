@@ -78,6 +78,18 @@ void Messbildschirm::inSumme(bool wert)
     if (haken.isChecked() != wert) haken.click();
 }
 
+void Messbildschirm::waehle(const char* liste, const QString& wert)
+{
+    teil<ComboBox>(liste).enterText(wert);
+}
+
+void Messbildschirm::waehleTage(QDate von, QDate bis)
+{
+    teil<DateCombo>("VonDatum").setDate(von);
+    teil<DateCombo>("Buchdatum").setDate(bis);
+    filtere();
+}
+
 void Messbildschirm::waehleJahr(int jahr)
 {
     teil<ComboBox>("drpJahr").enterText(QString::number(jahr));

@@ -3,6 +3,7 @@
 #include "bench/Messung.h"
 #include "overview/LagerbestandNeu.h"
 
+#include <QDate>
 #include <QString>
 
 class DataGrid;
@@ -16,6 +17,8 @@ public:
 
     void filtere(); ///< As when a day is typed; F5 fills the lists of the filter besides.
     void inSumme(bool wert);
+    void waehle(const char* liste, const QString& wert); ///< In a list of the filter.
+    void waehleTage(QDate von, QDate bis);
     void waehleJahr(int jahr);
     void klickeKopf(const char* liste, int spalte);
     /// Types a word in a column of the first row. \returns whether a row was found.

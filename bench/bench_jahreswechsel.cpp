@@ -16,16 +16,16 @@ constexpr int Jahre = 5;
 constexpr int Gewaehlt = Messbetrieb::ErstesJahr + 1;
 constexpr int Vorher = Gewaehlt + 1;
 
-QByteArray tag(int jahr, const char* imJahr)
+Ausschnitt ganzesJahr(int jahr)
 {
-    return QByteArray::number(jahr) + imJahr;
+    return {QDate(jahr, 1, 1), QDate(jahr, 12, 31), {}, {}};
 }
 
 /// Both views: the sums of the file and its rows, opening ones included.
 void pruefe(const Messbildschirm& bildschirm, BareAnsichten& bar)
 {
-    const auto schluessel = bar.schluessel(tag(Gewaehlt, "-01-01"), tag(Gewaehlt, "-12-31"));
-    const auto liste = bar.bestandsliste(tag(Gewaehlt, "-01-01"), tag(Gewaehlt, "-12-31"));
+    const auto schluessel = bar.schluessel(ganzesJahr(Gewaehlt));
+    const auto liste = bar.bestandsliste(ganzesJahr(Gewaehlt));
     fordere(bildschirm.journal().RecordCount() == std::ssize(schluessel),
             u"rows are missing in the journal"_s);
     fordere((*bildschirm.journal().RowAt(0))[2].toLong() == schluessel.front(),
@@ -45,8 +45,8 @@ void wechsleBar(const QStringList& dateien, BareAnsichten& bar)
     barerUebertrag(dateien, Messbetrieb::ErstesJahr);
     for (const int jahr : {Vorher, Gewaehlt}) {
         if (jahr == Gewaehlt) bar.repariere();
-        bar.schluessel(tag(jahr, "-01-01"), tag(jahr, "-12-31"));
-        bar.bestandsliste(tag(jahr, "-01-01"), tag(jahr, "-12-31"));
+        bar.schluessel(ganzesJahr(jahr));
+        bar.bestandsliste(ganzesJahr(jahr));
     }
 }
 
