@@ -8,8 +8,8 @@
 
 namespace {
 
-/// The planner is told that the days take in most of the year: it then reads the groups along their index instead of
-/// sorting rows into them.
+/// The planner is told that the days take in most of the year: it then reads the groups along their index
+/// instead of sorting rows into them.
 constexpr char Bestandsliste[] =
     "SELECT sum(CASE WHEN %m<0 THEN -%m ELSE 0.0 END),sum(CASE WHEN %m>0 THEN %m ELSE 0.0 "
     "END),sum(%m),Artikel,%o,Artikelart,Einheit,Untergruppe,min(_rowid_) FROM LAGERJOURNAL"

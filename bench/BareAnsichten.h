@@ -20,8 +20,9 @@ struct Ausschnitt {
     QByteArray artikel, lagerort;
 };
 
-/// What the main screen's filtering asks of a year file, without a screen, in the way that gives these rows in this
-/// order fastest: the repair of units, the keys of the journal, the stock list. The statements stay prepared.
+/// What the main screen's filtering asks of a year file, without a screen, in the way that gives these
+/// rows in this order fastest: the repair of units, the keys of the journal, the stock list. The
+/// statements stay prepared.
 class BareAnsichten {
 public:
     explicit BareAnsichten(const QString& datei);

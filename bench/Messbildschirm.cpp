@@ -4,10 +4,14 @@
 #include "platform/controls/ComboBox.h"
 #include "platform/controls/DataGrid.h"
 #include "platform/controls/DateCombo.h"
+#include "platform/controls/TextBox.h"
 
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QPushButton>
+#include <QTimer>
 
 #include <stdexcept>
 #include <string>
@@ -21,6 +25,7 @@ class Malwaechter : public QObject {
 public:
     explicit Malwaechter(QWidget& fenster) { fenster.installEventFilter(this); }
     bool istGemalt() const { return m_gemalt; }
+    void vergiss() { m_gemalt = false; }
 
 protected:
     bool eventFilter(QObject* fenster, QEvent* event) override
@@ -98,6 +103,33 @@ void Messbildschirm::waehleJahr(int jahr)
 void Messbildschirm::klickeKopf(const char* liste, int spalte)
 {
     Q_EMIT teil<DataGrid>(liste).horizontalHeader()->sectionClicked(spalte);
+}
+
+double Messbildschirm::buche(const QString& kurzel, const std::function<void(QWidget& maske)>& tippe)
+{
+    auto& liste = teil<DataGrid>("Journalliste");
+    Malwaechter waechter(*liste.viewport());
+    QElapsedTimer uhr;
+    QTimer::singleShot(0, [&] {
+        QWidget& maske = *QApplication::activeModalWidget();
+        tippe(maske);
+        auto& buchen = *maske.findChild<QPushButton*>(u"Command2(1)"_s);
+        buchen.setFocus();
+        QCoreApplication::processEvents();
+        waechter.vergiss();
+        uhr.start();
+        for (const auto art : {QEvent::KeyPress, QEvent::KeyRelease}) {
+            QKeyEvent taste(art, Qt::Key_Return, Qt::NoModifier, u"\r"_s);
+            QCoreApplication::sendEvent(&buchen, &taste);
+        }
+    });
+    teil<TextBox>("KurzEingabe").setText(kurzel);
+    teil<QPushButton>("Command7(0)").click();
+    liste.viewport()->update();
+    waechter.vergiss();
+    while (!waechter.istGemalt())
+        QCoreApplication::processEvents();
+    return static_cast<double>(uhr.nsecsElapsed()) / 1e9;
 }
 
 bool Messbildschirm::tippe(const char* liste, int spalte, const QString& wort)

@@ -21,6 +21,9 @@ public:
     void waehleTage(QDate von, QDate bis);
     void waehleJahr(int jahr);
     void klickeKopf(const char* liste, int spalte);
+    /// Opens the booking mask of a kind by its short code and types the booking. \returns seconds from
+    /// Enter on the button that books to the painting of the new row.
+    double buche(const QString& kurzel, const std::function<void(QWidget& maske)>& tippe);
     /// Types a word in a column of the first row. \returns whether a row was found.
     bool tippe(const char* liste, int spalte, const QString& wort);
 

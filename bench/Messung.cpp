@@ -89,7 +89,13 @@ Messung::Messung(const QString& titel, int teile) : m_titel(titel), m_teile(teil
 void Messung::nimm(const QString& name, double ziel, std::function<void()> arbeit,
                    std::function<void()> vorher)
 {
-    m_wege.push_back({name, ziel, std::move(arbeit), std::move(vorher), {}});
+    m_wege.push_back(
+        {name, ziel, [arbeit = std::move(arbeit)] { return sekunden(arbeit); }, std::move(vorher), {}});
+}
+
+void Messung::nimmGemessen(const QString& name, double ziel, std::function<double()> arbeit)
+{
+    m_wege.push_back({name, ziel, std::move(arbeit), {}, {}});
 }
 
 void Messung::miss(int runden)
@@ -97,7 +103,7 @@ void Messung::miss(int runden)
     for (int runde = 0; runde < runden; ++runde) {
         for (Weg& weg : m_wege) {
             if (weg.vorher) weg.vorher();
-            weg.zeiten.push_back(sekunden(weg.arbeit) / m_teile);
+            weg.zeiten.push_back(weg.arbeit() / m_teile);
         }
     }
     drucke(m_titel + u", "_s + QString::number(runden) + u" rounds"_s);

@@ -25,6 +25,8 @@ public:
     /// `ziel` is the promised ratio to the limit, 0 for the limit itself. `vorher` is not timed.
     void nimm(const QString& name, double ziel, std::function<void()> arbeit,
               std::function<void()> vorher = {});
+    /// A way that times itself, in seconds: what comes before the work goes on into it.
+    void nimmGemessen(const QString& name, double ziel, std::function<double()> arbeit);
     /// Times all ways and prints median, least time and ratio of each, one line a way.
     void miss(int runden);
 
@@ -32,7 +34,7 @@ private:
     struct Weg {
         QString name;
         double ziel;
-        std::function<void()> arbeit;
+        std::function<double()> arbeit; // seconds
         std::function<void()> vorher;
         std::vector<double> zeiten; // seconds
     };

@@ -144,7 +144,7 @@ void oeffne(const Ansicht& diese, const Ansicht& andere, const QString& quelle)
 {
     oeffne(diese, andere, [&] {
         diese.daten.setRecordSource(quelle);
-        diese.daten.Refresh();
+        diese.daten.RefreshIfChanged(); // a mask that has booked has just read the stock list
     });
 }
 

@@ -10,8 +10,10 @@
 #include "platform/system/Pointer.h"
 
 #include <QElapsedTimer>
+#include <QTimer>
 
 #include <optional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -27,6 +29,8 @@ Filterleiste::Filterleiste(const Felder& felder, const Hauptansicht& haupt, Umge
 
 void Filterleiste::verdrahteFelder()
 {
+    for (ComboBox* const liste : {&m_felder.drpLagerOrte, &m_felder.drpArtikelGruppe, &m_felder.drpArtikel})
+        verdrahte(liste, &ComboBox::GotFocus, this, &Filterleiste::fuelleAusstehende);
     verdrahte(&m_felder.drpLagerOrte, &ComboBox::Click, this, &Filterleiste::FilterEinstellen);
     verdrahte(&m_felder.drpArtikelGruppe, &ComboBox::Click, this, &Filterleiste::drpArtikelGruppe_Click);
     verdrahte(&m_felder.drpArtikel, &ComboBox::Click, this, &Filterleiste::FilterEinstellen);
@@ -121,6 +125,19 @@ bool Filterleiste::stelleFilterSicher()
 {
     if (!zeigtGewaehltes()) FilterEinstellen();
     return zeigtGewaehltes();
+}
+
+void Filterleiste::fuelleListenDanach()
+{
+    if (m_gezeigteEingrenzung.isEmpty()) return; // whoever left that wants no second wait for the same lock
+    constexpr int Gemalt = 50;                   // ms
+    m_listenStehenAus = true;
+    QTimer::singleShot(Gemalt, this, [this] { sys::underErrorReport({[this] { fuelleAusstehende(); }}); });
+}
+
+void Filterleiste::fuelleAusstehende()
+{
+    if (std::exchange(m_listenStehenAus, false)) AuswahllistenFullen();
 }
 
 bool Filterleiste::liesNeu()

@@ -35,10 +35,13 @@ public:
     /// Whether the rows are those of the fields; filters where they are not, after a filter, a sort or a
     /// change of year that failed or was left.
     bool stelleFilterSicher();
+    /// Once the rows are painted: nobody waits for lists that are closed.
+    void fuelleListenDanach();
     bool liesNeu();         ///< Fills the lists and filters, under the error report. \returns the same.
     void nachErstemMalen(); ///< Fills what is not seen at once.
 
 private:
+    void fuelleAusstehende();
     void drpArtikelGruppe_Click();
     void zeigeBestandsliste();
     bool zeigtGewaehltes() const;
@@ -54,5 +57,6 @@ private:
     QString m_gezeigteEingrenzung; ///< What the views were last narrowed to; empty: that failed.
     bool m_liestLange = false;     ///< Reading the views took over a second last time.
     bool m_dateiAntwortet = false; ///< A statement on the open year has succeeded.
-    bool m_gemalt = false;         ///< Seen for the first time; until then the stock list waits.
+    bool m_listenStehenAus = false;
+    bool m_gemalt = false; ///< Seen for the first time; until then the stock list waits.
 };

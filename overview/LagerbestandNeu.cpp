@@ -86,7 +86,7 @@ void LagerbestandNeu::errichteFilter()
 void LagerbestandNeu::errichteBefehle()
 {
     const auto danach = [this](const Wiederfinden& gesucht, const QString& hinweis = {}) {
-        aktualisiere();
+        zeigeBuchung();
         if (sucheEine(*Journaldaten, gesucht))
             m_jahr->zeigeStatus(u" · Die neue Buchung liegt außerhalb der Auswahl."_s);
         else if (!hinweis.isEmpty())
@@ -246,6 +246,15 @@ void LagerbestandNeu::aktualisiere()
         [this] { m_filter->FilterEinstellen(); },
     });
     if (zuerst && Journaldaten->RecordCount() > 0) Journaldaten->MoveLast(); // the newest booking
+}
+
+/// What was booked is to be seen at once.
+void LagerbestandNeu::zeigeBuchung()
+{
+    if (!Journaldaten->isOpen()) return aktualisiere();
+    const sys::Hourglass warten;
+    sys::underErrorReport({[this] { m_filter->FilterEinstellen(); }});
+    m_filter->fuelleListenDanach();
 }
 
 /// A failed write leaves the tick as it was.

@@ -49,6 +49,7 @@ private:
 
     bool journalGezeigt() const;
     void aktualisiere();
+    void zeigeBuchung();
     void zeigeAlles();
     void stelleWiederHer();
     void uebernimmLagerort();

@@ -23,8 +23,17 @@ void DataControl::Refresh()
 void DataControl::open()
 {
     auto database = jet::engine().OpenDatabase(m_databaseName, m_connect);
+    const jet::ChangeMark mark = database->Mark();
     m_recordset = database->OpenRecordset(m_recordSource, m_kind);
     m_database = std::move(database);
+    m_shownSource = m_recordSource;
+    m_mark = mark;
+}
+
+void DataControl::RefreshIfChanged()
+{
+    const bool isCopy = isOpen() && m_kind == jet::Kind::Snapshot && m_shownSource == m_recordSource;
+    if (!isCopy || jet::engine().OpenDatabase(m_databaseName, m_connect)->Mark() != m_mark) Refresh();
 }
 
 void DataControl::shut()

@@ -53,6 +53,8 @@ public:
     /// Opens the rows anew, on the first one. \throws jet::Error; the data control is then closed, which
     /// everything that shows it has been told, and can be refreshed again.
     void Refresh();
+    /// Refresh, but rows that were copied and cannot have changed stay, and with them the current one.
+    void RefreshIfChanged();
     /// Saves a pending row and closes. When saving is refused it stays open; a handler of Validate can forbid
     /// it, too.
     void Close();
@@ -119,5 +121,7 @@ private:
     jet::Kind m_kind = jet::Kind::Dynaset;
     std::unique_ptr<jet::Database> m_database;
     std::unique_ptr<jet::Recordset> m_recordset;
+    QString m_shownSource;  // what the rows were read by
+    jet::ChangeMark m_mark; // of the file before they were
     BoundFields m_bound;
 };

@@ -146,6 +146,13 @@ QString Database::Name() const
     return m_session->path;
 }
 
+ChangeMark Database::Mark() const
+{
+    return m_session->told([&] {
+        return ChangeMark{m_session->file.get(), m_session->use().connection().changeCounters()};
+    });
+}
+
 int Database::SchemaVersion() const
 {
     return m_session->told([&] { return m_session->use().catalogue().version(); });

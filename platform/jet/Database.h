@@ -6,10 +6,19 @@
 #include <QString>
 #include <QStringList>
 
+#include <array>
 #include <memory>
 #include <vector>
 
 namespace jet {
+
+/// Two marks of one file that has stayed open in between are equal when nobody has changed it; those of two
+/// files never are.
+struct ChangeMark {
+    const void* file = nullptr;
+    std::array<qint64, 3> counters{};
+    bool operator==(const ChangeMark&) const = default;
+};
 
 /// One open database file. Each statement and each Update() is a commit of its own, but between BeginTrans
 /// and CommitTrans; an action statement is done as a whole or not at all. Two Databases of one file and
@@ -53,6 +62,9 @@ public:
     /// connection, and anew in a transaction.
     int SchemaVersion() const;
     void setSchemaVersion(int version);
+
+    /// A mark of the file as it is now. \throws Error Locked.
+    ChangeMark Mark() const;
 
     struct Session; ///< Known to this room only.
 

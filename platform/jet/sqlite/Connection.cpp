@@ -179,6 +179,11 @@ qint64 Connection::writes() const
     return sqlite3_total_changes64(handle());
 }
 
+std::array<qint64, 3> Connection::changeCounters()
+{
+    return {numberOf("PRAGMA data_version"), writes(), schemaVersion()};
+}
+
 qint64 Connection::lastRow() const
 {
     return sqlite3_last_insert_rowid(handle());

@@ -6,6 +6,7 @@
 #include <QCache>
 #include <QString>
 
+#include <array>
 #include <functional>
 #include <memory>
 #include <utility>
@@ -56,6 +57,7 @@ public:
     qint64 changes() const; ///< Rows written by the last statement.
     qint64 writes() const;  ///< Rows written since the connection was opened.
     qint64 lastRow() const;
+    std::array<qint64, 3> changeCounters(); ///< Of others' commits, of our rows, of definitions.
 
 private:
     void configure(Mode mode);

@@ -49,6 +49,7 @@ public:
     void onFirstRow(std::function<void()> told) override { m_connection.onFirstRow(std::move(told)); }
     QStringList faults() override;
     qint64 writes() const override { return m_connection.writes(); }
+    std::array<qint64, 3> changeCounters() override { return m_connection.changeCounters(); }
     bool tablesChanged() override { return m_connection.schemaChanged(); }
     bool tablesMayHaveChanged() override { return m_connection.takeReprepared(); }
     void forget() override { m_connection.forget(); }

@@ -7,6 +7,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <array>
 #include <functional>
 #include <memory>
 #include <vector>
@@ -91,6 +92,8 @@ public:
     /// What is not whole in the file, in the store's own words; empty: nothing. Reads all of it.
     virtual QStringList faults() = 0;
     virtual qint64 writes() const = 0; ///< Rows written since the connection was opened.
+    /// Counters that stand still as long as neither this connection nor another has changed the file.
+    virtual std::array<qint64, 3> changeCounters() = 0;
     /// Whether another program has changed the tables since the last call, or since the connection was
     /// opened.
     virtual bool tablesChanged() = 0;

@@ -170,6 +170,7 @@ struct WrappedConnection : Connection {
     void onFirstRow(std::function<void()> told) override { inner->onFirstRow(std::move(told)); }
     QStringList faults() override { return tried(inner).faults(); }
     qint64 writes() const override { return inner->writes(); }
+    std::array<qint64, 3> changeCounters() override { return tried(inner).changeCounters(); }
     bool tablesChanged() override { return tried(inner).tablesChanged(); }
     bool tablesMayHaveChanged() override { return inner->tablesMayHaveChanged(); }
     void forget() override { inner->forget(); }
