@@ -154,7 +154,7 @@ private:
                         1);
         // Rows that nobody has changed would stay as they are shown.
         const auto aendere = [&] {
-            m_anderer.execute("UPDATE LAGERJOURNAL SET Kommentar=Kommentar WHERE ID=1");
+            m_anderer.execute("UPDATE LAGERJOURNAL SET BEErfassungsnummer=random() WHERE ID=1");
         };
         const auto filtereBar = [&] {
             m_bar.repariere();
