@@ -122,7 +122,7 @@ void messeExcel(const Umfang& umfang)
     Messung messung(
         u"Movement journal to .xlsx, "_s + QString::number(umfang.zeilen) + u" rows, 11 columns"_s, 1);
     messung.nimm(u"limit: its rows bare to libxlsxwriter"_s, 0, [&] { schreibeBar(betrieb, bares); });
-    messung.nimm(u"rows to .xlsx file"_s, 1.3, vollstaendig);
+    messung.nimm(u"rows to .xlsx file"_s, 1.25, vollstaendig);
     messung.miss(umfang.runden);
     drucke(u"  process grew by "_s + QString::number(dazu / MiB, 'f', 1) + u" MiB of at most 16.0 MiB"_s);
     fordere(dazu < HoechstensDazu, u"the transfer keeps rows in memory"_s);

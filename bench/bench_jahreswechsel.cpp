@@ -68,7 +68,7 @@ void messeJahreswechsel(const Umfang& umfang)
                     1);
     messung.nimm(u"limit: its statements bare"_s, 0, [&] { wechsleBar(dateien, bar); });
     messung.nimm(
-        u"drpJahr_Click"_s, 2, [&] { bildschirm.waehleJahr(Gewaehlt); },
+        u"drpJahr_Click"_s, 1.3, [&] { bildschirm.waehleJahr(Gewaehlt); },
         [&] { bildschirm.waehleJahr(Vorher); });
     messung.miss(umfang.runden);
     pruefe(bildschirm, bar);

@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int Jahr = Messbetrieb::ErstesJahr;
-constexpr double Bildschirm = 100; // ms: what is felt as at once
+constexpr double Bildschirm = 50; // ms: what is felt as at once
 
 /// Sales of two articles each, spread over days and recipients.
 void verkaufe(jet::Database& datei, int lieferungen)

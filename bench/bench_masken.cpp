@@ -18,7 +18,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr double Bild = 16;        // ms: one frame of the screen
-constexpr double Liste = 100;      // ms: what is felt as at once
+constexpr double Liste = 50;       // ms: what is felt as at once
 constexpr int ZweiterArtikel = 10; // the first pair of another article of the same kind
 constexpr int ZweiteArt = 20;      // the first pair of another kind
 

@@ -92,7 +92,7 @@ void messeProgramm(const Messbetrieb& betrieb, const Umfang& umfang)
 {
     Messung messung(u"A program that opens the main screen"_s + groesse(umfang), 1);
     messung.nimm(u"limit: the same widgets without data"_s, 0, [&] { starte(Inhalt::Nichts, betrieb); });
-    messung.nimm(u"LagerbestandNeu"_s, 1.5, [&] { starte(Inhalt::Jahr, betrieb); });
+    messung.nimm(u"LagerbestandNeu"_s, 1.2, [&] { starte(Inhalt::Jahr, betrieb); });
     messung.miss(umfang.runden);
 }
 
