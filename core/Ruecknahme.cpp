@@ -105,9 +105,10 @@ void Aufzeichnung::merke()
     std::erase_if(zeilen, [](const auto& zeile) { return zeile.vorher == zeile.nachher; });
     if (zeilen.empty()) return;
     const auto& erste = zeilen.front();
-    m_ruecknahme.was.prepend(erste.vorher.empty()    ? u"die neue Eintragung "_s
-                             : erste.nachher.empty() ? u"die Löschung von "_s
-                                                     : u"die Änderung von "_s);
+    if (!m_hatNamen)
+        m_ruecknahme.was.prepend(erste.vorher.empty()    ? u"die neue Eintragung "_s
+                                 : erste.nachher.empty() ? u"die Löschung von "_s
+                                                         : u"die Änderung von "_s);
     modulzustand().Ruecknahmen.push_back(std::move(m_ruecknahme));
 }
 

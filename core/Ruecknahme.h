@@ -24,7 +24,12 @@ struct Ruecknahme {
 /// Watches a booking while it is written. What ends without fertig() cannot be taken back.
 class Aufzeichnung {
 public:
-    explicit Aufzeichnung(jet::Database& journal) : m_journal(journal) {}
+    /// \param was what it is called, where that is not one new, changed or deleted row.
+    explicit Aufzeichnung(jet::Database& journal, const QString& was = {})
+        : m_journal(journal), m_hatNamen(!was.isEmpty())
+    {
+        m_ruecknahme.was = was;
+    }
 
     void vorher(qint64 ID); ///< The row is about to be changed or deleted.
     void neu(qint64 ID);    ///< The row has come.
@@ -36,6 +41,7 @@ private:
     void liesGeschriebenes();
 
     jet::Database& m_journal;
+    bool m_hatNamen;
     Ruecknahme m_ruecknahme;
 };
 

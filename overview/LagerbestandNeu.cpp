@@ -23,6 +23,7 @@
 #include "overview/Tastenbefehle.h"
 #include "overview/Vorjahr.h"
 #include "overview/dateien/Pruefbefehl.h"
+#include "overview/inventur/Inventurbefehl.h"
 #include "overview/stammdaten/Stammdatenbefehl.h"
 #include "platform/controls/RowIds.h"
 #include "platform/controls/TasteUmsetzen.h"
@@ -96,8 +97,9 @@ void LagerbestandNeu::errichteBefehle()
     auto* const pruefen = new Pruefbefehl(
         {*ui->drpJahr, *ui->SSTab1, *ui->TabJournal, *Journaldaten, *ui->Journalliste},
         [this] { zeigeAlles(); }, this);
+    auto* const inventur = new Inventurbefehl([this] { aktualisiere(); }, this);
     auto* const stammdaten = new Stammdatenbefehl([this] { aktualisiere(); }, this);
-    richteMenueleisteEin(*ui, *this, {stammdaten, pruefen, zuruecknehmen});
+    richteMenueleisteEin(*ui, *this, {stammdaten, inventur, pruefen, zuruecknehmen});
     new Buchungsbefehle({*ui->KurzEingabe, *ui->DrpBuchart, *ui->Command7_0_, *ui->Command7_1_}, *m_haupt,
                         danach, this);
     m_auswertung = new Auswertung(

@@ -62,7 +62,8 @@ struct Band {
 using Bands = std::vector<Band>; ///< One section: those whose condition is met, one below the other.
 
 struct Group {
-    Operand by; ///< A column, or a formula that names one; a formula that does not makes no group.
+    Operand by;           ///< A column, or a formula that names one; a formula that does not makes no group.
+    bool newPage = false; ///< Each but the first begins on a page of its own.
     Bands header;
     Bands footer;
 };

@@ -141,7 +141,8 @@ private:
     void readGroup(Element& element, const BandReader& bands)
     {
         m_hasBands = true;
-        Group group{readOperand(element.text(u"by"_s), element.place()), {}, {}};
+        Group group{
+            readOperand(element.text(u"by"_s), element.place()), element.truth(u"new-page"_s), {}, {}};
         m_names.check(group.by, TotalsAllowed::No);
         const auto* const by = std::get_if<Reference>(&group.by);
         const bool isKey = by && (by->kind == Reference::Kind::Formula ||

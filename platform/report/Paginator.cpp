@@ -83,8 +83,16 @@ private:
     void placeRow(int closed, bool isLast)
     {
         m_placedHeads = m_opened - 1;
+        if (!m_settledRow.empty() && beginsPage()) nextPage();
         place([&] { return isLast ? ended(rowBlock(closed)) : rowBlock(closed); });
         settle();
+    }
+
+    bool beginsPage() const
+    {
+        for (int level = m_opened; level <= m_groups; ++level)
+            if (group(level).newPage) return true;
+        return false;
     }
 
     void settle()

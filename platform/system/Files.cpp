@@ -143,6 +143,14 @@ void FileCopy(const QString& source, const QString& target)
     if (!to.commit()) throw fileFault(errno, to.fileName());
 }
 
+void writeWhole(const QString& path, const QByteArray& bytes)
+{
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
+        throw fileFault(FileErrorNumber::PathAccess, path);
+    if (file.write(bytes) != bytes.size() || !file.commit()) throw fileFault(errno, path);
+}
+
 void CopyWhereMissing(const QString& source, const QString& target)
 {
     if (Exist(target)) return;

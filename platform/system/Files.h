@@ -35,6 +35,10 @@ void FileCopy(const QString& source, const QString& target);
 /// links, as on memory sticks, a moment remains in which it is not.) No half file, errors as FileCopy.
 void CopyWhereMissing(const QString& source, const QString& target);
 
+/// Puts these bytes in the place of what a file held: it is the old one or the new one, whatever happens
+/// meanwhile. `path` in the local form. \throws FileError; the old one is then as it was.
+void writeWhole(const QString& path, const QByteArray& bytes);
+
 /// A name beside a file under which it can be built: one that nobody else uses.
 QString draftName(const QString& path);
 

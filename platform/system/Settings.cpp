@@ -1,16 +1,15 @@
 #include "platform/system/Settings.h"
 
 #include "platform/system/FileFault.h"
+#include "platform/system/Files.h"
 #include "platform/system/Surroundings.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QLockFile>
-#include <QSaveFile>
 #include <QStandardPaths>
 
-#include <cerrno>
 #include <chrono>
 
 namespace sys {
@@ -41,14 +40,6 @@ void lock(QLockFile& lockFile, const QString& path)
     throw fileFault(FileErrorNumber::AccessDenied, path);
 }
 
-void replace(const QString& path, const QByteArray& bytes)
-{
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
-        throw fileFault(FileErrorNumber::PathAccess, path);
-    if (file.write(bytes) != bytes.size() || !file.commit()) throw fileFault(errno, path);
-}
-
 } // namespace
 
 QString GetSetting(const QString& section, const QString& key, const QString& preset)
@@ -68,7 +59,7 @@ void SaveSetting(const QString& section, const QString& key, const QString& valu
     line.replace(u"\r\n"_s, u" "_s).replace(u'\r', u' ').replace(u'\n', u' ');
     const auto before = surroundings().settingsBytes.bytes(path);
     const QByteArray after = SettingsFile::withValue(before.value_or(QByteArray()), section, key, line);
-    if (after != before) replace(path, after);
+    if (after != before) writeWhole(path, after);
 }
 
 } // namespace sys
