@@ -30,7 +30,7 @@ QJsonArray alsJson(const Zaehldatei::Zaehlungen& zahlen)
 Zaehldatei::Zaehlungen gelesen(const QJsonValue& json)
 {
     Zaehldatei::Zaehlungen zahlen;
-    for (const QJsonValue& zeile : json.toArray())
+    for (const auto& zeile : json.toArray())
         zahlen[{zeile[u"Artikel"].toString(), zeile[u"Lagerort"].toString()}] = zeile[u"Zahl"].toDouble();
     return zahlen;
 }
