@@ -14,6 +14,7 @@
 #include "platform/controls/DateCombo.h"
 #include "platform/controls/WindowMemory.h"
 #include "platform/controls/Wiring.h"
+#include "platform/report/ProgressBox.h"
 #include "platform/system/Clock.h"
 #include "platform/system/ErrorReport.h"
 #include "platform/system/Messages.h"
@@ -43,6 +44,29 @@ QDate letzterTag()
 {
     const QDate heute = sys::heute();
     return heute.year() == offenesJahr() ? heute : QDate(offenesJahr(), 12, 31);
+}
+
+/// As it is printed: what was counted is to be written into it.
+SheetRows zaehltabelle(const std::vector<Zaehlzeile>& zeilen, bool mitBestand)
+{
+    const auto werte = [zeilen, mitBestand](int erste, int anzahl) {
+        std::vector<std::vector<jet::Value>> alle;
+        for (int i = erste; i < erste + anzahl; ++i) {
+            const Zaehlzeile& zeile = zeilen[static_cast<std::size_t>(i)];
+            alle.push_back({zeile.paar.Artikel, zeile.paar.LagerortKurzKu, zeile.Artikelart,
+                            mitBestand ? jet::Value(zeile.Bestand) : jet::Value(), zeile.Einheit,
+                            zeile.Gezaehlt ? jet::Value(*zeile.Gezaehlt) : jet::Value()});
+        }
+        return alle;
+    };
+    return {{{u"Artikel"_s, {}},
+             {u"Lagerort"_s, {}},
+             {u"Artikelgruppe"_s, {}},
+             {u"Bestand"_s, Inventurmodell::Mengenformat, Qt::AlignRight},
+             {u"Einheit"_s, {}},
+             {u"Gezählt"_s, Inventurmodell::Mengenformat, Qt::AlignRight}},
+            qsizetype(zeilen.size()),
+            werte};
 }
 
 QString zeilen(int anzahl)
@@ -117,19 +141,22 @@ QLayout* InventurForm::errichteKnoepfe()
 {
     auto* const buchen = new QPushButton(u"&Buchen"_s);
     auto* const drucken = new QPushButton(u"Zählliste &drucken"_s);
+    auto* const excel = new QPushButton(u"an E&xcel übergeben"_s);
     auto* const schliessen = new QPushButton(u"S&chließen"_s);
     drucken->setObjectName(u"cmdDrucken"_s);
+    excel->setObjectName(u"cmdExcel"_s);
     buchen->setObjectName(u"cmdBuchen"_s);
     schliessen->setObjectName(u"cmdSchliessen"_s);
     auto* const knoepfe = new QHBoxLayout;
-    for (QPushButton* const knopf : {buchen, drucken, schliessen}) {
+    for (QPushButton* const knopf : {buchen, drucken, excel, schliessen}) {
         knopf->setAutoDefault(false);
         knoepfe->addWidget(knopf);
     }
-    knoepfe->insertWidget(2, chkMitBestand);
-    knoepfe->insertStretch(3);
+    knoepfe->insertWidget(3, chkMitBestand);
+    knoepfe->insertStretch(4);
     verdrahte(buchen, &QPushButton::clicked, this, &InventurForm::buche);
     verdrahte(drucken, &QPushButton::clicked, this, &InventurForm::drucke);
+    verdrahte(excel, &QPushButton::clicked, this, &InventurForm::uebergib);
     verdrahte(schliessen, &QPushButton::clicked, this, [this] { close(); });
     return knoepfe;
 }
@@ -201,6 +228,14 @@ void InventurForm::drucke()
 {
     const sys::Hourglass warten;
     m_papier->drucke(m_modell->gezeigte(), m_datei.Tag(), chkMitBestand->Value() != 0);
+}
+
+void InventurForm::uebergib()
+{
+    const sys::Hourglass warten;
+    report::ProgressBox fortschritt(u"Die Tabelle wird geschrieben ..."_s, this);
+    m_uebergabe.Export(zaehltabelle(m_modell->gezeigte(), chkMitBestand->Value() != 0),
+                       u"Zählliste "_s + m_datei.Tag().toString(Qt::ISODate), fortschritt.progress());
 }
 
 void InventurForm::buche()

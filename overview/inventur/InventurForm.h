@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/inventur/Zaehldatei.h"
+#include "platform/family/GridExport.h"
 
 #include <QDialog>
 
@@ -36,6 +37,7 @@ private:
     void fuelleListen();
     void waehleTag();
     void drucke();
+    void uebergib();
     void buche();
 
     Zaehldatei m_datei;
@@ -47,5 +49,6 @@ private:
     CheckBox* chkMitBestand;
     QLabel* m_stand;
     std::unique_ptr<Zaehlpapier> m_papier;
+    GridExport m_uebergabe;
     int m_gebucht = 0;
 };

@@ -13,8 +13,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString Mengenformat = u"##,##0.00##"_s;
-
 bool gleich(const QString& name, const QString& anderer)
 {
     return jet::compareTexts(name, anderer) == 0;

@@ -24,6 +24,8 @@ public:
         Hinweis
     };
 
+    inline static const QString Mengenformat = QStringLiteral("##,##0.00##");
+
     /// `merke` keeps a count where it survives the program. What it throws is reported, and the cell keeps
     /// what it had.
     using Merke = std::function<void(const Paar& paar, std::optional<double> gezaehlt)>;

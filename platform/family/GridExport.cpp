@@ -2,7 +2,6 @@
 
 #include "platform/controls/DataGrid.h"
 #include "platform/jet/Errors.h"
-#include "platform/sheet/Spreadsheet.h"
 #include "platform/system/ErrorReport.h"
 #include "platform/system/FileFault.h"
 #include "platform/system/FileName.h"
@@ -36,21 +35,27 @@ std::vector<SheetColumn> visibleColumns(const DataGrid& grid)
     return visible;
 }
 
+SheetRows rowsOf(const DataGrid& grid)
+{
+    return {visibleColumns(grid), grid.rows().RecordCount(),
+            [&grid](int first, int count) { return grid.Values(first, count); }};
+}
+
 /// Rows are written by a thread while the next ones are read here, a block at a time. It stays the same one:
 /// where the machine has other work, a thread for each block is kept waiting longer than it saves. \returns
 /// false when it was ended.
-bool writeSheet(const DataGrid& grid, const QString& file, const QString& name,
+bool writeSheet(const SheetRows& source, const QString& file, const QString& name,
                 const GridExport::Progress& progress)
 {
     constexpr qsizetype RowsABlock = 500;
-    const qsizetype rows = grid.rows().RecordCount();
+    const qsizetype rows = source.count;
     const qsizetype all = 2 * rows; // the rows, and then their packing
-    Spreadsheet sheet(file, name, visibleColumns(grid));
+    Spreadsheet sheet(file, name, source.columns);
     std::vector<std::vector<jet::Value>> block;
     QSemaphore written(1);
     QThreadPool writer; // goes first, and not before it is done
     for (qsizetype row = 0; row < rows; row += RowsABlock) {
-        auto read = grid.Values(static_cast<int>(row), static_cast<int>(std::min(RowsABlock, rows - row)));
+        auto read = source.read(static_cast<int>(row), static_cast<int>(std::min(RowsABlock, rows - row)));
         written.acquire();
         sheet.requireRoom();
         if (!progress(row, all)) return false;
@@ -77,28 +82,44 @@ QString takeFreeName(QFile& draft, const QString& path)
     return file;
 }
 
-} // namespace
-
-void GridExport::Export(const DataGrid& grid, const QString& name, const QString& directory,
-                        const Progress& progress)
+/// An empty name: the writing was ended.
+void writeAndOpen(const std::function<QString()>& write)
 {
     QString file;
     sys::underErrorReport({
-        [&] { file = Write(grid, name, directory, progress); },
+        [&] { file = write(); },
         [&] {
             if (!file.isEmpty()) sys::openDocument(file);
         },
     });
 }
 
+} // namespace
+
+void GridExport::Export(const DataGrid& grid, const QString& name, const QString& directory,
+                        const Progress& progress)
+{
+    writeAndOpen([&] { return Write(grid, name, directory, progress); });
+}
+
+void GridExport::Export(const SheetRows& rows, const QString& name, const Progress& progress)
+{
+    writeAndOpen([&] { return write(rows, name, {}, progress); });
+}
+
 QString GridExport::Write(const DataGrid& grid, const QString& name, const QString& directory,
                           const Progress& progress)
 {
-    if (grid.rows().RecordCount() > Spreadsheet::MostRows)
+    return write(rowsOf(grid), name.isEmpty() ? grid.Title() : name, directory, progress);
+}
+
+QString GridExport::write(const SheetRows& rows, const QString& title, const QString& directory,
+                          const Progress& progress)
+{
+    if (rows.count > Spreadsheet::MostRows)
         throw jet::Error(
             jet::ErrorNumber::InvalidArgument,
             u"Die Liste hat mehr Zeilen, als in einer Tabelle Platz haben. Grenzen Sie die Ansicht ein."_s);
-    const QString title = name.isEmpty() ? grid.Title() : name;
     const QString path =
         (directory.isEmpty() ? ownDirectory() : sys::localPath(directory)) + u'/' + sys::fileNameFor(title);
     QFile draft(sys::draftName(path));
@@ -107,7 +128,7 @@ QString GridExport::Write(const DataGrid& grid, const QString& name, const QStri
     draft.close();
     auto removeDraft = qScopeGuard([&draft] { draft.remove(); });
     try {
-        if (!writeSheet(grid, draft.fileName(), title, progress)) return {};
+        if (!writeSheet(rows, draft.fileName(), title, progress)) return {};
     } catch (const sys::FileError& error) { // the user knows the file, not its draft
         throw sys::FileError(error.number(),
                              QString(error.text()).replace(draft.fileName(), path + u".xlsx"_s));

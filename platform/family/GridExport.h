@@ -1,10 +1,20 @@
 #pragma once
 
+#include "platform/sheet/Spreadsheet.h"
+
 #include <QString>
 
 #include <functional>
 
 class DataGrid;
+
+/// Rows for a sheet, wherever they are.
+struct SheetRows {
+    std::vector<SheetColumn> columns;
+    qsizetype count = 0;
+    /// A stretch of them, a value for each column.
+    std::function<std::vector<std::vector<jet::Value>>(int first, int count)> read;
+};
 
 /// The family's component that hands a grid to the user's spreadsheet program: a file of one sheet with the
 /// columns that are visible, their captions as its first row, and the rows in the order and choice of the
@@ -25,6 +35,8 @@ public:
     ///        ends, since the spreadsheet program may have the file open for longer.
     void Export(const DataGrid& grid, const QString& name, const QString& directory,
                 const Progress& progress);
+    /// The same of other rows; they have a name.
+    void Export(const SheetRows& rows, const QString& name, const Progress& progress);
 
     /// Writes the file, parameters as above. A file that is there is left alone, since it may be open or the
     /// user may have worked on it: the new one is then called "Name (2).xlsx". \returns its path; empty:
@@ -34,6 +46,8 @@ public:
                   const Progress& progress);
 
 private:
+    QString write(const SheetRows& rows, const QString& title, const QString& directory,
+                  const Progress& progress);
     QString ownDirectory();
 
     QString m_directory; // once it exists
