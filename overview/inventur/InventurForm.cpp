@@ -10,6 +10,7 @@
 #include "overview/inventur/Zaehlpapier.h"
 #include "overview/inventur/Zaehltabelle.h"
 #include "platform/controls/CheckBox.h"
+#include "platform/controls/CheckedField.h"
 #include "platform/controls/ComboBox.h"
 #include "platform/controls/DateCombo.h"
 #include "platform/controls/WindowMemory.h"
@@ -218,20 +219,29 @@ void InventurForm::fuelleListen()
 
 void InventurForm::waehleTag()
 {
-    if (!Zaehltag->Date().isValid()) return;
-    m_datei.setTag(Zaehltag->Date());
+    const QDate tag = Zaehltag->Date(); // as typed, before the field refuses it
+    if (!tag.isValid() || tag.year() != offenesJahr()) return;
+    m_datei.setTag(tag);
     lies();
+}
+
+/// A mnemonic presses a button without leaving the field.
+bool InventurForm::istUebernommen()
+{
+    return owedChecksPass(*this) && m_tabelle->uebernimm();
 }
 
 /// The lines that are shown: a place is counted by itself.
 void InventurForm::drucke()
 {
+    if (!istUebernommen()) return;
     const sys::Hourglass warten;
     m_papier->drucke(m_modell->gezeigte(), m_datei.Tag(), chkMitBestand->Value() != 0);
 }
 
 void InventurForm::uebergib()
 {
+    if (!istUebernommen()) return;
     const sys::Hourglass warten;
     report::ProgressBox fortschritt(u"Die Tabelle wird geschrieben ..."_s, this);
     m_uebergabe.Export(zaehltabelle(m_modell->gezeigte(), chkMitBestand->Value() != 0),
@@ -240,6 +250,7 @@ void InventurForm::uebergib()
 
 void InventurForm::buche()
 {
+    if (!istUebernommen()) return;
     const int gezaehlt = m_modell->gezaehlte();
     if (gezaehlt == 0) return sys::critical(u"Es ist noch nichts gezählt."_s);
     if (sys::messages().show(zeilen(gezaehlt) + u" als Korrektur zum "_s + datumText(m_datei.Tag()) +

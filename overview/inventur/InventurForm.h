@@ -22,7 +22,6 @@ class InventurForm final : public QDialog {
 
 public:
     explicit InventurForm(QWidget* parent = nullptr);
-
     ~InventurForm() override;
 
     int gebucht() const { return m_gebucht; } ///< Rows that stand in the journal now.
@@ -36,6 +35,7 @@ private:
     void zeige();
     void fuelleListen();
     void waehleTag();
+    bool istUebernommen();
     void drucke();
     void uebergib();
     void buche();

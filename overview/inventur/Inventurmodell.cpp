@@ -18,11 +18,6 @@ bool gleich(const QString& name, const QString& anderer)
     return jet::compareTexts(name, anderer) == 0;
 }
 
-bool istDasselbe(const Paar& paar, const Paar& anderes)
-{
-    return gleich(paar.Artikel, anderes.Artikel) && gleich(paar.LagerortKurzKu, anderes.LagerortKurzKu);
-}
-
 } // namespace
 
 void Inventurmodell::setze(std::vector<Zaehlzeile> zeilen)
@@ -46,7 +41,7 @@ void Inventurmodell::grenzeEin(const QString& lagerort, const QString& artikelgr
 void Inventurmodell::markiere(const std::vector<Zaehlzeile>& geaendert)
 {
     for (const Zaehlzeile& zeile : geaendert)
-        m_geaendert.push_back(zeile.paar);
+        m_geaendert.insert(zeile.paar);
     if (rowCount() > 0) Q_EMIT dataChanged(index(0, Hinweis), index(rowCount() - 1, Hinweis));
 }
 
@@ -127,9 +122,8 @@ QString Inventurmodell::text(const QModelIndex& zelle) const
 QString Inventurmodell::hinweis(const Zaehlzeile& zeile) const
 {
     if (zeile.ZweiEinheiten) return u"hat Zeilen in verschiedenen Einheiten und wird hier nicht gezählt"_s;
-    const bool geaendert =
-        std::ranges::any_of(m_geaendert, [&](const Paar& paar) { return istDasselbe(paar, zeile.paar); });
-    if (geaendert) return u"Bestand hat sich geändert: bitte prüfen und noch einmal buchen"_s;
+    if (m_geaendert.contains(zeile.paar))
+        return u"Bestand hat sich geändert: bitte prüfen und noch einmal buchen"_s;
     return zeile.SpaetereBuchungen ? u"hat spätere Buchungen"_s : QString();
 }
 

@@ -5,6 +5,7 @@
 #include <QAbstractTableModel>
 
 #include <functional>
+#include <set>
 #include <vector>
 
 /// The lines of a count, those of the chosen places and kinds, to be counted in their cells.
@@ -54,5 +55,5 @@ private:
     Merke m_merke;
     std::vector<Zaehlzeile> m_zeilen;
     std::vector<std::size_t> m_gezeigte; // of them
-    std::vector<Paar> m_geaendert;
+    std::set<Paar> m_geaendert;
 };

@@ -34,6 +34,13 @@ Zaehltabelle::Zaehltabelle(QWidget* parent) : QTableView(parent)
     horizontalHeader()->setHighlightSections(false);
 }
 
+bool Zaehltabelle::uebernimm()
+{
+    if (state() != EditingState) return true;
+    setFocus(); // a field that is left gives its text
+    return static_cast<Zaehlfeld*>(itemDelegate())->genommen;
+}
+
 void Zaehltabelle::keyPressEvent(QKeyEvent* taste)
 {
     if (state() == EditingState)

@@ -11,6 +11,9 @@ class Zaehltabelle : public QTableView {
 public:
     explicit Zaehltabelle(QWidget* parent = nullptr);
 
+    /// Takes what is typed and not left yet, as when a key presses a button. \returns false: it was refused.
+    bool uebernimm();
+
 protected:
     void keyPressEvent(QKeyEvent* taste) override;
     void closeEditor(QWidget* feld, QAbstractItemDelegate::EndEditHint wie) override;

@@ -59,7 +59,7 @@ public:
     QString Name() const;   ///< The local path of the file.
 
     /// How far whoever made the tables has brought them, as he counts; 0 when he never said. Read once a
-    /// connection, and anew in a transaction.
+    /// connection, and anew in a transaction that writes.
     int SchemaVersion() const;
     void setSchemaVersion(int version);
 
