@@ -1,5 +1,6 @@
-// Opening the main screen, until it has been painted.
+// Opening the main screen, until it has been painted, and until both lists are filled.
 
+#include "bench/BareAnsichten.h"
 #include "bench/Messbetrieb.h"
 #include "bench/Messbildschirm.h"
 
@@ -13,6 +14,7 @@
 #include <QMenuBar>
 #include <QProcess>
 
+#include <algorithm>
 #include <optional>
 
 using namespace Qt::StringLiterals;
@@ -21,18 +23,24 @@ namespace {
 
 constexpr QSize Entwurfsgroesse(1000, 700);
 
-enum class Inhalt { Nichts, Jahr };
+/// What a program of the run opens, and how far it goes.
+enum class Inhalt {
+    Nichts,      ///< The widgets without data.
+    Anweisungen, ///< The same, and what both lists ask is read bare.
+    Jahr,        ///< The main screen until it is painted.
+    Listen,      ///< And until both lists are filled.
+};
 
-/// How a program of the run is told what to open.
-QString argument(Inhalt inhalt)
-{
-    return inhalt == Inhalt::Jahr ? u"--jahr"_s : u"--nichts"_s;
-}
+/// How a program of the run is told.
+constexpr std::pair<Inhalt, QStringView> Argumente[] = {{Inhalt::Nichts, u"--nichts"},
+                                                        {Inhalt::Anweisungen, u"--anweisungen"},
+                                                        {Inhalt::Jahr, u"--jahr"},
+                                                        {Inhalt::Listen, u"--listen"}};
 
 std::optional<Inhalt> inhaltZu(const QString& text)
 {
-    for (const Inhalt inhalt : {Inhalt::Nichts, Inhalt::Jahr})
-        if (text == argument(inhalt)) return inhalt;
+    for (const auto& [inhalt, argument] : Argumente)
+        if (text == argument) return inhalt;
     return {};
 }
 
@@ -58,8 +66,8 @@ private:
 
 std::unique_ptr<QDialog> bildschirm(Inhalt inhalt)
 {
-    if (inhalt == Inhalt::Nichts) return std::make_unique<LeererBildschirm>();
-    return std::make_unique<LagerbestandNeu>();
+    if (inhalt == Inhalt::Jahr || inhalt == Inhalt::Listen) return std::make_unique<LagerbestandNeu>();
+    return std::make_unique<LeererBildschirm>();
 }
 
 QString groesse(const Umfang& umfang)
@@ -76,7 +84,7 @@ void pruefe(const Umfang& umfang)
             u"rows are missing in the stock list"_s);
 }
 
-/// A program of its own that opens the screen, from its start to the first painting.
+/// A program of its own that opens the screen, from its start to its end.
 void starte(Inhalt inhalt, const Messbetrieb& betrieb)
 {
     QProcess programm;
@@ -84,7 +92,8 @@ void starte(Inhalt inhalt, const Messbetrieb& betrieb)
     auto umgebung = QProcessEnvironment::systemEnvironment();
     umgebung.insert(u"TMPDIR"_s, betrieb.verzeichnis()); // it leaves there what it does not clear up
     programm.setProcessEnvironment(umgebung);
-    programm.start(QCoreApplication::applicationFilePath(), {argument(inhalt), betrieb.verzeichnis()});
+    const auto wie = std::ranges::find(Argumente, inhalt, [](const auto& paar) { return paar.first; });
+    programm.start(QCoreApplication::applicationFilePath(), {wie->second.toString(), betrieb.verzeichnis()});
     fordere(programm.waitForFinished() && programm.exitCode() == 0, u"the program did not open its screen"_s);
 }
 
@@ -94,6 +103,11 @@ void messeProgramm(const Messbetrieb& betrieb, const Umfang& umfang)
     messung.nimm(u"limit: the same widgets without data"_s, 0, [&] { starte(Inhalt::Nichts, betrieb); });
     messung.nimm(u"LagerbestandNeu"_s, 1.2, [&] { starte(Inhalt::Jahr, betrieb); });
     messung.miss(umfang.runden);
+    Messung listen(u"A program that fills both lists"_s + groesse(umfang), 1);
+    listen.nimm(u"limit: widgets, the lists' statements bare"_s, 0,
+                [&] { starte(Inhalt::Anweisungen, betrieb); });
+    listen.nimm(u"LagerbestandNeu"_s, 1.5, [&] { starte(Inhalt::Listen, betrieb); });
+    listen.miss(umfang.runden);
 }
 
 /// In a program that runs already. Every time the year file is opened anew.
@@ -124,12 +138,31 @@ void messeOeffnen(const Umfang& umfang)
     messeFenster(umfang);
 }
 
-/// What a started program does; it ends with the painting, without clearing up.
+void liesAnweisungen(const QString& journaldatei)
+{
+    const Ausschnitt jahr{
+        QDate(Messbetrieb::ErstesJahr, 1, 1), QDate(Messbetrieb::ErstesJahr, 12, 31), {}, {}};
+    BareAnsichten bar(journaldatei);
+    bar.repariere();
+    fordere(!bar.schluessel(jahr).empty() && !bar.bestandsliste(jahr).empty(), u"no rows"_s);
+}
+
+void warteAufListen(const QDialog& fenster)
+{
+    const auto* const bestand = fenster.findChild<DataControl*>(u"Bestanddaten"_s);
+    while (bestand->RecordCount() == 0)
+        QCoreApplication::processEvents();
+}
+
+/// What a started program does; it ends without clearing up.
 void oeffneUndEnde(Inhalt inhalt, const QString& verzeichnis)
 {
-    Messbetrieb::melde(Installation(verzeichnis));
+    const Installation ort(verzeichnis);
+    Messbetrieb::melde(ort);
     const auto fenster = bildschirm(inhalt);
     zeigeBisGemalt(*fenster);
+    if (inhalt == Inhalt::Anweisungen) liesAnweisungen(ort.journaldatei(u"4711"_s, Messbetrieb::ErstesJahr));
+    if (inhalt == Inhalt::Listen) warteAufListen(*fenster);
     std::_Exit(0);
 }
 

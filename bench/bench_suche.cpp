@@ -41,9 +41,11 @@ void messeSuche(const Umfang& umfang)
                         [&](int) { suche(); });
         }
     };
-    miss(u"Sorted by day"_s);
+    drucke(u"Find as you type, "_s + QString::number(umfang.zeilen) + u" rows, "_s +
+           QString::number(umfang.paare) + u" pairs, "_s + QString::number(umfang.runden) + u" rounds"_s);
+    miss(u"  sorted by day"_s);
     bildschirm.klickeKopf("Journalliste", 1);
-    miss(u"Sorted by article"_s);
+    miss(u"  sorted by article"_s);
 }
 
 } // namespace

@@ -19,14 +19,18 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int Jahre = 5;
+/// Five years; of the large ones two, the one that is carried and the one that takes it.
+int jahre(const Umfang& umfang)
+{
+    return umfang.zeilen < 1'000'000 ? 5 : 2;
+}
 
 /// Journal files of the farm, of a copy for the bare way, and as they were before the first run.
 class Dateien {
 public:
-    explicit Dateien(const Messbetrieb& betrieb)
+    Dateien(const Messbetrieb& betrieb, int jahre)
     {
-        for (int jahr = Messbetrieb::ErstesJahr; jahr < Messbetrieb::ErstesJahr + Jahre; ++jahr) {
+        for (int jahr = Messbetrieb::ErstesJahr; jahr < Messbetrieb::ErstesJahr + jahre; ++jahr) {
             m_unsere.append(betrieb.journaldatei(jahr));
             m_bare.append(betrieb.verzeichnis() + u"/bar."_s + QString::number(jahr));
             m_anfang.append(betrieb.verzeichnis() + u"/anfang."_s + QString::number(jahr));
@@ -76,7 +80,7 @@ std::vector<Anfangsbestand> anfangsbestaende(const QString& datei)
 std::vector<double> vortraege(const Umfang& umfang)
 {
     std::vector<double> vortraege(static_cast<std::size_t>(umfang.paare));
-    for (int jahr = Messbetrieb::ErstesJahr; jahr < Messbetrieb::ErstesJahr + Jahre - 1; ++jahr) {
+    for (int jahr = Messbetrieb::ErstesJahr; jahr < Messbetrieb::ErstesJahr + jahre(umfang) - 1; ++jahr) {
         const auto summen = Musterjournal(jahr, umfang.zeilen, umfang.paare).summen();
         for (std::size_t i = 0; i < summen.size(); ++i)
             vortraege[i] = jet::Round(vortraege[i] + summen[i], 4);
@@ -86,7 +90,7 @@ std::vector<double> vortraege(const Umfang& umfang)
 
 void pruefe(const Dateien& dateien, const Umfang& umfang)
 {
-    for (int jahr = 0; jahr < Jahre; ++jahr)
+    for (int jahr = 0; jahr < jahre(umfang); ++jahr)
         fordere(anfangsbestaende(dateien.unsere()[jahr]) == anfangsbestaende(dateien.bare()[jahr]),
                 u"the opening rows differ in "_s + dateien.unsere()[jahr]);
     BareFile bar(dateien.unsere().last());
@@ -107,15 +111,15 @@ void pruefe(const Dateien& dateien, const Umfang& umfang)
 
 void messeUebertrag(const Umfang& umfang)
 {
-    const Messbetrieb betrieb(umfang.zeilen, umfang.paare, Jahre);
-    const Dateien dateien(betrieb);
+    const Messbetrieb betrieb(umfang.zeilen, umfang.paare, jahre(umfang));
+    const Dateien dateien(betrieb, jahre(umfang));
     const auto bar = [&] { barerUebertrag(dateien.bare(), Messbetrieb::ErstesJahr); };
     const auto unser = [] { JahresUbertrag(); };
     bar();
     unser();
     pruefe(dateien, umfang);
 
-    const QString groesse = QString::number(umfang.paare) + u" pairs, "_s + QString::number(Jahre) +
+    const QString groesse = QString::number(umfang.paare) + u" pairs, "_s + QString::number(jahre(umfang)) +
                             u" files of "_s + QString::number(umfang.zeilen) + u" rows"_s;
     Messung ohneAenderung(u"Carry-forward that changes nothing, "_s + groesse, 1);
     ohneAenderung.nimm(u"limit: its statements bare"_s, 0, bar);
