@@ -1,5 +1,5 @@
-// Stock questions: one, as the bare sum, through the engine from the statement's text, and as a host calls it; and
-// ten thousand different ones in a row, from C++ and from Python.
+// Stock questions: one, as the bare sum, through the engine from the statement's text, and as a host calls
+// it; and ten thousand different ones in a row, from C++ and from Python.
 
 #include "bench/Bare.h"
 #include "bench/Messbetrieb.h"
