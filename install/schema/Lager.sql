@@ -50,3 +50,6 @@ DROP INDEX Bestandsliste ON LAGERJOURNAL;
 CREATE INDEX Bestandsliste ON LAGERJOURNAL (Artikel, Artikelart, Einheit, LagerortKurzKu, Datum, ID, Menge);
 DROP INDEX Bestandsfrage ON LAGERJOURNAL;
 CREATE INDEX Bestandsfrage ON LAGERJOURNAL (Artikel, LagerortKurzKu, Datum, ID, Menge, Preis);
+-- 6: sales without a note number are looked for in the index alone
+DROP INDEX Lieferscheine ON LAGERJOURNAL;
+CREATE INDEX Lieferscheine ON LAGERJOURNAL (Buchungsart, Datum, Uberstallt_alt, Lieferscheinnummer);

@@ -51,7 +51,7 @@ protected:
 const QString Vorher = u"1 | 05.05.2024 | Weizen | 12,5 Einstellungen 1 LAGERJOURNAL 17 Stand 0"_s;
 // Not the column OhneVorjahr: that it is missing means something.
 const QString Nachher =
-    u"1 | 05.05.2024 | Weizen | 12,5 Einstellungen 1 LAGERJOURNAL 18 Liefereinstellungen 6 Stand 5"_s;
+    u"1 | 05.05.2024 | Weizen | 12,5 Einstellungen 1 LAGERJOURNAL 18 Liefereinstellungen 6 Stand 6"_s;
 
 } // namespace
 
@@ -87,7 +87,7 @@ TEST_F(AlteDatei, GesperrteWirdBenutztWieSieIstUndNeuereVerweigert)
     EXPECT_EQ(gezeigtes(), Vorher);
     wennMoeglich();
     EXPECT_EQ(gezeigtes(), Nachher);
-    oeffne(Dateiart::Lager, m_datei)->setSchemaVersion(6);
+    oeffne(Dateiart::Lager, m_datei)->setSchemaVersion(7);
     jet::engine().release();
     EXPECT_THROW(wennMoeglich(), jet::Error);
     EXPECT_THROW(oeffne(Dateiart::Lager, m_datei), jet::Error);
