@@ -7,6 +7,7 @@
 #include "platform/controls/DataGrid.h"
 #include "platform/controls/GridSortieren.h"
 #include "platform/controls/RowIds.h"
+#include "platform/jet/TextLiteral.h"
 
 #include <algorithm>
 #include <functional>
@@ -153,9 +154,7 @@ void oeffne(const Ansicht& diese, const Ansicht& andere, const QString& quelle)
 QString aktuellerBestand(const DataControl& daten)
 {
     if (daten.AbsolutePosition() < 0) return {};
-    const auto wert = [&](QStringView feld) {
-        return u"'"_s + daten.Recordset()[feld].toText().replace(u'\'', u"''"_s) + u"'"_s;
-    };
+    const auto wert = [&](QStringView feld) { return jet::textLiteral(daten.Recordset()[feld].toText()); };
     return u"Artikel = "_s + wert(u"Artikel") + u" AND LagerortKurzKu = "_s + wert(u"LagerortKurzKu");
 }
 

@@ -3,6 +3,7 @@
 #include "core/farm/Betriebe.h"
 #include "core/farm/Dateien.h"
 #include "core/farm/Jahresdateien.h"
+#include "platform/jet/TextLiteral.h"
 
 #include <algorithm>
 
@@ -10,8 +11,8 @@ using namespace Qt::StringLiterals;
 
 std::optional<Verwendung> verwendung(const QString& datenverzeichnis, QStringView spalte, const QString& text)
 {
-    const QString frage = u"SELECT TOP 1 ID FROM LAGERJOURNAL WHERE "_s + spalte.toString() + u" = '"_s +
-                          QString(text).replace(u'\'', u"''"_s) + u"'"_s;
+    const QString frage = u"SELECT TOP 1 ID FROM LAGERJOURNAL WHERE "_s + spalte.toString() + u" = "_s +
+                          jet::textLiteral(text);
     for (const QString& nummer : betriebe(datenverzeichnis)) {
         const QString ordner = betriebsordner(datenverzeichnis, nummer);
         auto jahre = jahresdateien(ordner);

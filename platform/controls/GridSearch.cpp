@@ -3,6 +3,7 @@
 #include "platform/controls/DataGrid.h"
 #include "platform/controls/GridHeader.h"
 #include "platform/jet/ShownText.h"
+#include "platform/jet/TextLiteral.h"
 #include "platform/system/ErrorReport.h"
 
 #include <QKeyEvent>
@@ -18,14 +19,9 @@ namespace {
 
 constexpr int Pause = 1000; // ms without a key, after which a word is at its end
 
-QString literal(const QString& text)
-{
-    return u'\'' + QString(text).replace(u'\'', u"''"_s) + u'\'';
-}
-
 QString begins(const QString& field, QStringView format, const QString& word)
 {
-    return u"BEGINS(%1, %2, %3)"_s.arg(field, literal(format.toString()), literal(word));
+    return u"BEGINS(%1, %2, %3)"_s.arg(field, jet::textLiteral(format.toString()), jet::textLiteral(word));
 }
 
 /// A whole day is a stretch of an index.
@@ -43,8 +39,8 @@ QString dateCriterion(const QString& field, const QString& word)
 QString textCriterion(const QString& field, const QString& word)
 {
     const QString first = word.section(u' ', 0, 0);
-    return u"%1 >= %2 AND %1 <= %3 AND %4"_s.arg(field, literal(first), literal(first + QChar(0xFFFF)),
-                                                 begins(field, {}, word));
+    return u"%1 >= %2 AND %1 <= %3 AND %4"_s.arg(
+        field, jet::textLiteral(first), jet::textLiteral(first + QChar(0xFFFF)), begins(field, {}, word));
 }
 
 /// A letter begins no figure, so that no row need be asked.

@@ -2,6 +2,7 @@
 
 #include "platform/jet/Engine.h"
 #include "platform/jet/Errors.h"
+#include "platform/jet/TextLiteral.h"
 
 #include <algorithm>
 
@@ -23,7 +24,7 @@ bool hasTable(const jet::Database& file, const QString& table)
 QString literal(const jet::Value& value)
 {
     if (jet::isNumber(value.type())) return QString::number(value.toDouble(), 'g', 15);
-    return u'\'' + value.toText().replace(u'\'', u"''"_s) + u'\'';
+    return jet::textLiteral(value.toText());
 }
 
 } // namespace
