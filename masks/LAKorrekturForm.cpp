@@ -19,6 +19,7 @@ LAKorrekturForm::LAKorrekturForm(const Hauptansicht& haupt, QWidget* parent)
     ui->setupUi(this);
     richteAus({ui->Kopf->Kopf, ui->Bestaende, ui->Fuss->Kommentarzeile});
     m_stand.emplace(*ui->txtBisher, ui->txtBisherGesamt, *ui->Ampel);
+    m_warnung.emplace(*ui->Fuss->lblWarnung);
     m_buchung = new Einzelbuchung({*ui->Kopf, *ui->Fuss, *ui->txtMenge, *ui->txtEinheit, *ui->Ampel},
                                   {[] {}, [this] { FelderFullen(); }}, *this);
     new Speicherweg(*this, *ui->Fuss, m_buchung->eingaben(),
@@ -43,7 +44,10 @@ void LAKorrekturForm::Form_Load()
     sys::underErrorReport({
         [this] { m_buchung->oeffne(); },
         [this] {
-            if (aendert()) m_buchung->zeige(gelesen(journaldaten().Recordset()));
+            if (!aendert()) return;
+            const Buchung zeile = gelesen(journaldaten().Recordset());
+            m_buchung->zeige(zeile);
+            m_warnung->setVorher({zeile});
         },
         [this] {
             if (aendert()) zeigeZaehlung();
@@ -80,6 +84,7 @@ void LAKorrekturForm::FelderFullen()
     berechneDifferenz();
     ermittleEinheit();
     AmpelEinstellen();
+    zeigeWarnung();
 }
 
 void LAKorrekturForm::zeigeBisher()
@@ -118,6 +123,14 @@ void LAKorrekturForm::txtMenge_Change()
     if (m_bisher == Bisher::Geleert) zeigeBisher();
     berechneDifferenz();
     AmpelEinstellen();
+    zeigeWarnung();
+}
+
+void LAKorrekturForm::zeigeWarnung()
+{
+    Buchung zeile = m_buchung->buchung();
+    zeile.Menge = ui->txtNeu->Value();
+    m_warnung->zeige({zeile});
 }
 
 /// A count has no difference to a stock that could not be looked up, or that was not looked up since the last
@@ -154,4 +167,5 @@ void LAKorrekturForm::leereFuerNaechste()
     m_gezaehlt = false;
     m_buchung->zeigeTag();
     AmpelEinstellen();
+    m_warnung->zeige({}); // the article stays, but nothing is counted
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "masks/Bestandswarnung.h"
 #include "masks/Einzelbuchung.h"
 #include "masks/Lagerstand.h"
 #include "masks/Maskenfenster.h"
@@ -34,6 +35,7 @@ private:
     void ermittleEinheit();
     void berechneDifferenz();
     void txtMenge_Change();
+    void zeigeWarnung();
 
     void ermittleStand();
     bool istGezaehlt() const;
@@ -43,6 +45,7 @@ private:
     std::unique_ptr<Ui::LAKorrekturForm> ui;
     Einzelbuchung* m_buchung = nullptr;
     std::optional<Lagerstand> m_stand;
+    std::optional<Bestandswarnung> m_warnung;
     Bisher m_bisher = Bisher::Unbekannt;
     bool m_gezaehlt = false; ///< The user has typed a count.
 };

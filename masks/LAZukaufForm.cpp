@@ -50,6 +50,7 @@ LAZukaufForm::LAZukaufForm(const Hauptansicht& haupt, QWidget* parent)
     richteFelderEin();
     ordneAn();
     m_stand.emplace(*ui->txtBisher, ui->txtBisherGesamt, *ui->Ampel);
+    m_warnung.emplace(*ui->Fuss->lblWarnung);
     m_buchung = new Einzelbuchung({*ui->Kopf, *ui->Fuss, *ui->txtMenge, *ui->txtEinheit, *ui->Ampel},
                                   {[this] { Ansichteinstellen(); }, [this] { FelderFullen(); }}, *this,
                                   {ui->txtPreis, ui->stHandler});
@@ -153,6 +154,7 @@ void LAZukaufForm::uebernimmZeile()
 {
     const Buchung zeile = gelesen(journaldaten().Recordset());
     m_buchung->zeige(zeile);
+    m_warnung->setVorher({zeile});
     const double menge = zeile.Menge.value_or(0);
     ui->txtMenge->setValue(m_art.ausgang ? -menge : menge);
     ui->txtPreisFaktor->setValue(zahl(zeile.Preisfaktor.value_or(QString())));
@@ -194,6 +196,7 @@ void LAZukaufForm::FelderFullen()
     berechneBetrag();
     zeigePreiseinheit();
     AmpelEinstellen();
+    zeigeWarnung();
 }
 
 /// The latest price that the journal knows, or that of the master data where those are offered.
@@ -261,6 +264,14 @@ void LAZukaufForm::txtMenge_Change()
     berechneBetrag();
     berechneBestaende();
     AmpelEinstellen();
+    zeigeWarnung();
+}
+
+void LAZukaufForm::zeigeWarnung()
+{
+    Buchung zeile = m_buchung->buchung();
+    zeile.Menge = gebuchteMenge();
+    m_warnung->zeige({zeile});
 }
 
 void LAZukaufForm::zeigePreiseinheit()
@@ -305,4 +316,5 @@ void LAZukaufForm::leereFuerNaechste()
         zahlfeld->setValue(0);
     m_buchung->zeigeTag();
     AmpelEinstellen();
+    zeigeWarnung();
 }

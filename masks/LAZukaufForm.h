@@ -1,5 +1,6 @@
 #pragma once
 
+#include "masks/Bestandswarnung.h"
 #include "masks/Einzelbuchung.h"
 #include "masks/Lagerstand.h"
 #include "masks/Maskenfenster.h"
@@ -39,6 +40,7 @@ private:
     void txtBetrag_Change();
     void berechneBestaende();
     void berechneBetrag();
+    void zeigeWarnung();
     void txtPreisFaktor_Change();
     void txtPreisFaktor_Validate(Cancel& cancel);
     void zeigePreiseinheit();
@@ -56,5 +58,6 @@ private:
     DataControl* m_handlerDaten;
     Einzelbuchung* m_buchung = nullptr;
     std::optional<Lagerstand> m_stand;
+    std::optional<Bestandswarnung> m_warnung;
     QString m_bepreisterArtikel; ///< The article whose price was last looked up, trimmed and in lower case.
 };

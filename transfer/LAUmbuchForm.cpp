@@ -57,6 +57,7 @@ LAUmbuchForm::LAUmbuchForm(const Hauptansicht& haupt, QWidget* parent)
     richteFensterEin(*ui->Fuss, {ui->Abgang->drpLagerort, ui->Abgang->drpArtikel, ui->txtMenge,
                                  ui->Zugang->drpLagerort, ui->Zugang->drpArtikel, ui->Fuss->txtKommentar});
     bewache(*ui->txtMenge);
+    m_warnung.emplace(*ui->Fuss->lblWarnung);
     m_tag = new Buchungstag(
         *ui->Buchdatum, *ui->Command3, [this] { weiter(); }, this);
     m_abgang.emplace(
@@ -65,6 +66,7 @@ LAUmbuchForm::LAUmbuchForm(const Hauptansicht& haupt, QWidget* parent)
         seite(*ui->Zugang, *m_artikelauswahl2, *ui->txtZugangsID, 1, [this] { FelderFullen2(); }));
     m_zugang->artikel->etikettOhneArt();
     verdrahte(ui->txtMenge, &NumberEdit::Change, this, &LAUmbuchForm::txtMenge_Change);
+    verdrahte(ui->Buchdatum, &DateCombo::Change, this, &LAUmbuchForm::zeigeWarnung);
     const auto merke = [this] {
         sys::SaveSetting(Abschnitt, u"NurVorhandenAnzeigen2"_s,
                          QString::number(ui->Abgang->chkVorhanden->Value()));
@@ -147,6 +149,8 @@ void LAUmbuchForm::uebernimmPaar()
     const qint64 zugang = umbuchungspartner(journaldaten(), *abgang).value_or(*abgang);
     const Buchung zugangszeile = gelesen(*zeileMit(journaldaten(), zugang));
     uebernimmSeite(*m_zugang, zugangszeile);
+    m_warnung->setVorher(zugang == *abgang ? std::vector{abgangszeile}
+                                           : std::vector{abgangszeile, zugangszeile});
     ui->Fuss->txtKommentar->setText(zugangszeile.Kommentar.value_or(QString()));
 }
 
@@ -185,7 +189,7 @@ void LAUmbuchForm::FelderFullen()
     berechne(*m_abgang);
     AmpelEinstellen();
     const Artikelwahl& hier = *m_abgang->artikel;
-    if (hier.istUnveraendert()) return;
+    if (hier.istUnveraendert()) return zeigeWarnung();
     ermittleEinheit(*m_abgang);
     Artikelwahl& dort = *m_zugang->artikel;
     dort.setArtikelart(hier.Artikelart());
@@ -200,6 +204,7 @@ void LAUmbuchForm::FelderFullen2()
     berechne(*m_zugang);
     AmpelEinstellen();
     if (!m_zugang->artikel->istUnveraendert()) ermittleEinheit(*m_zugang);
+    zeigeWarnung();
 }
 
 void LAUmbuchForm::txtMenge_Change()
@@ -208,6 +213,12 @@ void LAUmbuchForm::txtMenge_Change()
     for (const Seite* seite : {&*m_abgang, &*m_zugang})
         seite->felder.txtNeu->setValue(seite->felder.txtBisher->Value() + seite->vorzeichen * menge);
     AmpelEinstellen();
+    zeigeWarnung();
+}
+
+void LAUmbuchForm::zeigeWarnung()
+{
+    m_warnung->zeige({buchung(*m_abgang, {}), buchung(*m_zugang, {})});
 }
 
 /// One step of the error report: ignoring an error cannot go on with half a pair.
@@ -322,5 +333,6 @@ void LAUmbuchForm::leereFuerNaechste()
         seite->setzeBestand(0, 0);
     }
     AmpelEinstellen();
+    zeigeWarnung();
     focusWhole(*ui->Buchdatum);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/farm/Buchung.h"
+#include "masks/Bestandswarnung.h"
 #include "masks/Lagerstand.h"
 #include "masks/Maskenfenster.h"
 
@@ -53,6 +54,7 @@ private:
     void ermittleEinheit(const Seite& seite);
     void berechne(Seite& seite);
     void txtMenge_Change();
+    void zeigeWarnung();
 
     void schreibe();
     void aendere();
@@ -69,6 +71,7 @@ private:
     DataControl* m_artikelauswahl2;
     Buchungstag* m_tag = nullptr;
     std::optional<Seite> m_abgang, m_zugang;
+    std::optional<Bestandswarnung> m_warnung;
     QString m_mitgenommen; ///< The article that the receiving side has from the issuing one.
     /// The rows, by their ID, of a new pair that could not be written to its end yet.
     std::optional<qint64> m_neuerAbgang, m_neuerZugang;
