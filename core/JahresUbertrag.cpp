@@ -9,6 +9,7 @@
 #include "core/farm/Dateien.h"
 #include "core/farm/Jahresdateien.h"
 #include "core/farm/Schema.h"
+#include "core/farm/umbenennung/Umbenennungslauf.h"
 #include "platform/jet/Errors.h"
 #include "platform/jet/Rounding.h"
 #include "platform/jet/Transaction.h"
@@ -124,6 +125,20 @@ void uebertrage(jet::Recordset& quelle, int vonJahr, int nachJahr)
     journal->Close();
 }
 
+/// \returns from which year on the farm's stocks are to be carried forward then.
+int beendeUmbenennung(int ab)
+{
+    const auto offene = unterbrochene(datenverzeichnis());
+    if (!offene) return ab;
+    sys::messages().show(u"Die Umbenennung von '"_s + offene->alt + u"' in '"_s + offene->neu +
+                             u"' wurde unterbrochen und wird jetzt zu Ende geführt."_s,
+                         sys::Information | sys::OKOnly);
+    modulzustand().Ruecknahmen.clear(); // they would bring the old name back
+    const ErsteJahre erste = fuehreZuEnde(datenverzeichnis());
+    const auto betrieb = erste.find(modulzustand().Betriebsnummer);
+    return betrieb == erste.end() ? ab : std::min(ab, betrieb->second);
+}
+
 } // namespace
 
 bool JahresUbertrag()
@@ -133,7 +148,7 @@ bool JahresUbertrag()
         sys::critical(u"Kein Betrieb in der Registrierung eingestellt!"_s);
         return false;
     }
-    const std::vector<int> jahre = jahreAb(modulzustand().Stichdatum.year());
+    const std::vector<int> jahre = jahreAb(beendeUmbenennung(modulzustand().Stichdatum.year()));
     // Ascending: a change in an early year flows through all later ones.
     for (std::size_t i = 0; i < jahre.size(); ++i) {
         const auto journal = oeffneJournal(jahre[i]);

@@ -32,6 +32,9 @@ Befehl stammdatenBefehl();
 Befehl pruefenBefehl();
 Befehl sichernBefehl();
 Befehl zurueckholenBefehl();
+Befehl umbenennenBefehl();
+Befehl verlaufBefehl();
+Befehl jahreslisteBefehl();
 Befehl sqlBefehl();
 
 /// The farm number of the option, of a farm that need not be there. \throws Aufruffehler when it is none.

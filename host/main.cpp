@@ -79,7 +79,8 @@ std::vector<Befehl> alleBefehle()
 {
     return {einrichtenBefehl(), demoBefehl(),          oeffnenBefehl(),      bestandBefehl(),
             uebertragBefehl(),  aktualisierenBefehl(), uebernehmenBefehl(),  stammdatenBefehl(),
-            pruefenBefehl(),    sichernBefehl(),       zurueckholenBefehl(), sqlBefehl()};
+            pruefenBefehl(),    sichernBefehl(),       zurueckholenBefehl(), umbenennenBefehl(),
+            verlaufBefehl(),    jahreslisteBefehl(),   sqlBefehl()};
 }
 
 void fuehreAus(QStringList worte)

@@ -21,10 +21,12 @@ constexpr auto EigeneSeite = "Hilfeseite";
 
 /// By the names of the windows.
 const std::map<QString, QString> Seiten{
-    {u"LAZukaufForm"_s, u"buchen"_s},       {u"LAKorrekturForm"_s, u"buchen"_s},
-    {u"LAUmbuchForm"_s, u"buchen"_s},       {u"LieferscheindruckForm"_s, u"lieferscheine"_s},
-    {u"StammdatenForm"_s, u"stammdaten"_s}, {u"PruefungForm"_s, u"sicherung"_s},
-    {u"InventurForm"_s, u"inventur"_s},     {u"Druckvorschau"_s, u"drucken"_s}};
+    {u"LAZukaufForm"_s, u"buchen"_s},         {u"LAKorrekturForm"_s, u"buchen"_s},
+    {u"LAUmbuchForm"_s, u"buchen"_s},         {u"LieferscheindruckForm"_s, u"lieferscheine"_s},
+    {u"StammdatenForm"_s, u"stammdaten"_s},   {u"PruefungForm"_s, u"sicherung"_s},
+    {u"InventurForm"_s, u"inventur"_s},       {u"VerlaufForm"_s, u"verlauf"_s},
+    {u"JahreslisteForm"_s, u"jahresliste"_s}, {u"UmbenennenForm"_s, u"umbenennen"_s},
+    {u"Druckvorschau"_s, u"drucken"_s}};
 
 void zeige(const QString& seite)
 {

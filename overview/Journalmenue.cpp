@@ -10,7 +10,7 @@
 using namespace Qt::StringLiterals;
 
 Journalmenue::Journalmenue(DataGrid& Journalliste, QPushButton& aendern, QPushButton& loeschen,
-                           QAction& zuruecknehmen, QWidget* parent)
+                           const QList<QAction*>& weitere, QWidget* parent)
     : QMenu(parent)
 {
     const auto biete = [this](const QString& text, Taste taste) {
@@ -19,7 +19,7 @@ Journalmenue::Journalmenue(DataGrid& Journalliste, QPushButton& aendern, QPushBu
     QAction* const aendere = biete(aendern.text(), Taste::Aendern);
     QAction* const loesche = biete(loeschen.text(), Taste::Loeschen);
     QAction* const kopiere = biete(u"&Kopieren"_s, Taste::Kopieren);
-    addAction(&zuruecknehmen);
+    addActions(weitere);
     addMenu(new Sortiermenue([&Journalliste]() -> DataGrid& { return Journalliste; }, this));
     setObjectName(u"M_Journal"_s);
     verdrahte(aendere, &QAction::triggered, this, [&aendern] { aendern.click(); });

@@ -5,11 +5,11 @@
 class DataGrid;
 class QPushButton;
 
-/// What can be done with the journal's current row, at the row itself.
+/// What can be done with the journal's current row, at the row itself, and further actions of the menu bar.
 class Journalmenue : public QMenu {
     Q_OBJECT
 
 public:
-    Journalmenue(DataGrid& Journalliste, QPushButton& aendern, QPushButton& loeschen, QAction& zuruecknehmen,
-                 QWidget* parent);
+    Journalmenue(DataGrid& Journalliste, QPushButton& aendern, QPushButton& loeschen,
+                 const QList<QAction*>& weitere, QWidget* parent);
 };

@@ -9,6 +9,7 @@
 #include "overview/Auswertung.h"
 #include "overview/Bildschirmzustand.h"
 #include "overview/Buchungsbefehle.h"
+#include "overview/Buchungssprung.h"
 #include "overview/Filterleiste.h"
 #include "overview/GruppierungLaden.h"
 #include "overview/Hilfetaste.h"
@@ -24,7 +25,10 @@
 #include "overview/Vorjahr.h"
 #include "overview/dateien/Pruefbefehl.h"
 #include "overview/inventur/Inventurbefehl.h"
+#include "overview/jahresliste/Jahresbefehl.h"
 #include "overview/stammdaten/Stammdatenbefehl.h"
+#include "overview/umbenennung/Umbenennungsbefehl.h"
+#include "overview/verlauf/Verlaufsbefehl.h"
 #include "platform/controls/RowIds.h"
 #include "platform/controls/TasteUmsetzen.h"
 #include "platform/controls/WindowMemory.h"
@@ -94,12 +98,17 @@ void LagerbestandNeu::errichteBefehle()
             m_jahr->zeigeStatus(u" · "_s + hinweis);
     };
     auto* const zuruecknehmen = new Ruecknahmebefehl(*Journaldaten, *ui->Journalliste, danach, this);
-    auto* const pruefen = new Pruefbefehl(
+    const auto& sprung = *new Buchungssprung(
         {*ui->drpJahr, *ui->SSTab1, *ui->TabJournal, *Journaldaten, *ui->Journalliste},
         [this] { zeigeAlles(); }, this);
+    auto* const pruefen = new Pruefbefehl(sprung, this);
+    auto* const verlauf = new Verlaufsbefehl(
+        *m_haupt, [this] { return journalGezeigt(); }, sprung, this);
     auto* const inventur = new Inventurbefehl([this] { aktualisiere(); }, this);
     auto* const stammdaten = new Stammdatenbefehl([this] { aktualisiere(); }, this);
-    richteMenueleisteEin(*ui, *this, {stammdaten, inventur, pruefen, zuruecknehmen});
+    richteMenueleisteEin(*ui, *this,
+                         {stammdaten, inventur, verlauf, new Jahresbefehl(this),
+                          new Umbenennungsbefehl([this] { aktualisiere(); }, this), pruefen, zuruecknehmen});
     new Buchungsbefehle({*ui->KurzEingabe, *ui->DrpBuchart, *ui->Command7_0_, *ui->Command7_1_}, *m_haupt,
                         danach, this);
     m_auswertung = new Auswertung(
@@ -112,7 +121,7 @@ void LagerbestandNeu::errichteBefehle()
          *ui->VonDatum, *ui->Buchdatum, *Bestanddaten},
         [this] { return m_filter->liesNeu(); }, this);
     new Loeschung(*ui->Command4, *Journaldaten, *ui->Journalliste, danach, this);
-    new Journalmenue(*ui->Journalliste, *ui->Command7_1_, *ui->Command4, *zuruecknehmen, this);
+    new Journalmenue(*ui->Journalliste, *ui->Command7_1_, *ui->Command4, {verlauf, zuruecknehmen}, this);
     new Tabellenuebergabe(*ui->ExcelButton, *ui->Journalliste, *ui->Command3, *ui->BestandListe, this);
     new Tastenbefehle(*ui, {[this] { aktualisiere(); }, [this] { zeigeAlles(); }}, *this);
     new Hilfetaste(*ui->M_Hilfe, *this);

@@ -1,60 +1,19 @@
 #include "overview/dateien/Pruefbefehl.h"
 
+#include "overview/Buchungssprung.h"
 #include "overview/dateien/PruefungForm.h"
-#include "platform/controls/ComboBox.h"
-#include "platform/controls/DataControl.h"
-#include "platform/controls/DataGrid.h"
-#include "platform/controls/RowIds.h"
 #include "platform/controls/Wiring.h"
-#include "platform/system/Messages.h"
-
-#include <QTabWidget>
 
 using namespace Qt::StringLiterals;
 
-Pruefbefehl::Pruefbefehl(const Felder& felder, std::function<void()> zeigeAlles, QWidget* bildschirm)
-    : QAction(u"&Dateien prüfen ..."_s, bildschirm), m_felder(felder), m_zeigeAlles(std::move(zeigeAlles))
+Pruefbefehl::Pruefbefehl(const Buchungssprung& sprung, QWidget* bildschirm)
+    : QAction(u"&Dateien prüfen ..."_s, bildschirm)
 {
     setObjectName(u"M_Dateipruefung"_s);
-    verdrahte(this, &QAction::triggered, this, [this, bildschirm] { pruefe(bildschirm); });
-}
-
-void Pruefbefehl::pruefe(QWidget* bildschirm)
-{
-    PruefungForm fenster(bildschirm);
-    fenster.exec();
-    const auto& befund = fenster.gewaehlter();
-    if (!befund || !befund->jahr || !oeffneJahr(*befund->jahr)) return;
-    if (befund->ID) zeigeBuchung(*befund->ID);
-}
-
-/// Opening another year carries stocks forward, which a look at a finding need not mean. \returns whether
-/// it is open.
-bool Pruefbefehl::oeffneJahr(int jahr) const
-{
-    const QString gesucht = QString::number(jahr);
-    if (m_felder.drpJahr.Text() == gesucht) return true;
-    if (sys::messages().show(
-            u"Dafür muss das Jahr "_s + gesucht +
-                u" geöffnet werden; dabei werden die Bestände weitergeschrieben. Jahr öffnen ?"_s,
-            sys::YesNo | sys::Question | sys::DefaultButton2) != sys::Answer::Yes)
-        return false;
-    m_felder.drpJahr.enterText(gesucht);
-    return m_felder.drpJahr.Text() == gesucht;
-}
-
-void Pruefbefehl::zeigeBuchung(qint64 ID) const
-{
-    m_felder.SSTab1.setCurrentWidget(&m_felder.TabJournal);
-    findId(m_felder.Journaldaten, ID);
-    if (m_felder.Journaldaten.NoMatch()) {
-        m_zeigeAlles();
-        findId(m_felder.Journaldaten, ID);
-    }
-    if (m_felder.Journaldaten.NoMatch())
-        sys::messages().show(
-            u"Die Buchung "_s + QString::number(ID) +
-                u" hat keinen Tag dieses Jahres, und nur solche zeigt das Bewegungsjournal."_s,
-            sys::Information | sys::OKOnly);
-    m_felder.Journalliste.setFocus();
+    verdrahte(this, &QAction::triggered, this, [&sprung, bildschirm] {
+        PruefungForm fenster(bildschirm);
+        fenster.exec();
+        const auto& befund = fenster.gewaehlter();
+        if (befund && befund->jahr) sprung.geheZu(*befund->jahr, befund->ID);
+    });
 }

@@ -82,7 +82,7 @@ InventurForm::InventurForm(QWidget* parent)
       drpArtikelgruppe(new ComboBox), m_tabelle(new Zaehltabelle),
       m_modell(new Inventurmodell([this](const Paar& paar, auto gezaehlt) { m_datei.merke(paar, gezaehlt); },
                                   this)),
-      chkMitBestand(new CheckBox), m_stand(new QLabel), m_papier(std::make_unique<Zaehlpapier>(this))
+      chkMitBestand(new CheckBox), m_stand(new QLabel), m_papier(this)
 {
     setObjectName(u"InventurForm"_s);
     setWindowTitle(u"Inventur "_s + modulzustand().Jahr);
@@ -116,8 +116,6 @@ InventurForm::InventurForm(QWidget* parent)
     sys::underErrorReport({[this] { beginne(); }});
     m_tabelle->setFocus();
 }
-
-InventurForm::~InventurForm() = default;
 
 QLayout* InventurForm::errichteKopf()
 {
@@ -236,7 +234,7 @@ void InventurForm::drucke()
 {
     if (!istUebernommen()) return;
     const sys::Hourglass warten;
-    m_papier->drucke(m_modell->gezeigte(), m_datei.Tag(), chkMitBestand->Value() != 0);
+    m_papier.drucke(zaehlpapier(m_modell->gezeigte(), m_datei.Tag(), chkMitBestand->Value() != 0));
 }
 
 void InventurForm::uebergib()

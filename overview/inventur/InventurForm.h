@@ -1,17 +1,15 @@
 #pragma once
 
 #include "core/inventur/Zaehldatei.h"
+#include "overview/Listenpapier.h"
 #include "platform/family/GridExport.h"
 
 #include <QDialog>
-
-#include <memory>
 
 class CheckBox;
 class ComboBox;
 class DateCombo;
 class Inventurmodell;
-class Zaehlpapier;
 class QLabel;
 class Zaehltabelle;
 
@@ -22,7 +20,6 @@ class InventurForm final : public QDialog {
 
 public:
     explicit InventurForm(QWidget* parent = nullptr);
-    ~InventurForm() override;
 
     int gebucht() const { return m_gebucht; } ///< Rows that stand in the journal now.
     void done(int result) override;
@@ -48,7 +45,7 @@ private:
     Inventurmodell* m_modell;
     CheckBox* chkMitBestand;
     QLabel* m_stand;
-    std::unique_ptr<Zaehlpapier> m_papier;
+    Listenpapier m_papier;
     GridExport m_uebergabe;
     int m_gebucht = 0;
 };

@@ -58,7 +58,7 @@ const std::vector<Tastenzeile>& tastentabelle()
          u"übergibt die gezeigte Liste an die Tabellenkalkulation"_s},
         {Taste::Lieferscheine, Hauptbildschirm, {Qt::CTRL | Qt::Key_L}, u"öffnet die Lieferscheine"_s},
         {Taste::Pruefen, Hauptbildschirm, {Qt::CTRL | Qt::Key_M}, u"prüft die Pflanzenschutzmittel"_s},
-        {Taste::Bestandsbild, Reserviert, {Qt::CTRL | Qt::Key_H}, u"zeigt den Verlauf des Bestandes"_s},
+        {Taste::Bestandsbild, Hauptbildschirm, {Qt::CTRL | Qt::Key_H}, u"zeigt den Verlauf des Bestandes"_s},
         {Taste::Aendern, Journal, {Qt::Key_Return, Qt::Key_Enter},
          u"ändert die Eintragung, auf der Sie stehen"_s},
         {Taste::Loeschen, Journal, {Qt::Key_Delete}, u"löscht die Eintragung, auf der Sie stehen"_s},

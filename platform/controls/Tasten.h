@@ -39,8 +39,7 @@ enum class Taste {
 };
 
 /// Where a key holds: in every window, in one kind of window, or only while one kind of field has the focus.
-/// Reserved keys do nothing yet and are given to nothing else.
-enum class Geltung { Ueberall, Hauptbildschirm, Reserviert, Journal, Maske, Auswahlfeld };
+enum class Geltung { Ueberall, Hauptbildschirm, Journal, Maske, Auswahlfeld };
 
 struct Tastenzeile {
     Taste taste;

@@ -60,9 +60,11 @@ bool writeSheet(const SheetRows& source, const QString& file, const QString& nam
         sheet.requireRoom();
         if (!progress(row, all)) return false;
         block = std::move(read);
-        writer.start([&] {
-            for (const auto& values : block)
-                sheet.addRow(values);
+        writer.start([&, number = static_cast<int>(row)]() mutable {
+            for (const auto& values : block) {
+                sheet.addRow(values, source.formulas ? source.formulas(number) : std::vector<QString>());
+                ++number;
+            }
             written.release();
         });
     }

@@ -14,6 +14,9 @@ struct SheetRows {
     qsizetype count = 0;
     /// A stretch of them, a value for each column.
     std::function<std::vector<std::vector<jet::Value>>(int first, int count)> read;
+    /// The formulas of a row, counted from 0, for each column; see Spreadsheet::addRow(). Empty: none. Row 0
+    /// is called 2 in them, below the captions. Called by another thread.
+    std::function<std::vector<QString>(int row)> formulas = {};
 };
 
 /// The family's component that hands a grid to the user's spreadsheet program: a file of one sheet with the

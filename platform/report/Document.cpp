@@ -24,6 +24,10 @@ void Document::paint(QPainter& painter, int page) const
         }
         painter.drawText(QPointF(line.x, line.top + font.ascent), line.text);
     }
+    if (!shown.picture) return;
+    painter.save();
+    shown.picture(painter);
+    painter.restore();
 }
 
 } // namespace report

@@ -7,6 +7,7 @@
 #include <QSizeF>
 #include <QString>
 
+#include <functional>
 #include <vector>
 
 class QPainter;
@@ -44,6 +45,7 @@ struct Fill {
 struct Page {
     std::vector<Fill> fills; ///< Lie below the lines.
     std::vector<TextLine> lines;
+    std::function<void(QPainter&)> picture; ///< Paints what is neither, in dots; empty: nothing.
 };
 
 /// A report set in pages. It holds all it shows: the files it was made from may be gone.

@@ -139,32 +139,36 @@ void Spreadsheet::setUpPage()
     worksheet_repeat_rows(m_sheet, 0, 0);
 }
 
-void Spreadsheet::addRow(const std::vector<jet::Value>& values)
+void Spreadsheet::addRow(const std::vector<jet::Value>& values, const std::vector<QString>& formulas)
 {
     ++m_row;
     for (std::size_t i = 0; i < values.size(); ++i)
-        write(static_cast<lxw_col_t>(i), values[i]);
+        write(static_cast<lxw_col_t>(i), values[i], i < formulas.size() ? formulas[i] : QString());
 }
 
-void Spreadsheet::write(quint16 column, const jet::Value& value)
+void Spreadsheet::write(quint16 column, const jet::Value& value, const QString& formula)
 {
     switch (value.type()) {
     case jet::Type::Null: return;
     case jet::Type::Long:
-    case jet::Type::Double: return writeNumber(column, value.toDouble());
+    case jet::Type::Double: return writeNumber(column, value.toDouble(), formula);
     case jet::Type::Date: return writeDate(column, value.toDateTime());
     default: return writeText(column, value.toText());
     }
 }
 
-void Spreadsheet::writeNumber(quint16 column, double number)
+void Spreadsheet::writeNumber(quint16 column, double number, const QString& formula)
 {
     if (!std::isfinite(number)) return writeText(column, jet::Value(number).toText());
     const double held = std::round(number * Finest) / Finest + 0.0; // never -0
     const double written = std::isfinite(held) ? held : number;
     Column& its = m_columns[column];
     its.largest = std::max(its.largest, std::fabs(written));
-    worksheet_write_number(m_sheet, m_row, column, written, its.format);
+    if (formula.isEmpty())
+        worksheet_write_number(m_sheet, m_row, column, written, its.format);
+    else
+        worksheet_write_formula_num(m_sheet, m_row, column, ('=' + formula.toUtf8()).constData(), its.format,
+                                    written);
 }
 
 /// Spreadsheets count days from the end of 1899, but one program and the other begin to agree only on 1 March

@@ -37,8 +37,9 @@ public:
     void addSheet(const QString& name, const std::vector<SheetColumn>& columns);
 
     /// One value for each column. Numbers and days become numbers and days in the sheet, everything else a
-    /// text of one line, and NULL an empty cell.
-    void addRow(const std::vector<jet::Value>& values);
+    /// text of one line, and NULL an empty cell. A number may be the result of a formula, "ROUND(A2*B2,2)" in
+    /// the names that files have it in: programs that do not compute show the number.
+    void addRow(const std::vector<jet::Value>& values, const std::vector<QString>& formulas = {});
     void
     requireRoom() const; ///< \throws sys::FileError DiskFull when some of the rows found no room on the disk.
     /// Gives columns their widths and packs the file. That takes about as long as all rows before, so
@@ -59,8 +60,8 @@ private:
     lxw_format* addFormat(const QByteArray& numberFormat);
     lxw_format* captionFormat(Qt::Alignment alignment);
     void setUpPage();
-    void write(quint16 column, const jet::Value& value);
-    void writeNumber(quint16 column, double number);
+    void write(quint16 column, const jet::Value& value, const QString& formula);
+    void writeNumber(quint16 column, double number, const QString& formula);
     void writeDate(quint16 column, const QDateTime& moment);
     void writeText(quint16 column, const QString& text);
     void setWidths();

@@ -63,3 +63,38 @@ TEST(Inventur, BuchtWasGezaehltWurdeEinmalWasImmerDazwischenKommt)
             EXPECT_EQ(befund(datei), u"ok"_s);
         });
 }
+
+TEST(Inventur, ZaehltDreihundertPaareWieEineEigeneRechnung)
+{
+    const Testbetrieb betrieb;
+    QByteArray buchungen;
+    std::map<QString, double> bestand, gezaehlt; // by "place article"
+    for (int i = 0; i < 1200; ++i) {
+        const int paar = i * 7 % 300;
+        const double menge = (i * 37 % 400 - 100) / 8.0;
+        const QString ort = u"H%1"_s.arg(paar % 10), artikel = u"Artikel %1"_s.arg(paar);
+        buchungen += u"%1.0%2. | %3 | %4 | %5 | Zukauf\n"_s.arg(1 + i % 28, 2, 10, QChar(u'0'))
+                         .arg(1 + i % 9)
+                         .arg(ort, artikel, QString::number(menge).replace(u'.', u','))
+                         .toUtf8();
+        if (i % 9 < 6) bestand[ort + u' ' + artikel] += menge; // up to the end of June
+    }
+    betrieb.bucht(2024, buchungen.constData());
+    modulzustand().Lagerdatei = betrieb.journaldatei(2024);
+    const auto journal = oeffneJournaldatei();
+    Zaehldatei zettel(betrieb.journaldatei(2024));
+    zettel.setTag(QDate(2024, 6, 30));
+    auto liste = zaehlliste(*journal, QDate(2024, 6, 30));
+    ASSERT_EQ(liste.size(), 300U);
+    for (std::size_t i = 0; i < liste.size(); ++i) {
+        const QString name = liste[i].paar.LagerortKurzKu + u' ' + liste[i].paar.Artikel;
+        EXPECT_EQ(liste[i].Bestand, bestand[name]) << name.toStdString();
+        gezaehlt[name] = bestand[name];
+        if (i % 5 == 0) continue;
+        liste[i].Gezaehlt = gezaehlt[name] = static_cast<double>(i) / 4;
+        zettel.merke(liste[i].paar, liste[i].Gezaehlt);
+    }
+    EXPECT_EQ(bucheZaehlung(liste, zettel).gebucht, 240);
+    for (const Zaehlzeile& zeile : zaehlliste(*journal, QDate(2024, 6, 30)))
+        EXPECT_EQ(zeile.Bestand, gezaehlt[zeile.paar.LagerortKurzKu + u' ' + zeile.paar.Artikel]);
+}

@@ -21,7 +21,7 @@ QLineEdit* eingabezeile(QWidget& feld)
     return zeile ? zeile : feld.findChild<QLineEdit*>();
 }
 
-QString rasterzeile(const DataGrid& liste, int zeile)
+QString rasterzeile(const QTableView& liste, int zeile)
 {
     QStringList zellen;
     for (int spalte = 0; spalte < liste.model()->columnCount(); ++spalte)
@@ -83,7 +83,7 @@ QString gesehen(const QObject& ding)
     return {};
 }
 
-QStringList rasterzeilen(const DataGrid& liste)
+QStringList rasterzeilen(const QTableView& liste)
 {
     QStringList zeilen;
     for (int zeile = 0; zeile < liste.model()->rowCount(); ++zeile)

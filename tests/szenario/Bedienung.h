@@ -17,7 +17,7 @@ void klickeKopf(const DataGrid& liste, const QString& titel);
 /// The text of a field, label, tab or heading of a list; of a traffic light its colour.
 QString gesehen(const QObject& ding);
 /// The rows of a list, or of its row that is current, cells joined by " | "; hidden columns are left out.
-QStringList rasterzeilen(const DataGrid& liste);
+QStringList rasterzeilen(const QTableView& liste);
 QString rasterspalte(const DataGrid& liste, const QString& titel); ///< From above, joined by " | ".
 QString aktuelleZeile(const DataGrid& liste);
 QString angebot(const QComboBox& auswahl); ///< What drops down, joined by " | ".

@@ -455,7 +455,7 @@ private:
     {
         if (wort == u"=") return setze(feld(name), text);
         if (wort == u"zeigt" && !zeilen.isEmpty())
-            return vergleiche(zeilen, rasterzeilen(feld<DataGrid>(name)));
+            return vergleiche(zeilen, rasterzeilen(feld<QTableView>(name)));
         if (wort == u"zeigt") return vergleiche({text}, {gesehen(feld<QObject>(name))});
         if (wort == u"hat")
             return vergleiche({text.section(u": "_s, 1)},

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QAction>
+
+/// "Jahresliste ..." in the menu.
+class Jahresbefehl : public QAction {
+    Q_OBJECT
+
+public:
+    explicit Jahresbefehl(QWidget* bildschirm);
+};
