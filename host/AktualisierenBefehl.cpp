@@ -1,6 +1,7 @@
 #include "core/farm/Schema.h"
 #include "host/Ausgabe.h"
 #include "host/Befehl.h"
+#include "host/Einrichtung.h"
 
 #include <zablager/DatabaseError.h>
 
@@ -17,6 +18,7 @@ QString stand(const Aktualisierung& erreicht)
 void aktualisiere(const QCommandLineParser& aufruf)
 {
     const Installation ort(aufruf.positionalArguments().constFirst());
+    legeBerichtsformulareAn(ort); // that newer programs print with
     std::optional<jet::Error> erster;
     for (const Betriebsdatei& datei : ort.dateien()) {
         const QString name = ort.kurz(datei.pfad);

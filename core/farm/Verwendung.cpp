@@ -11,8 +11,8 @@ using namespace Qt::StringLiterals;
 
 std::optional<Verwendung> verwendung(const QString& datenverzeichnis, QStringView spalte, const QString& text)
 {
-    const QString frage = u"SELECT TOP 1 ID FROM LAGERJOURNAL WHERE "_s + spalte.toString() + u" = "_s +
-                          jet::textLiteral(text);
+    const QString frage =
+        u"SELECT TOP 1 ID FROM LAGERJOURNAL WHERE "_s + spalte.toString() + u" = "_s + jet::textLiteral(text);
     for (const QString& nummer : betriebe(datenverzeichnis)) {
         const QString ordner = betriebsordner(datenverzeichnis, nummer);
         auto jahre = jahresdateien(ordner);

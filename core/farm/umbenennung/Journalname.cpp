@@ -6,7 +6,8 @@
 #include "platform/jet/Rounding.h"
 #include "platform/jet/TextLiteral.h"
 #include "platform/jet/TextOrder.h"
-#include "platform/jet/Transaction.h"
+
+#include <QScopeGuard>
 
 #include <algorithm>
 
@@ -33,6 +34,15 @@ QString eigeneArten()
     for (const Buchungsart& art : buchungsarten())
         arten.append(jet::textLiteral(art.name.toString()));
     return arten.join(u", "_s);
+}
+
+/// The same name may come from another row, in another spelling.
+bool sindGleich(const std::vector<std::pair<QString, double>>& eine,
+                const std::vector<std::pair<QString, double>>& andere)
+{
+    return std::ranges::equal(eine, andere, [](const auto& a, const auto& b) {
+        return jet::compareTexts(a.first, b.first) == 0 && a.second == b.second;
+    });
 }
 
 } // namespace
@@ -146,14 +156,15 @@ std::vector<std::pair<QString, double>> Journalname::bestaende(const QStringList
     std::vector<std::pair<QString, double>> gefunden;
     const auto zeilen = m_journal.OpenRecordset(frage + u" GROUP BY "_s + m_andere, jet::Kind::Snapshot);
     for (; !zeilen->Eof(); zeilen->MoveNext())
-        gefunden.emplace_back(text((*zeilen)[0]).toLower(), jet::Round(zahl((*zeilen)[1]), Stellen));
+        gefunden.emplace_back(text((*zeilen)[0]), jet::Round(zahl((*zeilen)[1]), Stellen));
     return gefunden;
 }
 
 bool Journalname::schreibe(jet::Database* vorjahr)
 {
     const auto& [was, alt, neu, betrieb] = m_umbenennung;
-    jet::Transaction ganz(m_journal);
+    m_journal.BeginTrans();
+    auto nichts = qScopeGuard([this] { m_journal.Rollback(); });
     if (zeilen() == 0) return false;
     const auto doppelte =
         vorjahr && uebernimmtVorjahr(m_journal) ? doppelteAnfangsbestaende() : std::vector<Anfangsbestand>();
@@ -176,12 +187,13 @@ bool Journalname::schreibe(jet::Database* vorjahr)
         bleibt->Set(u"Menge", zahl((*ende)[0]));
         bleibt->Update();
     }
-    if (bestaende({neu}, gepflegte) != vorher)
+    if (!sindGleich(bestaende({neu}, gepflegte), vorher))
         throw jet::Error(jet::ErrorNumber::InvalidArgument,
                          u"Die Bestände von '"_s + neu +
                              u"' wären danach andere als die Summe der vorigen."
                              u" Datei: '"_s +
                              m_journal.Name() + u"'."_s);
-    ganz.commit();
+    m_journal.CommitTrans();
+    nichts.dismiss();
     return true;
 }

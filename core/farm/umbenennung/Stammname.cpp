@@ -5,8 +5,9 @@
 #include "core/farm/stammdaten/Stammliste.h"
 #include "platform/jet/TextLiteral.h"
 #include "platform/jet/TextOrder.h"
-#include "platform/jet/Transaction.h"
 #include "platform/system/Files.h"
+
+#include <QScopeGuard>
 
 #include <algorithm>
 #include <functional>
@@ -149,7 +150,8 @@ void schreibeStamm(const Umbenennung& umbenennung, const Umbenennungsort& ort)
     const QString pfad = datei(umbenennung.was, ort);
     if (!sys::Exist(pfad)) return;
     const auto stamm = oeffne(dateiart(umbenennung.was), pfad);
-    jet::Transaction ganz(*stamm);
+    stamm->BeginTrans();
+    auto nichts = qScopeGuard([&stamm] { stamm->Rollback(); });
     jeTabelle(umbenennung, *stamm, [&](jet::Recordset& alte, const Stammliste& liste, bool neue) {
         if (umbenennung.betrieb.isEmpty() && neue)
             setze(alte, liste.sperre, liste.gesperrt);
@@ -158,7 +160,8 @@ void schreibeStamm(const Umbenennung& umbenennung, const Umbenennungsort& ort)
         else if (!neue)
             kopiere(alte, liste, umbenennung.neu);
     });
-    ganz.commit();
+    stamm->CommitTrans();
+    nichts.dismiss();
 }
 
 QStringList verlasseneRegister(const Umbenennung& umbenennung, const Umbenennungsort& ort)

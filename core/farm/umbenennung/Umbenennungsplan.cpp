@@ -7,6 +7,8 @@
 #include "core/farm/umbenennung/Stammname.h"
 #include "platform/system/Files.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
