@@ -4,9 +4,9 @@
 #include "core/Modulzustand.h"
 #include "overview/Bildschirmzustand.h"
 #include "overview/Blattmodell.h"
+#include "overview/Knopfzeile.h"
 #include "overview/jahresliste/Jahresblatt.h"
 #include "platform/controls/WindowMemory.h"
-#include "platform/controls/Wiring.h"
 #include "platform/jet/NumberFormat.h"
 #include "platform/report/ProgressBox.h"
 #include "platform/system/ErrorReport.h"
@@ -14,7 +14,6 @@
 
 #include <QHeaderView>
 #include <QLabel>
-#include <QPushButton>
 #include <QTableView>
 #include <QVBoxLayout>
 
@@ -58,18 +57,11 @@ JahreslisteForm::JahreslisteForm(QWidget* parent)
 
 QLayout* JahreslisteForm::errichteKnoepfe()
 {
-    auto* const knoepfe = new QHBoxLayout;
-    const auto fuege = [&](const QString& name, const QString& text, auto handler) {
-        auto* const knopf = new QPushButton(text);
-        knopf->setObjectName(name);
-        knopf->setAutoDefault(false);
-        verdrahte(knopf, &QPushButton::clicked, this, handler);
-        knoepfe->addWidget(knopf);
-    };
-    fuege(u"cmdDrucken"_s, u"&Drucken"_s, &JahreslisteForm::drucke);
-    fuege(u"cmdExcel"_s, u"an E&xcel übergeben"_s, &JahreslisteForm::uebergib);
+    auto* const knoepfe = new Knopfzeile;
+    knoepfe->fuege(this, u"cmdDrucken"_s, u"&Drucken"_s, &JahreslisteForm::drucke);
+    knoepfe->fuege(this, u"cmdExcel"_s, u"an E&xcel übergeben"_s, &JahreslisteForm::uebergib);
     knoepfe->addStretch();
-    fuege(u"cmdSchliessen"_s, u"S&chließen"_s, [this] { close(); });
+    knoepfe->fuege(this, u"cmdSchliessen"_s, u"S&chließen"_s, [this] { close(); });
     return knoepfe;
 }
 

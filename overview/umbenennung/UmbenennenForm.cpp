@@ -6,6 +6,7 @@
 #include "core/Verzeichnisse.h"
 #include "core/farm/umbenennung/Umbenennungslauf.h"
 #include "core/farm/umbenennung/Umbenennungsplan.h"
+#include "overview/Knopfzeile.h"
 #include "platform/controls/CheckBox.h"
 #include "platform/controls/ComboBox.h"
 #include "platform/controls/MemoBox.h"
@@ -18,7 +19,6 @@
 
 #include <QGridLayout>
 #include <QLabel>
-#include <QPushButton>
 #include <QScopeGuard>
 #include <QVBoxLayout>
 
@@ -103,18 +103,11 @@ QLayout* UmbenennenForm::errichteFelder()
 
 QLayout* UmbenennenForm::errichteKnoepfe()
 {
-    auto* const knoepfe = new QHBoxLayout;
-    const auto fuege = [&](const QString& name, const QString& text, auto handler) {
-        auto* const knopf = new QPushButton(text);
-        knopf->setObjectName(name);
-        knopf->setAutoDefault(false);
-        verdrahte(knopf, &QPushButton::clicked, this, handler);
-        knoepfe->addWidget(knopf);
-    };
-    fuege(u"cmdPruefen"_s, u"&Prüfen"_s, [this] { pruefe(); });
-    fuege(u"cmdUmbenennen"_s, u"&Umbenennen"_s, &UmbenennenForm::benenne);
+    auto* const knoepfe = new Knopfzeile;
+    knoepfe->fuege(this, u"cmdPruefen"_s, u"&Prüfen"_s, [this] { pruefe(); });
+    knoepfe->fuege(this, u"cmdUmbenennen"_s, u"&Umbenennen"_s, &UmbenennenForm::benenne);
     knoepfe->addStretch();
-    fuege(u"cmdSchliessen"_s, u"S&chließen"_s, [this] { close(); });
+    knoepfe->fuege(this, u"cmdSchliessen"_s, u"S&chließen"_s, [this] { close(); });
     return knoepfe;
 }
 

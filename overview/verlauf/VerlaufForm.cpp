@@ -4,6 +4,7 @@
 #include "core/Journaldatei.h"
 #include "core/Modulzustand.h"
 #include "overview/Bildschirmzustand.h"
+#include "overview/Knopfzeile.h"
 #include "overview/verlauf/Tagesmodell.h"
 #include "overview/verlauf/Verlaufsbild.h"
 #include "platform/controls/CheckBox.h"
@@ -23,7 +24,6 @@
 #include <QImage>
 #include <QLabel>
 #include <QPainter>
-#include <QPushButton>
 #include <QTableView>
 #include <QVBoxLayout>
 
@@ -105,19 +105,12 @@ VerlaufForm::VerlaufForm(const Verlaufsziel& ziel, std::optional<qint64> ID, QWi
 
 QLayout* VerlaufForm::errichteKnoepfe()
 {
-    auto* const knoepfe = new QHBoxLayout;
-    const auto fuege = [&](const QString& name, const QString& text, auto handler) {
-        auto* const knopf = new QPushButton(text);
-        knopf->setObjectName(name);
-        knopf->setAutoDefault(false);
-        verdrahte(knopf, &QPushButton::clicked, this, handler);
-        knoepfe->addWidget(knopf);
-    };
-    fuege(u"cmdJournal"_s, u"&Buchung im Journal zeigen"_s, &VerlaufForm::waehle);
-    fuege(u"cmdDrucken"_s, u"&Drucken"_s, &VerlaufForm::drucke);
-    fuege(u"cmdBild"_s, u"Als Bild &speichern ..."_s, &VerlaufForm::speichere);
+    auto* const knoepfe = new Knopfzeile;
+    knoepfe->fuege(this, u"cmdJournal"_s, u"&Buchung im Journal zeigen"_s, &VerlaufForm::waehle);
+    knoepfe->fuege(this, u"cmdDrucken"_s, u"&Drucken"_s, &VerlaufForm::drucke);
+    knoepfe->fuege(this, u"cmdBild"_s, u"Als Bild &speichern ..."_s, &VerlaufForm::speichere);
     knoepfe->addStretch();
-    fuege(u"cmdSchliessen"_s, u"S&chließen"_s, [this] { close(); });
+    knoepfe->fuege(this, u"cmdSchliessen"_s, u"S&chließen"_s, [this] { close(); });
     return knoepfe;
 }
 
