@@ -68,6 +68,12 @@ Verlaufszeichnung::Verlaufszeichnung(std::vector<Jahreskurve> jahre, const QRect
     m_feld = flaeche.adjusted(links + masz.height(), masz.height(), -masz.height(), -2 * masz.height());
 }
 
+/// Of a thin line, on the screen as on paper, whose pixels are finer.
+double Verlaufszeichnung::strich() const
+{
+    return std::max(1.0, m_schrift.pixelSize() / 12.0);
+}
+
 QString Verlaufszeichnung::beschriftung(double wert) const
 {
     const int stellen = std::max(0, static_cast<int>(-std::floor(std::log10(m_schritt))));
@@ -111,7 +117,7 @@ void Verlaufszeichnung::maleGitter(QPainter& maler, const Verlaufsfarben& farben
         const double wert = m_unten + i * m_schritt;
         const bool istNull = std::abs(wert) < m_schritt / 2;
         const double y = punkt(m_von, wert).y();
-        maler.setPen(istNull ? farben.schrift : farben.gitter);
+        maler.setPen(QPen(istNull ? farben.schrift : farben.gitter, strich()));
         maler.drawLine(QPointF(m_feld.left(), y), QPointF(m_feld.right(), y));
         maler.setPen(farben.schrift);
         const QString text = beschriftung(istNull ? 0 : wert);
@@ -131,7 +137,7 @@ void Verlaufszeichnung::maleZeitachse(QPainter& maler, const Verlaufsfarben& far
          tag = mehrereJahre ? tag.addYears(1) : tag.addMonths(1)) {
         if (tag < m_von) continue;
         const double x = punkt(tag, 0).x();
-        maler.setPen(farben.gitter);
+        maler.setPen(QPen(farben.gitter, strich()));
         maler.drawLine(QPointF(x, m_feld.top()), QPointF(x, m_feld.bottom()));
         maler.setPen(farben.schrift);
         const QString text = mehrereJahre ? QString::number(tag.year())
@@ -150,7 +156,7 @@ void Verlaufszeichnung::maleStufen(QPainter& maler, const Verlaufsfarben& farben
         stufen << QPointF(punkt(tag.tag, 0).x(), stufen.back().y()) << punkt(tag.tag, tag.Bestand);
     const QPointF ende = punkt(letzterTag(jahr).addDays(1), 0);
     stufen << QPointF(ende.x(), stufen.back().y());
-    const double breite = std::max(1.0, m_schrift.pixelSize() / 8.0);
+    const double breite = 1.5 * strich();
     const double null = ende.y();
     const QRectF darueber(m_feld.left(), m_feld.top() - breite, m_feld.width(),
                           null - m_feld.top() + 2 * breite);
@@ -181,7 +187,7 @@ QPolygonF Verlaufszeichnung::marke(const Tagesstand& tag) const
 void Verlaufszeichnung::maleMarken(QPainter& maler, const Verlaufsfarben& farben,
                                    const Jahreskurve& jahr) const
 {
-    maler.setPen(QPen(farben.grund, 1));
+    maler.setPen(QPen(farben.grund, strich()));
     for (const Tagesstand& tag : jahr.tage) {
         maler.setBrush(tag.Bestand < 0 ? farben.unterNull : farben.linie);
         maler.drawPolygon(marke(tag));
@@ -193,9 +199,9 @@ void Verlaufszeichnung::maleStelle(QPainter& maler, const Verlaufsfarben& farben
 {
     const QPointF stelle = punkt(tag, bestand);
     const double r = m_schrift.pixelSize() * 0.7;
-    maler.setPen(QPen(farben.schrift, 1, Qt::DashLine));
+    maler.setPen(QPen(farben.schrift, strich(), Qt::DashLine));
     maler.drawLine(QPointF(stelle.x(), m_feld.top()), QPointF(stelle.x(), m_feld.bottom()));
-    maler.setPen(QPen(farben.schrift, 2));
+    maler.setPen(QPen(farben.schrift, 2 * strich()));
     maler.setBrush(Qt::NoBrush);
     maler.drawEllipse(stelle, r, r);
 }

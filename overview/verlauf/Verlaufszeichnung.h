@@ -42,6 +42,7 @@ private:
     QPointF punkt(QDate tag, double bestand) const;
     QPolygonF marke(const Tagesstand& tag) const;
     QString beschriftung(double wert) const;
+    double strich() const;
 
     std::vector<Jahreskurve> m_jahre;
     QFont m_schrift;
