@@ -9,7 +9,6 @@
 
 #include <QScopeGuard>
 
-#include <algorithm>
 #include <functional>
 
 using namespace Qt::StringLiterals;
@@ -102,12 +101,6 @@ QStringList saetze(const Umbenennung& umbenennung, const Umbenennungsort& ort,
 }
 
 } // namespace
-
-bool kenntStamm(Namensart was, const QString& name, const Umbenennungsort& ort)
-{
-    const Umbenennung einer{was, name, name, {}};
-    return !saetze(einer, ort, [](auto&&...) { return u"ja"_s; }).isEmpty();
-}
 
 QStringList stammplan(const Umbenennung& umbenennung, const Umbenennungsort& ort)
 {

@@ -8,8 +8,6 @@
 QStringList stammplan(const Umbenennung& umbenennung, const Umbenennungsort& ort);
 /// Why rows of both names cannot become one: they are of other units or kinds.
 QStringList stammhindernisse(const Umbenennung& umbenennung, const Umbenennungsort& ort);
-/// Whether they know a name.
-bool kenntStamm(Namensart was, const QString& name, const Umbenennungsort& ort);
 
 /// Gives the row its new name; the row of a name that is there already is left, and the old one blocked, so
 /// that nobody books on it again. For one farm alone the old row stays and a copy of it gets the new name.
